@@ -1,0 +1,15 @@
+# The Qt headers that nearly every file includes are compiled once per target.
+function(yrex_pch target)
+  if(NOT YREX_PCH)
+    return()
+  endif()
+  set(headers <QByteArray> <QHash> <QList> <QMap> <QObject> <QSet> <QString> <QStringList> <QUuid> <QVariant> <QVector>
+              <cmath> <functional> <memory>)
+  if("widgets" IN_LIST ARGN)
+    list(APPEND headers <QFont> <QPainter> <QPen> <QRectF> <QUndoStack>)
+  endif()
+  if("test" IN_LIST ARGN)
+    list(APPEND headers <gtest/gtest.h>)
+  endif()
+  target_precompile_headers(${target} PRIVATE ${headers})
+endfunction()
