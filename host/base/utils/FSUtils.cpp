@@ -1,0 +1,37 @@
+#include "utils/FSUtils.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+namespace Utils {
+namespace FS {
+
+QByteArray md5Sum(const QString &path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Md5);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+        return QByteArray();
+    return hash.result().toHex();
+}
+
+QVariantMap directoryMD5Sum(const QString &path, bool recursive)
+{
+    QVariantMap sums; // a map, so the files stand in the order of their names
+    if (path.isEmpty() || !QFileInfo(path).isDir())
+        return sums;
+    const QDir dir(path);
+    QDirIterator files(path, QDir::Files | QDir::Hidden | QDir::NoSymLinks,
+                       recursive ? QDirIterator::Subdirectories : QDirIterator::NoIteratorFlags);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        sums.insert(dir.relativeFilePath(file), md5Sum(file));
+    }
+    return sums;
+}
+
+} // namespace FS
+} // namespace Utils

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+
+namespace Utils {
+namespace FS {
+
+/// MD5 of a file's content in lower-case hex; empty when it cannot be read.
+QByteArray md5Sum(const QString &path);
+
+/// MD5 of every file of a directory (QByteArray as by md5Sum) by its path relative to it, hidden files included. Links
+/// are not followed and not listed. Empty for what is no directory.
+QVariantMap directoryMD5Sum(const QString &path, bool recursive);
+
+} // namespace FS
+} // namespace Utils
