@@ -1,0 +1,180 @@
+#include "plot/TTypesetter.h"
+#include "plot/PainterUtils.h"
+#include <QPainter>
+#include <QRectF>
+
+namespace {
+
+constexpr double cSmallSize = 0.7; // of the font
+constexpr double cRaise = 0.4;     // of the ascent
+constexpr double cLower = 0.25;    // of the ascent; 0.4 would leave the line
+const QChar cMinus(0x2212);
+const QChar cEllipsis(0x2026);
+
+bool isLevelSign(QChar c)
+{
+    return c == '^' || c == '_';
+}
+
+/// End of the raised or lowered part that begins at `from` (behind its sign); `from` itself when there is none.
+int scriptEnd(const QString &text, int from)
+{
+    if (from < text.size() && text.at(from) == '{') {
+        const int close = text.indexOf('}', from);
+        return close < 0 ? from : close + 1;
+    }
+    int end = from;
+    if (end < text.size() && (text.at(end) == '-' || text.at(end) == '+' || text.at(end) == cMinus))
+        ++end;
+    const int digits = end;
+    while (end < text.size() && text.at(end).isDigit())
+        ++end;
+    return end > digits ? end : from;
+}
+
+QString scriptText(const QString &text, int from, int end)
+{
+    QString part = text.mid(from, end - from);
+    if (part.startsWith('{'))
+        part = part.mid(1, part.size() - 2);
+    return part.replace('-', cMinus);
+}
+
+void append(QVector<TTypesetter::TRun> &runs, const QString &text, int level)
+{
+    if (text.isEmpty())
+        return;
+    if (!runs.isEmpty() && runs.last().level == level)
+        runs.last().text += text;
+    else
+        runs.append({text, level});
+}
+
+QFont smallFont(const QFont &font)
+{
+    QFont result(font);
+    result.setPixelSize(std::max(1, qRound(font.pixelSize() * cSmallSize)));
+    return result;
+}
+
+} // namespace
+
+TTypesetter::TTypesetter(const QFont &font)
+    : fFont(font.pixelSize() > 0 ? font : Utils::Painter::fontSizeInPixels(font))
+    , fSmallFont(smallFont(fFont))
+    , fMetrics(fFont)
+    , fSmallMetrics(fSmallFont)
+    , fDigitHeight(fMetrics.tightBoundingRect(QStringLiteral("0")).height())
+{
+}
+
+QVector<TTypesetter::TRun> TTypesetter::parsed(const QString &text)
+{
+    QVector<TRun> runs;
+    QString plain;
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c == '\\' && i + 1 < text.size() && (isLevelSign(text.at(i + 1)) || text.at(i + 1) == '\\')) {
+            plain += text.at(++i);
+            continue;
+        }
+        const int end = isLevelSign(c) ? scriptEnd(text, i + 1) : i + 1;
+        if (end == i + 1) {
+            plain += c;
+            continue;
+        }
+        append(runs, plain, 0);
+        plain.clear();
+        append(runs, scriptText(text, i + 1, end), c == '^' ? 1 : -1);
+        i = end - 1;
+    }
+    append(runs, plain, 0);
+    return runs;
+}
+
+QString TTypesetter::escaped(const QString &text)
+{
+    QString result;
+    for (const QChar c : text) {
+        if (isLevelSign(c) || c == '\\')
+            result += '\\';
+        result += c;
+    }
+    return result;
+}
+
+QString TTypesetter::plainText(const QString &text)
+{
+    QString result;
+    for (const TRun &run : parsed(text))
+        result += run.text;
+    return result;
+}
+
+double TTypesetter::width(const QString &text) const
+{
+    double sum = 0.0;
+    for (const TRun &run : parsed(text))
+        sum += (run.level == 0 ? fMetrics : fSmallMetrics).horizontalAdvance(run.text);
+    return sum;
+}
+
+QString TTypesetter::elided(const QString &text, double width) const
+{
+    if (this->width(text) <= width)
+        return text;
+    for (int length = text.size() - 1; length > 0; --length) {
+        const QString shorter = text.left(length).trimmed() + cEllipsis;
+        if (this->width(shorter) <= width)
+            return shorter;
+    }
+    return QString(cEllipsis);
+}
+
+QStringList TTypesetter::wrapped(const QString &text, double width, int maxLines) const
+{
+    QStringList lines;
+    QString rest = text.simplified();
+    while (!rest.isEmpty() && lines.size() + 1 < maxLines && this->width(rest) > width) {
+        int cut = rest.size();
+        do {
+            cut = rest.lastIndexOf(' ', cut - 1);
+        } while (cut > 0 && this->width(rest.left(cut)) > width);
+        if (cut <= 0)
+            break;
+        lines.append(rest.left(cut));
+        rest = rest.mid(cut + 1);
+    }
+    if (!rest.isEmpty())
+        lines.append(elided(rest, width));
+    return lines;
+}
+
+void TTypesetter::draw(QPainter &painter, const QPointF &pos, const QString &text) const
+{
+    const QFont before = painter.font();
+    double x = pos.x();
+    for (const TRun &run : parsed(text)) {
+        const double shift = run.level > 0 ? -cRaise * ascent() : run.level < 0 ? cLower * ascent() : 0.0;
+        painter.setFont(run.level == 0 ? fFont : fSmallFont);
+        painter.drawText(QPointF(x, pos.y() + shift), run.text);
+        x += (run.level == 0 ? fMetrics : fSmallMetrics).horizontalAdvance(run.text);
+    }
+    painter.setFont(before);
+}
+
+void TTypesetter::draw(QPainter &painter, const QRectF &rect, int alignment, const QString &text) const
+{
+    const double textWidth = width(text);
+    double x = rect.left();
+    if (alignment & Qt::AlignHCenter)
+        x = rect.center().x() - textWidth / 2;
+    else if (alignment & Qt::AlignRight)
+        x = rect.right() - textWidth;
+    double y = rect.center().y() + (ascent() - descent()) / 2;
+    if (alignment & Qt::AlignTop)
+        y = rect.top() + ascent();
+    else if (alignment & Qt::AlignBottom)
+        y = rect.bottom() - descent();
+    draw(painter, QPointF(x, y), text);
+}
