@@ -1,0 +1,35 @@
+#pragma once
+
+#include "TYrexProcParams.h"
+
+class TDataStream;
+class TYrexSpectrum;
+
+/// The processing parameters of one spectrum: the parameters to apply, what the last complete run applied, and the
+/// engine that rebuilds the spectrum's data from its original data.
+class TYrexSpectrumProcParams : public TYrexProcParams
+{
+public:
+    /// The spectrum is not owned and must outlive this object; without one process() does nothing.
+    explicit TYrexSpectrumProcParams(TYrexSpectrum *spectrum = nullptr);
+    TYrexSpectrumProcParams(const TYrexSpectrumProcParams &) = delete;
+    TYrexSpectrumProcParams &operator=(const TYrexSpectrumProcParams &) = delete;
+    /// Takes over the parameters to apply, and nothing else.
+    TYrexSpectrumProcParams &operator=(const TYrexProcParams &params);
+
+    const TYrexProcParams &params() const { return *this; }
+    TYrexProcParams &params() { return *this; }
+    const TYrexProcParams &lastApplied() const { return fLastApplied; }
+
+    void store(TDataStream &stream) const;
+    void load(TDataStream &stream);
+
+    /// Runs the actions `from` to `to` of the chain, both included, on the spectrum's data. With `from` 0 the data are
+    /// first reset to the original data; the integration regions are recomputed at the end.
+    /// `flags` are of TYrexProcessFlag. A chain that applies nothing, and did not before, runs only when forced.
+    void process(int flags, int from, int to);
+
+private:
+    TYrexProcParams fLastApplied;
+    TYrexSpectrum *fSpectrum;
+};
