@@ -59,6 +59,11 @@ qint64 TDataStream::bytesLeft() const
     return fLimited->bytesLeft();
 }
 
+qint64 TDataStream::devicePosition() const
+{
+    return fLimited->device() ? fLimited->device()->pos() : 0;
+}
+
 bool TDataStream::readRaw(char *bytes, qint64 size)
 {
     qint64 done = 0;

@@ -40,6 +40,8 @@ public:
     /// Bytes to the end of the innermost entered block, else to the end of the device.
     qint64 bytesLeft() const;
     bool atLimit() const { return bytesLeft() <= 0; }
+    /// The position in the device, for messages about damage.
+    qint64 devicePosition() const;
 
     /// Reads an int32 count of elements that take at least `minBytesPerElement` bytes each. A negative count or one
     /// that the bytes left cannot hold gives 0 and ReadCorruptData.

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "history/THistoryParameter.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QObject>
+#include <QUuid>
+#include <QVariantMap>
+
+class THistoryItem;
+
+/// One entry of the history: what was done to which item, when, with which parameters.
+class THistoryCommand : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `item` is not owned and may be null; its id and name are kept.
+    THistoryCommand(const QString &description, THistoryItem *item, const QString &text);
+
+    void addParam(const QString &name, const QVariant &value, const QString &text);
+    /// Adds a parameter for every key whose value differs between the maps, named "name: key"; none for equal maps.
+    void addParamMapDiff(const QString &name, const QVariantMap &now, const QVariantMap &before, const QString &text);
+
+    QString description() const { return fDescription; }
+    void setDescription(const QString &description) { fDescription = description; }
+    QString text() const { return fText; }
+    THistoryItem *item() const { return fItem; }
+    QUuid itemId() const { return fItemId; }
+    const QList<THistoryParameter> &params() const { return fParams; }
+    QDateTime time() const { return fTime; }
+    /// Whether the command that it tells of is undone at present.
+    bool isUndone() const { return fUndone; }
+    void setUndone(bool undone) { fUndone = undone; }
+
+private:
+    QString fDescription;
+    QString fText;
+    THistoryItem *fItem;
+    QUuid fItemId;
+    QList<THistoryParameter> fParams;
+    QDateTime fTime;
+    bool fUndone = false;
+};

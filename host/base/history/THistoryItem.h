@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QUuid>
+#include <QVariant>
+
+class QObject;
+
+/// Something that history entries speak of: an item of a document.
+class THistoryItem
+{
+public:
+    virtual ~THistoryItem() = default;
+
+    virtual QUuid historyId() const = 0;
+    virtual QString historyName() const = 0;
+    /// Facts that say more closely what was meant: "itemId", "specIndex".
+    void setHistoryProperty(const QByteArray &name, const QVariant &value) { fProperties.insert(name, value); }
+    QVariant historyProperty(const QByteArray &name) const { return fProperties.value(name); }
+
+    /// The history item that a script wrapper stands for, or null.
+    static THistoryItem *getHistoryItemProperty(const QObject *wrapper);
+
+private:
+    QHash<QByteArray, QVariant> fProperties;
+};
+
+Q_DECLARE_METATYPE(THistoryItem *)

@@ -1,0 +1,15 @@
+#include "IYrexItemFactory.h"
+
+namespace {
+IYrexItemFactory *gCurrent = nullptr;
+}
+
+IYrexItemFactory *IYrexItemFactory::current()
+{
+    return gCurrent;
+}
+
+void IYrexItemFactory::setCurrent(IYrexItemFactory *factory)
+{
+    gCurrent = factory;
+}

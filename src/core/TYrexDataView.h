@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QVector>
+
+/// A view on a cached array of a data object, valid until the next query of the same kind.
+struct TYrexDataView
+{
+    const double *values = nullptr;
+    int step = -1; // 1 for a valid view
+    int count = 0;
+    bool descending = false; // an x array that runs from high to low
+
+    TYrexDataView() = default;
+    explicit TYrexDataView(const QVector<double> &array)
+        : values(array.constData())
+        , step(1)
+        , count(array.size())
+        , descending(!array.isEmpty() && array.first() > array.last())
+    {
+    }
+    bool isValid() const { return step > 0; }
+};

@@ -1,0 +1,33 @@
+#include "TYrexParamsParsers.h"
+
+#include "params/TParamsParsers.h"
+
+#include <QThread>
+#include <atomic>
+
+namespace {
+
+enum TState { cNotMade, cBeingMade, cReady };
+
+std::atomic<int> gState{cNotMade};
+TParamsParsers *gParsers = nullptr; // lives as long as the process
+
+TParamsParsers *makeParsers()
+{
+    auto *parsers = new TParamsParsers;
+    return parsers;
+}
+
+} // namespace
+
+TParamsParsers &yrexParamsParsers()
+{
+    int expected = cNotMade;
+    if (gState.compare_exchange_strong(expected, cBeingMade)) {
+        gParsers = makeParsers();
+        gState.store(cReady);
+    }
+    while (gState.load() != cReady)
+        QThread::yieldCurrentThread();
+    return *gParsers;
+}
