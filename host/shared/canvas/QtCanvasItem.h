@@ -1,0 +1,26 @@
+#pragma once
+
+class QPainter;
+class TPage;
+
+/// The side of an item that faces the canvas. Lengths are canvas units of 0.1 mm.
+class QtCanvasItem
+{
+public:
+    virtual ~QtCanvasItem() = default;
+
+    /// The page on which the item stands, or null. Pages own their items; an item without a page belongs to a command,
+    /// a script or a caller.
+    TPage *canvas() const { return fCanvas; }
+    void setCanvas(TPage *page) { fCanvas = page; }
+    /// Makes the item show on its page, where the page has a scene.
+    virtual void setup() { fShown = true; }
+    virtual void hide() { fShown = false; }
+    bool isShown() const { return fShown; }
+    /// Draws the item with its top left corner at the origin.
+    virtual void paint(QPainter &painter) = 0;
+
+private:
+    TPage *fCanvas = nullptr;
+    bool fShown = false;
+};

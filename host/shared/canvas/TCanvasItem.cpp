@@ -1,0 +1,84 @@
+#include "canvas/TCanvasItem.h"
+
+#include "canvas/TPage.h"
+#include "stream/TDataStream.h"
+#include "utils/CommonUtils.h"
+
+TCanvasItem::TCanvasItem(int rtti, TPage *page, const QString &name)
+    : fRtti(rtti)
+    , fId(Utils::Common::createUuid())
+    , fName(name)
+{
+    setCanvas(page);
+}
+
+TCanvasItem::~TCanvasItem()
+{
+    if (canvas())
+        canvas()->forget(this);
+}
+
+QString TCanvasItem::title(bool) const
+{
+    return fName;
+}
+
+void TCanvasItem::setLayoutPolicy(int policy, bool update)
+{
+    fPolicy = policy;
+    if (update && policy == cFollowsPage && canvas())
+        fRect = canvas()->offeredRect(this);
+}
+
+void TCanvasItem::update()
+{
+    if (canvas())
+        canvas()->itemChanged(this);
+}
+
+void TCanvasItem::link(TCanvasItem *item, const QByteArray &role, const QUuid &id)
+{
+    QList<QUuid> &ids = item->fLinks[role];
+    if (!ids.contains(id))
+        ids.append(id);
+}
+
+quint8 TCanvasItem::stateFlags() const
+{
+    return quint8((fActive ? cActive : 0) | (fSelected ? cSelected : 0) | (fLocked ? cLocked : 0));
+}
+
+void TCanvasItem::setStateFlags(quint8 flags)
+{
+    fActive = flags & cActive;
+    fSelected = flags & cSelected;
+    fLocked = flags & cLocked;
+}
+
+void TCanvasItem::storeLinks(TDataStream &stream) const
+{
+    stream << qint32(fLinks.size());
+    for (auto it = fLinks.constBegin(); it != fLinks.constEnd(); ++it) {
+        stream << it.key() << qint32(it.value().size());
+        for (const QUuid &id : it.value())
+            stream << id;
+    }
+}
+
+void TCanvasItem::loadLinks(TDataStream &stream)
+{
+    constexpr int cIdSize = 16;
+    fLinks.clear();
+    const int count = stream.readCount(2 * int(sizeof(qint32)));
+    for (int i = 0; i < count && stream.isGood(); ++i) {
+        QByteArray role;
+        stream >> role;
+        const int idCount = stream.readCount(cIdSize);
+        QList<QUuid> &ids = fLinks[role];
+        for (int k = 0; k < idCount && stream.isGood(); ++k) {
+            QUuid id;
+            stream >> id;
+            ids.append(id);
+        }
+    }
+}

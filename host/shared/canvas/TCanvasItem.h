@@ -1,0 +1,100 @@
+#pragma once
+
+#include "canvas/ICanvasItem.h"
+#include "canvas/QtCanvasItem.h"
+#include "canvas/TSecurePtr.h"
+#include "history/THistoryItem.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QRectF>
+#include <QString>
+#include <QVariantMap>
+#include <QVector>
+
+class TBasePlot;
+class TDataStream;
+class TViewHistoryEntry;
+
+/// An item of a document.
+class TCanvasItem : public QtCanvasItem, public ICanvasItem, public THistoryItem, public TSecurePtrData
+{
+public:
+    enum TLayoutPolicy { cOwnRect = 0, cFollowsPage = 1 };
+    enum TItemFlag : quint8 { cActive = 1, cSelected = 2, cLocked = 4 };
+
+    TCanvasItem(int rtti, TPage *page, const QString &name);
+    ~TCanvasItem() override;
+
+    int rtti() const override { return fRtti; }
+    QUuid uniqueId() const override { return fId; }
+    /// For items that are read from a document or pasted.
+    void setUniqueId(const QUuid &id) { fId = id; }
+    bool isActive() const override { return fActive; }
+    void setActive(bool active) { fActive = active; }
+    bool isSelectedForEdit() const override { return fSelected && !fLocked; }
+    void setSelected(bool selected) { fSelected = selected; }
+    void setLocked(bool locked) { fLocked = locked; }
+    bool isLocked() const { return fLocked; }
+    QUuid historyId() const override { return fId; }
+    QString historyName() const override { return title(false); }
+
+    QString name() const { return fName; }
+    /// The item's place on its page, in canvas units.
+    QRectF rect() const { return fRect; }
+    void setRect(const QRectF &rect) { fRect = rect; }
+    int layoutPolicy() const { return fPolicy; }
+    void setLayoutPolicy(int policy, bool update);
+    QString subtypeText() const { return fSubtype; }
+    void setSubtypeText(const QString &subtype) { fSubtype = subtype; }
+
+    /// The item's own title, or with `plotTitle` that of its plot.
+    virtual QString title(bool plotTitle) const;
+    virtual QString type() const { return QString(); }
+    virtual QString subtype() const { return fSubtype; }
+    virtual QString descriptiveText() const { return QString(); }
+    /// Writes and reads everything but the type number and the id, which stand before the item's block.
+    virtual void store(TDataStream &stream) const = 0;
+    virtual void load(TDataStream &stream) = 0;
+    virtual void captureView(TViewHistoryEntry &) const {}
+    virtual void restoreView(const TViewHistoryEntry &) {}
+    virtual void appendRects(QVector<QRectF> &rects) const { rects.append(fRect); }
+    /// A new plot of a type for this item, which takes it over; null for a type that it does not have.
+    virtual TBasePlot *createPlot(int, const QUuid &) { return nullptr; }
+    /// Tells the page that the item has to be drawn anew.
+    virtual void update();
+
+    QList<QByteArray> roles() const { return fLinks.keys(); }
+    QList<QUuid> links(const QByteArray &role) const { return fLinks.value(role); }
+    static void link(TCanvasItem *item, const QByteArray &role, const QUuid &id);
+    /// Where the item came from: "Filename", "md5sum".
+    QVariantMap &provenance() { return fProvenance; }
+    const QVariantMap &provenance() const { return fProvenance; }
+
+protected:
+    void storeLinks(TDataStream &stream) const;
+    void loadLinks(TDataStream &stream);
+    void setName(const QString &name) { fName = name; }
+    quint8 stateFlags() const;
+    void setStateFlags(quint8 flags);
+
+private:
+    int fRtti;
+    QUuid fId;
+    QString fName;
+    QRectF fRect;
+    int fPolicy = cOwnRect;
+    QString fSubtype;
+    bool fActive = false;
+    bool fSelected = false;
+    bool fLocked = false;
+    QMap<QByteArray, QList<QUuid>> fLinks;
+    QVariantMap fProvenance;
+};
+
+/// The item behind an interface pointer; items have this one implementation.
+inline TCanvasItem *canvasItem(ICanvasItem *item)
+{
+    return static_cast<TCanvasItem *>(item);
+}

@@ -1,0 +1,90 @@
+#include "canvas/TDocument.h"
+
+#include "canvas/TCanvasItem.h"
+#include "canvas/TCanvasItemList.h"
+#include "canvas/TPage.h"
+#include "canvas/TStoredHistoryEntry.h"
+#include "history/THistoryCommand.h"
+#include "utils/CommonUtils.h"
+
+TDocument::TDocument(QObject *parent)
+    : QObject(parent)
+    , fId(Utils::Common::createUuid())
+    , fFormat(1)
+    , fWriter("Kelmora")
+{
+    connect(fHistory.stack(), &QUndoStack::cleanChanged, this, [this](bool clean) { emit modifiedChanged(!clean); });
+}
+
+TDocument::~TDocument()
+{
+    fHistory.stack()->disconnect(this);
+    fHistory.stack()->clear();
+    qDeleteAll(fPages);
+}
+
+bool TDocument::isModified() const
+{
+    return !const_cast<TCommandHistory &>(fHistory).stack()->isClean();
+}
+
+void TDocument::watch(TPage *page)
+{
+    page->setParent(this);
+    connect(page, &TPage::itemAdded, this, &TDocument::itemAdded);
+    connect(page, &TPage::itemRemoved, this, &TDocument::itemRemoved);
+}
+
+TPage *TDocument::appendPage()
+{
+    auto *page = new TPage;
+    insertPage(page, fPages.size());
+    return page;
+}
+
+void TDocument::insertPage(TPage *page, int index)
+{
+    fPages.insert(qBound(0, index, fPages.size()), page);
+    watch(page);
+    if (!fCurrentPage)
+        fCurrentPage = page;
+}
+
+void TDocument::takePage(TPage *page)
+{
+    if (!fPages.removeOne(page))
+        return;
+    page->disconnect(this);
+    page->setParent(nullptr);
+    if (fCurrentPage == page)
+        fCurrentPage = fPages.isEmpty() ? nullptr : fPages.first();
+}
+
+TPage *TDocument::currentPage() const
+{
+    return fCurrentPage;
+}
+
+TCanvasItemList TDocument::items() const
+{
+    TCanvasItemList items;
+    for (const TPage *page : fPages) {
+        for (TCanvasItem *item : page->items())
+            items.append(item);
+    }
+    return items;
+}
+
+TCanvasItem *TDocument::item(const QUuid &id) const
+{
+    return canvasItem(items().getItem(id));
+}
+
+QList<TStoredHistoryEntry> TDocument::historyEntries() const
+{
+    QList<TStoredHistoryEntry> entries = fStoredHistory;
+    for (const THistoryCommand *live : fHistory.entries())
+        entries.append(
+            {live->time(), live->description(), live->text(), live->itemId(), live->isUndone(), live->params()});
+    return entries;
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "commands/TCommandHistory.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QUuid>
+#include <QVariantMap>
+#include <functional>
+#include <memory>
+
+class TCanvasItem;
+class TCanvasItemList;
+class TDataStream;
+class TPage;
+struct TLoadReport;
+struct TStoredHistoryEntry;
+
+/// Pages, their items, and the history of what was done to them.
+class TDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    using TItemFactory = std::function<TCanvasItem *(int rtti)>;
+
+    explicit TDocument(QObject *parent = nullptr);
+    ~TDocument() override;
+
+    /// How items are made from their type numbers; without a factory, or where it gives null, they are kept as bytes.
+    static void setItemFactory(const TItemFactory &factory);
+    /// Whether a file begins like a document.
+    static bool isDocument(const QString &path);
+
+    QUuid id() const { return fId; }
+    QVariantMap &settings() { return fSettings; }
+    const QList<TPage *> &pages() const { return fPages; }
+    /// A new page behind the others.
+    TPage *appendPage();
+    /// Takes a page over.
+    void insertPage(TPage *page, int index);
+    /// Gives a page up without deleting it.
+    void takePage(TPage *page);
+    /// The page that new items go to; null for a document without pages.
+    TPage *currentPage() const;
+    void setCurrentPage(TPage *page) { fCurrentPage = page; }
+    /// All items, page by page.
+    TCanvasItemList items() const;
+    TCanvasItem *item(const QUuid &id) const;
+
+    TCommandHistory &history() { return fHistory; }
+    /// The entries that came with the document, and behind them those of this session.
+    QList<TStoredHistoryEntry> historyEntries() const;
+
+    QString path() const { return fPath; }
+    bool isModified() const;
+
+    /// Writes the document beside its place and renames it, so that a failure leaves an older file whole.
+    bool saveTo(const QString &path, QString *error = nullptr);
+    void store(TDataStream &stream) const;
+    /// Reads into this document, which must be empty. False, with the reason in the report, when it cannot be read.
+    bool loadFrom(const QString &path, TLoadReport &report);
+    bool load(TDataStream &stream, TLoadReport &report);
+
+signals:
+    void itemAdded(TCanvasItem *item);
+    void itemRemoved(TCanvasItem *item);
+    void modifiedChanged(bool modified);
+
+private:
+    void watch(TPage *page);
+    void storePage(TDataStream &stream, const TPage &page) const;
+    void storeHistory(TDataStream &stream) const;
+    bool loadPage(TDataStream &stream, TLoadReport &report);
+    bool loadItem(TDataStream &stream, TPage &page, TLoadReport &report);
+    void loadHistory(TDataStream &stream);
+    bool fail(TDataStream &stream, TLoadReport &report, const QString &where) const;
+
+    QUuid fId;
+    quint32 fFormat;
+    QString fWriter;
+    QVariantMap fSettings;
+    QList<TPage *> fPages; // owned
+    TPage *fCurrentPage = nullptr;
+    QByteArray fTail;
+    QByteArray fHistoryTail;
+    QList<TStoredHistoryEntry> fStoredHistory;
+    QString fPath;
+    TCommandHistory fHistory; // last, so that its commands go while the pages still stand
+};

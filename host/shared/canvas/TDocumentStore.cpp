@@ -1,0 +1,266 @@
+// The file form of TDocument:
+//   "KLMDOC\n\0"  quint32 format  QString writer
+//   D{ documentId settings{ map } nPages { P{ pageId width height margins title nItems { rtti itemId I{ item } } tail{}
+//   } }
+//      H{ history } tail{} }
+// Blocks that this version does not understand are kept and written back in place.
+#include "canvas/DocumentBytes.h"
+#include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
+#include "canvas/TLoadReport.h"
+#include "canvas/TPage.h"
+#include "canvas/TStoredHistoryEntry.h"
+#include "canvas/TUnknownItem.h"
+#include "stream/TDataStream.h"
+#include "stream/TDataStreamAdaptor.h"
+#include "utils/CommonUtils.h"
+
+#include <QFile>
+#include <QLocale>
+#include <QSaveFile>
+
+namespace {
+
+constexpr char cMagic[] = "KLMDOC\n"; // with the closing zero the eight bytes of the file
+constexpr int cMagicSize = 8;
+constexpr quint32 cFormat = 1;
+constexpr int cMinPageSize = 12; // an empty block
+constexpr int cMinItemSize = 4 + 16 + 12;
+constexpr int cMinHistorySize = 12; // three lengths
+constexpr int cMinParamSize = 8;
+
+TDocument::TItemFactory gItemFactory;
+
+} // namespace
+
+void TDocument::setItemFactory(const TItemFactory &factory)
+{
+    gItemFactory = factory;
+}
+
+bool TDocument::isDocument(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.read(cMagicSize) == QByteArray(cMagic, cMagicSize);
+}
+
+void TDocument::storePage(TDataStream &stream, const TPage &page) const
+{
+    TDataStreamAdaptor block(stream);
+    block.startStore();
+    const QMarginsF margins = page.margins();
+    stream << page.id() << page.size().width() << page.size().height();
+    stream << margins.left() << margins.top() << margins.right() << margins.bottom() << page.title();
+    stream << qint32(page.items().size());
+    for (const TCanvasItem *item : page.items()) {
+        stream << qint32(item->rtti()) << item->uniqueId();
+        TDataStreamAdaptor itemBlock(stream);
+        itemBlock.startStore();
+        item->store(stream);
+        itemBlock.endStore();
+    }
+    TDataStreamAdaptor tail(stream);
+    tail.startStore();
+    writeRawBytes(stream, page.tail());
+    tail.endStore();
+    block.endStore();
+}
+
+void TDocument::storeHistory(TDataStream &stream) const
+{
+    TDataStreamAdaptor block(stream);
+    block.startStore();
+    const QList<TStoredHistoryEntry> entries = historyEntries();
+    stream << qint32(entries.size());
+    for (const TStoredHistoryEntry &entry : entries) {
+        stream << entry.fTime.toMSecsSinceEpoch() << entry.fDescription << entry.fText << entry.fItemId
+               << entry.fUndone;
+        stream << qint32(entry.fParams.size());
+        for (const THistoryParameter &param : entry.fParams)
+            stream << param.fName << param.fValue << param.fOldValue << param.fText;
+    }
+    writeRawBytes(stream, fHistoryTail);
+    block.endStore();
+}
+
+void TDocument::store(TDataStream &stream) const
+{
+    stream.writeRawData(cMagic, cMagicSize);
+    stream << fFormat << fWriter;
+    TDataStreamAdaptor block(stream);
+    block.startStore();
+    stream << fId;
+    {
+        TDataStreamAdaptor settings(stream);
+        settings.startStore();
+        stream << QVariant(fSettings);
+    }
+    stream << qint32(fPages.size());
+    for (const TPage *page : fPages)
+        storePage(stream, *page);
+    storeHistory(stream);
+    TDataStreamAdaptor tail(stream);
+    tail.startStore();
+    writeRawBytes(stream, fTail);
+    tail.endStore();
+    block.endStore();
+}
+
+bool TDocument::saveTo(const QString &path, QString *error)
+{
+    QSaveFile file(path);
+    bool good = file.open(QIODevice::WriteOnly);
+    if (good) {
+        TDataStream stream(&file);
+        store(stream);
+        good = stream.isGood() && file.commit();
+    }
+    if (!good) {
+        if (error)
+            *error = file.errorString();
+        return false;
+    }
+    fPath = path;
+    fHistory.stack()->setClean();
+    return true;
+}
+
+bool TDocument::fail(TDataStream &stream, TLoadReport &report, const QString &where) const
+{
+    const qint64 position = stream.devicePosition();
+    const QString why =
+        stream.status() == QDataStream::ReadPastEnd ? tr("the data end early") : tr("the data are damaged");
+    report.fPosition = position;
+    report.fError = tr("At byte %1, %2: %3.").arg(QLocale::c().toString(position), where, why);
+    return false;
+}
+
+bool TDocument::loadItem(TDataStream &stream, TPage &page, TLoadReport &report)
+{
+    qint32 rtti = 0;
+    QUuid id;
+    stream >> rtti >> id;
+    if (!stream.isGood())
+        return false;
+    TCanvasItem *item = gItemFactory ? gItemFactory(rtti) : nullptr;
+    if (!item) {
+        item = new TUnknownItem(rtti);
+        report.fWarnings.append(tr("An item of the unknown type %1 is kept as it is.").arg(rtti));
+    }
+    TDataStreamAdaptor block(stream);
+    if (block.hasData())
+        item->load(stream);
+    block.skipData();
+    item->setUniqueId(id);
+    page.insertItem(item);
+    return stream.isGood();
+}
+
+bool TDocument::loadPage(TDataStream &stream, TLoadReport &report)
+{
+    const int pageNumber = fPages.size() + 1;
+    TPage *page = appendPage();
+    TDataStreamAdaptor block(stream);
+    if (!block.hasData())
+        return stream.isGood() || fail(stream, report, tr("in page %1").arg(pageNumber));
+    QUuid id;
+    double width = 0.0, height = 0.0, left = 0.0, top = 0.0, right = 0.0, bottom = 0.0;
+    QString title;
+    stream >> id >> width >> height >> left >> top >> right >> bottom >> title;
+    page->setId(id);
+    page->setSize(QSizeF(width, height));
+    page->setMargins(QMarginsF(left, top, right, bottom));
+    page->setTitle(title);
+    const int count = stream.readCount(cMinItemSize);
+    for (int i = 0; i < count && stream.isGood(); ++i) {
+        if (!loadItem(stream, *page, report))
+            return fail(stream, report, tr("in page %1, item %2").arg(pageNumber).arg(i + 1));
+    }
+    TDataStreamAdaptor tail(stream);
+    if (tail.hasData())
+        page->setTail(readRestOfBlock(stream));
+    tail.skipData();
+    block.skipData();
+    return stream.isGood() || fail(stream, report, tr("in page %1").arg(pageNumber));
+}
+
+void TDocument::loadHistory(TDataStream &stream)
+{
+    TDataStreamAdaptor block(stream);
+    if (block.hasData()) {
+        const int count = stream.readCount(cMinHistorySize);
+        for (int i = 0; i < count && stream.isGood(); ++i) {
+            TStoredHistoryEntry entry;
+            qint64 time = 0;
+            stream >> time >> entry.fDescription >> entry.fText >> entry.fItemId >> entry.fUndone;
+            entry.fTime = QDateTime::fromMSecsSinceEpoch(time, Qt::UTC);
+            const int paramCount = stream.readCount(cMinParamSize);
+            for (int k = 0; k < paramCount && stream.isGood(); ++k) {
+                THistoryParameter param;
+                stream >> param.fName;
+                stream.readVariant(param.fValue);
+                stream.readVariant(param.fOldValue);
+                stream >> param.fText;
+                entry.fParams.append(param);
+            }
+            fStoredHistory.append(entry);
+        }
+        fHistoryTail = readRestOfBlock(stream);
+    }
+    block.skipData();
+}
+
+bool TDocument::load(TDataStream &stream, TLoadReport &report)
+{
+    char magic[cMagicSize] = {};
+    if (stream.readRawData(magic, cMagicSize) != cMagicSize ||
+        QByteArray(magic, cMagicSize) != QByteArray(cMagic, cMagicSize)) {
+        report.fPosition = 0;
+        report.fError = tr("At byte 0: this is not a document.");
+        return false;
+    }
+    stream >> fFormat >> fWriter;
+    if (stream.isGood() && fFormat > cFormat)
+        report.fWarnings.append(tr("The document was written by a newer version (%1).").arg(fWriter));
+    TDataStreamAdaptor block(stream);
+    if (!block.hasData())
+        return fail(stream, report, tr("behind the header"));
+    stream >> fId;
+    {
+        TDataStreamAdaptor settings(stream);
+        QVariant map;
+        if (settings.hasData() && stream.readVariant(map))
+            fSettings = map.toMap();
+    }
+    const int pageCount = stream.readCount(cMinPageSize);
+    for (int i = 0; i < pageCount && stream.isGood(); ++i) {
+        if (!loadPage(stream, report))
+            return false;
+    }
+    loadHistory(stream);
+    if (!stream.isGood())
+        return fail(stream, report, tr("in the history"));
+    TDataStreamAdaptor tail(stream);
+    if (tail.hasData())
+        fTail = readRestOfBlock(stream);
+    tail.skipData();
+    block.skipData();
+    report.fTruncated = stream.isTruncated();
+    report.fOk = stream.isGood();
+    return report.fOk || fail(stream, report, tr("at the end"));
+}
+
+bool TDocument::loadFrom(const QString &path, TLoadReport &report)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        report.fError = file.errorString();
+        return false;
+    }
+    TDataStream stream(&file);
+    if (!load(stream, report))
+        return false;
+    fPath = path;
+    fHistory.stack()->setClean();
+    return true;
+}

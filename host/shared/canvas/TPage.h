@@ -1,0 +1,66 @@
+#pragma once
+
+#include "canvas/ICanvas.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QMarginsF>
+#include <QObject>
+#include <QRectF>
+#include <QSizeF>
+#include <QUuid>
+
+class QPaintDevice;
+class TCanvasItem;
+
+/// A page of a document, and what stands on it. Lengths are canvas units of 0.1 mm. The page owns its items.
+class TPage : public QObject, public ICanvas
+{
+    Q_OBJECT
+
+public:
+    static constexpr double cLongSide = 2970.0; // A4
+    static constexpr double cShortSide = 2100.0;
+    static constexpr double cMargin = 100.0;
+
+    explicit TPage(QObject *parent = nullptr);
+    ~TPage() override;
+
+    QUuid id() const { return fId; }
+    void setId(const QUuid &id) { fId = id; }
+    QSizeF size() const { return fSize; }
+    void setSize(const QSizeF &size) { fSize = size; }
+    QMarginsF margins() const { return fMargins; }
+    void setMargins(const QMarginsF &margins) { fMargins = margins; }
+    QString title() const { return fTitle; }
+    void setTitle(const QString &title) { fTitle = title; }
+    /// What a newer writer put behind the page's items.
+    QByteArray tail() const { return fTail; }
+    void setTail(const QByteArray &tail) { fTail = tail; }
+
+    const QList<TCanvasItem *> &items() const { return fItems; }
+    /// Takes the item over; it stands at `index`, or last.
+    void insertItem(TCanvasItem *item, int index = -1);
+    /// Gives the item up without deleting it.
+    void takeItem(TCanvasItem *item);
+    /// The item is being deleted.
+    void forget(TCanvasItem *item) { fItems.removeAll(item); }
+    /// The room for an item that follows the page: the area inside the margins.
+    QRectF offeredRect(const TCanvasItem *item) const;
+    /// Draws the whole page so that it fills the device.
+    void render(QPaintDevice *device) const;
+    void itemChanged(TCanvasItem *item) { emit changed(item); }
+
+signals:
+    void changed(TCanvasItem *item);
+    void itemAdded(TCanvasItem *item);
+    void itemRemoved(TCanvasItem *item);
+
+private:
+    QUuid fId;
+    QSizeF fSize{cLongSide, cShortSide};
+    QMarginsF fMargins{cMargin, cMargin, cMargin, cMargin};
+    QString fTitle;
+    QByteArray fTail;
+    QList<TCanvasItem *> fItems;
+};

@@ -1,0 +1,45 @@
+#include "commands/TCmdList.h"
+
+QList<THistoryCommand *> TCmdList::historyCmdList() const
+{
+    QList<THistoryCommand *> entries;
+    for (const TCommand *command : fCommands)
+        entries += command->historyCmdList();
+    return entries;
+}
+
+void TCmdList::doHistoryCommand()
+{
+    for (TCommand *command : qAsConst(fCommands))
+        command->doHistoryCommand();
+}
+
+void TCmdList::undoHistoryCommand()
+{
+    for (TCommand *command : qAsConst(fCommands))
+        command->undoHistoryCommand();
+}
+
+void TCmdList::redoHistoryCommand()
+{
+    for (TCommand *command : qAsConst(fCommands))
+        command->redoHistoryCommand();
+}
+
+void TCmdList::removeHistoryCommand()
+{
+    for (TCommand *command : qAsConst(fCommands))
+        command->removeHistoryCommand();
+}
+
+void TCmdList::doCmd()
+{
+    for (TCommand *command : qAsConst(fCommands))
+        command->execute();
+}
+
+void TCmdList::undoCmd()
+{
+    for (int i = fCommands.size() - 1; i >= 0; --i)
+        fCommands.at(i)->revert();
+}

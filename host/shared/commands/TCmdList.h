@@ -1,0 +1,32 @@
+#pragma once
+
+#include "commands/TCommand.h"
+
+/// Commands that make one step: done in order, undone in reverse. It owns them.
+class TCmdList : public TCommand
+{
+    Q_OBJECT
+
+public:
+    explicit TCmdList(const QString &description = QString())
+        : TCommand(description)
+    {
+    }
+    ~TCmdList() override { qDeleteAll(fCommands); }
+
+    void append(TCommand *command) { fCommands.append(command); }
+    bool isEmpty() const { return fCommands.isEmpty(); }
+    int count() const { return fCommands.size(); }
+
+    bool isVoid() const override { return TCommand::isVoid() || isEmpty(); }
+    QList<THistoryCommand *> historyCmdList() const override;
+    void doHistoryCommand() override;
+    void undoHistoryCommand() override;
+    void redoHistoryCommand() override;
+    void removeHistoryCommand() override;
+    void doCmd() override;
+    void undoCmd() override;
+
+private:
+    QList<TCommand *> fCommands;
+};

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+class THistoryCommand;
+class THistoryItem;
+
+/// One undoable step. It is made, pushed on the history, which runs it, and lives there; only execute and revert set
+/// the done flag. A command owns what it took out of the document while it is done, and what it put in while it is
+/// undone.
+class TCommand : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TCommand(const QString &description)
+        : fDescription(description)
+    {
+    }
+
+    QString description() const { return fDescription; }
+    void setDescription(const QString &description) { fDescription = description; }
+    bool isDone() const { return fDone; }
+    bool isMergeable() const { return fMergeable; }
+    void setMergeableFlag(bool mergeable) { fMergeable = mergeable; }
+    /// A command that turned out to have nothing to do.
+    void setVoidFlag(bool isVoid) { fVoid = isVoid; }
+
+    /// Writes the command's entries; called once, after the first do step, since that makes what they tell.
+    virtual void doHistoryCommand() {}
+    /// The command was undone: its entries turn grey.
+    virtual void undoHistoryCommand();
+    /// The command was done again.
+    virtual void redoHistoryCommand();
+    /// The command goes; its entries with it.
+    virtual void removeHistoryCommand();
+    virtual bool isVoid() const { return fVoid; }
+    virtual QList<THistoryCommand *> historyCmdList() const { return fHistory; }
+    virtual void doCmd() = 0;
+    virtual void undoCmd() = 0;
+    /// Whether `next` may join this undo step. Here: both mergeable, of one class.
+    virtual bool mergeCommand(TCommand *next);
+
+    void execute();
+    void revert();
+
+protected:
+    /// Takes over an entry of the history.
+    void appendHistoryCommand(THistoryCommand *command, THistoryItem *item);
+
+private:
+    QString fDescription;
+    QList<THistoryCommand *> fHistory; // children of this object
+    bool fDone = false;
+    bool fMergeable = false;
+    bool fVoid = false;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Where a command line program writes: results to one stream, everything else to the other.
+class IConsole
+{
+public:
+    virtual ~IConsole() = default;
+    virtual void out(const QByteArray &bytes) = 0;
+    virtual void err(const QString &line) = 0;
+    /// Shows how far the work is: a bar on a terminal, nothing otherwise.
+    virtual void progress(const QString &what, int done, int total) = 0;
+    virtual void setQuiet(bool quiet) = 0;
+};

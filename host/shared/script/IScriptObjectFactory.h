@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QScriptValue>
+#include <QStringList>
+
+class QScriptEngine;
+
+/// Makes script objects of the classes that a plug-in gives to scripts.
+class IScriptObjectFactory
+{
+public:
+    virtual ~IScriptObjectFactory() = default;
+    virtual QStringList classNames() const = 0;
+    /// Publishes the constructors on an engine.
+    virtual void install(QScriptEngine *engine) = 0;
+    /// A new object of a class; undefined for a name that is not the factory's.
+    virtual QScriptValue create(QScriptEngine *engine, const QString &className) = 0;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QVariant>
+
+class IConverterHost;
+class IGuiHost;
+class IProgressBar;
+class IScriptObjectFactory;
+class QObject;
+class QString;
+class QUuid;
+class TCanvasItemList;
+class TCommandHistory;
+class TDocument;
+
+/// The services of the host, as plug-ins see them.
+class IPluginHost
+{
+public:
+    virtual ~IPluginHost() = default;
+    /// The plug-in with that base id, or null.
+    virtual QObject *pluginByBaseId(const QUuid &id) const = 0;
+    /// Takes over a factory; the first that makes a class name wins.
+    virtual void registerScriptFactory(IScriptObjectFactory *factory) = 0;
+    /// Publishes an object to scripts under a name; null clears it. Flag 1: the host owns the object.
+    virtual void registerScriptObject(const QString &name, QObject *object, int flag) = 0;
+    virtual TDocument *document() const = 0;
+    /// The selection of the active window.
+    virtual TCanvasItemList &itemList() = 0;
+    virtual TCommandHistory &history() = 0;
+    virtual IConverterHost *converterHost() = 0;
+    /// Requests by number; invalid for one that the host does not know.
+    virtual QVariant request(int what, const QVariant &a, const QVariant &b, const QVariant &c) = 0;
+    /// Null in a program without windows.
+    virtual IGuiHost *gui() = 0;
+    virtual IProgressBar *progress() = 0;
+};
+
+class IJCAMPPlugin;
+
+namespace Utils {
+namespace Framework {
+/// The services of this process; null until a host or the first plug-in sets it.
+extern IPluginHost *instance;
+/// The host's JCAMP plug-in, or null without one.
+IJCAMPPlugin *jcampPluginI();
+} // namespace Framework
+} // namespace Utils

@@ -1,0 +1,111 @@
+#include "services/TImportDriver.h"
+
+#include "plugin/IConverter.h"
+#include "plugin/IPluginConverter.h"
+#include "utils/CommonUtils.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int cSniffSize = 0x20000; // 128 KiB
+constexpr char cTextFormat[] = "csv";
+
+} // namespace
+
+TImportDriver::TImportDriver(const QList<QObject *> &plugins)
+{
+    for (QObject *plugin : plugins) {
+        if (const auto *source = qobject_cast<IPluginConverter *>(plugin))
+            fConverters += source->converters();
+    }
+}
+
+IConverter *TImportDriver::converterByName(const QString &name) const
+{
+    for (IConverter *converter : fConverters) {
+        if (converter->formatName() == name)
+            return converter;
+    }
+    return nullptr;
+}
+
+IConverter *TImportDriver::converterFor(const QString &fileName) const
+{
+    const QString suffix = QFileInfo(fileName).suffix();
+    const QStringList filters = suffix.isEmpty() ? QStringList{QString()} : QStringList{"*." + suffix, QString()};
+    for (const QString &filter : filters) {
+        for (IConverter *converter : fConverters) {
+            if (converter->acceptsFilter(filter, true) && converter->acceptsFile(fileName, filter) &&
+                converter->canImport(fileName))
+                return converter;
+        }
+    }
+    return looksLikeText(fileName) ? converterByName(cTextFormat) : nullptr;
+}
+
+TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, const QString &format) const
+{
+    TImportResult result;
+    const QFileInfo info(fileName);
+    if (!info.exists()) {
+        result.fCode = cConverterFileNotOpened;
+        result.fReason = QCoreApplication::translate("TImportDriver", "there is no such file");
+        return result;
+    }
+    result.fConverter = format.isEmpty() ? converterFor(fileName) : converterByName(format);
+    if (!result.fConverter) {
+        result.fCode = info.isReadable() ? int(cConverterNotSupported) : int(cConverterFileNotOpened);
+        result.fReason = info.isReadable() ? QCoreApplication::translate("TImportDriver", "no format takes this file")
+                                           : reason(result.fCode);
+        return result;
+    }
+    result.fCode = result.fConverter->importFile(fileName, page);
+    result.fItems = result.fConverter->importedItems();
+    if (!Utils::Common::has_no_error(result.fCode)) {
+        result.fReason = result.fConverter->problem();
+        if (result.fReason.isEmpty())
+            result.fReason = reason(result.fCode);
+    }
+    return result;
+}
+
+QString TImportDriver::reason(int code)
+{
+    const auto text = [](const char *source) { return QCoreApplication::translate("TImportDriver", source); };
+    switch (code) {
+    case cConverterNotSupported:
+        return text(QT_TRANSLATE_NOOP("TImportDriver", "the kind of file is not supported"));
+    case cConverterNothingToExport:
+        return text(QT_TRANSLATE_NOOP("TImportDriver", "there is nothing to write"));
+    case cConverterBlockRefused:
+        return text(QT_TRANSLATE_NOOP("TImportDriver", "the data block could not be read as a spectrum"));
+    case cConverterFileNotOpened:
+        return text(QT_TRANSLATE_NOOP("TImportDriver", "the file cannot be opened"));
+    case cConverterContentUnusable:
+        return text(QT_TRANSLATE_NOOP("TImportDriver", "the file holds no usable data"));
+    case cConverterOutOfMemory:
+        return text(QT_TRANSLATE_NOOP("TImportDriver", "the file announces more data than memory can hold"));
+    case cConverterNaNFound:
+        return text(
+            QT_TRANSLATE_NOOP("TImportDriver", "a spectrum was left out since it holds values that are no numbers"));
+    default:
+        return text(QT_TRANSLATE_NOOP("TImportDriver", "the file could not be read"));
+    }
+}
+
+bool TImportDriver::looksLikeText(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray head = file.read(cSniffSize);
+    for (const char c : head) {
+        const auto byte = uchar(c);
+        if (byte < 0x20 && c != '\t' && c != '\n' && c != '\r' && c != '\f')
+            return false;
+    }
+    return !head.isEmpty();
+}

@@ -1,0 +1,97 @@
+#include "services/TKelmoraHost.h"
+
+#include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
+#include "plugin/IPluginCanvasItem.h"
+#include "plugin/IPluginInfo.h"
+#include "script/IScriptObjectFactory.h"
+#include "services/TImportDriver.h"
+
+TKelmoraHost::TKelmoraHost()
+    : fConverterHost(*this)
+    , fDocument(new TDocument)
+    , fDriver(new TImportDriver({}))
+{
+    Utils::Framework::instance = this;
+    IConverterHost::setCurrent(&fConverterHost);
+    TDocument::setItemFactory([this](int rtti) -> TCanvasItem * {
+        for (QObject *plugin : fLoader.plugins()) {
+            auto *factory = qobject_cast<IPluginCanvasItem *>(plugin);
+            TCanvasItem *item = factory ? factory->createItem(rtti) : nullptr;
+            if (item)
+                return item;
+        }
+        return nullptr;
+    });
+}
+
+TKelmoraHost::~TKelmoraHost()
+{
+    fDocument.reset(); // items are of the plug-ins' code
+    fLoader.stop();
+    for (const TScriptEntry &entry : qAsConst(fScriptObjects)) {
+        if (entry.fOwned)
+            delete entry.fObject;
+    }
+    fFactories.clear();
+    TDocument::setItemFactory({});
+    IConverterHost::setCurrent(nullptr);
+    if (Utils::Framework::instance == this)
+        Utils::Framework::instance = nullptr;
+}
+
+void TKelmoraHost::start()
+{
+    fLoader.load(TPluginLoader::searchPath());
+    fLoader.start(this);
+    fDriver = std::make_unique<TImportDriver>(fLoader.plugins());
+}
+
+void TKelmoraHost::setDocument(std::unique_ptr<TDocument> document)
+{
+    fSelection.clear();
+    fDocument = std::move(document);
+}
+
+TCommandHistory &TKelmoraHost::history()
+{
+    return fDocument->history();
+}
+
+QObject *TKelmoraHost::pluginByBaseId(const QUuid &id) const
+{
+    for (QObject *plugin : fLoader.plugins()) {
+        const auto *info = qobject_cast<IPluginInfo *>(plugin);
+        if (info && info->baseId() == id)
+            return plugin;
+    }
+    return nullptr;
+}
+
+void TKelmoraHost::registerScriptFactory(IScriptObjectFactory *factory)
+{
+    fFactories.emplace_back(factory);
+}
+
+QStringList TKelmoraHost::scriptClassNames() const
+{
+    QStringList names;
+    for (const auto &factory : fFactories)
+        names += factory->classNames();
+    names.removeDuplicates();
+    return names;
+}
+
+void TKelmoraHost::registerScriptObject(const QString &name, QObject *object, int flag)
+{
+    const TScriptEntry old = fScriptObjects.take(name);
+    if (old.fOwned && old.fObject != object)
+        delete old.fObject;
+    if (object)
+        fScriptObjects.insert(name, {object, (flag & 1) != 0});
+}
+
+QObject *TKelmoraHost::scriptObject(const QString &name) const
+{
+    return fScriptObjects.value(name).fObject;
+}

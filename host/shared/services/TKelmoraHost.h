@@ -1,0 +1,67 @@
+#pragma once
+
+#include "canvas/TCanvasItemList.h"
+#include "services/IPluginHost.h"
+#include "services/TConverterHost.h"
+#include "services/TPluginLoader.h"
+
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+class QScriptEngine;
+class TDocument;
+class TImportDriver;
+
+/// The host: plug-ins, the open document, the selection and what scripts may reach. Programs with windows add theirs.
+class TKelmoraHost : public IPluginHost
+{
+public:
+    TKelmoraHost();
+    ~TKelmoraHost() override;
+    TKelmoraHost(const TKelmoraHost &) = delete;
+    TKelmoraHost &operator=(const TKelmoraHost &) = delete;
+
+    /// Loads, registers and enables the plug-ins of the search path.
+    void start();
+    void setGui(IGuiHost *gui) { fGui = gui; }
+    void setProgress(IProgressBar *progress) { fProgress = progress; }
+    /// Closes the open document and opens another, which the host takes over.
+    void setDocument(std::unique_ptr<TDocument> document);
+
+    QList<QObject *> plugins() const { return fLoader.plugins(); }
+    const TPluginLoader &loader() const { return fLoader; }
+    const TImportDriver &importDriver() const { return *fDriver; }
+    QStringList scriptClassNames() const;
+    QObject *scriptObject(const QString &name) const;
+
+    QObject *pluginByBaseId(const QUuid &id) const override;
+    void registerScriptFactory(IScriptObjectFactory *factory) override;
+    void registerScriptObject(const QString &name, QObject *object, int flag) override;
+    TDocument *document() const override { return fDocument.get(); }
+    TCanvasItemList &itemList() override { return fSelection; }
+    TCommandHistory &history() override;
+    IConverterHost *converterHost() override { return &fConverterHost; }
+    QVariant request(int, const QVariant &, const QVariant &, const QVariant &) override { return QVariant(); }
+    IGuiHost *gui() override { return fGui; }
+    IProgressBar *progress() override { return fProgress; }
+
+private:
+    struct TScriptEntry
+    {
+        QObject *fObject = nullptr;
+        bool fOwned = false;
+    };
+
+    TPluginLoader fLoader; // first, so that the libraries go last
+    TConverterHost fConverterHost;
+    std::unique_ptr<TDocument> fDocument;
+    std::unique_ptr<TImportDriver> fDriver;
+    TCanvasItemList fSelection;
+    std::vector<std::unique_ptr<IScriptObjectFactory>> fFactories;
+    QHash<QString, TScriptEntry> fScriptObjects;
+    IGuiHost *fGui = nullptr;
+    IProgressBar *fProgress = nullptr;
+};
