@@ -1,0 +1,56 @@
+#pragma once
+
+#include "canvas/TCanvasBaseSpectrum.h"
+
+#include <memory>
+#include <vector>
+
+class IProgress;
+class TBasePlot;
+class TBasePlotter;
+
+/// An item that shows spectra through one or more plots, which it owns.
+class TCanvasSpectrum : public TCanvasBaseSpectrum
+{
+public:
+    /// `progress` is told of long work; not owned, may be null.
+    TCanvasSpectrum(int rtti, TPage *page, const QString &name, IProgress *progress);
+    ~TCanvasSpectrum() override;
+
+    /// Takes a plot over and makes it the active one when it is the first.
+    void appendPlot(TBasePlot *plot);
+    /// The plot that edits go to; null for an item without plots.
+    TBasePlot *activePlot() const;
+    TBasePlotter *activePlotter() const;
+    QList<TBasePlot *> plots() const;
+    IProgress *progress() const { return fProgress; }
+
+    void paint(QPainter &painter) override;
+    void store(TDataStream &stream) const override;
+    void load(TDataStream &stream) override;
+
+private:
+    struct TPlotEntry
+    {
+        std::unique_ptr<TBasePlot> fPlot;
+        int fType = 0; // of a plot that no plug-in knows, with its id and its bytes
+        QUuid fId;
+        QByteArray fBytes;
+    };
+    struct TRawBag
+    {
+        int fType = 0;
+        QByteArray fBytes;
+    };
+
+    void storePlots(TDataStream &stream) const;
+    void loadPlots(TDataStream &stream);
+    void loadBags(TDataStream &stream);
+    void loadPlot(TDataStream &stream);
+
+    IProgress *fProgress;
+    std::vector<TPlotEntry> fPlots;
+    std::vector<TRawBag> fBags;
+    int fActive = 0;
+    QByteArray fTail; // what a newer writer put behind the fields
+};

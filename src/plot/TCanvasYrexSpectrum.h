@@ -1,0 +1,69 @@
+#pragma once
+
+#include "IYrexPlotable.h"
+#include "TYrexSpecDataObj.h"
+#include "canvas/TCanvasSpectrum.h"
+#include "data/IStackedListNotifier.h"
+
+#include <QColor>
+#include <memory>
+
+class T1DYrexPlot;
+
+/// The document item of the module: one data object with one or many spectra, and one plot that shows it.
+class TCanvasYrexSpectrum : public TCanvasSpectrum, public IYrexPlotable, public IStackedListNotifier
+{
+public:
+    static constexpr int cRtti = 115;
+    static constexpr int cPlotType = 7;
+
+    /// Takes the spectra over. The item does not stand on the page before it is inserted there.
+    TCanvasYrexSpectrum(const TYrexSpectrumList &spectra, TPage *page, IProgress *progress);
+    ~TCanvasYrexSpectrum() override;
+
+    QString title(bool plotTitle) const override;
+    QString type() const override;
+    QString subtype() const override;
+    QString descriptiveText() const override;
+    void store(TDataStream &stream) const override;
+    void load(TDataStream &stream) override;
+    TBasePlot *createPlot(int plotType, const QUuid &id) override;
+
+    IYrexPlotData *plotData(const QUuid &id) override;
+    QString titleText(const QUuid &plotId, const QString &format, int option, int index) override;
+    void listChanged() override;
+
+    /// The data object; null only in an item that is being loaded.
+    TYrexSpecDataObj *dataObj() const { return fDataObj.get(); }
+    TYrexSpecDataObj *dataObject() const { return fDataObj.get(); }
+    /// The spectra as a stack; a shared empty one when there is no data object.
+    TYrexStack &stack() const;
+    const TYrexSpectrumList &spectra() const { return stack().items(); }
+    TYrexSpectrum *currentSpectrum() const { return stack().currentSpectrum(); }
+    bool isStacked() const { return stack().isStacked(); }
+    /// The active plot when it is of this module, else null.
+    T1DYrexPlot *activeYrexPlot() const;
+    QString spectrumTitle(int index) const;
+    /// The colour of the current spectrum's curve; invalid without a plot of this module.
+    QColor curveColor() const;
+    /// Gives the spectra of a stack the colours that the plot's colour setting asks for.
+    void updateStackedColors();
+    /// First and last x of a spectrum in a unit.
+    double firstXIn(int unit, int index) const;
+    double lastXIn(int unit, int index) const;
+
+    /// The complete state as a snapshot: spectra, selection, order and the stack's own colours.
+    void storeFullState(QByteArray &bytes) const;
+    void restoreFullState(const QByteArray &bytes);
+    /// The spectra alone.
+    void storeDataState(QByteArray &bytes) const;
+    void restoreDataState(const QByteArray &bytes);
+
+private:
+    void buildPlot();
+
+    std::unique_ptr<TYrexSpecDataObj> fDataObj;
+};
+
+/// The item as one of this module, or null for another type.
+TCanvasYrexSpectrum *yrexItem(ICanvasItem *item);
