@@ -4,9 +4,11 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QDateTime>
 #include <QFont>
 #include <QLinearGradient>
 #include <QPen>
+#include <QTimeZone>
 #include <QtEndian>
 #include <gtest/gtest.h>
 #include <limits>
@@ -97,6 +99,10 @@ TEST(StreamUtils, valuesOfQtsOwnWritersComeBack)
     expectRoundTrip(QPen(Qt::NoPen));
     expectRoundTrip(QPen(QColor("red"), 0));
     expectRoundTrip(dashedPen());
+    expectRoundTrip(QDateTime());
+    expectRoundTrip(QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5, 6)));
+    expectRoundTrip(QDateTime(QDate(1, 1, 1), QTime(3, 4), Qt::UTC));
+    expectRoundTrip(QDateTime(QDate(9999, 12, 31), QTime(23, 59), Qt::OffsetFromUTC, -3600));
     expectRoundTrip(QStringList{"a", QString(), ""});
     expectRoundTrip(QVariantMap{{"a", 1}, {"b", QVariantList{1.5, "x"}}, {"c", QVariantMap{{"d", true}}}});
 }
@@ -104,6 +110,7 @@ TEST(StreamUtils, valuesOfQtsOwnWritersComeBack)
 TEST(StreamUtils, truncationsAreRefusedAndChangeNothing)
 {
     expectTruncationsRefused(QColor(1, 2, 3));
+    expectTruncationsRefused(QDateTime(QDate(2026, 1, 2), QTime(3, 4), Qt::OffsetFromUTC, 60));
     expectTruncationsRefused(richFont());
     expectTruncationsRefused(dashedPen());
     expectTruncationsRefused(QStringList{"a", "bc"});
@@ -143,4 +150,26 @@ TEST(StreamUtils, refusesWhatNoPlotCanHold)
     bytes = bytesOf(QColor(1, 2, 3));
     bytes[0] = 77;
     EXPECT_FALSE(readsBack(bytes, color));
+}
+
+TEST(StreamUtils, refusesTimesThatQtCannotHandle)
+{
+    QDateTime time;
+    const QDateTime plain(QDate(2026, 1, 2), QTime(3, 4), Qt::UTC);
+    EXPECT_FALSE(readsBack(bytesOf(plain.toTimeZone(QTimeZone::utc())), time));
+    QByteArray bytes = bytesOf(plain);
+    put<qint64>(bytes, 0, std::numeric_limits<qint64>::max());
+    EXPECT_FALSE(readsBack(bytes, time));
+    bytes = bytesOf(plain);
+    put<quint32>(bytes, 8, 86400000);
+    EXPECT_FALSE(readsBack(bytes, time));
+    EXPECT_EQ(time, QDateTime());
+
+    // the same reader stands behind variants
+    bytes = bytesOf(QVariant(plain));
+    bytes[5 + 8 + 4] = Qt::TimeZone;
+    TDataStream stream(bytes);
+    QVariant value;
+    EXPECT_FALSE(stream.readVariant(value));
+    EXPECT_FALSE(value.isValid());
 }

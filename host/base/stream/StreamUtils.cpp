@@ -4,9 +4,11 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QDateTime>
 #include <QFont>
 #include <QPen>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -17,6 +19,11 @@ constexpr double cMaxFontSize = 1e4;
 constexpr double cMaxPenWidth = 1e6;
 constexpr double cMaxTransform = 1e9;
 constexpr int cMaxDashes = 64;
+constexpr qint64 cNullDay = std::numeric_limits<qint64>::min();
+constexpr qint64 cLastDay = 5373484; // Julian day of 9999-12-31
+constexpr quint32 cNullTime = 0xffffffff;
+constexpr quint32 cMsecsPerDay = 86400000;
+constexpr qint32 cMaxOffset = 16 * 3600; // seconds
 
 bool corrupt(TDataStream &stream)
 {
@@ -84,7 +91,7 @@ bool copyDashes(TDataStream &stream, TDataStream &layout)
 /// quint16 style, bool cosmetic, double width, brush, double mitre limit, dashes, double offset, bool default width.
 bool copyPen(TDataStream &stream, TDataStream &layout)
 {
-    constexpr quint16 cKnownBits = Qt::MPenStyle | Qt::MPenCapStyle | Qt::MPenJoinStyle;
+    constexpr quint16 cKnownBits = quint16(Qt::MPenStyle) | quint16(Qt::MPenCapStyle) | quint16(Qt::MPenJoinStyle);
     const quint16 style = copy<quint16>(stream, layout);
     bool ok = (style & ~cKnownBits) == 0 && (style & Qt::MPenStyle) <= Qt::CustomDashLine;
     ok = copy<quint8>(stream, layout) <= 1 && ok;
@@ -141,6 +148,26 @@ namespace Stream {
 bool read(TDataStream &stream, QColor &color)
 {
     return readThrough(stream, color, copyColor);
+}
+
+bool read(TDataStream &stream, QDateTime &time)
+{
+    qint64 day = 0;
+    quint32 msecs = 0;
+    qint8 spec = 0;
+    qint32 offset = 0;
+    stream >> day >> msecs >> spec;
+    if (spec == Qt::OffsetFromUTC)
+        stream >> offset;
+    const bool soundDate = day == cNullDay || (day >= 0 && day <= cLastDay);
+    const bool soundTime = msecs == cNullTime || msecs < cMsecsPerDay;
+    const bool soundSpec = spec >= Qt::LocalTime && spec <= Qt::OffsetFromUTC && qAbs(qint64(offset)) <= cMaxOffset;
+    if (!stream.isGood() || !soundDate || !soundTime || !soundSpec)
+        return corrupt(stream);
+    const QDate date = day == cNullDay ? QDate() : QDate::fromJulianDay(day);
+    const QTime clock = msecs == cNullTime ? QTime() : QTime::fromMSecsSinceStartOfDay(int(msecs));
+    time = QDateTime(date, clock, Qt::TimeSpec(spec), offset);
+    return true;
 }
 
 bool read(TDataStream &stream, QFont &font)

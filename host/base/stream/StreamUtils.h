@@ -4,6 +4,7 @@
 #include <QVariant>
 
 class QColor;
+class QDateTime;
 class QFont;
 class QPen;
 class TDataStream;
@@ -15,6 +16,9 @@ namespace Utils {
 namespace Stream {
 
 bool read(TDataStream &stream, QColor &color);
+/// Local times, UTC and offsets from it, in the years up to 9999. A time in a named zone is refused: Qt looks the name
+/// up in the file system and cannot write a zone that it did not find.
+bool read(TDataStream &stream, QDateTime &time);
 /// Sizes up to 10000, in points or pixels.
 bool read(TDataStream &stream, QFont &font);
 /// Pens with a plain or hatched brush, not with a gradient or a picture; widths up to 1e6, at most 64 dashes.

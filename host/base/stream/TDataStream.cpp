@@ -1,5 +1,6 @@
 #include "stream/TDataStream.h"
 
+#include "stream/StreamUtils.h"
 #include "stream/TLimitedDevice.h"
 
 #include <QBuffer>
@@ -192,6 +193,11 @@ bool TDataStream::readVariantValue(quint32 type, QVariant &value, int maxDepth)
         value = initial;
         return isGood();
     };
+    const auto sound = [this, &value](auto initial) {
+        const bool good = Utils::Stream::read(*this, initial);
+        value = initial;
+        return good;
+    };
     switch (type) {
     case QMetaType::Bool:
         return plain(false);
@@ -206,9 +212,9 @@ bool TDataStream::readVariantValue(quint32 type, QVariant &value, int maxDepth)
     case QMetaType::QUuid:
         return plain(QUuid());
     case QMetaType::QColor:
-        return plain(QColor());
+        return sound(QColor());
     case QMetaType::QDateTime:
-        return plain(QDateTime());
+        return sound(QDateTime());
     case QMetaType::QPointF:
         return plain(QPointF());
     case QMetaType::QRectF:
