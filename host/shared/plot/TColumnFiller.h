@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QColor>
+#include <QPointF>
+#include <QRect>
+#include <QVector>
+
+class QPainter;
+
+/// Draws curves that are functions of x onto pixels.
+///
+/// What a round pen covers of such a curve is, at each x, one span: from the lowest to the highest point within half a
+/// pen on either side, the pen's roundness added. So every pixel column is a few spans with soft ends, whatever the
+/// number of points, where a general stroker needs time that grows with the crossings of its outline. Columns are
+/// worked out four to a pixel.
+class TColumnFiller
+{
+public:
+    static constexpr int cParts = 4; // columns per pixel
+
+    /// `clip` in device pixels; nothing is drawn outside it. `penWidth` in pixels.
+    TColumnFiller(const QRect &clip, double penWidth);
+
+    void setAntialiasing(bool on) { fSoft = on; }
+    /// The line through these points, in device pixels with x in either order.
+    void addLine(const QVector<QPointF> &points);
+    /// The area between the line and a height.
+    void addArea(const QVector<QPointF> &points, double base);
+    /// Draws what was added last and forgets it.
+    void paint(QPainter &painter, const QColor &color);
+
+private:
+    struct TSpan
+    {
+        float top;
+        float bottom;
+        bool isEmpty() const { return !(top <= bottom); }
+    };
+    void takeSegment(const QPointF &p, const QPointF &q);
+    void take(int column, double y1, double y2);
+    void dilate();
+    float coverage(const TSpan *parts, int row) const;
+    void paintChunk(QPainter &painter, int from, int to, const QVector<QRgb> &shades);
+
+    QRect fClip;
+    double fRadius;
+    bool fSoft = true;
+    int fFirst;              // first column: x of the left border in parts of a pixel, half a pen left of the clip
+    QVector<TSpan> fSpans;   // of the line itself, heights from the clip's top
+    QVector<TSpan> fStroked; // of the pen, of the clip's columns only
+    QVector<QRgb> fPixels;
+};

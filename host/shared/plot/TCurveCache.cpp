@@ -1,0 +1,89 @@
+#include "plot/TCurveCache.h"
+#include <cstring>
+
+namespace {
+
+constexpr int cMaxPoints = 4000000; // of all curves that are kept, 64 MB
+
+int pointCount(const TReducedCurve &curve)
+{
+    int count = 0;
+    for (const QVector<QPointF> &line : curve.lines)
+        count += line.size();
+    return count;
+}
+
+} // namespace
+
+bool TCurveCache::TEntry::isFor(const TEntry &other) const
+{
+    return x == other.x && y == other.y && count == other.count && steps[0] == other.steps[0] &&
+           steps[1] == other.steps[1] && mapX == other.mapX && mapY == other.mapY && from == other.from &&
+           to == other.to && columnWidth == other.columnWidth;
+}
+
+/// Four sums side by side, so that the processor can work on them at once.
+quint64 TCurveCache::checksum(const T1DPlotData<double> &data, int count)
+{
+    constexpr quint64 cPrime = Q_UINT64_C(0x9E3779B97F4A7C15);
+    quint64 sums[4] = {1, 2, 3, 4};
+    const double *values = data.data;
+    const qptrdiff stride = data.step;
+    const auto mixIn = [&](int lane, qptrdiff place) {
+        quint64 bits = 0;
+        std::memcpy(&bits, values + place, sizeof(bits));
+        bits ^= bits >> 32; // the low half of most doubles is empty, and a product only moves bits up
+        sums[lane] = (sums[lane] ^ bits) * cPrime;
+    };
+    int i = 0;
+    for (; i + 4 <= count; i += 4) {
+        for (int lane = 0; lane < 4; ++lane)
+            mixIn(lane, (i + lane) * stride);
+    }
+    for (; i < count; ++i)
+        mixIn(0, i * stride);
+    quint64 sum = quint64(count);
+    for (const quint64 part : sums)
+        sum = (sum ^ part ^ (part >> 32)) * cPrime;
+    return sum;
+}
+
+QSharedPointer<const TReducedCurve> TCurveCache::reduce(const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                                                        const TLinearMap &mapX, const TLinearMap &mapY, double from,
+                                                        double to, double columnWidth)
+{
+    const TCurveReducer reducer(x, y);
+    const TLinearMap column = mapX.then({1.0 / columnWidth, 0.0});
+    QSharedPointer<TReducedCurve> curve(new TReducedCurve);
+    curve->monotonic = reducer.isMonotonic();
+    const QVector<int> kept = reducer.indices(column, from / columnWidth, to / columnWidth, curve->monotonic);
+    curve->lines = reducer.polylines(kept, mapX, mapY);
+    return curve;
+}
+
+QSharedPointer<const TReducedCurve> TCurveCache::reduced(const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                                                         const TLinearMap &mapX, const TLinearMap &mapY, double from,
+                                                         double to, double columnWidth)
+{
+    const int count = x.isEmpty() || y.isEmpty() ? 0 : std::min(x.count, y.count);
+    TEntry wanted{x.data, y.data, count, {x.step, y.step}, mapX,
+                  mapY,   from,   to,    columnWidth,      checksum(x, count) ^ (checksum(y, count) << 1),
+                  {}};
+    for (int i = fEntries.size() - 1; i >= 0; --i) {
+        if (!fEntries.at(i).isFor(wanted))
+            continue;
+        if (fEntries.at(i).checksum != wanted.checksum) {
+            fPoints -= pointCount(*fEntries.at(i).curve);
+            fEntries.removeAt(i);
+            break;
+        }
+        fEntries.move(i, fEntries.size() - 1);
+        return fEntries.last().curve;
+    }
+    wanted.curve = reduce(x, y, mapX, mapY, from, to, columnWidth);
+    fEntries.append(wanted);
+    fPoints += pointCount(*wanted.curve);
+    while (fPoints > cMaxPoints && fEntries.size() > 1)
+        fPoints -= pointCount(*fEntries.takeFirst().curve);
+    return wanted.curve;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "plot/TCurveReducer.h"
+#include <QList>
+#include <QSharedPointer>
+
+/// A curve as it was drawn: its polylines in device pixels, and whether x never turns back.
+struct TReducedCurve
+{
+    QVector<QVector<QPointF>> lines;
+    bool monotonic = true;
+};
+
+/// Keeps reduced curves from draw to draw. An entry is found by the place of the data in memory, their count and the
+/// maps, and is good only while a checksum over every value stays the same: data that were changed in place are seen.
+class TCurveCache
+{
+public:
+    /// The curve reduced to columns of that width in the mapped unit, for the part between `from` and `to` there.
+    QSharedPointer<const TReducedCurve> reduced(const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                                                const TLinearMap &mapX, const TLinearMap &mapY, double from, double to,
+                                                double columnWidth);
+
+    /// The same without keeping anything.
+    static QSharedPointer<const TReducedCurve> reduce(const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                                                      const TLinearMap &mapX, const TLinearMap &mapY, double from,
+                                                      double to, double columnWidth);
+
+private:
+    struct TEntry
+    {
+        const double *x;
+        const double *y;
+        int count;
+        int steps[2];
+        TLinearMap mapX;
+        TLinearMap mapY;
+        double from;
+        double to;
+        double columnWidth;
+        quint64 checksum;
+        QSharedPointer<const TReducedCurve> curve;
+
+        bool isFor(const TEntry &other) const;
+    };
+    static quint64 checksum(const T1DPlotData<double> &data, int count);
+
+    QList<TEntry> fEntries; // the one used last stands last
+    int fPoints = 0;
+};

@@ -1,0 +1,40 @@
+#include "plot/TStackedClassProperties.h"
+#include "stream/StreamUtils.h"
+#include "stream/TDataStream.h"
+#include "stream/TDataStreamAdaptor.h"
+
+QVariantMap TStackedClassProperties::toVariantMap() const
+{
+    return {{QStringLiteral("Name"), name},
+            {QStringLiteral("Color"), baseColor},
+            {QStringLiteral("Color Mode"), colorMode}};
+}
+
+void TStackedClassProperties::store(TDataStream &stream) const
+{
+    TDataStreamAdaptor block(stream);
+    block.startStore();
+    stream << name << baseColor << qint32(colorMode);
+    block.endStore();
+}
+
+void TStackedClassProperties::load(TDataStream &stream)
+{
+    TDataStreamAdaptor block(stream);
+    if (block.hasData()) {
+        TStackedClassProperties read;
+        qint32 mode = paletteColors;
+        stream >> read.name;
+        Utils::Stream::read(stream, read.baseColor);
+        stream >> mode;
+        read.colorMode = qBound(int(oneColor), int(mode), int(paletteColors));
+        if (stream.isGood())
+            *this = read;
+    }
+    block.skipData();
+}
+
+bool TStackedClassProperties::operator==(const TStackedClassProperties &other) const
+{
+    return name == other.name && baseColor == other.baseColor && colorMode == other.colorMode;
+}
