@@ -1,6 +1,8 @@
 #include "TAsciiTable.h"
 
+#include "ReadBounds.h"
 #include "TAsciiTokens.h"
+#include "plugin/IConverter.h"
 #include "resampleMonotoneCubic.h"
 
 #include <algorithm>
@@ -9,15 +11,9 @@
 
 namespace {
 
-constexpr int cReadOk = 0;
-constexpr int cContentUnusable = 52;
-constexpr int cOutOfMemory = int(0x80000002);
-
 constexpr int cNumericLinesWanted = 10;
 constexpr double cEvenBelow = 1.01; // bounds of the mean of an even axis over its middle
 constexpr double cEvenAbove = 0.99;
-constexpr qint64 cFreeBytes = 64 * 1024 * 1024;
-constexpr qint64 cBytesPerTextByte = 64;
 constexpr qint64 cBytesPerColumn = 1024; // what a spectrum takes besides its values
 constexpr int cGrowRows = 1 << 16;
 constexpr qint64 cMostRows = (std::numeric_limits<int>::max() - 64) / qint64(sizeof(double)); // a QVector's
@@ -97,9 +93,7 @@ int valuesInLine(const TAsciiLine &line, const TAsciiLayout &layout)
 bool allowed(double rows, int columnCount, qint64 textSize)
 {
     const double bytes = (rows * double(sizeof(double)) + double(cBytesPerColumn)) * columnCount;
-    if (!(rows <= double(cMostRows)))
-        return false;
-    return bytes <= double(cFreeBytes) || bytes <= double(cBytesPerTextByte) * double(textSize);
+    return rows <= double(cMostRows) && !exceedsReadBound(bytes, textSize);
 }
 
 /// What the lines from the back tell: the layout, how many columns count, and where the last line of the table ends.
@@ -151,14 +145,20 @@ qint64 mostRows(const QByteArray &bytes, const TTableEnd &tableEnd)
     return allowed(double(rowCount), tableEnd.fColumnCount, bytes.size()) ? rowCount : -1;
 }
 
-int readColumns(const QByteArray &bytes, QVector<QVector<double>> *result)
+int readColumns(const QByteArray &bytes, QVector<QVector<double>> *result, QString *problem)
 {
     const TTableEnd tableEnd = findTableEnd(bytes);
-    if (tableEnd.fColumnCount == 0)
-        return cContentUnusable;
+    if (tableEnd.fColumnCount == 0) {
+        *problem = QStringLiteral("expected lines of numbers, found none in %1 bytes").arg(bytes.size());
+        return cConverterContentUnusable;
+    }
     const qint64 rows = mostRows(bytes, tableEnd);
-    if (rows < 0)
-        return cOutOfMemory;
+    if (rows < 0) {
+        *problem = QStringLiteral("expected values for %1 columns, found short lines that %2 bytes do not pay for")
+                       .arg(tableEnd.fColumnCount)
+                       .arg(bytes.size());
+        return cConverterOutOfMemory;
+    }
 
     TColumns columns(tableEnd.fColumnCount, int(rows));
     TAsciiLines lines(bytes.constData(), tableEnd.fEnd);
@@ -177,29 +177,34 @@ int readColumns(const QByteArray &bytes, QVector<QVector<double>> *result)
     }
     columns.finish();
     result->swap(columns.columns());
-    return cReadOk;
+    return cConverterOk;
 }
 
-/// Whether x runs down; -1 when it does neither. An ascending x is compared row by row, a descending one only with its
-/// first value.
-int directionOf(const QVector<double> &x)
+bool runsDown(const QVector<double> &x)
 {
-    const bool descending = x.size() > 1 && x.at(0) > x.at(1);
+    return x.size() > 1 && x.at(0) > x.at(1);
+}
+
+/// The first row that breaks the order, -1 when none does. An ascending x is compared row by row, a descending one only
+/// with its first value.
+int firstOutOfOrder(const QVector<double> &x)
+{
+    const bool descending = runsDown(x);
     for (int i = 2; i < x.size(); ++i) {
         if (descending ? x.at(i) > x.at(0) : x.at(i - 1) > x.at(i))
-            return -1;
+            return i;
     }
-    return descending ? 1 : 0;
+    return -1;
 }
 
-/// Whether every value is above the one before; false for a NaN among several.
-bool ascendsStrictly(const QVector<double> &x)
+/// The first value that is not above the one before, -1 when all are. A NaN among several is such a value.
+int firstRepeated(const QVector<double> &x)
 {
     for (int i = 1; i < x.size(); ++i) {
         if (!(x.at(i - 1) < x.at(i)))
-            return false;
+            return i;
     }
-    return true;
+    return -1;
 }
 
 void sortByX(QVector<double> *x, QVector<double> *y)
@@ -214,25 +219,38 @@ void sortByX(QVector<double> *x, QVector<double> *y)
     }
 }
 
+/// Turns a file around whose x runs down. The first y column follows its x values, the others only the direction.
+void turnAround(QVector<QVector<double>> *columns)
+{
+    for (QVector<double> &column : *columns)
+        std::reverse(column.begin(), column.end());
+    QVector<double> &x = (*columns)[0];
+    if (firstRepeated(x) >= 0) // it rises here and there
+        sortByX(&x, &(*columns)[1]);
+}
+
 /// Brings the rows into ascending order of x; 52 when x has no order or repeats itself.
-int orderRows(QVector<QVector<double>> *columns)
+int orderRows(QVector<QVector<double>> *columns, QString *problem)
 {
     QVector<double> &x = columns->first();
-    const int direction = directionOf(x);
-    const bool hasNan = std::any_of(x.cbegin(), x.cend(), [](double value) { return std::isnan(value); });
-    if (direction < 0 || (hasNan && x.size() > 1))
-        return cContentUnusable;
-    if (direction == 1) {
-        for (QVector<double> &column : *columns)
-            std::reverse(column.begin(), column.end());
-        // The first y column follows its x values, the others only the direction of the file.
-        if (!ascendsStrictly(x)) {
-            std::reverse((*columns)[1].begin(), (*columns)[1].end());
-            std::reverse(x.begin(), x.end());
-            sortByX(&x, &(*columns)[1]);
-        }
+    const auto nan = std::find_if(x.cbegin(), x.cend(), [](double value) { return std::isnan(value); });
+    int row = firstOutOfOrder(x);
+    if (row < 0 && x.size() > 1 && nan != x.cend())
+        row = int(nan - x.cbegin());
+    if (row >= 0) {
+        *problem = QStringLiteral("expected x in ascending or descending order, found %1 in row %2")
+                       .arg(x.at(row))
+                       .arg(row + 1);
+        return cConverterContentUnusable;
     }
-    return ascendsStrictly(x) ? cReadOk : cContentUnusable;
+    if (runsDown(x))
+        turnAround(columns);
+    row = firstRepeated(x);
+    if (row >= 0) {
+        *problem = QStringLiteral("expected different x values, found %1 twice").arg(x.at(row));
+        return cConverterContentUnusable;
+    }
+    return cConverterOk;
 }
 
 /// Whether the mean of the keys is off their middle. A quotient that is no number counts as even.
@@ -247,15 +265,20 @@ bool isIrregular(const QVector<double> &keys)
 }
 
 /// Puts the columns of an uneven axis onto the grid of its smallest step.
-int makeEven(TAsciiTable *table, qint64 textSize)
+int makeEven(TAsciiTable *table, qint64 textSize, QString *problem)
 {
     const QVector<double> &keys = table->fKeys;
     double step = std::numeric_limits<double>::infinity();
     for (int i = 1; i < keys.size(); ++i)
         step = std::min(step, std::fabs(keys.at(i) - keys.at(i - 1)));
     const double wanted = std::round((table->fLastX - table->fFirstX) / step);
-    if (!allowed(wanted, table->fY.size(), textSize))
-        return cOutOfMemory;
+    if (!allowed(wanted, table->fY.size(), textSize)) {
+        *problem = QStringLiteral("expected a nearly even x axis, found a smallest step of %1 from %2 to %3")
+                       .arg(step)
+                       .arg(table->fFirstX)
+                       .arg(table->fLastX);
+        return cConverterOutOfMemory;
+    }
 
     const int count = int(wanted);
     for (QVector<double> &y : table->fY) {
@@ -264,7 +287,7 @@ int makeEven(TAsciiTable *table, qint64 textSize)
         y.squeeze();
     }
     table->fPointCount = count;
-    return cReadOk;
+    return cConverterOk;
 }
 
 bool holdsNumbersOnly(const TAsciiLine &line)
@@ -288,13 +311,15 @@ bool holdsNumbersOnly(const TAsciiLine &line)
 
 } // namespace
 
-int readAsciiTable(QByteArray bytes, TAsciiTable *table)
+int readAsciiTable(QByteArray bytes, TAsciiTable *table, QString *problem)
 {
+    QString unread;
+    QString *told = problem ? problem : &unread;
     const qint64 textSize = bytes.size();
     QVector<QVector<double>> columns;
-    int code = readColumns(bytes, &columns);
+    int code = readColumns(bytes, &columns, told);
     bytes = QByteArray();
-    if (code != cReadOk)
+    if (code != cConverterOk)
         return code;
 
     TAsciiTable read;
@@ -305,11 +330,11 @@ int readAsciiTable(QByteArray bytes, TAsciiTable *table)
         read.fLastX = rowCount;
         read.fY.swap(columns);
         *table = read;
-        return cReadOk;
+        return cConverterOk;
     }
 
-    code = orderRows(&columns);
-    if (code != cReadOk)
+    code = orderRows(&columns, told);
+    if (code != cConverterOk)
         return code;
     read.fKeys = columns.takeFirst();
     read.fY.swap(columns);
@@ -317,8 +342,8 @@ int readAsciiTable(QByteArray bytes, TAsciiTable *table)
     read.fLastX = read.fKeys.last();
     read.fIrregular = isIrregular(read.fKeys);
     if (read.fIrregular)
-        code = makeEven(&read, textSize);
-    if (code == cReadOk)
+        code = makeEven(&read, textSize, told);
+    if (code == cConverterOk)
         *table = read;
     return code;
 }
