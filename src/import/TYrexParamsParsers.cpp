@@ -1,6 +1,8 @@
 #include "TYrexParamsParsers.h"
 
+#include "TASCIIYrexParamsParser.h"
 #include "params/TParamsParsers.h"
+#include "utils/TFileFormat.h"
 
 #include <QThread>
 #include <atomic>
@@ -15,6 +17,7 @@ TParamsParsers *gParsers = nullptr; // lives as long as the process
 TParamsParsers *makeParsers()
 {
     auto *parsers = new TParamsParsers;
+    parsers->insert(Common::Types::cFormatCSV, new TASCIIYrexParamsParser);
     return parsers;
 }
 

@@ -1,0 +1,128 @@
+#include "TASCIIYrexConverter.h"
+
+#include "IYrexExportView.h"
+#include "TAsciiTable.h"
+#include "TCsvWriter.h"
+#include "TYrexSpectrum.h"
+#include "TYrexUnits.h"
+#include "utils/TFileFormat.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <cmath>
+#include <limits>
+#include <memory>
+
+namespace {
+
+const QString cCsvFilter = QStringLiteral("Zarnu CSV (*.csv *.txt)");
+
+constexpr int cSpectrumItem = 115;        // item type
+constexpr qint64 cHeadBytes = 128 * 1024; // that much decides on a file
+constexpr qint64 cMostBytes = std::numeric_limits<int>::max() - 64;
+constexpr double cNarrowestRange = 1.1920928955078125e-7; // the smallest step of a float at 1
+
+/// The pieces of the axis that are worth to be written.
+QVector<QPair<double, double>> wideRanges(const IYrexExportView &view)
+{
+    QVector<QPair<double, double>> ranges;
+    for (const auto &range : view.visibleRanges()) {
+        if (std::fabs(range.second - range.first) > cNarrowestRange)
+            ranges.append(range);
+    }
+    return ranges;
+}
+
+void appendSeries(const IYrexExportView &view, QVector<TCsvSeries> *series)
+{
+    const QVector<QPair<double, double>> ranges = wideRanges(view);
+    for (int i = 0; i < view.exportSpectrumCount(); ++i) {
+        TCsvSeries one;
+        view.exportSeries(i, &one.fX, &one.fY);
+        one.fVisible = ranges;
+        series->append(one);
+    }
+}
+
+} // namespace
+
+TASCIIYrexConverter::TASCIIYrexConverter(QObject *plugin)
+    : TYrexSpectrumConverter(cCsvFilter, Common::Types::cFormatCSV, plugin, {cCsvFilter})
+{
+    setFlags(flags() | cNeedsFilter);
+}
+
+QString TASCIIYrexConverter::formatName() const
+{
+    return QStringLiteral("csv");
+}
+
+bool TASCIIYrexConverter::canImport(const QString &fileName)
+{
+    QFile file(fileName);
+    return !QFileInfo(fileName).isDir() && file.open(QIODevice::ReadOnly) && looksLikeAsciiTable(file.read(cHeadBytes));
+}
+
+int TASCIIYrexConverter::readFile(const QString &fileName)
+{
+    setReadFlags(0);
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        setProblem(file.errorString());
+        return cConverterFileNotOpened;
+    }
+    if (file.size() > cMostBytes) {
+        setProblem(QStringLiteral("expected at most %1 bytes, found %2").arg(cMostBytes).arg(file.size()));
+        return cConverterOutOfMemory;
+    }
+    TAsciiTable table;
+    QString problem;
+    const int code = readAsciiTable(file.readAll(), &table, &problem);
+    if (code == cConverterOk)
+        appendSpectra(&table);
+    else
+        setProblem(problem);
+    return code;
+}
+
+void TASCIIYrexConverter::appendSpectra(TAsciiTable *table)
+{
+    if (table->fY.size() > 1)
+        setReadFlags(cGroup);
+    for (const QVector<double> &y : qAsConst(table->fY)) {
+        std::unique_ptr<TYrexSpectrum> spectrum(new TYrexSpectrum);
+        spectrum->setFileFormat(format());
+        spectrum->setOrigUnits(cUnitArbitrary, cUnitArbitrary);
+        spectrum->setUnits(cUnitArbitrary, cUnitArbitrary);
+        spectrum->setAxis(table->fFirstX, table->fLastX, 1.0, 0.0, 1.0);
+        spectrum->setPointCount(y.size());
+        spectrum->setValues(y);
+        spectrum->copyDataToOrgData();
+        spectrum->copyDataToAbsOrgData();
+        appendSpectrum(spectrum.release());
+    }
+}
+
+bool TASCIIYrexConverter::canExport(const TCanvasItemList &items) const
+{
+    return items.isRttiActive(cSpectrumItem) != nullptr;
+}
+
+int TASCIIYrexConverter::exportItems(const TCanvasItemList &items, const QString &fileName)
+{
+    QVector<TCsvSeries> series;
+    const TCanvasItemList spectrumItems = items.getByRtti(cSpectrumItem);
+    for (ICanvasItem *item : spectrumItems) {
+        const auto *view = dynamic_cast<const IYrexExportView *>(item);
+        if (!view || !view->hasExportData())
+            return cConverterNothingToExport;
+        if (view->hasSpectrumPlot())
+            appendSeries(*view, &series);
+    }
+    if (series.isEmpty())
+        return cConverterNothingToExport;
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate))
+        return cConverterFileNotOpened;
+    return TCsvWriter::write(series, &file) && file.flush() ? cConverterOk : cConverterFileNotOpened;
+}

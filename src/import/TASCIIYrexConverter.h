@@ -1,0 +1,30 @@
+#pragma once
+
+#include "TYrexSpectrumConverter.h"
+
+struct TAsciiTable;
+
+/// Text tables of numbers, read and written as CSV.
+///
+/// The text has no signature, so the converter takes part only when the user chose its filter.
+class TASCIIYrexConverter : public TYrexSpectrumConverter
+{
+public:
+    /// `plugin` is not owned and may be null.
+    explicit TASCIIYrexConverter(QObject *plugin = nullptr);
+
+    QString formatName() const override;
+    /// Whether at least ten lines within the first 128 KiB are numbers.
+    bool canImport(const QString &fileName) override;
+    /// Writes the spectra of the items with their shown units, visible ranges only: 0, 5 when there is nothing to
+    /// write, 51 when the file cannot be written.
+    int exportItems(const TCanvasItemList &items, const QString &fileName) override;
+    /// True when a spectrum item is active.
+    bool canExport(const TCanvasItemList &items) const override;
+
+protected:
+    int readFile(const QString &fileName) override;
+
+private:
+    void appendSpectra(TAsciiTable *table);
+};
