@@ -1,10 +1,12 @@
 #include "TYrexIntegrationRegion.h"
 
+#include "utils/CommonUtils.h"
+
 TYrexIntegrationRegion::TYrexIntegrationRegion(double from, double to, qint32 regionMode)
     : boundA(from)
     , boundB(to)
     , mode(regionMode)
-    , id(QUuid::createUuid())
+    , id(Utils::Common::createUuid())
 {
 }
 

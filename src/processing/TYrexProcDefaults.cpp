@@ -1,7 +1,10 @@
 #include "TYrexProcDefaults.h"
 
 #include "TYrexProcIds.h"
+#include "settings/TDefaultsIni.h"
+#include "utils/VariantUtils.h"
 
+#include <QHash>
 #include <algorithm>
 
 namespace {
@@ -17,7 +20,8 @@ TYrexProcKey plainKey(int action, const char *key, const QVariant &value, bool i
     entry.fAction = action;
     entry.fKey = QString::fromLatin1(key);
     entry.fDefault = value;
-    entry.fInSettings = inSettings;
+    if (inSettings)
+        entry.fSettingsKey = QStringLiteral("Zarnu/ProcessingParams/%1").arg(entry.fKey);
     return entry;
 }
 
@@ -99,17 +103,47 @@ QVector<TYrexProcKey> buildTable()
     };
 }
 
-QVariant storedDefault(const TYrexProcKey &key)
-{
-    return key.fDefault;
-}
-
 QVariantMap emptyMap(int action)
 {
     return {{QLatin1String(cKeyOpId), action}, {QLatin1String(cKeyApply), false}};
 }
 
+const QVector<TYrexProcKey> &extraKeys()
+{
+    static const QVector<TYrexProcKey> keys = {
+        plainKey(cProcAutoBaseline, cKeyBaselineAutoLambda, QVariant(QVariant::Bool), cFixed),
+        plainKey(cProcMultipointBaseline, cKeyMultipointBaseline, QVariant(QVariant::List), cFixed),
+    };
+    return keys;
+}
+
+QHash<int, QVariantMap> buildMaps()
+{
+    QHash<int, QVariantMap> maps;
+    for (const int id : TYrexProcDefaults::actionIds())
+        maps.insert(id, emptyMap(id));
+    for (const TYrexProcKey &key : TYrexProcDefaults::table())
+        maps[key.fAction].insert(key.fKey, key.fDefault);
+    return maps;
+}
+
 } // namespace
+
+QString TYrexProcKey::typeName() const
+{
+    if (isEnumerated())
+        return QStringLiteral("option");
+    switch (fDefault.type()) {
+    case QVariant::Bool:
+        return QStringLiteral("true or false");
+    case QVariant::Int:
+        return QStringLiteral("whole number");
+    case QVariant::Double:
+        return QStringLiteral("number");
+    default:
+        return QStringLiteral("list of numbers");
+    }
+}
 
 const QVector<int> &TYrexProcDefaults::actionIds()
 {
@@ -149,20 +183,14 @@ const QVector<TYrexProcKey> &TYrexProcDefaults::table()
     return keys;
 }
 
-QVector<TYrexProcKey> TYrexProcDefaults::keysOf(int action)
+QVector<TYrexProcKey> TYrexProcDefaults::keysOf(int action, bool withExtra)
 {
-    QVector<TYrexProcKey> keys;
-    std::copy_if(table().begin(), table().end(), std::back_inserter(keys),
-                 [action](const TYrexProcKey &key) { return key.fAction == action; });
-    return keys;
-}
-
-const QVector<TYrexProcKey> &TYrexProcDefaults::extraKeys()
-{
-    static const QVector<TYrexProcKey> keys = {
-        plainKey(cProcAutoBaseline, cKeyBaselineAutoLambda, QVariant(QVariant::Bool), cFixed),
-        plainKey(cProcMultipointBaseline, cKeyMultipointBaseline, QVariant(QVariant::List), cFixed),
-    };
+    QVector<TYrexProcKey> keys = table();
+    if (withExtra)
+        keys += extraKeys();
+    keys.erase(std::remove_if(keys.begin(), keys.end(),
+                              [action](const TYrexProcKey &key) { return key.fAction != action; }),
+               keys.end());
     return keys;
 }
 
@@ -186,21 +214,20 @@ bool TYrexProcDefaults::isEnumKey(const QString &key)
 
 QVariantMap TYrexProcDefaults::tableMap(int action)
 {
-    QVariantMap map = emptyMap(action);
-    for (const TYrexProcKey &key : keysOf(action))
-        map.insert(key.fKey, key.fDefault);
-    return map;
+    static const QHash<int, QVariantMap> maps = buildMaps();
+    return maps.value(action, emptyMap(action));
 }
 
 QVariantMap TYrexProcDefaults::settingsMap(int action)
 {
-    QVariantMap map = emptyMap(action);
-    for (const TYrexProcKey &key : keysOf(action))
-        map.insert(key.fKey, storedDefault(key));
+    const TDefaultsIni settings;
+    QVariantMap map = tableMap(action);
+    for (const TYrexProcKey &key : table()) {
+        if (key.fAction != action || !key.isInSettings())
+            continue;
+        const QVariant stored = settings.value(key.fSettingsKey, key.fDefault);
+        if (!Utils::Variant::isSame(stored, key.fDefault)) // untouched maps stay shared by all chains
+            map.insert(key.fKey, stored);
+    }
     return map;
-}
-
-QString TYrexProcDefaults::settingsKey(const QString &key)
-{
-    return QStringLiteral("Zarnu/ProcessingParams/%1").arg(key);
 }

@@ -10,14 +10,17 @@ struct TYrexProcKey
 {
     int fAction = 0; // id of the action that has the key
     QString fKey;
-    QVariant fDefault;        // int, double, bool or, for keys beyond the table, an invalid value
-    bool fInSettings = false; // the default is looked up in, and written to, the settings store
-    QVector<int> fOptions;    // option ids of an enumerated key, in the order of the table; else empty
+    QVariant fDefault;     // int, double, bool or, for keys beyond the table, a null value of the type
+    QString fSettingsKey;  // the default is looked up and stored under this key; empty: always the value above
+    QVector<int> fOptions; // option ids of an enumerated key, in the order of the table; else empty
     double fMin = -std::numeric_limits<double>::infinity(); // both included
     double fMax = std::numeric_limits<double>::infinity();
     bool fOddOnly = false; // a window width: an even value is raised by one
 
     bool isEnumerated() const { return !fOptions.isEmpty(); }
+    bool isInSettings() const { return !fSettingsKey.isEmpty(); }
+    /// "option", "true or false", "whole number", "number" or "list of numbers".
+    QString typeName() const;
 };
 
 /// The one source of the actions' keys, their types, defaults, options and ranges.
@@ -33,10 +36,10 @@ const QVector<int> &defaultChain();
 /// All keys of all actions, action by action, as one flat list built at the first call.
 const QVector<TYrexProcKey> &table();
 /// The keys of one action, in the order of the table; empty for an action without keys or an unknown id.
-QVector<TYrexProcKey> keysOf(int action);
-/// Keys that a chain may hold beyond the table: "alsbaselineautolambda" and "mpbaseline". They have no default.
-const QVector<TYrexProcKey> &extraKeys();
-/// The entry of a key of an action, extra keys included; null when the action has no such key.
+/// `withExtra` adds the keys that a chain may hold beyond the table: "alsbaselineautolambda" and "mpbaseline", which
+/// have a type but no default.
+QVector<TYrexProcKey> keysOf(int action, bool withExtra = false);
+/// The entry of a key of an action, also of those beyond the table; null when the action has no such key.
 const TYrexProcKey *findKey(int action, const QString &key);
 
 /// Whether the value of a key is the id of an option or of an action and is shown as its label.
@@ -46,7 +49,5 @@ bool isEnumKey(const QString &key);
 QVariantMap tableMap(int action);
 /// The same, with the defaults of the settings store where the table allows it.
 QVariantMap settingsMap(int action);
-/// The settings key of a map key.
-QString settingsKey(const QString &key);
 
 } // namespace TYrexProcDefaults

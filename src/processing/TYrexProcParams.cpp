@@ -2,6 +2,7 @@
 
 #include "TYrexProcDefaults.h"
 #include "TYrexProcLabels.h"
+#include "settings/TDefaultsIni.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 
@@ -19,6 +20,9 @@ constexpr int cPointSize = 8 + 8 + 1;  // bytes of a stored baseline point
 constexpr char cMultipointWindowKey[] = "Zarnu/Zarnu Baseline Correction/Multipoint/AvgWnd";
 constexpr char cMultipointAlgorithmKey[] = "Zarnu/Zarnu Baseline Correction/Multipoint/AlgType";
 constexpr char cMultipointLambdaKey[] = "Zarnu/Zarnu Baseline Correction/Multipoint/AlgLambda";
+constexpr int cDefaultWindow = 0;
+constexpr int cDefaultAlgorithm = TYrexMultipointSetup::cCubicSplines;
+constexpr int cDefaultLambda = 500;
 
 QString translated(const char *text)
 {
@@ -110,6 +114,11 @@ int TYrexProcParams::readFile(const QString &path)
     if (!file.open(QIODevice::ReadOnly))
         return cNotOpened;
     TDataStream stream(&file);
+    return readTemplate(stream);
+}
+
+int TYrexProcParams::readTemplate(TDataStream &stream)
+{
     stream.setData(cTemplateNote, true);
     QString header;
     stream >> header;
@@ -117,6 +126,14 @@ int TYrexProcParams::readFile(const QString &path)
         return cWrongFormat;
     read(stream);
     return cReadOk;
+}
+
+QByteArray TYrexProcParams::templateHeader()
+{
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << QString::fromLatin1(cTemplateHeader);
+    return bytes;
 }
 
 bool TYrexProcParams::writeFile(const QString &path) const
@@ -203,16 +220,34 @@ void TYrexProcParams::write(TDataStream &stream) const
     later.endStore();
 }
 
-void TYrexProcParams::storeDefaults() const {}
+void TYrexProcParams::storeDefaults() const
+{
+    TDefaultsIni settings;
+    for (const int id : TYrexProcDefaults::actionIds()) {
+        const int index = indexOfAction(id);
+        const QVariantMap map = index < 0 ? defaultMap(id) : action(index);
+        for (const TYrexProcKey &key : TYrexProcDefaults::table()) {
+            if (key.fAction == id && key.isInSettings() && map.contains(key.fKey))
+                settings.setValue(key.fSettingsKey, map.value(key.fKey));
+        }
+    }
+}
 
 void TYrexProcParams::readMultipointDefaults()
 {
-    fMultipoint.avgWindow = 0;
-    fMultipoint.algorithm = TYrexMultipointSetup::cCubicSplines;
-    fMultipoint.lambda = 500;
+    const TDefaultsIni settings;
+    fMultipoint.avgWindow = settings.value(QLatin1String(cMultipointWindowKey), cDefaultWindow).toInt();
+    fMultipoint.algorithm = settings.value(QLatin1String(cMultipointAlgorithmKey), cDefaultAlgorithm).toInt();
+    fMultipoint.lambda = settings.value(QLatin1String(cMultipointLambdaKey), cDefaultLambda).toInt();
 }
 
-void TYrexProcParams::storeMultipointDefaults() const {}
+void TYrexProcParams::storeMultipointDefaults() const
+{
+    TDefaultsIni settings;
+    settings.setValue(QLatin1String(cMultipointWindowKey), fMultipoint.avgWindow);
+    settings.setValue(QLatin1String(cMultipointAlgorithmKey), fMultipoint.algorithm);
+    settings.setValue(QLatin1String(cMultipointLambdaKey), fMultipoint.lambda);
+}
 
 QVector<TYrexProcReportEntry> TYrexProcParams::report() const
 {

@@ -3,6 +3,7 @@
 #include "TYrexMultipointSetup.h"
 #include "TYrexProcIds.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QVariantList>
 #include <QVariantMap>
@@ -71,6 +72,10 @@ public:
     int readFile(const QString &path);
     /// Writes a processing template; false, with an older file whole, when it cannot be written.
     bool writeFile(const QString &path) const;
+    /// The same from an open stream that stands at the header.
+    int readTemplate(TDataStream &stream);
+    /// The first bytes of every template.
+    static QByteArray templateHeader();
     /// The body of a template, as a spectrum embeds it. Reading ends with the upgrade of the chain.
     void read(TDataStream &stream);
     void write(TDataStream &stream) const;

@@ -25,11 +25,17 @@ public:
     void load(TDataStream &stream);
 
     /// Runs the actions `from` to `to` of the chain, both included, on the spectrum's data. With `from` 0 the data are
-    /// first reset to the original data; the integration regions are recomputed at the end.
-    /// `flags` are of TYrexProcessFlag. A chain that applies nothing, and did not before, runs only when forced.
+    /// first reset to the original data and the auto-picked peaks dropped; the integration regions are recomputed at
+    /// the end. `flags` are of TYrexProcessFlag. A chain that applies nothing, and did not before, runs only when
+    /// forced.
     void process(int flags, int from, int to);
 
 private:
+    void resetData();
+    bool runAction(int index, bool &baselineRan);
+    bool runMultipoint(const QVariantMap &action);
+    bool runBaseline(int index);
+
     TYrexProcParams fLastApplied;
     TYrexSpectrum *fSpectrum;
 };

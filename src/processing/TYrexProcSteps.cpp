@@ -1,0 +1,73 @@
+#include "TYrexProcSteps.h"
+
+#include "TYrexMultipointBaseline.h"
+#include "TYrexProcIds.h"
+#include "TYrexSpectrum.h"
+#include "TYrexUnitConversion.h"
+#include "TYrexUnits.h"
+#include "params/TSpectrumParam.h"
+
+#include <algorithm>
+
+namespace {
+
+void scale(TYrexSpectrum &spectrum, double factor)
+{
+    double *y = spectrum.data();
+    std::for_each(y, y + spectrum.pointCount(), [factor](double &value) { value *= factor; });
+}
+
+void invertSign(TYrexSpectrum &spectrum, const QVariantMap &)
+{
+    scale(spectrum, -1.0);
+}
+
+void firstIntegration(TYrexSpectrum &spectrum, const QVariantMap &)
+{
+    TYrexProcSteps::integrateOnce(spectrum.data(), spectrum.pointCount());
+}
+
+/// The quotient itself was found over the whole stack before this step runs.
+void quotientNormalization(TYrexSpectrum &spectrum, const QVariantMap &)
+{
+    scale(spectrum, 1.0 / spectrum.pqnFactor());
+    TYrexProcSteps::labelArbitrary(spectrum);
+}
+
+constexpr TYrexProcStep cSteps[] = {
+    {cProcMultipointBaseline, yrexApplyMultipoint, yrexPreviewMultipoint, nullptr},
+    {cProcUnitConversion, yrexConvertUnits, nullptr, nullptr},
+    {cProcFirstIntegration, firstIntegration, nullptr, nullptr},
+    {cProcInvertSign, invertSign, nullptr, nullptr},
+    {cProcQuotientNormalization, quotientNormalization, nullptr, nullptr},
+};
+
+} // namespace
+
+const TYrexProcStep *TYrexProcSteps::step(int action)
+{
+    const auto found = std::find_if(std::begin(cSteps), std::end(cSteps),
+                                    [action](const TYrexProcStep &step) { return step.fAction == action; });
+    return found == std::end(cSteps) ? nullptr : found;
+}
+
+bool TYrexProcSteps::isStepBuilt(int action)
+{
+    return step(action) != nullptr;
+}
+
+void TYrexProcSteps::labelArbitrary(TYrexSpectrum &spectrum)
+{
+    spectrum.setParamValue(TSpectrumParam::cYUnits, 1, yrexUnitDisplayName(cUnitArbitrary));
+    spectrum.setUnits(spectrum.xUnits(), cUnitArbitrary);
+}
+
+void TYrexProcSteps::integrateOnce(double *y, int n)
+{
+    double sum = 0.0;
+    for (int i = 0; i < n; ++i) {
+        const double value = y[i];
+        y[i] = sum;
+        sum += value;
+    }
+}
