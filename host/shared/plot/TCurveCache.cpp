@@ -3,7 +3,7 @@
 
 namespace {
 
-constexpr int cMaxPoints = 4000000; // of all curves that are kept, 64 MB
+constexpr int cMaxPoints = 2000000; // of all curves that are kept, 32 MB
 
 int pointCount(const TReducedCurve &curve)
 {
@@ -17,9 +17,8 @@ int pointCount(const TReducedCurve &curve)
 
 bool TCurveCache::TEntry::isFor(const TEntry &other) const
 {
-    return x == other.x && y == other.y && count == other.count && steps[0] == other.steps[0] &&
-           steps[1] == other.steps[1] && mapX == other.mapX && mapY == other.mapY && from == other.from &&
-           to == other.to && columnWidth == other.columnWidth;
+    return checksum == other.checksum && count == other.count && mapX == other.mapX && mapY == other.mapY &&
+           from == other.from && to == other.to && columnWidth == other.columnWidth;
 }
 
 /// Four sums side by side, so that the processor can work on them at once.
@@ -66,19 +65,13 @@ QSharedPointer<const TReducedCurve> TCurveCache::reduced(const T1DPlotData<doubl
                                                          double to, double columnWidth)
 {
     const int count = x.isEmpty() || y.isEmpty() ? 0 : std::min(x.count, y.count);
-    TEntry wanted{x.data, y.data, count, {x.step, y.step}, mapX,
-                  mapY,   from,   to,    columnWidth,      checksum(x, count) ^ (checksum(y, count) << 1),
-                  {}};
+    const quint64 sum = checksum(x, count) * 3 + checksum(y, count);
+    TEntry wanted{sum, count, mapX, mapY, from, to, columnWidth, {}};
     for (int i = fEntries.size() - 1; i >= 0; --i) {
-        if (!fEntries.at(i).isFor(wanted))
-            continue;
-        if (fEntries.at(i).checksum != wanted.checksum) {
-            fPoints -= pointCount(*fEntries.at(i).curve);
-            fEntries.removeAt(i);
-            break;
+        if (fEntries.at(i).isFor(wanted)) {
+            fEntries.move(i, fEntries.size() - 1);
+            return fEntries.last().curve;
         }
-        fEntries.move(i, fEntries.size() - 1);
-        return fEntries.last().curve;
     }
     wanted.curve = reduce(x, y, mapX, mapY, from, to, columnWidth);
     fEntries.append(wanted);

@@ -11,8 +11,8 @@ struct TReducedCurve
     bool monotonic = true;
 };
 
-/// Keeps reduced curves from draw to draw. An entry is found by the place of the data in memory, their count and the
-/// maps, and is good only while a checksum over every value stays the same: data that were changed in place are seen.
+/// Keeps reduced curves from draw to draw. An entry is found by a checksum over every value and by the maps, not by the
+/// place of the data in memory: converted series are made anew for each draw, and data may be changed in place.
 class TCurveCache
 {
 public:
@@ -29,16 +29,13 @@ public:
 private:
     struct TEntry
     {
-        const double *x;
-        const double *y;
+        quint64 checksum;
         int count;
-        int steps[2];
         TLinearMap mapX;
         TLinearMap mapY;
         double from;
         double to;
         double columnWidth;
-        quint64 checksum;
         QSharedPointer<const TReducedCurve> curve;
 
         bool isFor(const TEntry &other) const;

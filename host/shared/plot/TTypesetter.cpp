@@ -134,6 +134,8 @@ QString TTypesetter::elided(const QString &text, double width) const
 QStringList TTypesetter::wrapped(const QString &text, double width, int maxLines) const
 {
     QStringList lines;
+    if (maxLines < 1)
+        return lines;
     QString rest = text.simplified();
     while (!rest.isEmpty() && lines.size() + 1 < maxLines && this->width(rest) > width) {
         int cut = rest.size();

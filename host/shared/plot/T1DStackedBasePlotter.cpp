@@ -1,0 +1,360 @@
+#include "plot/T1DStackedBasePlotter.h"
+#include "plot/ColorUtils.h"
+#include "plot/PainterUtils.h"
+#include "plot/T1DLabelArranger.h"
+#include "plot/T1DStackedPlot.h"
+#include "plot/TTitleProperties.h"
+#include "plot/TTypesetter.h"
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QUuid cPlotterId(QStringLiteral("{b7a0c0c3-3a0b-5f6b-8f43-6d8d2c9f1d03}"));
+constexpr double cDegree = 3.14159265358979323846 / 180.0;
+constexpr double cMarkSize = 24.0;   // of the mark beside the active row
+constexpr double cTitleInset = 8.0;  // between a row's title and the right end
+constexpr double cPaperAlpha = 0.7;  // behind a title inside the plot
+constexpr double cFadedAlpha = 0.45; // of curves that are not selected
+constexpr double cWideColumn = 4.0;  // widths of a number, under which a column goes without numbers
+
+} // namespace
+
+T1DStackedBasePlotter::T1DStackedBasePlotter(T1DStackedPlot *plot)
+    : T1DBasePlotter(plot)
+    , fStackedPlot(plot)
+{
+}
+
+QUuid T1DStackedBasePlotter::id() const
+{
+    return cPlotterId;
+}
+
+const T1DStackedPlotProperties &T1DStackedBasePlotter::stackedProperties() const
+{
+    return fStackedPlot->stackedProperties();
+}
+
+const TAxis &T1DStackedBasePlotter::vertAxis() const
+{
+    return stackRow().row >= 0 ? fStackedPlot->intensityAxis() : fStackedPlot->vertAxis();
+}
+
+const TRanges &T1DStackedBasePlotter::vertRanges() const
+{
+    return stackRow().row >= 0 ? fStackedPlot->intensityRanges() : fStackedPlot->vertRanges();
+}
+
+/// Where each curve has a title at its own end, none stands above the plot.
+double T1DStackedBasePlotter::getTitleSpace(const TTitleProperties &title) const
+{
+    const bool perCurve = fStackedPlot->isArrayed() && title.stacked && title.position == titleOnTop &&
+                          (fStackedPlot->isStacked() || fStackedPlot->isQueued() || fStackedPlot->isGrouped());
+    return perCurve ? 0.0 : T1DBasePlotter::getTitleSpace(title);
+}
+
+void T1DStackedBasePlotter::setStackMatrix(int row)
+{
+    unsetStackMatrix();
+    if (row < 0 || row >= fRowCount)
+        return;
+    if (fStackedPlot->isQueued())
+        setStackRow({row, columnRect(row)});
+    else if (fStackedPlot->isStacked() || fStackedPlot->isGrouped())
+        setStackRow({row, rowRect(row, false)});
+}
+
+QRectF T1DStackedBasePlotter::curveClip() const
+{
+    const QRectF own = adjustedPlotArea();
+    const QRectF whole = getPlotCurvesRect();
+    return stackRow().row < 0 ? own : QRectF(own.left(), whole.top(), own.width(), whole.height());
+}
+
+/// `pitchOnly`: the band of the row; else what the intensity scale fills.
+QRectF T1DStackedBasePlotter::rowRect(int row, bool pitchOnly) const
+{
+    const T1DStackedPlotProperties &stacked = stackedProperties();
+    const QRectF whole = getPlotCurvesRect();
+    const double height = whole.height() * (1.0 - stacked.topMargin() - stacked.bottomMargin());
+    // zoomed along the stack-index axis, as long as that axis counts these rows
+    TRange shown(0.0, fRowCount);
+    const TAxis &axis = fStackedPlot->stackIndexAxis();
+    if (fStackedPlot->hasRows() && axis.getFullScale().lo() == 0.0 && axis.getFullScale().hi() == fRowCount)
+        shown = axis.drawnScale().sorted();
+    const double pitch = height / shown.span();
+    double step = 0.0;
+    if (fRowCount > 1 && !fStackedPlot->isGrouped())
+        step = std::min(pitch * std::tan(stacked.angle() * cDegree), 0.5 * whole.width() / (fRowCount - 1));
+    const double foot = whole.bottom() - stacked.bottomMargin() * whole.height() - (row - shown.a) * pitch;
+    const double filled = pitchOnly ? pitch : pitch * 100.0 / stacked.spacing();
+    return QRectF(whole.left() + row * step, foot - filled, whole.width() - (fRowCount - 1) * step, filled);
+}
+
+QRectF T1DStackedBasePlotter::columnRect(int column) const
+{
+    const QRectF whole = getPlotCurvesRect();
+    const double gap = std::min(cQueueGap, 0.5 * whole.width() / fRowCount);
+    const double width = (whole.width() - gap * (fRowCount - 1)) / fRowCount;
+    return QRectF(whole.left() + column * (width + gap), whole.top(), width, whole.height());
+}
+
+QRectF T1DStackedBasePlotter::getArrayedCurveRect(int row) const
+{
+    if (row < 0 || row >= fRowCount)
+        return getPlotCurvesRect();
+    if (fStackedPlot->isQueued())
+        return columnRect(row);
+    return fStackedPlot->isStacked() || fStackedPlot->isGrouped() ? rowRect(row, true) : getPlotCurvesRect();
+}
+
+/// The rank of each order among them.
+QVector<int> T1DStackedBasePlotter::ranked(const QVector<int> &orders) const
+{
+    QVector<int> sorted = orders;
+    std::sort(sorted.begin(), sorted.end());
+    QVector<int> ranks;
+    for (const int order : orders)
+        ranks.append(int(std::lower_bound(sorted.cbegin(), sorted.cend(), order) - sorted.cbegin()));
+    return ranks;
+}
+
+void T1DStackedBasePlotter::beginRows(int count)
+{
+    unsetStackMatrix();
+    fRowCount = count;
+    if (!(fStackedPlot->stateWord() & TBasePlot::cKeepHotAreas))
+        fPointable.clear();
+}
+
+QPen T1DStackedBasePlotter::penOf(int order, double widthFactor) const
+{
+    QPen pen = properties().curvePen;
+    const QColor own = stackedProperties().arrayedColor(order);
+    if (own.isValid())
+        pen.setColor(own);
+    pen.setWidthF(pen.widthF() * widthFactor);
+    return pen;
+}
+
+TCurveChange T1DStackedBasePlotter::changeOf(int curve) const
+{
+    const QVector<quint32> ids = fStackedPlot->drawnIds();
+    TCurveChange change;
+    if (curve >= 0 && curve < ids.size()) {
+        change.factorY = stackedProperties().factor(ids.at(curve));
+        change.offset = stackedProperties().offset(ids.at(curve));
+    }
+    return change;
+}
+
+void T1DStackedBasePlotter::drawMember(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                                       int curve, int order, TCurveStyle style)
+{
+    const bool isView = !(fStackedPlot->stateWord() & TBasePlot::cKeepHotAreas);
+    if (isView && stackedProperties().fadesUnused() && fStackedPlot->isFaded(order)) {
+        QColor faded = style.pen.color();
+        faded.setAlphaF(faded.alphaF() * cFadedAlpha);
+        style.pen.setColor(faded);
+    }
+    TPointable pointable{order, {}};
+    drawCurve(painter, x, y, style, changeOf(curve), isView ? &pointable.parts : nullptr);
+    if (isView)
+        fPointable.append(pointable);
+}
+
+void T1DStackedBasePlotter::drawOverlay(QPainter &painter, const TSeries &xs, const TSeries &ys,
+                                        const QVector<int> &orders, int active)
+{
+    beginRows(0);
+    const int count = std::min({xs.size(), ys.size(), orders.size()});
+    int last = -1;
+    for (int i = 0; i < count; ++i) {
+        if (orders.at(i) == active)
+            last = i;
+        else
+            drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), styleOf(penOf(orders.at(i), 1.0)));
+    }
+    if (last >= 0)
+        drawMember(painter, xs.at(last), ys.at(last), last, active,
+                   styleOf(penOf(active, stackedProperties().activePenWidthFactor())));
+}
+
+void T1DStackedBasePlotter::drawActive(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                                       int active)
+{
+    beginRows(0);
+    drawMember(painter, x, y, -1, active, styleOf(penOf(active, 1.0)));
+}
+
+/// Below everything that a row may cover.
+double T1DStackedBasePlotter::curvesFoot() const
+{
+    return getPlotCurvesRect().bottom();
+}
+
+void T1DStackedBasePlotter::drawStack(QPainter &painter, const TSeries &xs, const TSeries &ys,
+                                      const QVector<int> &orders, bool whiteWash)
+{
+    const int count = std::min({xs.size(), ys.size(), orders.size()});
+    beginRows(count);
+    const QVector<int> rows = ranked(orders.mid(0, count));
+    QVector<int> curveOfRow(count);
+    for (int i = 0; i < count; ++i)
+        curveOfRow[rows.at(i)] = i;
+    for (int row = count - 1; row >= 0; --row) { // the lowest row stands at the front
+        const int i = curveOfRow.at(row);
+        TCurveStyle style = styleOf(penOf(orders.at(i), 1.0));
+        if (whiteWash) {
+            style.fill = properties().background.isValid() ? properties().background : QColor(Qt::white);
+            style.fillBase = curvesFoot();
+        }
+        setStackMatrix(row);
+        drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), style);
+    }
+    unsetStackMatrix();
+}
+
+void T1DStackedBasePlotter::drawQueue(QPainter &painter, const TSeries &xs, const TSeries &ys,
+                                      const QVector<int> &orders)
+{
+    const int count = std::min({xs.size(), ys.size(), orders.size()});
+    beginRows(count);
+    const QVector<int> columns = ranked(orders.mid(0, count));
+    for (int i = 0; i < count; ++i) {
+        setStackMatrix(columns.at(i));
+        drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), styleOf(penOf(orders.at(i), 1.0)));
+    }
+    unsetStackMatrix();
+}
+
+void T1DStackedBasePlotter::drawGroupedStack(QPainter &painter, const TGroups &groups)
+{
+    beginRows(groups.size());
+    for (int row = groups.size() - 1; row >= 0; --row) {
+        setStackMatrix(row);
+        for (const TGroupMember &member : groups.at(row))
+            drawMember(painter, member.x, member.y, -1, -1, styleOf(member.pen));
+    }
+    unsetStackMatrix();
+}
+
+void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringList &texts, const QVector<int> &orders,
+                                              const TTitleProperties &title, const QColor &color,
+                                              QMap<int, QRectF> &rects) const
+{
+    const int count = std::min(texts.size(), orders.size());
+    if (!title.visible || count == 0 || fRowCount == 0)
+        return;
+    const TTypesetter typesetter(Utils::Painter::fontSizeInPixels(title.font));
+    const QVector<int> rows = ranked(orders.mid(0, count));
+    const QRectF whole = getPlotCurvesRect();
+    const double height = typesetter.height();
+    const bool isQueue = fStackedPlot->isQueued();
+
+    // columns have their titles on top; in rows the labels are arranged along the height
+    const int every = isQueue ? 1 : std::max(1, int(std::ceil(count * height / whole.height())));
+    T1DLabelArranger arranger(0.0);
+    for (int i = 0; i < count; ++i) {
+        T1DLabelInfo label;
+        const QRectF own = getArrayedCurveRect(rows.at(i));
+        label.index = i;
+        label.text = texts.at(i);
+        label.width = height;
+        label.anchor = QPointF(isQueue ? whole.top() + height / 2 : own.bottom() - height / 2, 0.0);
+        label.pos = label.anchor.x();
+        if (rows.at(i) % every == 0)
+            arranger.append(label);
+    }
+    if (!isQueue)
+        arranger.arrange(QRectF(whole.top(), 0.0, whole.height(), 1.0), T1DLabelArranger::horizontalText,
+                         T1DLabelArranger::integralStrip);
+
+    painter.save();
+    for (const T1DLabelInfo &label : arranger.labels()) {
+        const QRectF own = getArrayedCurveRect(rows.at(label.index));
+        const QStringList lines = typesetter.wrapped(label.text, own.width() - 2 * cTitleInset, 1);
+        if ((!isQueue && !label.hasRoom) || lines.isEmpty())
+            continue;
+        const double width = typesetter.width(lines.first());
+        const double left = isQueue ? own.center().x() - width / 2 : own.right() - width - cTitleInset;
+        const QRectF rect(left, label.pos - height / 2, width, height);
+        QColor paper = properties().background.isValid() ? properties().background : QColor(Qt::white);
+        paper.setAlphaF(cPaperAlpha);
+        painter.fillRect(rect, paper);
+        const int order = orders.at(label.index);
+        painter.setPen(color.isValid() ? color : penOf(order, 1.0).color());
+        typesetter.draw(painter, rect, Qt::AlignLeft | Qt::AlignTop, lines.first());
+        rects.insert(order, rect);
+    }
+    painter.restore();
+}
+
+void T1DStackedBasePlotter::drawQueueAxes(QPainter &painter, int columns) const
+{
+    if (!fStackedPlot->horzAxis().isVisible())
+        return;
+    T1DStackedBasePlotter each(*this); // with columns of its own: the draw of the curves has not begun
+    each.fRowCount = std::max(1, columns);
+    const TTypesetter numbers(Utils::Painter::fontSizeInPixels(properties().axesFont));
+    const double margin = properties().plotAreaMargin;
+    const QRectF item = fStackedPlot->rect();
+    for (int column = 0; column < each.fRowCount; ++column) {
+        each.setStackMatrix(column);
+        const QRectF rect = each.columnRect(column);
+        const bool isFirst = column == 0;
+        const bool isLast = column == each.fRowCount - 1;
+        each.drawAxisLine(painter, horzDir,
+                          TRange(rect.left() - (isFirst ? margin : 0.0), rect.right() + (isLast ? margin : 0.0)));
+        const bool isWide = rect.width() > cWideColumn * numbers.width(QStringLiteral("0000"));
+        QRectF room;
+        if (isFirst || isWide)
+            room = QRectF(isFirst ? item.left() : rect.left() - cQueueGap / 2, item.top(), 0.0, item.height());
+        if (!room.isNull())
+            room.setRight(isLast ? item.right() : rect.right() + cQueueGap / 2);
+        each.drawTicks(painter, horzDir, room);
+    }
+    drawAxisTitle(painter, horzDir);
+}
+
+void T1DStackedBasePlotter::drawSelectedStackedMark(QPainter &painter, int active, const QVector<int> &deselected,
+                                                    const QVector<int> &) const
+{
+    if (active < 0 || active >= fRowCount || deselected.contains(active))
+        return;
+    const QRectF band = getArrayedCurveRect(active);
+    const bool isQueue = fStackedPlot->isQueued();
+    const double margin = properties().plotAreaMargin;
+    QPolygonF mark;
+    if (isQueue) {
+        const QPointF tip(band.center().x(), band.top() - margin);
+        mark << tip << tip + QPointF(-cMarkSize / 2, -cMarkSize) << tip + QPointF(cMarkSize / 2, -cMarkSize);
+    } else {
+        const QPointF tip(getPlotCurvesRect().left() - margin, band.bottom());
+        mark << tip << tip + QPointF(-cMarkSize, -cMarkSize / 2) << tip + QPointF(-cMarkSize, cMarkSize / 2);
+    }
+    painter.save();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Utils::Color::cSelectionColors.first());
+    painter.drawPolygon(mark);
+    painter.restore();
+}
+
+int T1DStackedBasePlotter::indexOfPointedStackedCurve(const QPointF &pos) const
+{
+    const double reach = fStackedPlot->viewReach(cPointedReach, cPointedUnits);
+    int found = -1;
+    double nearest = reach;
+    for (const TPointable &pointable : fPointable) {
+        for (const TDrawnCurve &part : pointable.parts) {
+            const double distance = part.distance(pos);
+            if (distance >= 0.0 && distance <= nearest) { // of equals the one drawn last
+                nearest = distance;
+                found = pointable.order;
+            }
+        }
+    }
+    return found;
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "plot/T1DBasePlotter.h"
+#include <QMap>
+#include <QStringList>
+
+class T1DStackedPlot;
+class T1DStackedPlotProperties;
+
+/// Draws several curves: over each other, in rows, side by side or in grouped rows.
+///
+/// `orders` name curves by their place in the display order: it decides the colour (arrayedColor) and, by its rank
+/// among the curves drawn, the row. Row 0 is the lowest.
+class T1DStackedBasePlotter : public T1DBasePlotter
+{
+public:
+    using TSeries = QVector<T1DPlotData<double>>;
+    struct TGroupMember
+    {
+        T1DPlotData<double> x;
+        T1DPlotData<double> y;
+        QPen pen;
+    };
+    using TGroups = QVector<QVector<TGroupMember>>;
+    static constexpr double cQueueGap = 40.0;   // between two columns
+    static constexpr double cPointedReach = 12; // pixels of the view
+    static constexpr double cPointedUnits = 15; // canvas units, without a view
+
+    explicit T1DStackedBasePlotter(T1DStackedPlot *plot);
+
+    QUuid id() const override;
+    void setStackMatrix(int row) override;
+    const TAxis &vertAxis() const override;
+    const TRanges &vertRanges() const override;
+    double getTitleSpace(const TTitleProperties &title) const override;
+    void drawSelectedStackedMark(QPainter &painter, int active, const QVector<int> &deselected,
+                                 const QVector<int> &groupSizes) const override;
+
+    /// All in one frame, the curve with the order `active` last and wider.
+    void drawOverlay(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders, int active);
+    /// The active curve alone, in its own colour.
+    void drawActive(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y, int active);
+    /// In rows; with `whiteWash` each curve hides what lies behind it.
+    void drawStack(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders, bool whiteWash);
+    /// Side by side.
+    void drawQueue(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders);
+    /// A row per group, its members over each other.
+    void drawGroupedStack(QPainter &painter, const TGroups &groups);
+    /// A title per curve at the right end of its row, moved apart where they would overlap, the rectangle of each under
+    /// its order. An invalid colour means the curve's own.
+    void drawStackedTitles(QPainter &painter, const QStringList &texts, const QVector<int> &orders,
+                           const TTitleProperties &title, const QColor &color, QMap<int, QRectF> &rects) const;
+    /// The axis under each column of a queue: in the first only where columns are narrow.
+    void drawQueueAxes(QPainter &painter, int columns) const;
+
+    /// The band of a row (or the column of a queue) of the last draw; the curves rectangle in a mode without them.
+    QRectF getArrayedCurveRect(int row) const;
+    int rowCount() const { return fRowCount; }
+    /// The order of the curve of the last draw that is vertically nearest to an item point within reach, of equals the
+    /// one on top; -1 for none.
+    int indexOfPointedStackedCurve(const QPointF &pos) const;
+
+protected:
+    QRectF curveClip() const override;
+
+private:
+    struct TPointable
+    {
+        int order;
+        QVector<TDrawnCurve> parts;
+    };
+    const T1DStackedPlotProperties &stackedProperties() const;
+    void beginRows(int count);
+    QVector<int> ranked(const QVector<int> &orders) const;
+    QRectF rowRect(int row, bool pitchOnly) const;
+    QRectF columnRect(int column) const;
+    QPen penOf(int order, double widthFactor) const;
+    TCurveChange changeOf(int curve) const;
+    void drawMember(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y, int curve, int order,
+                    TCurveStyle style);
+    double curvesFoot() const;
+
+    T1DStackedPlot *fStackedPlot;
+    int fRowCount = 0;
+    QVector<TPointable> fPointable; // in drawing order
+};
