@@ -42,6 +42,8 @@ public:
     virtual int currentDisplayPosition() const = 0;
     virtual QVector<int> allDisplayPositions() const = 0;
     virtual int spectrumCount() const = 0;
+    /// The stable id of the spectrum at an index.
+    virtual quint32 spectrumId(int index) const = 0;
     /// The title of the x axis (0) or the y axis (1), in the units of the current spectrum.
     virtual QString axisTitle(int yAxis) const = 0;
 };

@@ -44,6 +44,7 @@ public:
     int currentDisplayPosition() const override { return 0; }
     QVector<int> allDisplayPositions() const override { return {}; }
     int spectrumCount() const override { return 0; }
+    quint32 spectrumId(int index) const override { return quint32(index); }
     QString axisTitle(int yAxis) const override;
 
     /// The data kind; 0 for spectra.

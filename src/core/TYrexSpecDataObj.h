@@ -32,6 +32,7 @@ public:
     int currentDisplayPosition() const override { return fStack.displayPositionOf(fStack.current()); }
     QVector<int> allDisplayPositions() const override { return fStack.displayPositions(); }
     int spectrumCount() const override { return fStack.count(); }
+    quint32 spectrumId(int index) const override { return fStack.idOf(index); }
     QString axisTitle(int yAxis) const override;
 
     QString description() const override;

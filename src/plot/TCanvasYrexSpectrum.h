@@ -1,5 +1,6 @@
 #pragma once
 
+#include "IYrexExportView.h"
 #include "IYrexPlotable.h"
 #include "TYrexSpecDataObj.h"
 #include "canvas/TCanvasSpectrum.h"
@@ -11,7 +12,10 @@
 class T1DYrexPlot;
 
 /// The document item of the module: one data object with one or many spectra, and one plot that shows it.
-class TCanvasYrexSpectrum : public TCanvasSpectrum, public IYrexPlotable, public IStackedListNotifier
+class TCanvasYrexSpectrum : public TCanvasSpectrum,
+                            public IYrexPlotable,
+                            public IYrexExportView,
+                            public IStackedListNotifier
 {
 public:
     static constexpr int cRtti = 115;
@@ -32,6 +36,14 @@ public:
     IYrexPlotData *plotData(const QUuid &id) override;
     QString titleText(const QUuid &plotId, const QString &format, int option, int index) override;
     void listChanged() override;
+
+    bool hasExportData() const override { return fDataObj != nullptr; }
+    bool hasSpectrumPlot() const override { return activeYrexPlot() != nullptr; }
+    int shownXUnits() const override;
+    int shownYUnits() const override;
+    QVector<QPair<double, double>> visibleRanges() const override;
+    int exportSpectrumCount() const override { return stack().count(); }
+    void exportSeries(int index, QVector<double> *x, QVector<double> *y) const override;
 
     /// The data object; null only in an item that is being loaded.
     TYrexSpecDataObj *dataObj() const { return fDataObj.get(); }

@@ -188,9 +188,9 @@ QVector<TYrexProcKey> TYrexProcDefaults::keysOf(int action, bool withExtra)
     QVector<TYrexProcKey> keys = table();
     if (withExtra)
         keys += extraKeys();
-    keys.erase(std::remove_if(keys.begin(), keys.end(),
-                              [action](const TYrexProcKey &key) { return key.fAction != action; }),
-               keys.end());
+    keys.erase(
+        std::remove_if(keys.begin(), keys.end(), [action](const TYrexProcKey &key) { return key.fAction != action; }),
+        keys.end());
     return keys;
 }
 

@@ -1,5 +1,5 @@
-#include "SpectrumBuilder.h"
 #include "TYrexSpecDataObj.h"
+#include "SpectrumBuilder.h"
 #include "TYrexUnits.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
@@ -117,8 +117,8 @@ TEST(TYrexSpecDataObj, cachesOfSpectraThatWentArePurged)
 
 TEST(TYrexSpecDataObj, stackRoundTrips)
 {
-    TYrexSpecDataObj data(QUuid::createUuid(), {newSpectrum({1, 2}, 0, 1), newSpectrum({3, 4}, 0, 1),
-                                                newSpectrum({5, 6}, 0, 1)});
+    TYrexSpecDataObj data(QUuid::createUuid(),
+                          {newSpectrum({1, 2}, 0, 1), newSpectrum({3, 4}, 0, 1), newSpectrum({5, 6}, 0, 1)});
     data.properties().insert("b", 2.5);
     data.properties().insert("a", "text");
     data.stack().setHidden(1, true);

@@ -1,0 +1,167 @@
+#include "canvas/TCanvasSpectrum.h"
+
+#include "canvas/DocumentBytes.h"
+#include "plot/TBasePlot.h"
+#include "stream/StreamUtils.h"
+#include "stream/TDataStream.h"
+#include "stream/TDataStreamAdaptor.h"
+
+#include <QPainter>
+
+TCanvasSpectrum::TCanvasSpectrum(int rtti, TPage *page, const QString &name, IProgress *progress)
+    : TCanvasBaseSpectrum(rtti, page, name)
+    , fProgress(progress)
+{
+}
+
+TCanvasSpectrum::~TCanvasSpectrum() = default;
+
+void TCanvasSpectrum::appendPlot(TBasePlot *plot)
+{
+    TPlotEntry entry;
+    entry.fPlot.reset(plot);
+    fPlots.push_back(std::move(entry));
+}
+
+TBasePlot *TCanvasSpectrum::activePlot() const
+{
+    const bool inRange = fActive >= 0 && size_t(fActive) < fPlots.size();
+    return inRange ? fPlots[size_t(fActive)].fPlot.get() : nullptr;
+}
+
+TBasePlotter *TCanvasSpectrum::activePlotter() const
+{
+    TBasePlot *plot = activePlot();
+    return plot ? plot->plotter() : nullptr;
+}
+
+QList<TBasePlot *> TCanvasSpectrum::plots() const
+{
+    QList<TBasePlot *> plots;
+    for (const TPlotEntry &entry : fPlots) {
+        if (entry.fPlot)
+            plots.append(entry.fPlot.get());
+    }
+    return plots;
+}
+
+void TCanvasSpectrum::paint(QPainter &painter)
+{
+    if (TBasePlot *plot = activePlot())
+        plot->draw(painter, QRectF(QPointF(0, 0), rect().size()));
+}
+
+void TCanvasSpectrum::storePlots(TDataStream &stream) const
+{
+    stream << qint32(fPlots.size());
+    for (const TPlotEntry &entry : fPlots) {
+        stream << qint32(entry.fPlot ? entry.fPlot->plotType() : entry.fType);
+        stream << (entry.fPlot ? entry.fPlot->id() : entry.fId);
+        TDataStreamAdaptor block(stream);
+        block.startStore();
+        if (entry.fPlot)
+            entry.fPlot->store(stream);
+        else
+            writeRawBytes(stream, entry.fBytes);
+        block.endStore();
+    }
+    stream << qint32(fActive);
+}
+
+void TCanvasSpectrum::store(TDataStream &stream) const
+{
+    TDataStreamAdaptor block(stream);
+    block.startStore();
+    const QRectF place = rect();
+    stream << uniqueId() << name() << place.x() << place.y() << place.width() << place.height();
+    stream << qint32(layoutPolicy()) << stateFlags() << subtypeText();
+    storeLinks(stream);
+    stream << qint32(fBags.size());
+    for (const TRawBag &bag : fBags) {
+        stream << qint32(bag.fType);
+        TDataStreamAdaptor bagBlock(stream);
+        bagBlock.startStore();
+        writeRawBytes(stream, bag.fBytes);
+        bagBlock.endStore();
+    }
+    storePlots(stream);
+    stream << QVariant(provenance());
+    writeRawBytes(stream, fTail);
+    block.endStore();
+}
+
+void TCanvasSpectrum::loadBags(TDataStream &stream)
+{
+    constexpr int cMinBagSize = 16; // type and an empty block
+    fBags.clear();
+    const int count = stream.readCount(cMinBagSize);
+    for (int i = 0; i < count && stream.isGood(); ++i) {
+        TRawBag bag;
+        qint32 type = 0;
+        stream >> type;
+        bag.fType = type;
+        TDataStreamAdaptor block(stream);
+        if (block.hasData())
+            bag.fBytes = readRestOfBlock(stream);
+        block.skipData();
+        fBags.push_back(bag);
+    }
+}
+
+void TCanvasSpectrum::loadPlot(TDataStream &stream)
+{
+    TPlotEntry entry;
+    qint32 type = 0;
+    stream >> type >> entry.fId;
+    entry.fType = type;
+    TDataStreamAdaptor block(stream);
+    if (block.hasData()) {
+        entry.fPlot.reset(createPlot(entry.fType, entry.fId));
+        if (entry.fPlot)
+            entry.fPlot->load(stream);
+        else
+            entry.fBytes = readRestOfBlock(stream);
+    }
+    block.skipData();
+    fPlots.push_back(std::move(entry));
+}
+
+void TCanvasSpectrum::loadPlots(TDataStream &stream)
+{
+    constexpr int cMinPlotSize = 32; // type, id and an empty block
+    fPlots.clear();
+    const int count = stream.readCount(cMinPlotSize);
+    for (int i = 0; i < count && stream.isGood(); ++i)
+        loadPlot(stream);
+    qint32 active = 0;
+    stream >> active;
+    fActive = active;
+}
+
+void TCanvasSpectrum::load(TDataStream &stream)
+{
+    TDataStreamAdaptor block(stream);
+    if (block.hasData()) {
+        QUuid id;
+        QString itemName;
+        QString subtypeName;
+        double x = 0.0, y = 0.0, width = 0.0, height = 0.0;
+        qint32 policy = 0;
+        quint8 flags = 0;
+        stream >> id >> itemName >> x >> y >> width >> height >> policy >> flags >> subtypeName;
+        setUniqueId(id);
+        setName(itemName);
+        setRect(QRectF(x, y, width, height));
+        setLayoutPolicy(policy, false);
+        setStateFlags(flags);
+        setSubtypeText(subtypeName);
+        loadLinks(stream);
+        loadBags(stream);
+        loadPlots(stream);
+        QVariant map;
+        if (stream.readVariant(map))
+            provenance() = map.toMap();
+        fTail = readRestOfBlock(stream);
+    }
+    block.skipData();
+}

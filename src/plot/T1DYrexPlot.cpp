@@ -1,0 +1,241 @@
+#include "T1DYrexPlot.h"
+
+#include "IYrexPlotData.h"
+#include "IYrexPlotable.h"
+#include "TYrexDataView.h"
+#include "TYrexUnits.h"
+#include "plot/TPlotHotArea.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString horzLabel(int units)
+{
+    switch (units) {
+    case cUnitMicrometers:
+        return QCoreApplication::translate("T1DYrexPlot", "Wavelength [μm]");
+    case cUnitNanometers:
+        return QCoreApplication::translate("T1DYrexPlot", "Wavelength [nm]");
+    case cUnitRamanShift:
+        return QCoreApplication::translate("T1DYrexPlot", "Raman Shift [cm^-1]");
+    case cUnitFieldGauss:
+        return QCoreApplication::translate("T1DYrexPlot", "Field (G)");
+    case cUnitFieldTesla:
+        return QCoreApplication::translate("T1DYrexPlot", "Field (T)");
+    case cUnitArbitrary:
+        return QCoreApplication::translate("T1DYrexPlot", "Arbitrary Units");
+    default:
+        return QCoreApplication::translate("T1DYrexPlot", "Wavenumber [cm^-1]");
+    }
+}
+
+QString vertLabel(int units)
+{
+    switch (units) {
+    case cUnitTransmittance:
+        return QCoreApplication::translate("T1DYrexPlot", "Transmittance");
+    case cUnitPercentTransmittance:
+        return QCoreApplication::translate("T1DYrexPlot", "% Transmittance");
+    case cUnitAbsorbance:
+        return QCoreApplication::translate("T1DYrexPlot", "Absorbance");
+    case cUnitReflectance:
+        return QCoreApplication::translate("T1DYrexPlot", "Reflectance");
+    case cUnitCounts:
+        return QCoreApplication::translate("T1DYrexPlot", "Counts");
+    case cUnitKubelkaMunk:
+        return QCoreApplication::translate("T1DYrexPlot", "K-M Absorption Coef.");
+    case cUnitIntensity:
+        return QCoreApplication::translate("T1DYrexPlot", "Intensity");
+    case cUnitArbitrary:
+        return QCoreApplication::translate("T1DYrexPlot", "Arbitrary Units");
+    default:
+        return QString();
+    }
+}
+
+} // namespace
+
+T1DYrexPlot::T1DYrexPlot(int kind, const QUuid &dataId, IYrexPlotable *plotable)
+    : T1DStackedPlot(cPlotType, dataId)
+    , fPlotable(plotable)
+    , fPlotKind(kind)
+    , fPlotter(this)
+{
+}
+
+QString T1DYrexPlot::kindName() const
+{
+    return fPlotKind == cSpectrumKind ? QStringLiteral("Zarnu Spec") : QString();
+}
+
+IYrexPlotData *T1DYrexPlot::data() const
+{
+    return fPlotable ? fPlotable->plotData(id()) : nullptr;
+}
+
+bool T1DYrexPlot::isArrayed() const
+{
+    const IYrexPlotData *plotData = data();
+    return plotData && plotData->spectrumCount() >= 2;
+}
+
+int T1DYrexPlot::activeIndex() const
+{
+    const IYrexPlotData *plotData = data();
+    return plotData ? plotData->currentIndex() : 0;
+}
+
+void T1DYrexPlot::fitStackAxis()
+{
+    IYrexPlotData *plotData = data();
+    if (!plotData || plotData->spectrumCount() < 2)
+        return;
+    const auto range = plotData->axisRange(2, cUnitArbitrary, fYUnits);
+    stackIndexAxis().setFullScale(range.first, range.second);
+    stackIndexAxis().setScaleToFull();
+}
+
+QStringList T1DYrexPlot::numberedLabels() const
+{
+    QStringList labels;
+    const IYrexPlotData *plotData = data();
+    if (!plotData || !isStacked())
+        return labels;
+    for (const int index : plotData->visibleIndices())
+        labels.append(QString::number(index + 1));
+    return labels;
+}
+
+void T1DYrexPlot::setAxisLabels(int mask, const QString &text)
+{
+    const IYrexPlotData *plotData = data();
+    for (const TAxisDir dir : {horzDir, vertDir}) {
+        if (!(mask & dir))
+            continue;
+        const bool fromData = (fAxisLabelFlags & dir) && plotData;
+        setAxisLabel(dir, fromData ? plotData->axisTitle(dir == horzDir ? 0 : 1) : text);
+    }
+}
+
+void T1DYrexPlot::setAxisUnits(TAxisDir axis, int units)
+{
+    if (axis == horzDir) {
+        fXUnits = units;
+        if (units <= cUnitArbitrary)
+            setAxisLabels(horzDir, horzLabel(units));
+        return;
+    }
+    fYUnits = units;
+    const QString label = vertLabel(units);
+    if (!label.isEmpty())
+        setAxisLabels(vertDir, label);
+}
+
+void T1DYrexPlot::changeUnits(TAxisDir axisDir, int units, bool useOriginal)
+{
+    IYrexPlotData *plotData = data();
+    if (!plotData || (axisDir != horzDir && axisDir != vertDir))
+        return;
+    const int oldUnits = axisDir == horzDir ? fXUnits : fYUnits;
+    setAxisUnits(axisDir, units);
+    TRange scale = axis(axisDir).getScale();
+    QVector<TRange> hidden = ranges(axisDir).invert(axis(axisDir).getFullScale()).toVector();
+    if (axisDir == horzDir) {
+        const auto convert = [&](double x) {
+            return yrexConvertX(yrexConvertX(x, oldUnits, cUnitWavenumber), cUnitWavenumber, units);
+        };
+        if (oldUnits != units) {
+            scale.setRange(convert(scale.a), convert(scale.b));
+            for (TRange &range : hidden)
+                range.setRange(convert(range.a), convert(range.b));
+        }
+        resetFullScales(*plotData, horzDir, useOriginal);
+    }
+    setScale(axisDir, scale.a, scale.b);
+    for (const TRange &range : qAsConst(hidden))
+        hideRange(axisDir, range);
+    if (axisDir == vertDir)
+        fitToHeight();
+}
+
+void T1DYrexPlot::resetFullScales(IYrexPlotData &plotData, int mask, bool useOriginal)
+{
+    if (mask & horzDir) {
+        const auto range = useOriginal ? plotData.realXRange() : plotData.axisRange(0, fXUnits, fYUnits);
+        const double low = qMin(range.first, range.second);
+        const double high = qMax(range.first, range.second);
+        // wavenumbers run from high to low
+        if (fXUnits == cUnitWavenumber)
+            setFullScale(horzDir, high, low);
+        else
+            setFullScale(horzDir, low, high);
+    }
+    if (!(mask & vertDir))
+        return;
+    const auto range = plotData.axisRange(1, fXUnits, fYUnits);
+    if (!isArrayed()) {
+        setFullScale(vertDir, range.first, range.second);
+        return;
+    }
+    const auto rows = plotData.axisRange(2, cUnitArbitrary, fYUnits);
+    intensityAxis().setFullScale(range.first, range.second);
+    stackIndexAxis().setFullScale(rows.first, rows.second);
+    symmetricAxis().setFullScale(-range.second, range.second);
+}
+
+void T1DYrexPlot::refreshFullScales(int mask, bool useOriginal)
+{
+    IYrexPlotData *plotData = data();
+    if (!plotData)
+        return;
+    resetFullScales(*plotData, mask, useOriginal);
+    fitToHeight();
+}
+
+void T1DYrexPlot::resetView()
+{
+    if (IYrexPlotData *plotData = data()) {
+        resetFullScales(*plotData, horzDir | vertDir, false);
+        fitToHeight();
+    }
+    setScaleToFull(horzDir | vertDir);
+    if (!isArrayed()) {
+        showAll(horzDir | vertDir);
+        return;
+    }
+    showAll(horzDir);
+    const auto showAxis = [](TAxis &axis, TRanges &ranges) {
+        axis.setScaleToFull();
+        ranges.showAll(axis.getFullScale());
+    };
+    showAxis(intensityAxis(), intensityRanges());
+    showAxis(stackIndexAxis(), stackIndexRanges());
+    showAxis(symmetricAxis(), symmetricRanges());
+}
+
+QColor T1DYrexPlot::curveColor() const
+{
+    const QColor plain = properties().curvePen.color();
+    const IYrexPlotData *plotData = data();
+    if (!plotData || !isArrayed())
+        return plain;
+    const int position = plotData->visibleIndices().indexOf(plotData->currentIndex());
+    const QColor color = position < 0 ? QColor() : stackedProperties().arrayedColor(plotData->currentIndex());
+    return color.isValid() ? color : plain;
+}
+
+void T1DYrexPlot::setIntegralHighlighted(const QUuid &integral, bool on)
+{
+    if (!on)
+        fHighlightedIntegrals.removeAll(integral);
+    else if (!fHighlightedIntegrals.contains(integral))
+        fHighlightedIntegrals.append(integral);
+}
+
+bool T1DYrexPlot::clearHighlightedIntegrals()
+{
+    const bool held = !fHighlightedIntegrals.isEmpty();
+    fHighlightedIntegrals.clear();
+    return held;
+}

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "T1DYrexPlotter.h"
+#include "TYrexIntegralPlotProperties.h"
+#include "TYrexPeakPlotProperties.h"
+#include "data/T1DPlotData.h"
+#include "plot/T1DStackedPlot.h"
+#include "plot/TPlotHotAreas.h"
+#include "plot/TTitleProperties.h"
+
+#include <QList>
+#include <QMap>
+#include <QUuid>
+
+class IYrexPlotable;
+class IYrexPlotData;
+struct TYrexDataView;
+
+/// The plot of spectra: units on the axes, curves in every display mode, titles, the vertical fit. What it shows it
+/// asks of its item, and it never changes data.
+class T1DYrexPlot : public T1DStackedPlot
+{
+public:
+    static constexpr int cPlotType = 7;
+    static constexpr int cPlainKind = 0;
+    static constexpr int cSpectrumKind = 1;
+
+    /// `plotable` is the item; not owned.
+    T1DYrexPlot(int kind, const QUuid &dataId, IYrexPlotable *plotable);
+
+    TBasePlotter *plotter() override { return &fPlotter; }
+    const TBasePlotter *plotter() const override { return &fPlotter; }
+    int kind() const override { return fPlotKind; }
+    QString kindName() const override;
+    void draw(QPainter &painter, const QRectF &rect) override;
+    void drawCurves(QPainter &painter) override;
+    void drawTitle(QPainter &painter) override;
+    QString titleText() const override;
+    void setupFullView(TDataStream &stream) override;
+    void resetFullView(TDataStream &stream) override;
+    void store(TDataStream &stream) const override;
+    void load(TDataStream &stream) override;
+    void fitToHeight() override;
+    bool isArrayed() const override;
+    int activeIndex() const override;
+    void fitStackAxis() override;
+    QMap<int, QRectF> stackedLabelRects() const override { return fStackedLabelRects; }
+    QStringList numberedLabels() const override;
+    void drawBaseline(QPainter &painter) override;
+
+    int xUnits() const { return fXUnits; }
+    int yUnits() const { return fYUnits; }
+    TTitleProperties &titleProperties() { return fTitleProperties; }
+    const TTitleProperties &titleProperties() const { return fTitleProperties; }
+    TYrexPeakPlotProperties &peakProperties() { return fPeakProperties; }
+    TYrexIntegralPlotProperties &integralProperties() { return fIntegralProperties; }
+    int axisLabelFlags() const { return fAxisLabelFlags; }
+    void setAxisLabelFlags(int flags) { fAxisLabelFlags = flags; }
+
+    /// Stores a unit and sets the axis label that goes with it. Axis 1 is the horizontal one, 2 the vertical one.
+    void setAxisUnits(TAxisDir axis, int units);
+    /// Shows an axis in another unit: scale and cuts stay where they are on the data; the vertical axis is fitted.
+    void changeUnits(TAxisDir axis, int units, bool useOriginal);
+    void resetFullScales(IYrexPlotData &data, int mask, bool useOriginal);
+    void refreshFullScales(int mask, bool useOriginal);
+    /// Everything in view.
+    void resetView();
+    /// A text for the axes of a mask; a direction whose label flag is set takes the data's own label.
+    void setAxisLabels(int mask, const QString &text);
+    /// The vertical fit, unless the curves fill more than 8 % of the present scale and stand in it.
+    void keepCurveInView();
+    QColor curveColor() const;
+    void setIntegralHighlighted(const QUuid &id, bool on);
+    /// Whether there were any.
+    bool clearHighlightedIntegrals();
+    const TPlotHotAreas &hotAreas() const { return fHotAreas; }
+    const TPlotHotArea &hitTest(const QPointF &itemPoint) const { return fHotAreas.hit(itemPoint); }
+
+    IYrexPlotData *data() const;
+
+protected:
+    QVector<quint32> drawnIds() const override;
+
+private:
+    using TSeries = T1DPlotData<double>;
+
+    TSeries xSeries(IYrexPlotData &data, int index) const;
+    TSeries ySeries(IYrexPlotData &data, int index) const;
+    void addAxisHotAreas();
+    void drawSingle(QPainter &painter, IYrexPlotData &data);
+    void drawArrayed(QPainter &painter, IYrexPlotData &data);
+    void drawGroups(QPainter &painter, IYrexPlotData &data);
+    void drawMarks(QPainter &painter);
+    bool heightInView(double &minY, double &maxY) const;
+    bool extremesInView(IYrexPlotData &data, int index, const TRanges &visible, double &minY, double &maxY) const;
+    TRanges visibleWavenumbers() const;
+    void fitTo(double minY, double maxY);
+
+    IYrexPlotable *fPlotable;
+    int fPlotKind;
+    T1DYrexPlotter fPlotter;
+    TTitleProperties fTitleProperties;
+    qint32 fXUnits = 50;
+    qint32 fYUnits = 50;
+    qint32 fAxisLabelFlags = 3; // bit 0 horizontal, bit 1 vertical: the label comes from the data
+    qint32 fHorzAxisPosPolicy = 0;
+    qint32 fVertAxisPosPolicy = 2;
+    TYrexPeakPlotProperties fPeakProperties;
+    TYrexIntegralPlotProperties fIntegralProperties;
+    QMap<int, QRectF> fStackedLabelRects;
+    TPlotHotAreas fHotAreas;
+    QList<QUuid> fHighlightedIntegrals;
+};

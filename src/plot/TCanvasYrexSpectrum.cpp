@@ -1,0 +1,315 @@
+#include "TCanvasYrexSpectrum.h"
+
+#include "T1DYrexPlot.h"
+#include "TYrexPlotTitleParser.h"
+#include "TYrexUnits.h"
+#include "plot/TStackedClassProperties.h"
+#include "stream/StreamUtils.h"
+#include "stream/TDataStream.h"
+#include "stream/TDataStreamAdaptor.h"
+#include "utils/CommonUtils.h"
+
+namespace {
+
+constexpr double cRoundingShare = 1e-9; // of an axis, well under the distance of two points
+
+enum TColorSetting { cSingleColor = 0, cGradient = 1, cHueColor = 2 };
+
+} // namespace
+
+TCanvasYrexSpectrum *yrexItem(ICanvasItem *item)
+{
+    return item && item->rtti() == TCanvasYrexSpectrum::cRtti ? static_cast<TCanvasYrexSpectrum *>(item) : nullptr;
+}
+
+TCanvasYrexSpectrum::TCanvasYrexSpectrum(const TYrexSpectrumList &spectra, TPage *page, IProgress *progress)
+    : TCanvasSpectrum(cRtti, page, QString(), progress)
+    , fDataObj(new TYrexSpecDataObj(Utils::Common::createUuid(), spectra))
+{
+    fDataObj->stack().addNotifier(this);
+    listChanged();
+    buildPlot();
+    setup();
+}
+
+TCanvasYrexSpectrum::~TCanvasYrexSpectrum()
+{
+    fDataObj.reset();
+    hide();
+}
+
+void TCanvasYrexSpectrum::buildPlot()
+{
+    const TYrexSpectrum *spectrum = currentSpectrum();
+    if (!spectrum)
+        return;
+    constexpr int cFollowPage = cFollowsPage;
+    auto *plot = new T1DYrexPlot(T1DYrexPlot::cSpectrumKind, fDataObj->id(), this);
+    setLayoutPolicy(cFollowPage, false);
+    plot->changeUnits(TAxisDir(1), spectrum->xUnits(), false);
+    plot->changeUnits(TAxisDir(2), spectrum->yUnits(), false);
+    if (isStacked()) {
+        stack().setGrouped(0);
+        plot->setStackedDisplayMode(overlayMode);
+    }
+    plot->resetView();
+    appendPlot(plot);
+    updateStackedColors();
+}
+
+TYrexStack &TCanvasYrexSpectrum::stack() const
+{
+    static TYrexStack cEmpty;
+    return fDataObj ? fDataObj->stack() : cEmpty;
+}
+
+T1DYrexPlot *TCanvasYrexSpectrum::activeYrexPlot() const
+{
+    TBasePlot *plot = activePlot();
+    return plot && plot->plotType() == cPlotType ? static_cast<T1DYrexPlot *>(plot) : nullptr;
+}
+
+QString TCanvasYrexSpectrum::title(bool plotTitle) const
+{
+    const T1DYrexPlot *plot = activeYrexPlot();
+    if (!plot || !fDataObj)
+        return QString();
+    if (plotTitle)
+        return spectrumTitle(-1);
+    QStringList titles;
+    for (const int index : stack().visibleIndices())
+        titles.append(stack().at(index)->title());
+    return titles.join('\n');
+}
+
+QString TCanvasYrexSpectrum::type() const
+{
+    return QStringLiteral("Zarnu");
+}
+
+QString TCanvasYrexSpectrum::subtype() const
+{
+    if (!subtypeText().isEmpty())
+        return subtypeText();
+    return isStacked() ? QStringLiteral("stacked, ") : QString();
+}
+
+QString TCanvasYrexSpectrum::descriptiveText() const
+{
+    const TYrexSpectrum *spectrum = currentSpectrum();
+    return spectrum ? spectrum->descriptiveText() : QString();
+}
+
+IYrexPlotData *TCanvasYrexSpectrum::plotData(const QUuid &id)
+{
+    return fDataObj && fDataObj->id() == id ? fDataObj.get() : nullptr;
+}
+
+QString TCanvasYrexSpectrum::titleText(const QUuid &, const QString &format, int, int index)
+{
+    return TYrexPlotTitleParser(*this, index).parse(format);
+}
+
+QString TCanvasYrexSpectrum::spectrumTitle(int index) const
+{
+    const T1DYrexPlot *plot = activeYrexPlot();
+    return plot && fDataObj ? TYrexPlotTitleParser(*this, index).parse(plot->titleProperties().format) : QString();
+}
+
+int TCanvasYrexSpectrum::shownXUnits() const
+{
+    const T1DYrexPlot *plot = activeYrexPlot();
+    return plot ? plot->xUnits() : int(cUnitArbitrary);
+}
+
+int TCanvasYrexSpectrum::shownYUnits() const
+{
+    const T1DYrexPlot *plot = activeYrexPlot();
+    return plot ? plot->yUnits() : int(cUnitArbitrary);
+}
+
+QVector<QPair<double, double>> TCanvasYrexSpectrum::visibleRanges() const
+{
+    QVector<QPair<double, double>> ranges;
+    const T1DYrexPlot *plot = activeYrexPlot();
+    if (!plot)
+        return ranges;
+    const TRange full = plot->horzAxis().getFullScale().sorted();
+    QVector<TRange> visible = plot->horzRanges().toVector();
+    if (visible.isEmpty())
+        visible.append(full);
+    // x values are sums of steps, so the last point may lie a rounding error outside the axis that it defines
+    const double slack = (full.b - full.a) * cRoundingShare;
+    for (const TRange &range : qAsConst(visible)) {
+        const double low = range.lo() <= full.a ? full.a - slack : range.lo();
+        const double high = range.hi() >= full.b ? full.b + slack : range.hi();
+        ranges.append({low, high});
+    }
+    return ranges;
+}
+
+void TCanvasYrexSpectrum::exportSeries(int index, QVector<double> *x, QVector<double> *y) const
+{
+    const auto values = [](const TYrexDataView &view) {
+        return view.isValid() ? QVector<double>(view.values, view.values + view.count) : QVector<double>();
+    };
+    *x = values(fDataObj->xData(shownXUnits(), index));
+    *y = values(fDataObj->yData(shownYUnits(), index));
+    const int count = qMin(x->size(), y->size());
+    x->resize(count);
+    y->resize(count);
+}
+
+void TCanvasYrexSpectrum::listChanged()
+{
+    if (fDataObj)
+        fDataObj->listChanged();
+}
+
+QColor TCanvasYrexSpectrum::curveColor() const
+{
+    const T1DYrexPlot *plot = activeYrexPlot();
+    return plot ? plot->curveColor() : QColor();
+}
+
+void TCanvasYrexSpectrum::updateStackedColors()
+{
+    if (!isStacked())
+        return;
+    T1DYrexPlot *plot = activeYrexPlot();
+    if (!plot) {
+        update();
+        return;
+    }
+    T1DStackedPlotProperties &properties = plot->stackedProperties();
+    QVector<QColor> colors = properties.colors();
+    if (colors.size() < stack().count())
+        colors.resize(stack().count());
+    properties.setColors(colors);
+    if (properties.colorSetting() == cHueColor) {
+        TStackedClassProperties all;
+        all.colorMode = properties.colorMode();
+        all.baseColor = properties.baseColor();
+        QVector<int> indices;
+        for (int i = 0; i < stack().count(); ++i)
+            indices.append(i);
+        properties.generateColorsVector(all, indices);
+    } else if (properties.colorSetting() == cGradient) {
+        const auto groups = fDataObj->displayGroups(false);
+        for (const QVector<int> &group : groups) {
+            const QString text = stack().at(group.first())->spectrumClass();
+            const auto found = properties.stackedClasses().constFind(text);
+            if (found == properties.stackedClasses().constEnd() ||
+                (found->baseColor == properties.baseColor() && found->colorMode == properties.colorMode()))
+                continue;
+            properties.generateColorsVector(*found, group);
+        }
+    }
+    update();
+}
+
+double TCanvasYrexSpectrum::firstXIn(int unit, int index) const
+{
+    const TYrexSpectrum *spectrum = stack().at(index);
+    return spectrum ? yrexConvertX(spectrum->firstX(), spectrum->origXUnits(), unit) : 0.0;
+}
+
+double TCanvasYrexSpectrum::lastXIn(int unit, int index) const
+{
+    const TYrexSpectrum *spectrum = stack().at(index);
+    return spectrum ? yrexConvertX(spectrum->lastX(), spectrum->origXUnits(), unit) : 0.0;
+}
+
+TBasePlot *TCanvasYrexSpectrum::createPlot(int plotType, const QUuid &id)
+{
+    return plotType == cPlotType ? new T1DYrexPlot(T1DYrexPlot::cPlainKind, id, this) : nullptr;
+}
+
+void TCanvasYrexSpectrum::store(TDataStream &stream) const
+{
+    TDataStreamAdaptor outer(stream);
+    outer.startStore();
+    TCanvasSpectrum::store(stream);
+    TDataStreamAdaptor inner(stream);
+    inner.startStore();
+    if (fDataObj)
+        fDataObj->store(stream);
+    inner.endStore();
+    outer.endStore();
+}
+
+void TCanvasYrexSpectrum::load(TDataStream &stream)
+{
+    TDataStreamAdaptor outer(stream);
+    if (outer.hasData()) {
+        TCanvasSpectrum::load(stream);
+        TDataStreamAdaptor inner(stream);
+        if (inner.hasData()) {
+            if (!fDataObj) {
+                fDataObj = std::make_unique<TYrexSpecDataObj>();
+                fDataObj->stack().addNotifier(this);
+            }
+            fDataObj->load(stream);
+        }
+        inner.skipData();
+    }
+    outer.skipData();
+    stack().setCurrent(0);
+}
+
+void TCanvasYrexSpectrum::storeFullState(QByteArray &bytes) const
+{
+    bytes.clear();
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    fDataObj->store(stream);
+    TDataStreamAdaptor block(stream);
+    block.startStore();
+    const T1DYrexPlot *plot = activeYrexPlot();
+    const QVector<QColor> colors = plot ? plot->stackedProperties().colors() : QVector<QColor>();
+    stream << bool(plot && plot->stackedProperties().hasOwnColors()) << qint32(colors.size());
+    for (const QColor &color : colors)
+        stream << color;
+    block.endStore();
+}
+
+void TCanvasYrexSpectrum::restoreFullState(const QByteArray &bytes)
+{
+    constexpr int cColorSize = 11; // spec byte and five 16-bit components
+    TDataStream stream(bytes);
+    fDataObj->load(stream);
+    bool ownColors = false;
+    QVector<QColor> colors;
+    TDataStreamAdaptor block(stream);
+    if (block.hasData()) {
+        stream >> ownColors;
+        const int count = stream.readCount(cColorSize);
+        for (int i = 0; i < count && stream.isGood(); ++i) {
+            QColor color;
+            Utils::Stream::read(stream, color);
+            colors.append(color);
+        }
+    }
+    block.skipData();
+    T1DYrexPlot *plot = activeYrexPlot();
+    if (!plot || !plot->isStacked())
+        return;
+    plot->stackedProperties().setOwnColors(ownColors);
+    if (colors.size() >= stack().count())
+        plot->stackedProperties().setColors(colors);
+}
+
+void TCanvasYrexSpectrum::storeDataState(QByteArray &bytes) const
+{
+    bytes.clear();
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    fDataObj->store(stream);
+    TDataStreamAdaptor empty(stream);
+    empty.startStore();
+}
+
+void TCanvasYrexSpectrum::restoreDataState(const QByteArray &bytes)
+{
+    TDataStream stream(bytes);
+    fDataObj->load(stream);
+    TDataStreamAdaptor(stream).skipData();
+}

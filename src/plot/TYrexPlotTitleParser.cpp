@@ -1,0 +1,68 @@
+#include "TYrexPlotTitleParser.h"
+
+#include "TCanvasYrexSpectrum.h"
+#include "TYrexUnits.h"
+
+#include <QFileInfo>
+#include <QLocale>
+#include <QRegularExpression>
+
+TYrexPlotTitleParser::TYrexPlotTitleParser(const TCanvasYrexSpectrum &item, int index)
+    : fItem(item)
+    , fSpectrum(index < 0 ? item.currentSpectrum() : item.stack().at(index))
+    , fIndex(index < 0 ? item.stack().current() : index)
+    , fWholeItem(index < 0)
+{
+}
+
+QString TYrexPlotTitleParser::shownTitle() const
+{
+    const QString title = fSpectrum->title();
+    if (!title.isEmpty())
+        return title;
+    // an untitled spectrum goes by its file, so that a picture says what it shows
+    const QString file = QFileInfo(fSpectrum->paramsBundle().fileName()).completeBaseName();
+    const bool isOneOfMany = !fWholeItem && fItem.isStacked() && !file.isEmpty();
+    return isOneOfMany ? QString("%1 %2").arg(file).arg(fIndex + 1) : file;
+}
+
+QString TYrexPlotTitleParser::valueOf(const QString &name) const
+{
+    if (name == QLatin1String("Title"))
+        return shownTitle();
+    if (name == QLatin1String("Comment"))
+        return fSpectrum->comment();
+    if (name == QLatin1String("Date")) {
+        const QDateTime date = fSpectrum->acquisitionDate();
+        return date.isValid() ? date.toString(Qt::ISODate) : fSpectrum->dateText();
+    }
+    if (name == QLatin1String("Class"))
+        return fSpectrum->spectrumClass();
+    if (name == QLatin1String("Number"))
+        return QString::number(fIndex + 1);
+    if (name == QLatin1String("Count"))
+        return QString::number(fItem.stack().count());
+    if (name == QLatin1String("Units"))
+        return yrexUnitDisplayName(fSpectrum->yUnits());
+    if (name == QLatin1String("File"))
+        return QFileInfo(fSpectrum->paramsBundle().fileName()).fileName();
+    return fSpectrum->paramTextByName(name, 0);
+}
+
+QString TYrexPlotTitleParser::parse(const QString &format) const
+{
+    static const QRegularExpression cPlaceholder("\\{([A-Za-z0-9_.]*)\\}");
+    if (!canRun())
+        return QString();
+    QString text;
+    int from = 0;
+    QRegularExpressionMatchIterator matches = cPlaceholder.globalMatch(format);
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        text += format.midRef(from, match.capturedStart() - from);
+        text += valueOf(match.captured(1));
+        from = match.capturedEnd();
+    }
+    text += format.midRef(from);
+    return text.trimmed();
+}

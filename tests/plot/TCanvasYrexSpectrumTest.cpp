@@ -1,0 +1,155 @@
+#include "TCanvasYrexSpectrum.h"
+#include "SpectrumBuilder.h"
+#include "T1DYrexPlot.h"
+#include "TCmdYrexProcessing.h"
+#include "TYrexUnits.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "commands/TCommandHistory.h"
+#include "history/THistoryCommand.h"
+#include "stream/TDataStream.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray bytesOf(const TCanvasYrexSpectrum &item)
+{
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    item.store(stream);
+    return bytes;
+}
+
+TYrexSpectrum *titled(const QString &title, const QString &file)
+{
+    TYrexSpectrum *spectrum = newSpectrum({1, 3, 2}, 4000, 400, cUnitWavenumber, cUnitAbsorbance);
+    spectrum->params().append(TSpectrumParam(1001, QString(), QString(), -1));
+    spectrum->setParamValue(1001, 1, title);
+    spectrum->paramsBundle().setFileName(file);
+    return spectrum;
+}
+
+TYrexProcParams inverted(bool apply = true)
+{
+    TYrexProcParams params;
+    const int index = params.indexOfAction(69);
+    QVariantMap action = params.action(index);
+    action["apply"] = apply;
+    params.setAction(index, action);
+    return params;
+}
+
+} // namespace
+
+TEST(TCanvasYrexSpectrum, tellsWhatItIs)
+{
+    TCanvasYrexSpectrum one({titled("A", "a.csv")}, nullptr, nullptr);
+    TCanvasYrexSpectrum two({titled("A", "a.csv"), titled("B", "b.csv")}, nullptr, nullptr);
+    EXPECT_EQ(one.rtti(), 115);
+    EXPECT_EQ(one.type(), "Zarnu");
+    EXPECT_EQ(one.subtype(), "");
+    EXPECT_EQ(two.subtype(), "stacked, ");
+    EXPECT_EQ(two.title(false), "A\nB");
+    EXPECT_EQ(two.activeYrexPlot()->stackedProperties().displayMode(), 2) << "an overlay at first";
+    EXPECT_TRUE(two.curveColor().isValid());
+    EXPECT_EQ(one.plotData(QUuid::createUuid()), nullptr);
+    EXPECT_EQ(one.plotData(one.dataObj()->id()), one.dataObj());
+}
+
+TEST(TCanvasYrexSpectrum, titlesExpandPlaceholders)
+{
+    TCanvasYrexSpectrum item({titled("Band", "folder/a.b.csv"), titled("", "folder/a.b.csv")}, nullptr, nullptr);
+    EXPECT_EQ(item.title(true), "Band");
+    EXPECT_EQ(item.spectrumTitle(1), "a.b 2") << "an untitled spectrum goes by its file";
+    item.activeYrexPlot()->titleProperties().format = "{Number}/{Count} {File} [{Units}] {Title}{nonsense}";
+    EXPECT_EQ(item.spectrumTitle(0), "1/2 a.b.csv [Absorbance] Band");
+    EXPECT_EQ(item.spectrumTitle(9), "") << "no such spectrum";
+}
+
+TEST(TCanvasYrexSpectrum, roundTripsThroughAStream)
+{
+    TCanvasYrexSpectrum item({titled("A", "a.csv"), titled("B", "b.csv")}, nullptr, nullptr);
+    item.setRect(QRectF(1, 2, 300, 400));
+    item.stack().setDeselected(1, true);
+    item.provenance() = {{"Filename", "a.csv"}};
+    TCanvasItem::link(&item, "molecule", QUuid::createUuid());
+    const QByteArray bytes = bytesOf(item);
+    TCanvasYrexSpectrum read({}, nullptr, nullptr);
+    EXPECT_EQ(read.activeYrexPlot(), nullptr) << "an item without spectra has no plot";
+    TDataStream in(bytes);
+    read.load(in);
+    EXPECT_TRUE(in.isGood());
+    EXPECT_EQ(read.stack().count(), 2);
+    EXPECT_EQ(read.stack().current(), 0);
+    ASSERT_NE(read.activeYrexPlot(), nullptr);
+    EXPECT_EQ(read.activeYrexPlot()->data(), read.dataObj());
+    EXPECT_EQ(bytesOf(read), bytes);
+}
+
+TEST(TCanvasYrexSpectrum, everyCutLoadsWithoutHarm)
+{
+    TCanvasYrexSpectrum item({titled("A", "a.csv")}, nullptr, nullptr);
+    const QByteArray bytes = bytesOf(item);
+    for (int length = 0; length < bytes.size(); length += 7) {
+        TCanvasYrexSpectrum read({}, nullptr, nullptr);
+        TDataStream in(bytes.left(length));
+        read.load(in);
+        read.title(true);
+        read.curveColor();
+        bytesOf(read);
+    }
+}
+
+TEST(TCanvasYrexSpectrum, exportsWhatIsVisibleWithItsEnds)
+{
+    TCanvasYrexSpectrum item({newSpectrum(QVector<double>(1001, 1.0), 0.1, 1.1)}, nullptr, nullptr);
+    QVector<double> x, y;
+    item.exportSeries(0, &x, &y);
+    const auto ranges = item.visibleRanges();
+    ASSERT_EQ(ranges.size(), 1);
+    EXPECT_LE(ranges.first().first, x.first());
+    EXPECT_GE(ranges.first().second, x.last()) << "though the sum of steps misses 1.1";
+    EXPECT_EQ(y.size(), x.size());
+}
+
+TEST(TCmdYrexProcessing, appliesTheChainToTheSelectionAndUndoes)
+{
+    TDocument document;
+    TPage *page = document.appendPage();
+    auto *item = new TCanvasYrexSpectrum({titled("A", "a.csv"), titled("B", "b.csv")}, page, nullptr);
+    page->insertItem(item);
+    item->stack().setDeselected(1, true);
+    const QByteArray before = bytesOf(*item);
+    document.history().push(new TCmdYrexProcessing(document.items(), inverted()));
+    EXPECT_EQ(item->stack().at(0)->values(), QVector<double>({-1, -3, -2}));
+    EXPECT_EQ(item->stack().at(1)->values(), QVector<double>({1, 3, 2})) << "not selected";
+    EXPECT_EQ(item->stack().at(0)->orgData(), QVector<double>({1, 3, 2}));
+    const QList<THistoryCommand *> entries = document.history().entries();
+    ASSERT_EQ(entries.size(), 1);
+    ASSERT_EQ(entries.first()->params().size(), 1);
+    EXPECT_EQ(entries.first()->params().first().fName, "Zarnu Processing Action: Invert Sign: apply");
+    document.history().stack()->undo();
+    EXPECT_EQ(item->stack().at(0)->values(), QVector<double>({1, 3, 2}));
+    EXPECT_FALSE(item->stack().at(0)->procParams().isAnyApplied());
+    document.history().stack()->redo();
+    EXPECT_EQ(item->stack().at(0)->values().first(), -1.0);
+    // switching the last action off takes the data back to the original
+    document.history().push(new TCmdYrexProcessing(document.items(), inverted(false)));
+    EXPECT_EQ(item->stack().at(0)->values(), QVector<double>({1, 3, 2}));
+    while (document.history().stack()->canUndo())
+        document.history().stack()->undo();
+    TCanvasYrexSpectrum original({}, nullptr, nullptr);
+    TDataStream in(before);
+    original.load(in);
+    EXPECT_EQ(original.stack().at(0)->values(), item->stack().at(0)->values());
+}
+
+TEST(TCmdYrexProcessing, aChangeOfNothingLeavesNoHistoryEntry)
+{
+    TDocument document;
+    TPage *page = document.appendPage();
+    page->insertItem(new TCanvasYrexSpectrum({titled("A", "a.csv")}, page, nullptr));
+    document.history().push(new TCmdYrexProcessing(document.items(), TYrexProcParams()));
+    EXPECT_TRUE(document.history().entries().isEmpty());
+}

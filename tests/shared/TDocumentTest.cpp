@@ -1,0 +1,163 @@
+#include "canvas/TDocument.h"
+#include "canvas/TCanvasItem.h"
+#include "canvas/TCanvasItemList.h"
+#include "canvas/TLoadReport.h"
+#include "canvas/TPage.h"
+#include "canvas/TSecurePtr.h"
+#include "canvas/TStoredHistoryEntry.h"
+#include "commands/TCmdCreateItem.h"
+#include "stream/TDataStream.h"
+#include "stream/TDataStreamAdaptor.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int cTextRtti = 101;
+
+class TTextItem : public TCanvasItem
+{
+public:
+    explicit TTextItem(const QString &text = QString())
+        : TCanvasItem(cTextRtti, nullptr, "text")
+        , fText(text)
+    {
+    }
+    void store(TDataStream &stream) const override { stream << fText; }
+    void load(TDataStream &stream) override { stream >> fText; }
+    void paint(QPainter &) override {}
+    QString fText;
+};
+
+QByteArray bytesOf(const TDocument &document)
+{
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    document.store(stream);
+    return bytes;
+}
+
+class TDocumentTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { know(cTextRtti); }
+    void TearDown() override { TDocument::setItemFactory({}); }
+    static void know(int known)
+    {
+        TDocument::setItemFactory(
+            [known](int rtti) -> TCanvasItem * { return rtti == known ? new TTextItem : nullptr; });
+    }
+    static void fill(TDocument &document)
+    {
+        TPage *page = document.appendPage();
+        page->setTitle("first");
+        page->insertItem(new TTextItem("one"));
+        page->insertItem(new TTextItem("two"));
+        page->setTail("newer");
+        document.appendPage()->setSize(QSizeF(2100, 2970));
+        document.settings().insert("key", 2.5);
+        document.history().push(new TCmdCreateItem(TCmdCreateItem::cImport, {new TTextItem("three")}, &document,
+                                                   nullptr, {{"Filename", "a.csv"}}, 0));
+    }
+};
+
+} // namespace
+
+TEST_F(TDocumentTest, savedAndLoadedIsTheSameByteForByte)
+{
+    TDocument document;
+    fill(document);
+    const QByteArray bytes = bytesOf(document);
+    TDocument read;
+    TDataStream stream(bytes);
+    TLoadReport report;
+    ASSERT_TRUE(read.load(stream, report)) << report.fError.toStdString();
+    EXPECT_EQ(read.pages().size(), 3);
+    EXPECT_EQ(read.items().size(), 3);
+    EXPECT_EQ(read.items().first()->uniqueId(), document.items().first()->uniqueId());
+    ASSERT_EQ(read.historyEntries().size(), 1);
+    EXPECT_EQ(read.historyEntries().first().fParams.first().fValue.toString(), "a.csv");
+    EXPECT_EQ(bytesOf(read), bytes);
+}
+
+TEST_F(TDocumentTest, itemsOfAnUnknownTypeAreKeptAsBytes)
+{
+    TDocument document;
+    fill(document);
+    const QByteArray bytes = bytesOf(document);
+    know(0);
+    TDocument read;
+    TDataStream stream(bytes);
+    TLoadReport report;
+    ASSERT_TRUE(read.load(stream, report));
+    EXPECT_EQ(report.fWarnings.size(), 3);
+    EXPECT_EQ(bytesOf(read), bytes);
+}
+
+TEST_F(TDocumentTest, everyCutIsRefusedWithAPlaceOrReadAsFarAsItGoes)
+{
+    TDocument document;
+    fill(document);
+    const QByteArray bytes = bytesOf(document);
+    for (int length = 0; length < bytes.size(); ++length) {
+        TDocument read;
+        TDataStream stream(bytes.left(length));
+        TLoadReport report;
+        EXPECT_FALSE(read.load(stream, report)) << length;
+        EXPECT_FALSE(report.fError.isEmpty()) << length;
+        EXPECT_GE(report.fPosition, 0) << length;
+        TDocument tolerant;
+        TDataStream tolerantStream(bytes.left(length));
+        tolerantStream.setTolerant(true);
+        TLoadReport tolerantReport;
+        tolerant.load(tolerantStream, tolerantReport);
+        EXPECT_LE(tolerant.items().size(), 3);
+    }
+}
+
+TEST_F(TDocumentTest, aFailedSaveLeavesTheOldFileWhole)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("a.klm");
+    TDocument document;
+    fill(document);
+    ASSERT_TRUE(document.saveTo(path));
+    EXPECT_TRUE(TDocument::isDocument(path));
+    EXPECT_FALSE(document.isModified());
+    QString error;
+    EXPECT_FALSE(document.saveTo(dir.filePath("no/such/folder/a.klm"), &error));
+    EXPECT_FALSE(error.isEmpty());
+    TDocument read;
+    TLoadReport report;
+    EXPECT_TRUE(read.loadFrom(path, report));
+    QFile other(dir.filePath("b.csv"));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("1,2\n");
+    other.close();
+    EXPECT_FALSE(TDocument::isDocument(other.fileName()));
+    EXPECT_FALSE(TDocument().loadFrom(other.fileName(), report));
+}
+
+TEST_F(TDocumentTest, creatingItemsOwnsThemWhileUndone)
+{
+    TSecurePtr<TTextItem> weak;
+    {
+        TDocument document;
+        auto *item = new TTextItem("x");
+        weak = TSecurePtr<TTextItem>(item);
+        document.history().push(new TCmdCreateItem(TCmdCreateItem::cImport, {item}, &document, nullptr, {}, 0));
+        ASSERT_EQ(document.pages().size(), 1);
+        EXPECT_EQ(item->canvas(), document.pages().first());
+        EXPECT_FALSE(item->rect().isEmpty());
+        document.history().stack()->undo();
+        EXPECT_TRUE(document.items().isEmpty());
+        EXPECT_TRUE(document.pages().isEmpty()) << "the page that the command made goes with its items";
+        EXPECT_TRUE(weak);
+        document.history().stack()->redo();
+        EXPECT_EQ(document.items().size(), 1);
+        document.history().stack()->undo();
+    }
+    EXPECT_FALSE(weak) << "the undone command deleted its item";
+}
