@@ -23,6 +23,8 @@ void TBasePlugin::registered(IPluginHost *host)
     if (!Utils::Framework::instance)
         Utils::Framework::instance = host;
     logRegistration(*this);
+    qDeleteAll(fConverters); // of a host that is gone
+    fConverters.clear();
     registerConverters();
 }
 

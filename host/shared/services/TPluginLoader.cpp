@@ -45,6 +45,8 @@ void TPluginLoader::loadLibrary(const QString &path)
         TLogger::printToLogger("Kelmora", fProblems.last(), 1);
         return;
     }
+    if (fPlugins.contains(root)) // the same library on two ways
+        return;
     fPlugins.append(root);
     fLibraries.push_back(std::move(library));
 }

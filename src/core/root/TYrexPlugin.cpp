@@ -1,0 +1,186 @@
+#include "TYrexPlugin.h"
+
+#include "TASCIIYrexConverter.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TYrexParamsParsers.h"
+#include "TYrexPluginObjectFactory.h"
+#include "TYrexPluginWrapper.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "consts/Consts.h"
+#include "params/TParamsParser.h"
+#include "params/TParamsParsers.h"
+#include "plugin/IDAPlugin.h"
+#include "plugin/IDrawingTools.h"
+#include "services/IPluginHost.h"
+#include "settings/TDefaultsIni.h"
+
+#include <QPointer>
+
+namespace {
+
+constexpr int cReportItemRtti = 107;
+constexpr int cFactoryCount = 3; // one for each engine that a host keeps: console, files, menu entries
+constexpr double cDefaultStackAngle = 15.0;
+
+QPointer<TYrexPlugin> gInstance;
+
+} // namespace
+
+TYrexPlugin *yrexPluginInstance()
+{
+    return gInstance;
+}
+
+TYrexPlugin::TYrexPlugin()
+{
+    if (!gInstance)
+        gInstance = this;
+    setObjectName("zarnu");
+    fName = "Zarnu";
+    fVersion = "1.6";
+    fDate = QDate::fromString("2025-05-21", Qt::ISODate);
+    fBaseId = Consts::Common::yrexPluginBaseID;
+    fSecondId = Consts::Common::yrexPluginSecondID;
+    fUiResource = ":/ui/YrexPlugin.mui";
+    fOrderHint = 7;
+    fCapabilities = 3;
+    const TDefaultsIni settings;
+    fStackAngle = settings.value("Zarnu/Stack/Angle", cDefaultStackAngle).toDouble();
+    fOneStackPerYUnit = settings.value("Zarnu/Stack/OneStackPerYUnit", true).toBool();
+}
+
+TYrexPlugin::~TYrexPlugin()
+{
+    if (IYrexItemFactory::current() == this)
+        IYrexItemFactory::setCurrent(nullptr);
+}
+
+void TYrexPlugin::registered(IPluginHost *host)
+{
+    IYrexItemFactory::setCurrent(this);
+    TBasePluginEx::registered(host);
+    if (!host)
+        return;
+    fDrawingTools = qobject_cast<IDrawingTools *>(host->pluginByBaseId(Consts::Common::drawPluginBaseID));
+    fDAPlugin = qobject_cast<IDAPlugin *>(host->pluginByBaseId(Consts::Common::daPluginBaseID));
+    logRegistration(*qobject_cast<IPluginInfo *>(this));
+    for (int i = 0; i < cFactoryCount; ++i)
+        host->registerScriptFactory(new TYrexPluginObjectFactory);
+    host->registerScriptObject(objectName(), nullptr, 0);
+}
+
+void TYrexPlugin::registerConverters()
+{
+    // files are offered in this order, so the converter that accepts nearly anything stands last
+    fConverters.append(new TASCIIYrexConverter(this));
+}
+
+void TYrexPlugin::enable()
+{
+    TBasePluginEx::enable();
+    constexpr int cHostOwns = 1;
+    if (fHost)
+        fHost->registerScriptObject(objectName(), new TYrexPluginWrapper(this), cHostOwns);
+}
+
+void TYrexPlugin::disable()
+{
+    TBasePluginEx::disable();
+    if (fHost)
+        fHost->registerScriptObject(objectName(), nullptr, 0);
+}
+
+TCanvasItem *TYrexPlugin::createItem(int rtti)
+{
+    return rtti == TCanvasYrexSpectrum::cRtti ? new TCanvasYrexSpectrum({}, nullptr, this) : nullptr;
+}
+
+ICanvasItem *TYrexPlugin::createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *parent)
+{
+    return new TCanvasYrexSpectrum(spectra, dynamic_cast<TPage *>(parent), this);
+}
+
+void TYrexPlugin::hostEvent(const QByteArray &name)
+{
+    if (name != Consts::Events::cDocLoaded || !fHost || !fHost->document())
+        return;
+    for (ICanvasItem *item : fHost->document()->items().getByRtti(cReportItemRtti))
+        canvasItem(item)->update();
+}
+
+TCanvasItem *TYrexPlugin::stackItems(TPage *, TCanvasItem *, TCmdList *&commands, bool)
+{
+    commands = nullptr;
+    return nullptr;
+}
+
+QObject *TYrexPlugin::tableSettings(TTableProperties *, TCanvasItem *)
+{
+    return nullptr;
+}
+
+QString TYrexPlugin::tableReport(TTableProperties *properties, TCanvasItem *item, const QString &format)
+{
+    return TBasePluginEx::tableReport(properties, item, format);
+}
+
+IDAItemCtx *TYrexPlugin::daContext(TCanvasItem *)
+{
+    return nullptr;
+}
+
+TCommand *TYrexPlugin::editArrayedDataCommand(const TCanvasItemList &, const QVariantMap &)
+{
+    return nullptr;
+}
+
+TCommand *TYrexPlugin::editParamCommand(const TCanvasItemList &, int, const QString &)
+{
+    return nullptr;
+}
+
+TCommand *TYrexPlugin::editTemplatesCommand(const TCanvasItemList &, const TSpectrumParamsTemplate &)
+{
+    return nullptr;
+}
+
+const QObject *TYrexPlugin::paramsDescriptor() const
+{
+    static const QObject cDescriptor;
+    return &cDescriptor;
+}
+
+QVariantMap TYrexPlugin::paramsAsMap(TCanvasItem *item) const
+{
+    const TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
+    const TYrexSpectrum *spectrum = spectrumItem ? spectrumItem->currentSpectrum() : nullptr;
+    return spectrum ? spectrum->paramsBundle().toVariantMap() : QVariantMap();
+}
+
+TSpectrumParamsTemplate TYrexPlugin::paramsTemplate(TCanvasItem *item) const
+{
+    const TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
+    const TYrexSpectrum *spectrum = spectrumItem ? spectrumItem->currentSpectrum() : nullptr;
+    const TParamsParser *parser = spectrum ? yrexParamsParsers().value(spectrum->fileFormat()) : nullptr;
+    return parser ? parser->templates() : TSpectrumParamsTemplate();
+}
+
+ISpectrumItemCtx *TYrexPlugin::spectrumContext(TCanvasItem *)
+{
+    return nullptr;
+}
+
+IStackedItemCtx *TYrexPlugin::stackedContext(TCanvasItem *)
+{
+    return nullptr;
+}
+
+void TYrexPlugin::adjustStackedItems(const TCanvasItemList &) {}
+
+int TYrexPlugin::availableFlags() const
+{
+    return 0;
+}
+
+void TYrexPlugin::compare(const TCanvasItemList &, int) {}

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "IYrexItemFactory.h"
+#include "plugin/IPluginAdjustStackedItems.h"
+#include "plugin/IPluginCompareItems.h"
+#include "plugin/IPluginDAItems.h"
+#include "plugin/IPluginItemParameters.h"
+#include "plugin/IPluginSpectrumItemsContext.h"
+#include "plugin/IPluginStackedItemsContext.h"
+#include "plugin/IYrexPlugin.h"
+#include "plugin/TBasePluginEx.h"
+
+class IDAPlugin;
+class IDrawingTools;
+
+/// The module: identity, converters, the item factory, stack settings. Everything of the plug-in is put together here.
+class TYrexPlugin : public TBasePluginEx,
+                    public IYrexPlugin,
+                    public IPluginDAItems,
+                    public IPluginItemParameters,
+                    public IPluginSpectrumItemsContext,
+                    public IPluginStackedItemsContext,
+                    public IPluginAdjustStackedItems,
+                    public IPluginCompareItems,
+                    public IYrexItemFactory
+{
+    Q_OBJECT
+    Q_INTERFACES(IYrexPlugin IPluginDAItems IPluginItemParameters IPluginSpectrumItemsContext IPluginStackedItemsContext
+                     IPluginCompareItems)
+
+public:
+    TYrexPlugin();
+    ~TYrexPlugin() override;
+
+    void registered(IPluginHost *host) override;
+    void enable() override;
+    void disable() override;
+
+    TCanvasItem *createItem(int rtti) override;
+    ICanvasItem *createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *parent) override;
+    void hostEvent(const QByteArray &name) override;
+
+    TCanvasItem *stackItems(TPage *page, TCanvasItem *item, TCmdList *&commands, bool keep) override;
+    QObject *tableSettings(TTableProperties *properties, TCanvasItem *item) override;
+    QString tableReport(TTableProperties *properties, TCanvasItem *item, const QString &format) override;
+    IDAItemCtx *daContext(TCanvasItem *item) override;
+    TCommand *editArrayedDataCommand(const TCanvasItemList &items, const QVariantMap &map) override;
+    TCommand *editParamCommand(const TCanvasItemList &items, int id, const QString &value) override;
+    TCommand *editTemplatesCommand(const TCanvasItemList &items, const TSpectrumParamsTemplate &templates) override;
+    const QObject *paramsDescriptor() const override;
+    QVariantMap paramsAsMap(TCanvasItem *item) const override;
+    TSpectrumParamsTemplate paramsTemplate(TCanvasItem *item) const override;
+    ISpectrumItemCtx *spectrumContext(TCanvasItem *item) override;
+    IStackedItemCtx *stackedContext(TCanvasItem *item) override;
+    void adjustStackedItems(const TCanvasItemList &items) override;
+    int availableFlags() const override;
+    void compare(const TCanvasItemList &items, int flags) override;
+
+    /// Skew angle of new stacks, in degrees.
+    double stackAngle() const { return fStackAngle; }
+    bool oneStackPerYUnit() const { return fOneStackPerYUnit; }
+
+protected:
+    void registerConverters() override;
+    QString logCategory() const override { return QStringLiteral("YREX"); }
+
+private:
+    IDrawingTools *fDrawingTools = nullptr; // of other plug-ins; not owned, null without them
+    IDAPlugin *fDAPlugin = nullptr;
+    double fStackAngle;
+    bool fOneStackPerYUnit;
+};
+
+/// The first plug-in object of this process; a later one does not replace it.
+TYrexPlugin *yrexPluginInstance();
