@@ -4,6 +4,7 @@
 #include "TYrexPlotTitleParser.h"
 #include "TYrexUnits.h"
 #include "plot/TStackedClassProperties.h"
+#include "plot/TTypesetter.h"
 #include "stream/StreamUtils.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
@@ -75,7 +76,7 @@ QString TCanvasYrexSpectrum::title(bool plotTitle) const
     if (!plot || !fDataObj)
         return QString();
     if (plotTitle)
-        return spectrumTitle(-1);
+        return TTypesetter::plainText(spectrumTitle(-1));
     QStringList titles;
     for (const int index : stack().visibleIndices())
         titles.append(stack().at(index)->title());

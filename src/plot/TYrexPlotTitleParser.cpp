@@ -2,6 +2,7 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
+#include "plot/TTypesetter.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -21,7 +22,8 @@ QString TYrexPlotTitleParser::shownTitle() const
     if (!title.isEmpty())
         return title;
     // an untitled spectrum goes by its file, so that a picture says what it shows
-    const QString file = QFileInfo(fSpectrum->paramsBundle().fileName()).completeBaseName();
+    const QFileInfo info(fSpectrum->paramsBundle().fileName());
+    const QString file = TTypesetter::escaped(info.completeBaseName()); // underscores of a file name lower nothing
     const bool isOneOfMany = !fWholeItem && fItem.isStacked() && !file.isEmpty();
     return isOneOfMany ? QString("%1 %2").arg(file).arg(fIndex + 1) : file;
 }
@@ -45,7 +47,7 @@ QString TYrexPlotTitleParser::valueOf(const QString &name) const
     if (name == QLatin1String("Units"))
         return yrexUnitDisplayName(fSpectrum->yUnits());
     if (name == QLatin1String("File"))
-        return QFileInfo(fSpectrum->paramsBundle().fileName()).fileName();
+        return TTypesetter::escaped(QFileInfo(fSpectrum->paramsBundle().fileName()).fileName());
     return fSpectrum->paramTextByName(name, 0);
 }
 

@@ -59,9 +59,11 @@ TEST(TCanvasYrexSpectrum, tellsWhatItIs)
 
 TEST(TCanvasYrexSpectrum, titlesExpandPlaceholders)
 {
-    TCanvasYrexSpectrum item({titled("Band", "folder/a.b.csv"), titled("", "folder/a.b.csv")}, nullptr, nullptr);
+    TCanvasYrexSpectrum item({titled("Band", "folder/a.b.csv"), titled("", "folder/a_2.b.csv")}, nullptr, nullptr);
     EXPECT_EQ(item.title(true), "Band");
-    EXPECT_EQ(item.spectrumTitle(1), "a.b 2") << "an untitled spectrum goes by its file";
+    EXPECT_EQ(item.spectrumTitle(1), "a\\_2.b 2") << "an untitled spectrum goes by its file";
+    item.stack().setCurrent(1);
+    EXPECT_EQ(item.title(true), "a_2.b");
     item.activeYrexPlot()->titleProperties().format = "{Number}/{Count} {File} [{Units}] {Title}{nonsense}";
     EXPECT_EQ(item.spectrumTitle(0), "1/2 a.b.csv [Absorbance] Band");
     EXPECT_EQ(item.spectrumTitle(9), "") << "no such spectrum";
