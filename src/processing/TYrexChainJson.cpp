@@ -292,25 +292,26 @@ QByteArray valueText(const QVariant &value)
 
 QByteArray actionText(const QVariantMap &action, TYrexChainJson::TStyle style)
 {
+    const int id = action.value(QLatin1String(cKeyOpId)).toInt();
+    const QString idKey = QString::fromLatin1(cKeyOpId);
+    const bool withLabels = style == TYrexChainJson::cLabels;
     QByteArrayList texts;
     QVariantMap rest = action;
-    const auto write = [&texts, &rest, style](const QString &name, const QString &key) {
+    const auto write = [&](const QString &name, const QString &key, const QVector<int> &options) {
         if (!rest.contains(key))
             return;
         const QVariant value = rest.take(key);
-        const QString label = TYrexProcLabels::sourceLabel(value.toInt());
-        const bool asLabel = style == TYrexChainJson::cLabels && TYrexProcDefaults::isEnumKey(key) && !label.isEmpty();
-        texts.append(quoted(name) + ": " + (asLabel ? quoted(label) : valueText(value)));
+        const bool asLabel = withLabels && value.type() == QVariant::Int && options.contains(value.toInt());
+        texts.append(quoted(name) + ": " +
+                     (asLabel ? quoted(TYrexProcLabels::sourceLabel(value.toInt())) : valueText(value)));
     };
-    const int id = action.value(QLatin1String(cKeyOpId)).toInt();
-    const QString idKey = QString::fromLatin1(cKeyOpId);
-    write(style == TYrexChainJson::cLabels ? cActionKey : idKey, idKey);
-    write(QString::fromLatin1(cKeyApply), QString::fromLatin1(cKeyApply));
-    for (const TYrexProcKey &key : TYrexProcDefaults::keysOf(id))
-        write(key.fKey, key.fKey);
+    write(withLabels ? cActionKey : idKey, idKey, TYrexProcDefaults::actionIds());
+    write(QString::fromLatin1(cKeyApply), QString::fromLatin1(cKeyApply), {});
+    for (const TYrexProcKey &key : TYrexProcDefaults::keysOf(id, true))
+        write(key.fKey, key.fKey, key.fOptions);
     const QStringList others = rest.keys();
     for (const QString &key : others)
-        write(key, key);
+        write(key, key, {});
     return "{ " + texts.join(", ") + " }";
 }
 

@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QSaveFile>
+#include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -27,6 +29,33 @@ constexpr int cDefaultLambda = 500;
 QString translated(const char *text)
 {
     return QCoreApplication::translate("TYrexProcParams", text);
+}
+
+/// Whether two values are written as the same bytes. QVariant's own comparison rounds doubles and converts types.
+bool isIdentical(const QVariant &a, const QVariant &b)
+{
+    if (a.userType() != b.userType() || a.isNull() != b.isNull())
+        return false;
+    switch (int(a.type())) {
+    case QMetaType::Double: {
+        const double x = a.toDouble();
+        const double y = b.toDouble();
+        return std::memcmp(&x, &y, sizeof(double)) == 0;
+    }
+    case QMetaType::QVariantList: {
+        const QVariantList x = a.toList();
+        const QVariantList y = b.toList();
+        return x.size() == y.size() && std::equal(x.begin(), x.end(), y.begin(), isIdentical);
+    }
+    case QMetaType::QVariantMap: {
+        const QVariantMap x = a.toMap();
+        const QVariantMap y = b.toMap();
+        return x.size() == y.size() && std::equal(x.keyBegin(), x.keyEnd(), y.keyBegin()) &&
+               std::equal(x.begin(), x.end(), y.begin(), isIdentical);
+    }
+    default:
+        return a == b;
+    }
 }
 
 } // namespace
@@ -97,6 +126,12 @@ void TYrexProcParams::setDefaultMap(int action, const QVariantMap &map)
     const int index = TYrexProcDefaults::actionIds().indexOf(action);
     if (index >= 0)
         fDefaults[size_t(index)] = map;
+}
+
+void TYrexProcParams::shareActions(const TYrexProcParams &other)
+{
+    if (isIdentical(fActions, other.fActions))
+        fActions = other.fActions;
 }
 
 void TYrexProcParams::setApplyNothing()

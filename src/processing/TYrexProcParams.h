@@ -64,6 +64,10 @@ public:
     const TYrexMultipointSetup &multipoint() const { return fMultipoint; }
     TYrexMultipointSetup &multipoint() { return fMultipoint; }
 
+    /// Lets a chain that is identical to the other's, to the last bit, take no memory of its own. The spectra of a
+    /// loaded stack have nearly always one chain.
+    void shareActions(const TYrexProcParams &other);
+
     /// Clears "apply" in every action of the chain.
     void setApplyNothing();
 

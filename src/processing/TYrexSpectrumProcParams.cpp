@@ -53,6 +53,7 @@ void TYrexSpectrumProcParams::load(TDataStream &stream)
 {
     read(stream);
     fLastApplied.read(stream);
+    fLastApplied.shareActions(*this);
     TDataStreamAdaptor(stream).skipData(); // room for later versions
 }
 

@@ -150,6 +150,7 @@ TEST_F(ChainJson, writesWhatReadsBackToTheSameChain)
     QVariantMap map = params.action(params.indexOfAction(39));
     map.insert("normalizationvalue", 0.1 + 0.2);
     map.insert("normalizationrangefrom", std::nextafter(1234.5, 2000.0));
+    map.insert("smoothmethod", "SNIP"); // another action's key: unknown here, and no option
     map.insert("note", QString::fromUtf8("µm \"quoted\"\n"));
     params.setAction(params.indexOfAction(39), map);
     for (const auto style : {TYrexChainJson::cIds, TYrexChainJson::cLabels}) {

@@ -124,6 +124,24 @@ TEST_F(ProcParams, aCopyTakesEverythingButTheAutomaticPointCount)
     EXPECT_EQ(copy.multipoint().autoPointCount, -1);
 }
 
+TEST_F(ProcParams, onlyIdenticalChainsAreShared)
+{
+    const auto isShared = [](const TYrexProcParams &a, const TYrexProcParams &b) {
+        return a.actions().isSharedWith(b.actions());
+    };
+    const QVariantList values = {5, 5.0, 5.0 + 1e-15, QVariant(), QVariantList{0.0}, QVariantList{-0.0}};
+    for (int i = 0; i < values.size(); ++i) {
+        for (int j = 0; j < values.size(); ++j) {
+            TYrexProcParams a;
+            TYrexProcParams b;
+            a.setActions({actionMap(69, true, {{"value", values[i]}})});
+            b.setActions({actionMap(69, true, {{"value", values[j]}})});
+            b.shareActions(a);
+            EXPECT_EQ(isShared(a, b), i == j) << i << " " << j;
+        }
+    }
+}
+
 TEST_F(ProcParams, setApplyNothingKeepsOrderAndKeys)
 {
     TYrexProcParams params;
