@@ -114,6 +114,8 @@ TYrexSpectrumList TYrexSpecDataObj::loadSpectra(TDataStream &stream) const
         for (int i = 0; i < count && stream.isGood(); ++i) {
             auto *spectrum = new TYrexSpectrum;
             spectrum->load(stream);
+            if (!spectra.isEmpty()) // a stack is mostly processed alike
+                spectrum->procParams().shareActions(spectra.last()->procParams());
             spectra.append(spectrum);
         }
     }
