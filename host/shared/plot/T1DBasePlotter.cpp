@@ -124,17 +124,9 @@ void T1DBasePlotter::plotBaseline(QPainter &painter, double value) const
 
 QRectF T1DBasePlotter::adjustPlotCurvesRectToTitle(const QRectF &rect, const TTitleProperties &title) const
 {
-    const double space = getTitleSpace(title);
-    switch (title.position) {
-    case titleAtLeft:
-        return rect.adjusted(std::min(space, rect.width() / 2), 0.0, 0.0, 0.0);
-    case titleAtRight:
-        return rect.adjusted(0.0, 0.0, -std::min(space, rect.width() / 2), 0.0);
-    case titleInside:
-        return rect;
-    default:
-        return rect.adjusted(0.0, std::min(space, rect.height() / 2), 0.0, 0.0);
-    }
+    const QMarginsF margins = titleMargins(title);
+    return rect.adjusted(std::min(margins.left(), rect.width() / 2), std::min(margins.top(), rect.height() / 2),
+                         -std::min(margins.right(), rect.width() / 2), 0.0);
 }
 
 void T1DBasePlotter::plotTitle(QPainter &painter, const QString &text, const TTitleProperties &title) const

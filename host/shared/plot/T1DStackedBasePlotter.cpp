@@ -13,11 +13,12 @@ namespace {
 
 const QUuid cPlotterId(QStringLiteral("{b7a0c0c3-3a0b-5f6b-8f43-6d8d2c9f1d03}"));
 constexpr double cDegree = 3.14159265358979323846 / 180.0;
-constexpr double cMarkSize = 24.0;   // of the mark beside the active row
-constexpr double cTitleInset = 8.0;  // between a row's title and the right end
-constexpr double cPaperAlpha = 0.7;  // behind a title inside the plot
-constexpr double cFadedAlpha = 0.45; // of curves that are not selected
-constexpr double cWideColumn = 4.0;  // widths of a number, under which a column goes without numbers
+constexpr double cMarkSize = 24.0;      // of the mark beside the active row
+constexpr double cTitleInset = 8.0;     // between a row's title and the right end
+constexpr double cMaxTitleShare = 0.25; // of the item's width, for titles beside rows
+constexpr double cPaperAlpha = 0.7;     // behind a title inside the plot
+constexpr double cFadedAlpha = 0.45;    // of curves that are not selected
+constexpr double cWideColumn = 4.0;     // widths of a number, under which a column goes without numbers
 
 } // namespace
 
@@ -47,12 +48,31 @@ const TRanges &T1DStackedBasePlotter::vertRanges() const
     return stackRow().row >= 0 ? fStackedPlot->intensityRanges() : fStackedPlot->vertRanges();
 }
 
-/// Where each curve has a title at its own end, none stands above the plot.
+bool T1DStackedBasePlotter::hasTitlePerCurve(const TTitleProperties &title) const
+{
+    return fStackedPlot->isArrayed() && title.stacked && title.position == titleOnTop &&
+           (fStackedPlot->isStacked() || fStackedPlot->isQueued() || fStackedPlot->isGrouped());
+}
+
+/// Where each curve has a title of its own, none stands above the plot.
 double T1DStackedBasePlotter::getTitleSpace(const TTitleProperties &title) const
 {
-    const bool perCurve = fStackedPlot->isArrayed() && title.stacked && title.position == titleOnTop &&
-                          (fStackedPlot->isStacked() || fStackedPlot->isQueued() || fStackedPlot->isGrouped());
-    return perCurve ? 0.0 : T1DBasePlotter::getTitleSpace(title);
+    return hasTitlePerCurve(title) ? 0.0 : T1DBasePlotter::getTitleSpace(title);
+}
+
+QMarginsF T1DStackedBasePlotter::titleMargins(const TTitleProperties &title) const
+{
+    if (!hasTitlePerCurve(title) || !title.visible)
+        return T1DBasePlotter::titleMargins(title);
+    const TTypesetter typesetter(Utils::Painter::fontSizeInPixels(title.font));
+    double widest = 0.0;
+    for (const QString &text : fStackedPlot->rowTitles())
+        widest = std::max(widest, typesetter.width(text));
+    if (widest == 0.0)
+        return QMarginsF();
+    if (fStackedPlot->isQueued())
+        return QMarginsF(0.0, typesetter.height(), 0.0, 0.0);
+    return QMarginsF(0.0, 0.0, std::min(widest, cMaxTitleShare * fStackedPlot->rect().width()), 0.0);
 }
 
 void T1DStackedBasePlotter::setStackMatrix(int row)
@@ -73,22 +93,49 @@ QRectF T1DStackedBasePlotter::curveClip() const
     return stackRow().row < 0 ? own : QRectF(own.left(), whole.top(), own.width(), whole.height());
 }
 
+QRectF T1DStackedBasePlotter::adjustedPlotArea() const
+{
+    QRectF area = T1DBasePlotter::adjustedPlotArea();
+    if (stackRow().row < 0 && fStackedPlot->hasRows()) {
+        const int rows = fRowCount > 0 ? fRowCount : fStackedPlot->drawnRows();
+        area.setWidth(area.width() - (rows - 1) * rowStep(rows));
+    }
+    return area;
+}
+
+/// What of the stack index is shown: zoomed, as long as the axis counts these rows.
+TRange T1DStackedBasePlotter::shownRows(int rows) const
+{
+    const TAxis &axis = fStackedPlot->stackIndexAxis();
+    const bool countsThem = axis.getFullScale().lo() == 0.0 && axis.getFullScale().hi() == rows;
+    return fStackedPlot->hasRows() && countsThem ? axis.drawnScale().sorted() : TRange(0.0, rows);
+}
+
+double T1DStackedBasePlotter::rowPitch(int rows) const
+{
+    const T1DStackedPlotProperties &stacked = stackedProperties();
+    const double height = getPlotCurvesRect().height() * (1.0 - stacked.topMargin() - stacked.bottomMargin());
+    return height / shownRows(rows).span();
+}
+
+/// How far each row stands right of the one in front of it.
+double T1DStackedBasePlotter::rowStep(int rows) const
+{
+    if (rows < 2 || fStackedPlot->isGrouped())
+        return 0.0;
+    const double skewed = rowPitch(rows) * std::tan(stackedProperties().angle() * cDegree);
+    return std::min(skewed, 0.5 * getPlotCurvesRect().width() / (rows - 1));
+}
+
 /// `pitchOnly`: the band of the row; else what the intensity scale fills.
 QRectF T1DStackedBasePlotter::rowRect(int row, bool pitchOnly) const
 {
     const T1DStackedPlotProperties &stacked = stackedProperties();
     const QRectF whole = getPlotCurvesRect();
-    const double height = whole.height() * (1.0 - stacked.topMargin() - stacked.bottomMargin());
-    // zoomed along the stack-index axis, as long as that axis counts these rows
-    TRange shown(0.0, fRowCount);
-    const TAxis &axis = fStackedPlot->stackIndexAxis();
-    if (fStackedPlot->hasRows() && axis.getFullScale().lo() == 0.0 && axis.getFullScale().hi() == fRowCount)
-        shown = axis.drawnScale().sorted();
-    const double pitch = height / shown.span();
-    double step = 0.0;
-    if (fRowCount > 1 && !fStackedPlot->isGrouped())
-        step = std::min(pitch * std::tan(stacked.angle() * cDegree), 0.5 * whole.width() / (fRowCount - 1));
-    const double foot = whole.bottom() - stacked.bottomMargin() * whole.height() - (row - shown.a) * pitch;
+    const double pitch = rowPitch(fRowCount);
+    const double step = rowStep(fRowCount);
+    const double foot =
+        whole.bottom() - stacked.bottomMargin() * whole.height() - (row - shownRows(fRowCount).a) * pitch;
     const double filled = pitchOnly ? pitch : pitch * 100.0 / stacked.spacing();
     return QRectF(whole.left() + row * step, foot - filled, whole.width() - (fRowCount - 1) * step, filled);
 }
@@ -189,12 +236,6 @@ void T1DStackedBasePlotter::drawActive(QPainter &painter, const T1DPlotData<doub
     drawMember(painter, x, y, -1, active, styleOf(penOf(active, 1.0)));
 }
 
-/// Below everything that a row may cover.
-double T1DStackedBasePlotter::curvesFoot() const
-{
-    return getPlotCurvesRect().bottom();
-}
-
 void T1DStackedBasePlotter::drawStack(QPainter &painter, const TSeries &xs, const TSeries &ys,
                                       const QVector<int> &orders, bool whiteWash)
 {
@@ -209,7 +250,7 @@ void T1DStackedBasePlotter::drawStack(QPainter &painter, const TSeries &xs, cons
         TCurveStyle style = styleOf(penOf(orders.at(i), 1.0));
         if (whiteWash) {
             style.fill = properties().background.isValid() ? properties().background : QColor(Qt::white);
-            style.fillBase = curvesFoot();
+            style.fillBase = getPlotCurvesRect().bottom(); // below everything that a row may cover
         }
         setStackMatrix(row);
         drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), style);
@@ -252,19 +293,20 @@ void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringLi
     const QVector<int> rows = ranked(orders.mid(0, count));
     const QRectF whole = getPlotCurvesRect();
     const double height = typesetter.height();
+    const QMarginsF room = titleMargins(title);
     const bool isQueue = fStackedPlot->isQueued();
 
     // columns have their titles on top; in rows the labels are arranged along the height
     const int every = isQueue ? 1 : std::max(1, int(std::ceil(count * height / whole.height())));
     T1DLabelArranger arranger(0.0);
     for (int i = 0; i < count; ++i) {
-        T1DLabelInfo label;
         const QRectF own = getArrayedCurveRect(rows.at(i));
+        T1DLabelInfo label;
         label.index = i;
         label.text = texts.at(i);
         label.width = height;
-        label.anchor = QPointF(isQueue ? whole.top() + height / 2 : own.bottom() - height / 2, 0.0);
-        label.pos = label.anchor.x();
+        label.anchor = QPointF(own.bottom() - height / 2, 0.0);
+        label.pos = (room.top() > 0.0 ? whole.top() - properties().plotAreaMargin - height : whole.top()) + height / 2;
         if (rows.at(i) % every == 0)
             arranger.append(label);
     }
@@ -275,16 +317,21 @@ void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringLi
     painter.save();
     for (const T1DLabelInfo &label : arranger.labels()) {
         const QRectF own = getArrayedCurveRect(rows.at(label.index));
-        const QStringList lines = typesetter.wrapped(label.text, own.width() - 2 * cTitleInset, 1);
+        const double widest = !isQueue && room.right() > 0.0 ? room.right() : own.width() - 2 * cTitleInset;
+        const QStringList lines = typesetter.wrapped(label.text, widest, 1);
         if ((!isQueue && !label.hasRoom) || lines.isEmpty())
             continue;
         const double width = typesetter.width(lines.first());
-        const double left = isQueue ? own.center().x() - width / 2 : own.right() - width - cTitleInset;
+        double left = own.center().x() - width / 2;
+        if (!isQueue)
+            left = room.right() > 0.0 ? own.right() + cTitleInset : own.right() - width - cTitleInset;
         const QRectF rect(left, label.pos - height / 2, width, height);
-        QColor paper = properties().background.isValid() ? properties().background : QColor(Qt::white);
-        paper.setAlphaF(cPaperAlpha);
-        painter.fillRect(rect, paper);
         const int order = orders.at(label.index);
+        if (room.isNull()) {
+            QColor paper = properties().background.isValid() ? properties().background : QColor(Qt::white);
+            paper.setAlphaF(cPaperAlpha);
+            painter.fillRect(rect, paper);
+        }
         painter.setPen(color.isValid() ? color : penOf(order, 1.0).color());
         typesetter.draw(painter, rect, Qt::AlignLeft | Qt::AlignTop, lines.first());
         rects.insert(order, rect);

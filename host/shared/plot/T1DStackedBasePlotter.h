@@ -30,6 +30,8 @@ public:
 
     QUuid id() const override;
     void setStackMatrix(int row) override;
+    /// Without a row set, that of the front row: to it the horizontal axis belongs.
+    QRectF adjustedPlotArea() const override;
     const TAxis &vertAxis() const override;
     const TRanges &vertRanges() const override;
     double getTitleSpace(const TTitleProperties &title) const override;
@@ -46,8 +48,8 @@ public:
     void drawQueue(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders);
     /// A row per group, its members over each other.
     void drawGroupedStack(QPainter &painter, const TGroups &groups);
-    /// A title per curve at the right end of its row, moved apart where they would overlap, the rectangle of each under
-    /// its order. An invalid colour means the curve's own.
+    /// A title per curve at the right end of its row (over its column), moved apart where they would overlap, the
+    /// rectangle of each under its order. An invalid colour means the curve's own.
     void drawStackedTitles(QPainter &painter, const QStringList &texts, const QVector<int> &orders,
                            const TTitleProperties &title, const QColor &color, QMap<int, QRectF> &rects) const;
     /// The axis under each column of a queue: in the first only where columns are narrow.
@@ -62,6 +64,7 @@ public:
 
 protected:
     QRectF curveClip() const override;
+    QMarginsF titleMargins(const TTitleProperties &title) const override;
 
 private:
     struct TPointable
@@ -78,7 +81,10 @@ private:
     TCurveChange changeOf(int curve) const;
     void drawMember(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y, int curve, int order,
                     TCurveStyle style);
-    double curvesFoot() const;
+    bool hasTitlePerCurve(const TTitleProperties &title) const;
+    TRange shownRows(int rows) const;
+    double rowPitch(int rows) const;
+    double rowStep(int rows) const;
 
     T1DStackedPlot *fStackedPlot;
     int fRowCount = 0;

@@ -72,6 +72,12 @@ QString T1DStackedPlot::axisTitle(TAxisDir dir) const
     return QCoreApplication::translate("T1DStackedPlot", "%1 (offset)").arg(title);
 }
 
+int T1DStackedPlot::drawnRows() const
+{
+    const int labelled = numberedLabels().size();
+    return labelled > 0 ? labelled : std::max(1, qRound(fStackAxis.getFullScale().span()));
+}
+
 void T1DStackedPlot::drawAxes(QPainter &painter)
 {
     const auto *stackedPlotter = dynamic_cast<const T1DStackedBasePlotter *>(plotter());
@@ -80,7 +86,7 @@ void T1DStackedPlot::drawAxes(QPainter &painter)
         return;
     }
     stackedPlotter->drawGrid(painter);
-    stackedPlotter->drawQueueAxes(painter, numberedLabels().size());
+    stackedPlotter->drawQueueAxes(painter, drawnRows());
     stackedPlotter->drawAxis(painter, vertDir);
     stackedPlotter->drawFrame(painter);
 }

@@ -56,6 +56,10 @@ public:
     virtual void drawPeaks(QPainter &) {}
     virtual void drawIntegrals(QPainter &) {}
     virtual void drawHighlights(QPainter &) {}
+    /// The titles of the rows or columns, for which room is kept beside them; empty: they stand over the curves.
+    virtual QStringList rowTitles() const { return {}; }
+    /// Rows or columns that a draw in the present mode has; axes are drawn before the curves and need the number.
+    virtual int drawnRows() const;
     /// Ids of the spectra in the order in which their curves are drawn, for the factors and offsets of the stacked
     /// properties; empty: curves are drawn as the data stand.
     virtual QVector<quint32> drawnIds() const { return {}; }

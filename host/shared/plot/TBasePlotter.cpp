@@ -11,7 +11,6 @@
 namespace {
 
 const QUuid cPlotterId(QStringLiteral("{6f0c2f1a-5a1e-5e0b-9c3d-2f6f1a7f6b01}"));
-constexpr double cTitleGap = 14.0; // between title and curves, beside the margin of the plot area
 
 int slot(TAxisDir dir)
 {
@@ -165,6 +164,21 @@ double TBasePlotter::getTitleSpace(const TTitleProperties &title) const
     const QRectF rect = fPlot->rect();
     const int lines = titleLines(title, title.position == titleOnTop ? rect.width() : rect.height());
     return lines == 0 ? 0.0 : lines * titleLineHeight(title) + cTitleGap;
+}
+
+QMarginsF TBasePlotter::titleMargins(const TTitleProperties &title) const
+{
+    const double space = getTitleSpace(title);
+    switch (title.position) {
+    case titleAtLeft:
+        return QMarginsF(space, 0.0, 0.0, 0.0);
+    case titleAtRight:
+        return QMarginsF(0.0, 0.0, space, 0.0);
+    case titleInside:
+        return QMarginsF();
+    default:
+        return QMarginsF(0.0, space, 0.0, 0.0);
+    }
 }
 
 QRectF TBasePlotter::getTitleRect(const TTitleProperties &title) const

@@ -6,6 +6,7 @@
 #include "plot/TAxisTicks.h"
 #include "plot/TBasePlotProperties.h"
 #include <QLineF>
+#include <QMarginsF>
 #include <QRectF>
 #include <QTransform>
 #include <QUuid>
@@ -33,7 +34,8 @@ public:
     static constexpr double cAxes1aryTickLength = 20.0;
     static constexpr double cAxes2aryTickLength = 12.0;
     static constexpr double cHandlerSize = 16.0;
-    static constexpr double cCutGap = 20.0; // between two visible pieces of an axis
+    static constexpr double cCutGap = 20.0;   // between two visible pieces of an axis
+    static constexpr double cTitleGap = 14.0; // between a title and what it stands beside
 
     explicit TBasePlotter(TBasePlot *plot);
     virtual ~TBasePlotter();
@@ -123,7 +125,8 @@ protected:
     void setStackRow(const TStackRow &row) { fRow = row; }
     /// The curves rectangle before a title takes its part.
     QRectF untitledCurvesRect() const;
-    /// Height of a line of the title and its distance from the curves.
+    /// What the title takes from the curves rectangle, side by side.
+    virtual QMarginsF titleMargins(const TTitleProperties &title) const;
     static double titleLineHeight(const TTitleProperties &title);
     /// Lines that the plot's title takes along a length.
     int titleLines(const TTitleProperties &title, double length) const;
@@ -162,7 +165,7 @@ private:
     double stripThickness(TAxisDir dir) const;
     double numbersWidth(double length) const;
     TAxisTicks ticksFor(TAxisDir dir, double length) const;
-    double exponentRoom() const; // above the vertical axis
+    double exponentRoom() const; // at the end of the vertical axis
     int axisTitleLines(TAxisDir dir, double length) const;
     void drawCutMark(QPainter &painter, TAxisDir dir, double place) const;
     void drawTick(QPainter &painter, TAxisDir dir, double place, double length) const;

@@ -109,7 +109,7 @@ double TBasePlotter::stripThickness(TAxisDir dir) const
 double TBasePlotter::exponentRoom() const
 {
     const TAxis &vert = fPlot->vertAxis();
-    if (!vert.isVisible() || !fPlot->hasNumbers(vertDir) || fPlot->horzAxis().posPolicy() == axisAtTop)
+    if (!vert.isVisible() || !fPlot->hasNumbers(vertDir))
         return 0.0;
     const double length = fPlot->rect().height();
     return ticksFor(vertDir, length).exponent() == 0 ? 0.0 : typesetterOf(properties().axesFont).height();
@@ -130,8 +130,12 @@ QRectF TBasePlotter::computedCurvesRect() const
     };
     const double left = margin(given.marginLeft, vertStrip, !atRight);
     const double right = margin(given.marginRight, vertStrip, atRight);
-    const double top = margin(given.marginTop, horzStrip, onTop) + (given.marginTop < 0.0 ? exponentRoom() : 0.0);
-    const double bottom = margin(given.marginBottom, horzStrip, !onTop);
+    double top = margin(given.marginTop, horzStrip, onTop);
+    double bottom = margin(given.marginBottom, horzStrip, !onTop);
+    if (onTop)
+        bottom += given.marginBottom < 0.0 ? exponentRoom() : 0.0;
+    else
+        top += given.marginTop < 0.0 ? exponentRoom() : 0.0;
     QRectF curves = rect.adjusted(left, top, -right, -bottom);
     curves.setWidth(std::max(cMinCurves, curves.width()));
     curves.setHeight(std::max(cMinCurves, curves.height()));
@@ -310,7 +314,10 @@ void TBasePlotter::drawExponent(QPainter &painter, TAxisDir dir, const QString &
     const double width = typesetter.width(text);
     if (dir == vertDir) {
         const double left = isTurnedOver(dir) ? area.right() - width : area.left() - properties().axesLineWidth / 2;
-        typesetter.draw(painter, QPointF(left, area.top() - cNumberGap), text);
+        // at the end that the horizontal axis leaves free
+        const double base =
+            isTurnedOver(horzDir) ? area.bottom() + cNumberGap + typesetter.ascent() : area.top() - cNumberGap;
+        typesetter.draw(painter, QPointF(left, base), text);
         return;
     }
     const TTypesetter title = typesetterOf(properties().axesTitleFont);

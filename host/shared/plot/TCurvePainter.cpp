@@ -12,6 +12,7 @@ namespace {
 constexpr double cPrintColumn = 254.0 / 1200.0; // canvas units: a column at 1200 dpi
 constexpr int cRun = 16; // points that Qt's stroker gets at once: its time grows with their square
 constexpr int cMaxDashes = 20000;
+constexpr double cDashStep = 3.0; // pen widths
 
 /// What of the device the painter can reach, in device pixels.
 QRectF deviceBounds(QPainter &painter)
@@ -78,6 +79,23 @@ QPolygonF clippedArea(const QVector<QPointF> &line, double base, const QRectF &c
     area.append(QPointF(area.last().x(), height));
     area.append(QPointF(area.first().x(), height));
     return area;
+}
+
+/// The way along a line up to each of its points, made in steps of at least that length: along noise itself it would
+/// use dashes up on the spot.
+QVector<double> smoothWay(const QVector<QPointF> &line, double step)
+{
+    QVector<double> way(line.size(), 0.0);
+    int anchor = 0;
+    for (int i = 1; i < line.size(); ++i) {
+        const double distance = QLineF(line.at(anchor), line.at(i)).length();
+        if (distance < step && i + 1 < line.size())
+            continue;
+        for (int k = anchor + 1; k <= i; ++k)
+            way[k] = way.at(anchor) + distance * (k - anchor) / (i - anchor);
+        anchor = i;
+    }
+    return way;
 }
 
 } // namespace
@@ -191,10 +209,8 @@ void TCurvePainter::drawDashes(QPainter &painter, const TReducedCurve &curve, co
         period += pattern.last();
     }
     double length = 0.0;
-    for (const QVector<QPointF> &line : curve.lines) {
-        for (int i = 1; i < line.size(); ++i)
-            length += QLineF(line.at(i - 1), line.at(i)).length();
-    }
+    for (const QVector<QPointF> &line : curve.lines)
+        length += smoothWay(line, cDashStep * penWidth).last();
     TReducedCurve dashes;
     dashes.monotonic = false;
     const bool isSolid = pattern.isEmpty() || length > period * cMaxDashes; // dashes of noise are noise
@@ -203,23 +219,20 @@ void TCurvePainter::drawDashes(QPainter &painter, const TReducedCurve &curve, co
             dashes.lines.append(line);
             continue;
         }
+        const QVector<double> way = smoothWay(line, cDashStep * penWidth);
         int part = 0;
-        double left = pattern.first();
+        double end = pattern.first(); // of the present part
         QVector<QPointF> dash = {line.first()};
         for (int i = 1; i < line.size(); ++i) {
-            QPointF from = line.at(i - 1);
-            double distance = QLineF(from, line.at(i)).length();
-            while (distance > left) {
-                from += (line.at(i) - from) * (left / distance);
-                distance -= left;
-                dash.append(from);
+            while (way.at(i) > end) {
+                const double share = (end - way.at(i - 1)) / (way.at(i) - way.at(i - 1));
+                dash.append(line.at(i - 1) + (line.at(i) - line.at(i - 1)) * share);
                 if (part % 2 == 0)
                     dashes.lines.append(dash);
-                dash = {from};
+                dash = {dash.last()};
                 part = (part + 1) % pattern.size();
-                left = pattern.at(part);
+                end += pattern.at(part);
             }
-            left -= distance;
             dash.append(line.at(i));
         }
         if (part % 2 == 0)
