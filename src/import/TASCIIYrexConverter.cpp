@@ -10,16 +10,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <cmath>
-#include <limits>
 #include <memory>
 
 namespace {
 
 const QString cCsvFilter = QStringLiteral("Zarnu CSV (*.csv *.txt)");
 
-constexpr int cSpectrumItem = 115;        // item type
-constexpr qint64 cHeadBytes = 128 * 1024; // that much decides on a file
-constexpr qint64 cMostBytes = std::numeric_limits<int>::max() - 64;
+constexpr int cSpectrumItem = 115;                        // item type
+constexpr qint64 cHeadBytes = 128 * 1024;                 // that much decides on a file
 constexpr double cNarrowestRange = 1.1920928955078125e-7; // the smallest step of a float at 1
 
 /// The pieces of the axis that are worth to be written.
@@ -71,13 +69,11 @@ int TASCIIYrexConverter::readFile(const QString &fileName)
         setProblem(file.errorString());
         return cConverterFileNotOpened;
     }
-    if (file.size() > cMostBytes) {
-        setProblem(QStringLiteral("expected at most %1 bytes, found %2").arg(cMostBytes).arg(file.size()));
-        return cConverterOutOfMemory;
-    }
     TAsciiTable table;
     QString problem;
-    const int code = readAsciiTable(file.readAll(), &table, &problem);
+    // a pipe cannot be read from behind, so its text is taken as a whole
+    const int code = file.isSequential() ? readAsciiTable(file.readAll(), &table, &problem)
+                                         : readAsciiTable(&file, &table, &problem);
     if (code == cConverterOk)
         appendSpectra(&table);
     else

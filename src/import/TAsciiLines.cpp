@@ -13,7 +13,6 @@ constexpr TAsciiClass cQ = TAsciiClass::cEquals;
 constexpr TAsciiClass cE = TAsciiClass::cLineEnd;
 constexpr TAsciiClass cB = TAsciiClass::cBeyond;
 
-constexpr int cShortestLine = 3; // characters
 constexpr char cByteOrderMark[] = "\xEF\xBB\xBF";
 constexpr int cByteOrderMarkSize = 3;
 constexpr quint64 cHighBits = 0x8080808080808080ULL;
@@ -99,12 +98,9 @@ const TAsciiClass cAsciiClasses[256] = {
 };
 // clang-format on
 
-TAsciiLines::TAsciiLines(const char *begin, const char *end)
-    : fFront(begin)
-    , fBack(end)
+const char *TAsciiLines::textStart(const char *begin, const char *end)
 {
-    if (startsWithByteOrderMark(fFront, fBack))
-        fFront += cByteOrderMarkSize;
+    return startsWithByteOrderMark(begin, end) ? begin + cByteOrderMarkSize : begin;
 }
 
 bool TAsciiLines::next(TAsciiLine *line)
@@ -114,9 +110,7 @@ bool TAsciiLines::next(TAsciiLine *line)
     const char *end = findLineEnd(fFront, fBack, &line->fPlain);
     line->fBegin = fFront;
     line->fEnd = end;
-    fHadLineEnd = end < fBack;
-    fFrontDone = !fHadLineEnd;
-    fFront = fHadLineEnd ? end + 1 : end;
+    passLine(end);
     return true;
 }
 
@@ -135,11 +129,6 @@ bool TAsciiLines::previous(TAsciiLine *line)
     if (!fBackDone)
         fBack = begin - 1;
     return true;
-}
-
-qint64 TAsciiLines::countLeft() const
-{
-    return fFrontDone ? 0 : 1 + std::count(fFront, fBack, '\n') + std::count(fFront, fBack, '\r');
 }
 
 bool TAsciiLines::clean(TAsciiLine *line)

@@ -24,17 +24,21 @@ struct TAsciiLine
     int size() const { return int(fEnd - fBegin); }
 };
 
-/// The lines of UTF-8 text in memory, forwards or backwards, without a copy. A byte order mark at the start is passed
-/// over; "\r\n" gives an empty line between its two signs, which does no harm where empty lines do not count.
+/// The lines of UTF-8 text in memory, forwards or backwards, without a copy; "\r\n" gives an empty line between its two
+/// signs, which does no harm where empty lines do not count.
 class TAsciiLines
 {
 public:
-    /// The bytes must outlive the object; begin is the start of the text.
-    TAsciiLines(const char *begin, const char *end);
-    explicit TAsciiLines(const QByteArray &bytes)
-        : TAsciiLines(bytes.constData(), bytes.constData() + bytes.size())
+    static constexpr int cShortestLine = 3; // characters of a line that may hold numbers
+
+    /// The bytes must outlive the object.
+    TAsciiLines(const char *begin, const char *end)
+        : fFront(begin)
+        , fBack(end)
     {
     }
+    /// The start of a text without its byte order mark, which inside a text is a sign like any other.
+    static const char *textStart(const char *begin, const char *end);
 
     /// The next line from the front; false behind the last one. A text that ends with a line end has an empty last
     /// line.
@@ -43,9 +47,16 @@ public:
     bool hadLineEnd() const { return fHadLineEnd; }
     /// The next line from the back; false in front of the first one.
     bool previous(TAsciiLine *line);
-    /// How many lines next() can still give at most.
-    qint64 countLeft() const;
-
+    /// Where the next line begins, and the end of the text; behind the last line both are the same.
+    const char *position() const { return fFront; }
+    const char *end() const { return fBack; }
+    /// Takes a line as read whose end is known: next() goes on behind it.
+    void passLine(const char *lineEnd)
+    {
+        fHadLineEnd = lineEnd < fBack;
+        fFrontDone = !fHadLineEnd;
+        fFront = fHadLineEnd ? lineEnd + 1 : lineEnd;
+    }
     /// Trims the line, and says whether it may hold numbers: at least three characters, all below 128.
     static bool clean(TAsciiLine *line);
 

@@ -1,10 +1,12 @@
 #include "TAsciiTable.h"
 
-#include "ReadBounds.h"
+#include "TAsciiColumns.h"
+#include "TAsciiLines.h"
 #include "TAsciiTokens.h"
 #include "plugin/IConverter.h"
 #include "resampleMonotoneCubic.h"
 
+#include <QBuffer>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -14,171 +16,6 @@ namespace {
 constexpr int cNumericLinesWanted = 10;
 constexpr double cEvenBelow = 1.01; // bounds of the mean of an even axis over its middle
 constexpr double cEvenAbove = 0.99;
-constexpr qint64 cBytesPerColumn = 1024; // what a spectrum takes besides its values
-constexpr int cGrowRows = 1 << 16;
-constexpr qint64 cMostRows = (std::numeric_limits<int>::max() - 64) / qint64(sizeof(double)); // a QVector's
-
-/// The columns of the file as they stand there, and the way to fill them row by row.
-class TColumns
-{
-public:
-    TColumns(int columnCount, int mostRows)
-        : fColumns(columnCount)
-        , fMostRows(mostRows)
-    {
-        for (QVector<double> &column : fColumns) {
-            column.reserve(mostRows); // claims addresses, not memory: the pages come with the rows
-            fCells.append(column.data());
-        }
-    }
-
-    int rowCount() const { return fRowCount; }
-    QVector<QVector<double>> &columns() { return fColumns; }
-    void setCell(int column, double value) { fCells.at(column)[fRowCount] = value; }
-
-    /// Makes room for one more row; the caller's last line is a row, so there is always one to come.
-    void openRow()
-    {
-        if (fRowCount < fRoom)
-            return;
-        fRoom = std::min(fMostRows, fRoom + cGrowRows);
-        for (QVector<double> &column : fColumns)
-            column.resize(fRoom);
-    }
-
-    void closeRow() { ++fRowCount; }
-
-    /// Gives back what no row came for.
-    void finish()
-    {
-        for (QVector<double> &column : fColumns) {
-            column.resize(fRowCount);
-            column.squeeze();
-        }
-    }
-
-private:
-    QVector<QVector<double>> fColumns;
-    QVector<double *> fCells; // of the columns, which never move
-    int fMostRows;
-    int fRoom = 0;
-    int fRowCount = 0;
-};
-
-/// Walks the values of a cleaned line and hands the first columnCount of them to cell(column, value). The count of
-/// values that the line adds to the table; 0 drops it, since its first value is missing or one of them is no number.
-template <typename TCell>
-int walkLine(const TAsciiLine &line, const TAsciiLayout &layout, int columnCount, TCell cell)
-{
-    TAsciiTokens tokens(line, layout.fMode);
-    for (int column = 0; column < layout.fTokenCount; ++column) {
-        double value = 0.0;
-        bool isNumber = false;
-        if (!tokens.next(&value, &isNumber))
-            return column;
-        if (!isNumber)
-            return 0;
-        if (column < columnCount)
-            cell(column, value);
-    }
-    return layout.fTokenCount;
-}
-
-int valuesInLine(const TAsciiLine &line, const TAsciiLayout &layout)
-{
-    return walkLine(line, layout, 0, [](int, double) {});
-}
-
-/// The bound of the memory that a table may take: zeros and finer grids are not paid for by the text.
-bool allowed(double rows, int columnCount, qint64 textSize)
-{
-    const double bytes = (rows * double(sizeof(double)) + double(cBytesPerColumn)) * columnCount;
-    return rows <= double(cMostRows) && !exceedsReadBound(bytes, textSize);
-}
-
-/// What the lines from the back tell: the layout, how many columns count, and where the last line of the table ends.
-struct TTableEnd
-{
-    TAsciiLayout fLayout;
-    int fColumnCount = 0; // 0: there is no table
-    const char *fEnd = nullptr;
-};
-
-TTableEnd findTableEnd(const QByteArray &bytes)
-{
-    TTableEnd result;
-    bool layoutKnown = false;
-    TAsciiLines lines(bytes);
-    TAsciiLine line;
-    while (lines.previous(&line)) {
-        result.fEnd = line.fEnd;
-        if (!TAsciiLines::clean(&line))
-            continue;
-        if (!layoutKnown) // the last line that may hold numbers rules, even if it then turns out not to
-            result.fLayout = TAsciiLayout::ofLine(line);
-        layoutKnown = true;
-        result.fColumnCount = valuesInLine(line, result.fLayout);
-        if (result.fColumnCount > 0)
-            break;
-    }
-    return result;
-}
-
-qint64 countRows(const char *begin, const TTableEnd &tableEnd)
-{
-    TAsciiLines lines(begin, tableEnd.fEnd);
-    TAsciiLine line;
-    qint64 count = 0;
-    while (lines.next(&line))
-        count += TAsciiLines::clean(&line) && valuesInLine(line, tableEnd.fLayout) > 0;
-    return count;
-}
-
-/// The most rows that the columns are prepared for; -1 when they would take too much.
-qint64 mostRows(const QByteArray &bytes, const TTableEnd &tableEnd)
-{
-    const qint64 lineCount = TAsciiLines(bytes.constData(), tableEnd.fEnd).countLeft();
-    if (allowed(double(lineCount), tableEnd.fColumnCount, bytes.size()))
-        return lineCount;
-    // many lines may hold no numbers, or end with "\r\n": only now is it worth to count exactly
-    const qint64 rowCount = countRows(bytes.constData(), tableEnd);
-    return allowed(double(rowCount), tableEnd.fColumnCount, bytes.size()) ? rowCount : -1;
-}
-
-int readColumns(const QByteArray &bytes, QVector<QVector<double>> *result, QString *problem)
-{
-    const TTableEnd tableEnd = findTableEnd(bytes);
-    if (tableEnd.fColumnCount == 0) {
-        *problem = QStringLiteral("expected lines of numbers, found none in %1 bytes").arg(bytes.size());
-        return cConverterContentUnusable;
-    }
-    const qint64 rows = mostRows(bytes, tableEnd);
-    if (rows < 0) {
-        *problem = QStringLiteral("expected values for %1 columns, found short lines that %2 bytes do not pay for")
-                       .arg(tableEnd.fColumnCount)
-                       .arg(bytes.size());
-        return cConverterOutOfMemory;
-    }
-
-    TColumns columns(tableEnd.fColumnCount, int(rows));
-    TAsciiLines lines(bytes.constData(), tableEnd.fEnd);
-    TAsciiLine line;
-    while (lines.next(&line)) {
-        if (!TAsciiLines::clean(&line))
-            continue;
-        columns.openRow();
-        const int count = walkLine(line, tableEnd.fLayout, tableEnd.fColumnCount,
-                                   [&columns](int column, double value) { columns.setCell(column, value); });
-        if (count == 0)
-            continue;
-        for (int column = count; column < tableEnd.fColumnCount; ++column)
-            columns.setCell(column, 0.0); // a dropped line may have left something here
-        columns.closeRow();
-    }
-    columns.finish();
-    result->swap(columns.columns());
-    return cConverterOk;
-}
 
 bool runsDown(const QVector<double> &x)
 {
@@ -272,7 +109,7 @@ int makeEven(TAsciiTable *table, qint64 textSize, QString *problem)
     for (int i = 1; i < keys.size(); ++i)
         step = std::min(step, std::fabs(keys.at(i) - keys.at(i - 1)));
     const double wanted = std::round((table->fLastX - table->fFirstX) / step);
-    if (!allowed(wanted, table->fY.size(), textSize)) {
+    if (!TAsciiColumns::allowed(wanted, table->fY.size(), textSize)) {
         *problem = QStringLiteral("expected a nearly even x axis, found a smallest step of %1 from %2 to %3")
                        .arg(step)
                        .arg(table->fFirstX)
@@ -294,14 +131,14 @@ bool holdsNumbersOnly(const TAsciiLine &line)
 {
     if (!line.fPlain)
         return false;
-    TAsciiLine rest = line;
-    while (rest.fBegin < rest.fEnd && TAsciiTokens::isSeparator(*rest.fBegin))
-        ++rest.fBegin;
-    TAsciiTokens tokens(rest, TAsciiLayout::cBlanks);
+    const char *begin = line.fBegin;
+    while (begin < line.fEnd && TAsciiTokens::isSeparator(*begin))
+        ++begin;
+    TAsciiTokens tokens(begin, line.fEnd, TAsciiLayout::cBlanks);
     double value = 0.0;
     bool isNumber = false;
     bool any = false;
-    while (tokens.next(&value, &isNumber)) {
+    while (tokens.next<TAsciiLayout::cBlanks>(&value, &isNumber)) {
         if (!isNumber)
             return false;
         any = true;
@@ -311,16 +148,23 @@ bool holdsNumbersOnly(const TAsciiLine &line)
 
 } // namespace
 
-int readAsciiTable(QByteArray bytes, TAsciiTable *table, QString *problem)
+int readAsciiTable(const QByteArray &text, TAsciiTable *table, QString *problem)
+{
+    QBuffer buffer;
+    buffer.setData(text);
+    buffer.open(QIODevice::ReadOnly);
+    return readAsciiTable(&buffer, table, problem);
+}
+
+int readAsciiTable(QIODevice *device, TAsciiTable *table, QString *problem)
 {
     QString unread;
     QString *told = problem ? problem : &unread;
-    const qint64 textSize = bytes.size();
-    QVector<QVector<double>> columns;
-    int code = readColumns(bytes, &columns, told);
-    bytes = QByteArray();
+    TAsciiColumns text;
+    int code = text.read(device, told);
     if (code != cConverterOk)
         return code;
+    QVector<QVector<double>> &columns = text.columns();
 
     TAsciiTable read;
     const int rowCount = columns.first().size();
@@ -342,7 +186,7 @@ int readAsciiTable(QByteArray bytes, TAsciiTable *table, QString *problem)
     read.fLastX = read.fKeys.last();
     read.fIrregular = isIrregular(read.fKeys);
     if (read.fIrregular)
-        code = makeEven(&read, textSize, told);
+        code = makeEven(&read, device->size(), told);
     if (code == cConverterOk)
         *table = read;
     return code;
@@ -350,7 +194,9 @@ int readAsciiTable(QByteArray bytes, TAsciiTable *table, QString *problem)
 
 bool looksLikeAsciiTable(const QByteArray &head)
 {
-    TAsciiLines lines(head);
+    const char *begin = head.constData();
+    const char *end = begin + head.size();
+    TAsciiLines lines(TAsciiLines::textStart(begin, end), end);
     TAsciiLine line;
     int numeric = 0;
     while (lines.next(&line) && lines.hadLineEnd()) {

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QVector>
 
+class QIODevice;
+
 /// A table of numbers as spectra want it: one ascending x axis, made even where it was not, and a y column per
 /// spectrum.
 struct TAsciiTable
@@ -26,9 +28,11 @@ struct TAsciiTable
 ///
 /// 0, or 52 for a text without a usable table, or 0x80000002 where zeros of short lines or the even grid would take
 /// more than 64 MiB and more than 64 times the text. Table is complete on 0 and untouched otherwise; problem, if given,
-/// then tells what was found where. Time is linear in the text and the result; the bytes are released before the
-/// columns are resampled, so hand them over by std::move.
-int readAsciiTable(QByteArray bytes, TAsciiTable *table, QString *problem = nullptr);
+/// then tells what was found where. The device is read from its start and must allow random access. Time is linear in
+/// the text and the result; besides the result it takes little more memory than the longest line.
+int readAsciiTable(QIODevice *device, TAsciiTable *table, QString *problem = nullptr);
+/// The same for a text in memory.
+int readAsciiTable(const QByteArray &text, TAsciiTable *table, QString *problem = nullptr);
 
 /// Whether a text that begins so looks like a table of numbers: at least ten of its lines, the last one not counted,
 /// hold numbers only. The rest may be anything.

@@ -31,6 +31,7 @@ bool TAsciiTokens::takeText(const char *tokenEnd, double *value, bool *isNumber)
     if (fMode == TAsciiLayout::cCommaPairs)
         std::replace_if(text.begin(), text.end(), isComma, '.');
     *value = QString::fromLatin1(text.constData(), text.size()).toDouble(isNumber);
-    fPos = tokenEnd < fEnd ? tokenEnd + 1 : tokenEnd;
+    fPos = atEnd(tokenEnd) ? tokenEnd : tokenEnd + 1;
+    fMetText = true;
     return true;
 }

@@ -19,33 +19,47 @@ struct TAsciiLayout
     static TAsciiLayout ofLine(const TAsciiLine &line);
 };
 
-/// The values of one cleaned line from left to right. A line is walked once, whatever it holds.
+/// The values of one line from left to right. A line is walked once, whatever it holds.
+///
+/// The end may lie behind the line's own: the walk stops at a line end, so that a line of plain numbers can be read
+/// before its end is known. endOfPlainLine() then says whether it was one.
 class TAsciiTokens
 {
 public:
-    TAsciiTokens(const TAsciiLine &line, TAsciiLayout::TMode mode)
-        : fPos(line.fBegin)
-        , fEnd(line.fEnd)
+    TAsciiTokens(const char *begin, const char *end, TAsciiLayout::TMode mode)
+        : fPos(begin)
+        , fEnd(end)
         , fMode(mode)
     {
         // a separator in front means that the first value is missing
         if (mode == TAsciiLayout::cBlanks && fPos < fEnd && isSeparator(*fPos))
-            fPos = fEnd;
+            fEnd = fPos;
     }
 
     /// The next value; false behind the last one. A text that is no number sets isNumber to false, and value to what
-    /// QString::toDouble makes of it.
+    /// QString::toDouble makes of it. The mode is that of the constructor, known when the loop is compiled.
+    template <TAsciiLayout::TMode cMode>
     bool next(double *value, bool *isNumber)
     {
-        switch (fMode) {
-        case TAsciiLayout::cCommaPairs:
+        if (cMode == TAsciiLayout::cCommaPairs)
             return nextPair(value, isNumber);
-        case TAsciiLayout::cCommas:
+        if (cMode == TAsciiLayout::cCommas)
             return nextBetweenCommas(value, isNumber);
-        case TAsciiLayout::cBlanks:
-            return nextBetweenBlanks(value, isNumber);
-        }
-        return false;
+        return nextBetweenBlanks(value, isNumber);
+    }
+
+    /// The end of the line, when the walk got there and met nothing but numbers in their usual form; else null, and the
+    /// line has to be looked at as a whole.
+    const char *endOfPlainLine() const
+    {
+        return !fMetText && atEnd(fPos) && asciiClass(*(fPos - 1)) != TAsciiClass::cSpace ? fPos : nullptr;
+    }
+
+    static const char *skipBlanks(const char *p, const char *end)
+    {
+        while (p < end && asciiClass(*p) == TAsciiClass::cSpace)
+            ++p;
+        return p;
     }
 
     static bool isSeparator(char c)
@@ -57,17 +71,11 @@ public:
 private:
     static bool isComma(char c) { return asciiClass(c) == TAsciiClass::cComma; }
     static bool isPoint(char c) { return c == '.'; }
-
-    static const char *skipBlanks(const char *p, const char *end)
-    {
-        while (p < end && asciiClass(*p) == TAsciiClass::cSpace)
-            ++p;
-        return p;
-    }
+    bool atEnd(const char *p) const { return p == fEnd || asciiClass(*p) == TAsciiClass::cLineEnd; }
 
     bool nextPair(double *value, bool *isNumber)
     {
-        if (fPos == fEnd)
+        if (atEnd(fPos))
             return false;
         const char *begin = skipBlanks(fPos, fEnd);
         bool hasPoint = false;
@@ -77,11 +85,11 @@ private:
         };
         if (const char *p = TNumberScanner::scan(begin, fEnd, isPairPoint, value)) {
             p = skipBlanks(p, fEnd);
-            if (p == fEnd || (hasPoint && isComma(*p)))
+            if (atEnd(p) || (hasPoint && isComma(*p)))
                 return take(p, isNumber);
         }
         const char *p = findComma(fPos);
-        if (p < fEnd)
+        if (!atEnd(p))
             p = findComma(p + 1);
         return takeText(p, value, isNumber);
     }
@@ -90,11 +98,11 @@ private:
     {
         while (fPos < fEnd && isComma(*fPos))
             ++fPos;
-        if (fPos == fEnd)
+        if (atEnd(fPos))
             return false;
         if (const char *p = TNumberScanner::scan(skipBlanks(fPos, fEnd), fEnd, isPoint, value)) {
             p = skipBlanks(p, fEnd);
-            if (p == fEnd || isComma(*p))
+            if (atEnd(p) || isComma(*p))
                 return take(p, isNumber);
         }
         return takeText(findComma(fPos), value, isNumber);
@@ -104,28 +112,28 @@ private:
     {
         while (fPos < fEnd && isSeparator(*fPos))
             ++fPos;
-        if (fPos == fEnd)
+        if (atEnd(fPos))
             return false;
         if (const char *p = TNumberScanner::scan(fPos, fEnd, isPoint, value)) {
-            if (p == fEnd || isSeparator(*p))
+            if (atEnd(p) || isSeparator(*p))
                 return take(p, isNumber);
         }
         const char *p = fPos;
-        while (p < fEnd && !isSeparator(*p))
+        while (!atEnd(p) && !isSeparator(*p))
             ++p;
         return takeText(p, value, isNumber);
     }
 
     const char *findComma(const char *p) const
     {
-        while (p < fEnd && !isComma(*p))
+        while (!atEnd(p) && !isComma(*p))
             ++p;
         return p;
     }
 
     bool take(const char *tokenEnd, bool *isNumber)
     {
-        fPos = tokenEnd < fEnd ? tokenEnd + 1 : tokenEnd;
+        fPos = atEnd(tokenEnd) ? tokenEnd : tokenEnd + 1;
         *isNumber = true;
         return true;
     }
@@ -136,4 +144,5 @@ private:
     const char *fPos;
     const char *fEnd;
     TAsciiLayout::TMode fMode;
+    bool fMetText = false;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtAlgorithms>
+#include <QtEndian>
 #include <QtGlobal>
 #include <charconv>
 #include <cstring>
@@ -56,17 +58,46 @@ private:
     static constexpr quint64 cExactIntegers = quint64(1) << 53;
     static constexpr qptrdiff cExactPowers = 22;
     static constexpr qptrdiff cExponentLimit = 1000000; // beyond it every number is infinite or zero
+    static constexpr quint64 cZeros = 0x3030303030303030;
+    static constexpr quint64 cSixes = 0x0606060606060606;
+    static constexpr quint64 cHighNibbles = 0xF0F0F0F0F0F0F0F0;
+    static constexpr quint64 cSmallPowers[8] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000};
     static constexpr double cPowersOfTen[cExactPowers + 1] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                               1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                               1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
+    /// Eight bytes at once: those behind the first one that is no digit are shifted out, zeros come in at the front.
     static const char *scanDigits(const char *p, const char *end, quint64 *mantissa)
     {
         quint64 sum = *mantissa;
+        while (end - p >= 8) {
+            quint64 word = qFromLittleEndian<quint64>(p) ^ cZeros; // a digit becomes its value
+            const quint64 strange = ((word + cSixes) | word) & cHighNibbles;
+            if (strange == 0) {
+                sum = sum * 100000000 + eightDigits(word);
+                p += 8;
+                continue;
+            }
+            const unsigned count = qCountTrailingZeroBits(strange) / 8;
+            if (count == 0)
+                break;
+            sum = sum * cSmallPowers[count] + eightDigits(word << (64 - 8 * count));
+            *mantissa = sum;
+            return p + count;
+        }
         for (; p < end && unsigned(*p - '0') < 10; ++p)
             sum = sum * 10 + quint64(*p - '0');
         *mantissa = sum;
         return p;
+    }
+
+    /// The number of eight digit values, the first one in the lowest byte.
+    static quint64 eightDigits(quint64 word)
+    {
+        word = word * 10 + (word >> 8); // pairs in every other byte
+        const quint64 low = (word & 0x000000FF000000FF) * (100 + (quint64(1000000) << 32));
+        const quint64 high = ((word >> 16) & 0x000000FF000000FF) * (1 + (quint64(10000) << 32));
+        return (low + high) >> 32;
     }
 
     static const char *scanExponent(const char *p, const char *end, qptrdiff *exponent)

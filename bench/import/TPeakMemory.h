@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// The resident memory that a piece of work takes at its peak above what the process held before (Linux).
+class TPeakMemory
+{
+public:
+    /// Gives free heap pages back and starts to watch.
+    TPeakMemory();
+    /// Bytes above the start; -1 where the system does not tell.
+    qint64 peak() const;
+
+private:
+    qint64 fStart;
+};
