@@ -319,6 +319,28 @@ TEST(AsciiTable, boundsWhatTheTextDoesNotPayFor)
     EXPECT_EQ(codeOf(QByteArray("\n").repeated(3000000) + "1.0" + QByteArray(",1.5").repeated(200) + "\n"), 0);
 }
 
+TEST(AsciiTable, blocksOfAFileDoNotShow)
+{
+    QByteArray text("\xEF\xBB\xBF"
+                    "a header\r\n");
+    for (int i = 0; i < 9000; ++i) {
+        text += QByteArray::number(10.0 + i * 0.25, 'f', 2) + '\t' + QByteArray(i % 37, '0') + QByteArray::number(i) +
+                ".5\r\n";
+        if (i == 4000) // a line longer than a block
+            text += QByteArray("words and more ").repeated(25000) + '\n';
+    }
+    text +=
+        QByteArray("caf\xC3\xA9 words behind the table, more than are looked at first\n").repeated(3000) + "1.0 2.0";
+    TAsciiTable table;
+    ASSERT_EQ(readAsciiTable(text.chopped(8), &table), 0);
+    ASSERT_EQ(table.fPointCount, 9000);
+    for (int i = 0; i < 9000; ++i) {
+        ASSERT_EQ(table.fKeys[i], 10.0 + i * 0.25);
+        ASSERT_EQ(table.fY[0][i], i + 0.5);
+    }
+    EXPECT_EQ(codeOf(text), 52) << "the row behind the words breaks the order";
+}
+
 TEST(AsciiTable, isLinearInHostileTexts)
 {
     const int size = 2000000;

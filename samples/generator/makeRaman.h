@@ -1,0 +1,6 @@
+#pragma once
+
+#include "TTable.h"
+
+/// A Raman spectrum of paracetamol powder on a fluorescence background.
+TTable makeRaman();
