@@ -55,6 +55,13 @@ QString TASCIIYrexConverter::formatName() const
     return QStringLiteral("csv");
 }
 
+bool TASCIIYrexConverter::headerBundle(const QString &fileName, TParamsBundle &bundle)
+{
+    constexpr int cUpToTheEnd = -1;
+    bundle.addParamsBlob("header", fileName, nullptr, 0, cUpToTheEnd);
+    return true;
+}
+
 bool TASCIIYrexConverter::canImport(const QString &fileName)
 {
     QFile file(fileName);

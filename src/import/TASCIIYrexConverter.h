@@ -24,6 +24,8 @@ public:
 
 protected:
     int readFile(const QString &fileName) override;
+    /// The text itself, as the source "header".
+    bool headerBundle(const QString &fileName, TParamsBundle &bundle) override;
 
 private:
     void appendSpectra(TAsciiTable *table);

@@ -47,6 +47,11 @@ int TYrexSpectrumConverter::exportItems(const TCanvasItemList &, const QString &
     return cConverterNotSupported;
 }
 
+bool TYrexSpectrumConverter::headerBundle(const QString &, TParamsBundle &)
+{
+    return false;
+}
+
 ICanvasItem *TYrexSpectrumConverter::createItem(const TYrexSpectrumList &spectra, ICanvas *parent)
 {
     IYrexItemFactory *factory = IYrexItemFactory::current();
@@ -147,6 +152,10 @@ QVariantMap TYrexSpectrumConverter::readParameters(int format, const QString &pa
     }
     if (pairs.isEmpty())
         return {};
+    TParamsBundle bundle;
+    bundle.setFileName(path);
+    if (headerBundle(path, bundle))
+        parser->setBundle(&bundle);
     const QFileInfo info(path);
     const QDir dir(info.isDir() ? info.absoluteFilePath() : info.absolutePath());
     QStringList sources;
@@ -164,5 +173,6 @@ QVariantMap TYrexSpectrumConverter::readParameters(int format, const QString &pa
         for (int i = 0; i < values.size(); ++i)
             result.insert(byEntry.key(TPair(source, arguments.value(i))), values.at(i));
     }
+    parser->setBundle(nullptr);
     return result;
 }

@@ -228,3 +228,17 @@ TEST_F(AsciiConverter, headerLinesAreParameters)
     parser->reset();
     EXPECT_TRUE(parser->value("header", "operator", file).isNull());
 }
+
+TEST_F(AsciiConverter, namedParametersAreReadWithoutTheSpectrum)
+{
+    QByteArray bytes = "Operator: A. Nyone\nScans=16\n";
+    for (int i = 0; i < 20; ++i)
+        bytes += QByteArray::number(i) + ".5;" + QByteArray::number(i * i) + ".25\n";
+    TASCIIYrexConverter converter;
+    const QVariantMap map = converter.metaData(fileOf(bytes), {"header(Operator)", "header(scans)", "=formula(x)"});
+    EXPECT_EQ(map.value(Consts::Converter::cFileFormat).toString(), "CSV");
+    EXPECT_EQ(map.value("header(Operator)").toString(), "A. Nyone");
+    EXPECT_EQ(map.value("header(scans)").toString(), "16");
+    EXPECT_FALSE(map.contains("=formula(x)"));
+    EXPECT_TRUE(converter.spectra().isEmpty());
+}
