@@ -37,15 +37,6 @@ double movedVisibly(double value, double distance, const TRanges &hidden)
     return value + distance;
 }
 
-/// The gaps between visible pieces; what lies beyond the first and the last piece does not stop a move.
-TRanges innerGaps(const TRanges &ranges)
-{
-    TRanges gaps;
-    for (int i = 1; i < ranges.count(); ++i)
-        gaps.appendRange(TRange(ranges.at(i - 1).b, ranges.at(i).a));
-    return gaps;
-}
-
 } // namespace
 
 TBasePlot::TBasePlot(int plotType, const QUuid &id)
@@ -228,13 +219,18 @@ void TBasePlot::panMoveVert(double canvasUnits)
 
 void TBasePlot::pan(TAxisDir dir, double canvasUnits)
 {
-    const double density = plotter()->axisMap(dir).density();
-    if (!(density > 0.0) || !std::isfinite(canvasUnits))
+    // the gap of a cut that comes into view would change the density on the way, so it does not count
+    const QRectF area = plotter()->adjustedPlotArea();
+    double visible = 0.0;
+    for (const TRange &piece : plotter()->drawnRanges(dir).adjustTo(axis(dir).drawnScale()).toVector())
+        visible += piece.span();
+    const double density = (dir == horzDir ? area.width() : area.height()) / visible;
+    if (!(visible > 0.0) || !(density > 0.0) || !std::isfinite(canvasUnits))
         return;
     // curves that move right bring lower values into view on an axis that rises to the right
     const TRange scale = axis(dir).getScale();
     const double distance = (scale.isReversed() ? 1.0 : -1.0) * canvasUnits / density;
-    const TRanges gaps = innerGaps(ranges(dir));
+    const TRanges gaps = ranges(dir).invert(axis(dir).getFullScale());
     setScale(dir, movedVisibly(scale.a, distance, gaps), movedVisibly(scale.b, distance, gaps));
 }
 

@@ -217,15 +217,29 @@ QRectF TBasePlotter::getTitleRect(const TTitleProperties &title) const
     return rect.translated(title.offset);
 }
 
+TRanges TBasePlotter::drawnRanges(TAxisDir dir) const
+{
+    const TRange scale = axis(dir).drawnScale();
+    const TRange full = axis(dir).getFullScale();
+    TRanges drawn = ranges(dir);
+    if (drawn.isEmpty())
+        return drawn;
+    if (scale.lo() < full.lo())
+        drawn.appendRange(TRange(scale.lo(), full.lo()));
+    if (scale.hi() > full.hi())
+        drawn.appendRange(TRange(full.hi(), scale.hi()));
+    return drawn;
+}
+
 const TAxisMap &TBasePlotter::axisMap(TAxisDir dir) const
 {
     const QRectF area = adjustedPlotArea();
     const TRange places = dir == horzDir ? TRange(area.left(), area.right()) : TRange(area.bottom(), area.top());
     const int i = slot(dir);
-    const TMapKey key{axis(dir).drawnScale(), ranges(dir), places};
+    const TMapKey key{axis(dir).drawnScale(), axis(dir).getFullScale(), ranges(dir), places};
     if (!(key == fMapKeys[i])) {
         fMapKeys[i] = key;
-        fMaps[i] = TAxisMap(key.ranges, key.scale, places.a, places.b, cCutGap);
+        fMaps[i] = TAxisMap(drawnRanges(dir), key.scale, places.a, places.b, cCutGap);
     }
     return fMaps[i];
 }
@@ -258,8 +272,8 @@ QVector<TRange> TBasePlotter::rangesToCanvasUnits(TAxisDir dir, const TRanges &v
 {
     const TRange scale = axis(dir).drawnScale();
     const TRange places(std::min(from, to), std::max(from, to));
-    const TAxisMap map = dir == horzDir ? TAxisMap(ranges(dir), scale, places.a, places.b, cCutGap)
-                                        : TAxisMap(ranges(dir), scale, places.b, places.a, cCutGap);
+    const TAxisMap map = dir == horzDir ? TAxisMap(drawnRanges(dir), scale, places.a, places.b, cCutGap)
+                                        : TAxisMap(drawnRanges(dir), scale, places.b, places.a, cCutGap);
     QVector<TRange> result;
     for (const TRange &range : visible.toVector()) {
         double first = 0.0;

@@ -94,6 +94,8 @@ public:
     QPointF scale2Canvas(const QPointF &pos) const;
     double canvas2Scale(TAxisDir dir, double place) const;
     QPointF canvas2Scale(const QPointF &pos) const;
+    /// The visible ranges as they are drawn: what the scale shows beyond the full scale is empty, but not hidden.
+    TRanges drawnRanges(TAxisDir dir) const;
     /// The map behind these, in the present row.
     const TAxisMap &axisMap(TAxisDir dir) const;
     /// The canvas counterparts of visible ranges (from TRanges::adjustTo) between two places, in the same order, each
@@ -152,11 +154,12 @@ private:
     struct TMapKey
     {
         TRange scale;
+        TRange full;
         TRanges ranges;
         TRange places;
         bool operator==(const TMapKey &other) const
         {
-            return scale == other.scale && places == other.places && ranges == other.ranges;
+            return scale == other.scale && full == other.full && places == other.places && ranges == other.ranges;
         }
     };
 

@@ -41,8 +41,8 @@ bool TBasePlotter::isTurnedOver(TAxisDir dir) const
 /// Ticks for an axis of that length; what is hidden takes no length.
 TAxisTicks TBasePlotter::ticksFor(TAxisDir dir, double length) const
 {
-    const TRange scale = fPlot->axis(dir).drawnScale();
-    const TAxisMap map(fPlot->ranges(dir), scale, 0.0, length, cCutGap);
+    const TRange scale = axis(dir).drawnScale();
+    const TAxisMap map(drawnRanges(dir), scale, 0.0, length, cCutGap);
     const TTypesetter typesetter = typesetterOf(properties().axesFont);
     const auto extent = [&](const QString &text) {
         return dir == horzDir ? typesetter.width(text) : typesetter.digitHeight();

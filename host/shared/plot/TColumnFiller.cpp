@@ -69,12 +69,14 @@ void TColumnFiller::addLine(const QVector<QPointF> &points)
 /// the highest top to the lowest bottom.
 void TColumnFiller::dilate()
 {
-    const int reach = int(std::floor(fRadius * cParts));
+    const int reach = int(std::floor(fRadius * cParts - 0.5));
     QVector<float> rise(reach + 1);
     for (int d = 0; d <= reach; ++d) {
-        const double distance = double(d) / cParts;
+        // on a slope the point that reaches furthest into this column stands at the far border of the other one
+        const double distance = d == 0 ? 0.0 : (d + 0.5) / cParts;
         rise[d] = float(std::sqrt(std::max(0.0, fRadius * fRadius - distance * distance)));
     }
+    const float share = float(fRadius * cParts - 0.5) - reach; // of the next column that the pen still reaches
     const int before = fClip.left() * cParts - fFirst;
     fStroked.resize(fClip.width() * cParts);
     for (int i = 0; i < fStroked.size(); ++i) {
@@ -87,6 +89,17 @@ void TColumnFiller::dilate()
                 continue;
             top = std::min(top, centre[d].top - roundness);
             bottom = std::max(bottom, centre[d].bottom + roundness);
+        }
+        for (const int side : {-1, 1}) {
+            const TSpan &outer = centre[side * (reach + 1)];
+            const TSpan &inner = centre[side * reach];
+            if (outer.isEmpty() || inner.isEmpty())
+                continue;
+            const float part = share * (outer.bottom - outer.top);
+            if (outer.top + outer.bottom < inner.top + inner.bottom) // the line goes up from here
+                top = std::min(top, outer.bottom - part);
+            else
+                bottom = std::max(bottom, outer.top + part);
         }
         fStroked[i] = {top, bottom};
     }

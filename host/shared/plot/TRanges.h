@@ -39,7 +39,8 @@ public:
     bool isEmpty() const { return fPieces.isEmpty(); }
     int count() const { return fPieces.size(); }
     const TRange &at(int index) const { return fPieces.at(index); }
-    const QVector<TRange> &toVector() const { return fPieces; }
+    const QVector<TRange> &toVector() const & { return fPieces; }
+    QVector<TRange> toVector() && { return fPieces; } // of a temporary, as a loop over adjustTo(..).toVector() has it
 
     void store(TDataStream &stream) const;
     /// Keeps the list as it was when the stream holds none or a broken one.
