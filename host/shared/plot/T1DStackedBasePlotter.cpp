@@ -78,7 +78,7 @@ QMarginsF T1DStackedBasePlotter::titleMargins(const TTitleProperties &title) con
 void T1DStackedBasePlotter::setStackMatrix(int row)
 {
     unsetStackMatrix();
-    if (row < 0 || row >= fRowCount)
+    if (row < 0 || row >= fRowCount || !fStackedPlot->isArrayed()) // a single curve keeps to the axes as they stand
         return;
     if (fStackedPlot->isQueued())
         setStackRow({row, columnRect(row)});

@@ -9,6 +9,11 @@ namespace {
 constexpr int cChunk = 32; // pixel columns that are handed to the painter at once
 constexpr float cNone = std::numeric_limits<float>::max();
 
+float within(float value, int low, int high)
+{
+    return std::max(float(low), std::min(value, float(high)));
+}
+
 } // namespace
 
 TColumnFiller::TColumnFiller(const QRect &clip, double penWidth)
@@ -156,8 +161,8 @@ void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QVecto
         highest = std::min(highest, fStroked.at(i).top);
         lowest = std::max(lowest, fStroked.at(i).bottom);
     }
-    const int top = int(std::floor(std::max(0.0f, std::min(highest, float(fClip.height())))));
-    const int bottom = int(std::ceil(std::max(0.0f, std::min(lowest, float(fClip.height())))));
+    const int top = int(std::floor(within(highest, 0, fClip.height())));
+    const int bottom = int(std::ceil(within(lowest, 0, fClip.height())));
     if (top >= bottom)
         return;
     const int width = to - from;
@@ -174,11 +179,10 @@ void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QVecto
             solidFrom = std::max(solidFrom, parts[k].top);
             solidTo = std::min(solidTo, parts[k].bottom);
         }
-        const int begin = std::max(top, int(std::floor(std::max(first, float(top)))));
-        const int end = std::min(bottom, int(std::ceil(std::min(last, float(bottom)))));
-        const int solidBegin = qBound(begin, int(std::ceil(std::min(solidFrom, float(end)))), std::max(begin, end));
-        const int solidEnd =
-            qBound(solidBegin, int(std::floor(std::min(solidTo, float(end)))), std::max(solidBegin, end));
+        const int begin = int(std::floor(within(first, top, bottom)));
+        const int end = int(std::ceil(within(last, begin, bottom)));
+        const int solidBegin = int(std::ceil(within(solidFrom, begin, end)));
+        const int solidEnd = int(std::floor(within(solidTo, solidBegin, end)));
         QRgb *pixel = fPixels.data() + (begin - top) * width + x;
         for (int row = begin; row < end; ++row, pixel += width) {
             if (row >= solidBegin && row < solidEnd) {
