@@ -262,3 +262,56 @@ TEST(T1DStackedPlot, stackedTitlesDoNotOverlap)
             EXPECT_FALSE(rects.at(i).adjusted(0.1, 0.1, -0.1, -0.1).intersects(rects.at(k))) << i << ", " << k;
     }
 }
+
+TEST(T1DStackedPlot, groupsShareARowAndAQueueStandsSideBySide)
+{
+    TTestPlot plot;
+    plot.x = {4000, 400};
+    plot.ys = {{0.2, 0.2}, {0.8, 0.8}, {0.5, 0.5}};
+    plot.title.visible = false;
+    plot.fit();
+    plot.setRect(cItem);
+    plot.stackedProperties().setAngle(30);
+    plot.setStackedDisplayMode(groupedMode);
+    TTestPlotter *plotter = plot.plotter();
+    const auto member = [&](int curve, const QColor &color) {
+        return T1DStackedBasePlotter::TGroupMember{T1DPlotData<double>(plot.x.constData(), 2),
+                                                   T1DPlotData<double>(plot.ys.at(curve).constData(), 2),
+                                                   QPen(color, 6.0)};
+    };
+    QImage image(1600, 1000, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    plotter->drawGroupedStack(painter, {{member(0, Qt::red), member(1, Qt::green)}, {member(2, Qt::blue)}});
+    painter.end();
+    ASSERT_EQ(plotter->rowCount(), 2);
+    EXPECT_EQ(plotter->getArrayedCurveRect(0).left(), plotter->getArrayedCurveRect(1).left()) << "no skew";
+    const auto colorAt = [&](int row, double value) {
+        plotter->setStackMatrix(row);
+        const QPointF pos = plotter->scale2Canvas(QPointF(2000.0, value));
+        plotter->unsetStackMatrix();
+        return image.pixelColor(pos.toPoint());
+    };
+    EXPECT_EQ(colorAt(0, 0.2), QColor(Qt::red));
+    EXPECT_EQ(colorAt(0, 0.8), QColor(Qt::green));
+    EXPECT_EQ(colorAt(1, 0.5), QColor(Qt::blue));
+
+    plot.setStackedDisplayMode(queuedMode);
+    drawView(plot);
+    ASSERT_EQ(plotter->rowCount(), 3);
+    const QRectF whole = plotter->getPlotCurvesRect();
+    for (int column = 0; column < 3; ++column) {
+        const QRectF rect = plotter->getArrayedCurveRect(column);
+        EXPECT_EQ(rect.height(), whole.height());
+        if (column > 0) {
+            EXPECT_NEAR(rect.left() - plotter->getArrayedCurveRect(column - 1).right(), 40.0, 1e-6);
+        }
+    }
+    EXPECT_NEAR(plotter->getArrayedCurveRect(2).right(), whole.right(), 1e-6);
+    // each column holds the whole x range, and the pointed curve is that of the column
+    plotter->setStackMatrix(1);
+    const QPointF pos = plotter->scale2Canvas(QPointF(1000.0, 0.8));
+    plotter->unsetStackMatrix();
+    EXPECT_TRUE(plotter->getArrayedCurveRect(1).contains(pos));
+    EXPECT_EQ(plotter->indexOfPointedStackedCurve(pos), 1);
+}
