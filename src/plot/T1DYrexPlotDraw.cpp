@@ -11,6 +11,7 @@ namespace {
 
 constexpr int cHorzSubType = 1;
 constexpr int cVertSubType = 2;
+constexpr double cReachPixels = 4.0; // how near the mouse must be to hit an area
 
 T1DPlotData<double> plotSeries(const TYrexDataView &view)
 {
@@ -36,6 +37,7 @@ void T1DYrexPlot::draw(QPainter &painter, const QRectF &rect)
         fHotAreas.clear();
     T1DStackedPlot::draw(painter, rect);
     if (!keepsAreas) {
+        fHotAreas.setReach(viewReach(cReachPixels, cDefReach));
         for (auto it = fStackedLabelRects.constBegin(); it != fStackedLabelRects.constEnd(); ++it)
             fHotAreas.append(TPlotHotArea(it.value(), it.key(), TPlotHotArea::stackedTitle, 0));
     }
