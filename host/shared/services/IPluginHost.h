@@ -2,6 +2,7 @@
 
 #include <QVariant>
 
+class IBatchHost;
 class IConverterHost;
 class IGuiHost;
 class IProgressBar;
@@ -33,6 +34,8 @@ public:
     virtual QVariant request(int what, const QVariant &a, const QVariant &b, const QVariant &c) = 0;
     /// Null in a program without windows.
     virtual IGuiHost *gui() = 0;
+    /// Null in a program with windows, where the document is the user's.
+    virtual IBatchHost *batch() { return nullptr; }
     virtual IProgressBar *progress() = 0;
 };
 

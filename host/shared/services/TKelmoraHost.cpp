@@ -40,9 +40,9 @@ TKelmoraHost::~TKelmoraHost()
         Utils::Framework::instance = nullptr;
 }
 
-void TKelmoraHost::start()
+void TKelmoraHost::start(const QStringList &folders)
 {
-    fLoader.load(TPluginLoader::searchPath());
+    fLoader.load(folders);
     fLoader.start(this);
     fDriver = std::make_unique<TImportDriver>(fLoader.plugins());
 }

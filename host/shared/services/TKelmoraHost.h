@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/TCanvasItemList.h"
+#include "services/IBatchHost.h"
 #include "services/IPluginHost.h"
 #include "services/TConverterHost.h"
 #include "services/TPluginLoader.h"
@@ -16,7 +17,7 @@ class TDocument;
 class TImportDriver;
 
 /// The host: plug-ins, the open document, the selection and what scripts may reach. Programs with windows add theirs.
-class TKelmoraHost : public IPluginHost
+class TKelmoraHost : public IPluginHost, public IBatchHost
 {
 public:
     TKelmoraHost();
@@ -24,16 +25,17 @@ public:
     TKelmoraHost(const TKelmoraHost &) = delete;
     TKelmoraHost &operator=(const TKelmoraHost &) = delete;
 
-    /// Loads, registers and enables the plug-ins of the search path.
-    void start();
+    /// Adds a plug-in that is part of the program, before the start. The host takes it over.
+    void addBuiltIn(QObject *plugin) { fLoader.addBuiltIn(plugin); }
+    /// Loads, registers and enables the plug-ins of the folders.
+    void start(const QStringList &folders = TPluginLoader::searchPath());
     void setGui(IGuiHost *gui) { fGui = gui; }
     void setProgress(IProgressBar *progress) { fProgress = progress; }
-    /// Closes the open document and opens another, which the host takes over.
-    void setDocument(std::unique_ptr<TDocument> document);
+    void setDocument(std::unique_ptr<TDocument> document) override;
 
-    QList<QObject *> plugins() const { return fLoader.plugins(); }
+    QList<QObject *> plugins() const override { return fLoader.plugins(); }
     const TPluginLoader &loader() const { return fLoader; }
-    const TImportDriver &importDriver() const { return *fDriver; }
+    const TImportDriver &importDriver() const override { return *fDriver; }
     QStringList scriptClassNames() const;
     QObject *scriptObject(const QString &name) const;
 
@@ -46,6 +48,7 @@ public:
     IConverterHost *converterHost() override { return &fConverterHost; }
     QVariant request(int, const QVariant &, const QVariant &, const QVariant &) override { return QVariant(); }
     IGuiHost *gui() override { return fGui; }
+    IBatchHost *batch() override { return fGui ? nullptr : this; }
     IProgressBar *progress() override { return fProgress; }
 
 private:
