@@ -2,6 +2,7 @@
 
 #include "TASCIIYrexConverter.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexCommandLine.h"
 #include "TYrexParamsParsers.h"
 #include "TYrexPluginObjectFactory.h"
 #include "TYrexPluginWrapper.h"
@@ -184,3 +185,13 @@ int TYrexPlugin::availableFlags() const
 }
 
 void TYrexPlugin::compare(const TCanvasItemList &, int) {}
+
+QList<TConsoleCommand> TYrexPlugin::commands() const
+{
+    return TYrexCommandLine::commandList();
+}
+
+int TYrexPlugin::run(const QString &name, const QStringList &arguments, IConsole &console)
+{
+    return TYrexCommandLine(fHost).run(name, arguments, console);
+}

@@ -2,6 +2,7 @@
 
 #include "IYrexItemFactory.h"
 #include "plugin/IPluginAdjustStackedItems.h"
+#include "plugin/IPluginCommandLine.h"
 #include "plugin/IPluginCompareItems.h"
 #include "plugin/IPluginDAItems.h"
 #include "plugin/IPluginItemParameters.h"
@@ -22,11 +23,12 @@ class TYrexPlugin : public TBasePluginEx,
                     public IPluginStackedItemsContext,
                     public IPluginAdjustStackedItems,
                     public IPluginCompareItems,
+                    public IPluginCommandLine,
                     public IYrexItemFactory
 {
     Q_OBJECT
     Q_INTERFACES(IYrexPlugin IPluginDAItems IPluginItemParameters IPluginSpectrumItemsContext IPluginStackedItemsContext
-                     IPluginCompareItems)
+                     IPluginCompareItems IPluginCommandLine)
 
 public:
     TYrexPlugin();
@@ -55,6 +57,9 @@ public:
     void adjustStackedItems(const TCanvasItemList &items) override;
     int availableFlags() const override;
     void compare(const TCanvasItemList &items, int flags) override;
+
+    QList<TConsoleCommand> commands() const override;
+    int run(const QString &name, const QStringList &arguments, IConsole &console) override;
 
     /// Skew angle of new stacks, in degrees.
     double stackAngle() const { return fStackAngle; }

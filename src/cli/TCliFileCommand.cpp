@@ -1,0 +1,175 @@
+#include "TCliFileCommand.h"
+
+#include "TCliArguments.h"
+#include "TCliEnvironment.h"
+#include "TCliInput.h"
+#include "TCliJobs.h"
+#include "TCliResultJson.h"
+#include "plugin/IConsole.h"
+#include "plugin/IConverter.h"
+#include "services/IBatchHost.h"
+#include "services/IPluginHost.h"
+#include "services/TImportDriver.h"
+#include "settings/TDefaultsIni.h"
+#include "utils/CommonUtils.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+namespace {
+
+constexpr int cMaxJobs = 256;
+constexpr char cWorkerOption[] = "--worker";
+constexpr int cWorkerLost = int(0x80000001); // a process ended before it was done
+
+QStringList formatNames(const TImportDriver &driver)
+{
+    QStringList names;
+    for (const IConverter *converter : driver.converters())
+        names.append(converter->formatName());
+    names.removeAll(QString());
+    return names;
+}
+
+} // namespace
+
+QVector<TCliOption> TCliFileCommand::fileOptions()
+{
+    return {{"--format", "NAME", "read the files in this format, whatever they look like; see zarnu formats"},
+            {"--orig-units", "X:Y", "say what the axes of the files are", TCliOption::cPlanned},
+            {"--jobs", "N", "work on N files at once, in processes of their own (default 1)"},
+            {cWorkerOption, "MSECS", "work on one file for another process", TCliOption::cHidden}};
+}
+
+bool TCliFileCommand::checkOptions(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error)
+{
+    fInputs = arguments.operands();
+    fJson = arguments.has("--json");
+    fFormat = arguments.value("--format");
+    fIsWorker = arguments.has(cWorkerOption);
+    fKeepsSettings = arguments.has("--settings");
+    const QStringList known = formatNames(environment.fBatch.importDriver());
+    if (!fFormat.isEmpty() && !known.contains(fFormat)) {
+        error = QString("--format: unknown format %1; known are %2").arg(fFormat, known.join(", "));
+        return false;
+    }
+    if (arguments.has("--jobs")) {
+        bool ok = false;
+        fJobs = arguments.value("--jobs").toInt(&ok);
+        if (!ok || fJobs < 1 || fJobs > cMaxJobs) {
+            error = QString("--jobs: %1 is no number from 1 to %2").arg(arguments.value("--jobs")).arg(cMaxJobs);
+            return false;
+        }
+    }
+    if (fJobs > 1 && fKeepsSettings) {
+        environment.warn("--jobs is not used: with --settings the files share one store and go one after another");
+        fJobs = 1;
+    }
+    return true;
+}
+
+void TCliFileCommand::printOutput(int index, const QByteArray &output, const TCliEnvironment &environment) const
+{
+    if (!fJson || fIsWorker) {
+        environment.fConsole.out(output);
+        return;
+    }
+    environment.fConsole.out(index == 0 ? TCliResultJson::cBegin : TCliResultJson::cSeparator);
+    environment.fConsole.out(output);
+    if (index == fInputs.size() - 1)
+        environment.fConsole.out(TCliResultJson::cEnd);
+}
+
+QByteArray TCliFileCommand::processInput(int index, const TCliEnvironment &environment, bool &failed)
+{
+    if (!fKeepsSettings)
+        TDefaultsIni::setStore(TDefaultsIni::memory);
+    const QString file = fInputs.at(index);
+    TCliInput input = TCliInputs::open(file, fFormat, environment);
+    for (const QString &note : qAsConst(input.fNotes))
+        environment.warn(file + ": " + note);
+    QByteArray out;
+    if (input.isOk())
+        work(input, index, environment, out);
+    if (!input.isOk())
+        environment.fConsole.err(TCliEnvironment::failureLine(file, input.fReason, input.fCode));
+    failed = !input.isOk();
+    if (!fJson)
+        return out;
+    TCliResultJson json(*environment.fHost.document(), jsonParts());
+    json.setChain(chain());
+    return json.object(input);
+}
+
+int TCliFileCommand::runHere(const TCliEnvironment &environment)
+{
+    int status = cCliAllDone;
+    for (int i = 0; i < fInputs.size(); ++i) {
+        environment.fConsole.progress(fInputs.at(i), i, fInputs.size());
+        bool failed = false;
+        printOutput(i, processInput(i, environment, failed), environment);
+        if (failed)
+            status = cCliInputFailed;
+    }
+    environment.fConsole.progress(QString(), fInputs.size(), fInputs.size());
+    if (fIsWorker)
+        environment.fConsole.out(TCliJobs::endMark());
+    return status;
+}
+
+bool TCliFileCommand::takeJob(int index, const TCliJobResult &job, const TCliEnvironment &environment)
+{
+    for (const QByteArray &line : job.fErrors.split('\n')) {
+        if (!line.isEmpty())
+            environment.fConsole.err(QString::fromLocal8Bit(line));
+    }
+    if (job.fIsWhole) {
+        printOutput(index, job.fOutput, environment);
+        return job.fStatus == cCliAllDone;
+    }
+    TCliInput input;
+    input.fFile = fInputs.at(index);
+    input.fail(cWorkerLost, "the process that worked on it ended before it was done");
+    environment.fConsole.err(TCliEnvironment::failureLine(input.fFile, input.fReason, input.fCode));
+    printOutput(index, fJson ? TCliResultJson(*environment.fHost.document(), 0).object(input) : QByteArray(),
+                environment);
+    return false;
+}
+
+int TCliFileCommand::runJobs(const TCliArguments &arguments, const TCliEnvironment &environment)
+{
+    const QDateTime time = TCliInputs::newestTime(fInputs);
+    const QString msecs = QString::number(time.isValid() ? time.toMSecsSinceEpoch() : 0);
+    const QStringList options = arguments.optionsExcept({"--jobs", "-o", "--to", "--plot", "--plot-to"});
+    QList<QStringList> calls;
+    for (int i = 0; i < fInputs.size(); ++i)
+        calls.append(QStringList{syntax().fName} + options + outputOptions(i) +
+                     QStringList{cWorkerOption, msecs, "--", fInputs.at(i)});
+
+    int status = cCliAllDone;
+    TCliJobs jobs(QCoreApplication::applicationFilePath(), fJobs);
+    jobs.run(calls, [&](int index, const TCliJobResult &job) {
+        if (!takeJob(index, job, environment))
+            status = cCliInputFailed;
+        environment.fConsole.progress(fInputs.at(index), index + 1, fInputs.size());
+    });
+    return status;
+}
+
+int TCliFileCommand::run(const TCliArguments &arguments, const TCliEnvironment &environment)
+{
+    QString error;
+    if (!checkOptions(arguments, environment, error) || !prepare(arguments, environment, error) || !makeFolders(error))
+        return environment.refuse(QString("%1: %2").arg(syntax().fName, error));
+    if (fJobs > 1 && fInputs.size() > 1)
+        return runJobs(arguments, environment);
+    // sets and hashes in a fixed order, and times in results that a second run has too
+    qSetGlobalQHashSeed(0);
+    Utils::Common::setFixedTime(
+        fIsWorker ? QDateTime::fromMSecsSinceEpoch(arguments.value(cWorkerOption).toLongLong(), Qt::UTC)
+                  : TCliInputs::newestTime(fInputs));
+    const int status = runHere(environment);
+    Utils::Common::setFixedTime(QDateTime());
+    Utils::Common::setDeterministic(QByteArray());
+    return status;
+}

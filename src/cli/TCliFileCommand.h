@@ -1,0 +1,56 @@
+#pragma once
+
+#include "ICliCommand.h"
+#include "TCliSyntax.h"
+
+#include <QByteArray>
+#include <QStringList>
+#include <QVariantList>
+#include <QVector>
+
+struct TCliInput;
+struct TCliJobResult;
+
+/// A command that does the same to each of its files, here or in processes of its own. No input sees what another one
+/// did, so that neither their order nor the number of processes shows in a result.
+class TCliFileCommand : public ICliCommand
+{
+public:
+    int run(const TCliArguments &arguments, const TCliEnvironment &environment) final;
+
+protected:
+    /// The options of all commands of this kind.
+    static QVector<TCliOption> fileOptions();
+
+    /// Checks and loads what all inputs share. False, with an error, is a usage error.
+    virtual bool prepare(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error) = 0;
+    /// Makes the folders of the outputs; false, with an error, when one cannot be made.
+    virtual bool makeFolders(QString &) { return true; }
+    /// Does the work on an opened input; what goes to standard output is appended to `out`.
+    virtual void work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out) = 0;
+    /// The parts of a spectrum that --json prints, a sum of TCliResultJson::TPart.
+    virtual int jsonParts() const = 0;
+    /// The chain for the provenance of --json.
+    virtual QVariantList chain() const { return {}; }
+    /// The outputs of one input as options, for a process that works on it alone.
+    virtual QStringList outputOptions(int) const { return {}; }
+
+    const QStringList &inputs() const { return fInputs; }
+    /// Whether this is a process that works on one input for another one, which has told the warnings already.
+    bool isWorker() const { return fIsWorker; }
+
+private:
+    bool checkOptions(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error);
+    QByteArray processInput(int index, const TCliEnvironment &environment, bool &failed);
+    int runHere(const TCliEnvironment &environment);
+    int runJobs(const TCliArguments &arguments, const TCliEnvironment &environment);
+    bool takeJob(int index, const TCliJobResult &job, const TCliEnvironment &environment);
+    void printOutput(int index, const QByteArray &output, const TCliEnvironment &environment) const;
+
+    QStringList fInputs;
+    QString fFormat;
+    int fJobs = 1;
+    bool fJson = false;
+    bool fIsWorker = false;
+    bool fKeepsSettings = false;
+};

@@ -1,0 +1,111 @@
+#include "TCliInfo.h"
+
+#include "TCanvasYrexSpectrum.h"
+#include "TCliArguments.h"
+#include "TCliInput.h"
+#include "TCliResultJson.h"
+#include "TJsonWriter.h"
+#include "TTextTable.h"
+#include "TYrexUnits.h"
+
+namespace {
+
+constexpr int cIndent = 2;
+
+QString numberText(double number)
+{
+    return QString::fromLatin1(TJsonWriter::number(number)).remove('"');
+}
+
+/// Units as "Absorbance", and with the original ones when they differ.
+QString unitText(int shown, int original)
+{
+    const QString name = yrexUnitDisplayName(shown);
+    return shown == original ? name : QString("%1 (file: %2)").arg(name, yrexUnitDisplayName(original));
+}
+
+QString rangeText(const TYrexSpectrum &spectrum)
+{
+    const auto shown = [&spectrum](double x) {
+        return numberText(yrexConvertX(x, spectrum.origXUnits(), spectrum.xUnits()));
+    };
+    return QString("%1 .. %2").arg(shown(spectrum.firstX()), shown(spectrum.lastX()));
+}
+
+void addIfSaid(TTextTable &table, const QString &name, const QString &text)
+{
+    if (!text.isEmpty())
+        table.addRow({name, text});
+}
+
+QString spectrumText(const TYrexSpectrum &spectrum, const QString &heading, bool withParams)
+{
+    TTextTable table(cIndent);
+    if (!heading.isEmpty())
+        table.addRow({heading});
+    addIfSaid(table, "Title", spectrum.title());
+    table.addRow({"Points", QString::number(spectrum.pointCount())});
+    table.addRow({"X range", rangeText(spectrum)});
+    table.addRow({"X unit", unitText(spectrum.xUnits(), spectrum.origXUnits())});
+    table.addRow({"Y unit", unitText(spectrum.yUnits(), spectrum.origYUnits())});
+    addIfSaid(table, "Date", spectrum.dateText());
+    addIfSaid(table, "Comment", spectrum.comment());
+    addIfSaid(table, "Class", spectrum.spectrumClass());
+    if (!spectrum.peaks().isEmpty())
+        table.addRow({"Peaks", QString::number(spectrum.peaks().size())});
+    if (spectrum.integrals().count() > 0)
+        table.addRow({"Integrals", QString::number(spectrum.integrals().count())});
+    QString text = table.text();
+    if (withParams) {
+        TTextTable params(2 * cIndent);
+        for (const TSpectrumParam &param : spectrum.params())
+            params.addRow({QString::number(param.id()), param.translated_paramName(), param.value()});
+        text += QString(cIndent, ' ') + "Parameters\n" + params.text();
+    }
+    return text;
+}
+
+} // namespace
+
+TCliSyntax TCliInfo::syntax() const
+{
+    TCliSyntax syntax;
+    syntax.fName = "info";
+    syntax.fSummary = "Tells what is in files: format, items, spectra, points, x range, units, title, date.";
+    syntax.fOptions = {{"--params", "", "add every parameter"},
+                       {"--json", "", "print JSON, one object for each file in an array"},
+                       {"--data", "", "add the y values to the JSON"}};
+    syntax.fOptions += fileOptions();
+    return syntax;
+}
+
+bool TCliInfo::prepare(const TCliArguments &arguments, const TCliEnvironment &, QString &error)
+{
+    fIsJson = arguments.has("--json");
+    if (arguments.has("--params"))
+        fParts |= TCliResultJson::cParams;
+    if (arguments.has("--data"))
+        fParts |= TCliResultJson::cData;
+    if (arguments.has("--data") && !fIsJson)
+        error = "--data goes with --json";
+    return error.isEmpty();
+}
+
+void TCliInfo::work(TCliInput &input, int, const TCliEnvironment &, QByteArray &out)
+{
+    if (fIsJson)
+        return;
+    QString text = input.fFile + '\n';
+    TTextTable head(cIndent);
+    head.addRow({"Format", input.fFormatName});
+    head.addRow({"Items", QString::number(input.fItems.size())});
+    text += head.text();
+    for (int i = 0; i < input.fItems.size(); ++i) {
+        const TYrexSpectrumList &spectra = yrexItem(input.fItems.at(i))->spectra();
+        text += QString("\n  Item %1, spectra: %2\n").arg(i + 1).arg(spectra.size());
+        for (int k = 0; k < spectra.size(); ++k)
+            text += spectrumText(*spectra.at(k), spectra.size() > 1 ? QString("Spectrum %1").arg(k + 1) : QString(),
+                                 fParts & TCliResultJson::cParams);
+    }
+    out += (text + '\n').toUtf8();
+}

@@ -1,0 +1,107 @@
+#include "TCliInput.h"
+
+#include "TCanvasYrexSpectrum.h"
+#include "TCliEnvironment.h"
+#include "canvas/TDocument.h"
+#include "canvas/TLoadReport.h"
+#include "canvas/TPage.h"
+#include "plugin/IConverter.h"
+#include "services/IBatchHost.h"
+#include "services/TImportDriver.h"
+#include "utils/CommonUtils.h"
+#include "utils/FSUtils.h"
+
+#include <QFileInfo>
+
+namespace {
+
+TDocument &freshDocument(const TCliEnvironment &environment)
+{
+    auto document = std::make_unique<TDocument>();
+    TDocument &reference = *document;
+    environment.fBatch.setDocument(std::move(document));
+    return reference;
+}
+
+void loadDocument(TCliInput &input, TDocument &document)
+{
+    input.fIsDocument = true;
+    input.fFormatName = "Kelmora";
+    TLoadReport report;
+    if (!document.loadFrom(input.fFile, report))
+        return input.fail(cConverterContentUnusable, report.fError);
+    input.fNotes += report.fWarnings;
+    if (report.fTruncated)
+        input.fNotes += "the document ends early; what stands before is read";
+}
+
+void importFile(TCliInput &input, TDocument &document, const QString &format, const TCliEnvironment &environment)
+{
+    TPage *page = document.appendPage();
+    const TImportResult result = environment.fBatch.importDriver().import(input.fFile, page, format);
+    if (Utils::Common::has_no_error(result.fCode))
+        return;
+    input.fail(result.fCode, result.fReason);
+    // after a failure the items pass to the caller without a place on the page
+    for (ICanvasItem *item : result.fItems) {
+        if (!page->items().contains(canvasItem(item)))
+            delete canvasItem(item);
+    }
+}
+
+void collectItems(TCliInput &input, const TDocument &document)
+{
+    const TCanvasItemList all = document.items();
+    input.fItems = all.getByRtti(TCanvasYrexSpectrum::cRtti);
+    const int others = all.size() - input.fItems.size();
+    if (others > 0)
+        input.fNotes += QString("items of other kinds left out: %1").arg(others);
+    if (input.fIsDocument || input.fItems.isEmpty())
+        return;
+    const TYrexSpectrum *spectrum = yrexItem(input.fItems.first())->spectra().value(0);
+    input.fFormat = spectrum ? spectrum->fileFormat() : 0;
+    input.fFormatName = Utils::Common::fileFormatToStr(input.fFormat);
+}
+
+} // namespace
+
+void TCliInput::fail(int code, const QString &reason)
+{
+    fCode = code;
+    fReason = reason;
+}
+
+QVariantMap TCliInput::provenance() const
+{
+    QVariantMap map{{"Filename", fFile}, {"version", TCliEnvironment::version()}};
+    if (!fMd5.isEmpty())
+        map.insert("md5sum", QVariantMap{{QFileInfo(fFile).fileName(), QString::fromLatin1(fMd5)}});
+    return map;
+}
+
+TCliInput TCliInputs::open(const QString &file, const QString &format, const TCliEnvironment &environment)
+{
+    TCliInput input;
+    input.fFile = file;
+    input.fMd5 = Utils::FS::md5Sum(file);
+    Utils::Common::setDeterministic(input.fMd5.isEmpty() ? file.toUtf8() : input.fMd5);
+    TDocument &document = freshDocument(environment);
+    if (format.isEmpty() && TDocument::isDocument(file))
+        loadDocument(input, document);
+    else
+        importFile(input, document, format, environment);
+    if (input.isOk())
+        collectItems(input, document);
+    return input;
+}
+
+QDateTime TCliInputs::newestTime(const QStringList &files)
+{
+    QDateTime newest;
+    for (const QString &file : files) {
+        const QDateTime time = QFileInfo(file).lastModified();
+        if (time.isValid() && (!newest.isValid() || time > newest))
+            newest = time;
+    }
+    return newest;
+}

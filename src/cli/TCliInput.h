@@ -1,0 +1,43 @@
+#pragma once
+
+#include "canvas/TCanvasItemList.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+struct TCliEnvironment;
+
+/// One input of a command, opened into the host's document.
+struct TCliInput
+{
+    QString fFile; // as it was given
+    int fCode = 0; // 0, or the code of what failed
+    QString fReason;
+    int fFormat = 0; // number of the file format; 0 for a document
+    QString fFormatName;
+    QByteArray fMd5; // empty for a file that cannot be read
+    bool fIsDocument = false;
+    TCanvasItemList fItems; // the spectrum items, in the order of the document, which owns them
+    QStringList fNotes;     // about what was left out
+
+    bool isOk() const { return fCode == 0; }
+    void fail(int code, const QString &reason);
+    /// "Filename", "md5sum" and the program's "version".
+    QVariantMap provenance() const;
+};
+
+/// How inputs are opened.
+namespace TCliInputs {
+
+/// Opens a file into a fresh document of the host: imports it, or loads it when it is a document. `format` names the
+/// converter outright; empty leaves it to the converters. Afterwards ids come from a series that the file's content
+/// determines.
+TCliInput open(const QString &file, const QString &format, const TCliEnvironment &environment);
+
+/// The newest modification time of files; invalid when none can be looked up.
+QDateTime newestTime(const QStringList &files);
+
+} // namespace TCliInputs

@@ -1,0 +1,157 @@
+#include "TCliProcess.h"
+
+#include "TCanvasYrexSpectrum.h"
+#include "TCliArguments.h"
+#include "TCliEnvironment.h"
+#include "TCliInput.h"
+#include "TCliOutputHelp.h"
+#include "TCliPicture.h"
+#include "TCliResultJson.h"
+#include "TCliWriter.h"
+#include "TCmdYrexProcessing.h"
+#include "TYrexChainFile.h"
+#include "TYrexProcLabels.h"
+#include "TYrexProcSteps.h"
+#include "commands/TCommandHistory.h"
+#include "plugin/IConverter.h"
+#include "services/IPluginHost.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace {
+
+constexpr int cMinSide = 16; // pixels
+constexpr int cMaxSide = 20000;
+constexpr qint64 cMaxPixels = 100000000;
+
+} // namespace
+
+TCliSyntax TCliProcess::syntax() const
+{
+    TCliSyntax syntax;
+    syntax.fName = "process";
+    syntax.fSummary = "Imports files, runs a processing chain as one command on every item, and writes the results.";
+    syntax.fOptions = {
+        {"--chain", "CHAIN", "the chain: a processing template (.kzp) or JSON; without it nothing is run"},
+        {"--stack", "", "gather the spectra of all files into one stack", TCliOption::cPlanned},
+        {"--pick", "FROM:TO[:LEVEL]", "pick peaks", TCliOption::cPlanned},
+        {"--integrate", "FROM:TO", "integrate a range", TCliOption::cPlanned}};
+    syntax.fOptions += TCliOutputHelp::dataOptions();
+    syntax.fOptions +=
+        {{"--plot", "PIC",
+          QString("draw a picture, whose ending says the form (%1), or one for each file in a folder")
+              .arg(TCliTarget::formNames(TCliTarget::cPicture))},
+         {"--plot-to", "FORM", "the form of pictures in a folder (default png)"},
+         {"--size", "WxH", "size of the picture in pixels (default 1600x1000); svg and pdf have its shape"},
+         {"--json", "", "print everything as JSON, one object for each file in an array"}};
+    syntax.fOptions += fileOptions();
+    syntax.fNotes = TCliOutputHelp::dataNotes();
+    return syntax;
+}
+
+bool TCliProcess::loadChain(const QString &file, const TCliEnvironment &environment, QString &error)
+{
+    fChain = std::make_unique<TYrexProcParams>();
+    QStringList warnings;
+    if (!TYrexChainFile::load(file, *fChain, error, warnings)) {
+        error = file + ": " + error;
+        return false;
+    }
+    if (isWorker())
+        return true;
+    for (const QString &warning : qAsConst(warnings))
+        environment.warn(file + ": " + warning);
+    for (int i = 0; i < fChain->actionCount(); ++i) {
+        const int id = fChain->actionId(i);
+        if (fChain->isApplied(i) && !TYrexProcSteps::isStepBuilt(id))
+            environment.warn(QString("%1: %2 is not available in this version and is passed over")
+                                 .arg(file, TYrexProcLabels::sourceLabel(id)));
+    }
+    return true;
+}
+
+bool TCliProcess::readSize(const QString &text, QString &error)
+{
+    static const QRegularExpression cForm("^(\\d{1,6})[xX](\\d{1,6})$");
+    const QRegularExpressionMatch match = cForm.match(text);
+    fSize = QSize(match.captured(1).toInt(), match.captured(2).toInt());
+    const auto fits = [](int side) { return side >= cMinSide && side <= cMaxSide; };
+    if (match.hasMatch() && fits(fSize.width()) && fits(fSize.height()) &&
+        qint64(fSize.width()) * fSize.height() <= cMaxPixels)
+        return true;
+    error = QString("--size: %1 is no size such as 1600x1000, of sides from %2 to %3 and at most %4 pixels")
+                .arg(text)
+                .arg(cMinSide)
+                .arg(cMaxSide)
+                .arg(cMaxPixels);
+    return false;
+}
+
+bool TCliProcess::prepare(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error)
+{
+    if (arguments.has("--size") && !readSize(arguments.value("--size"), error))
+        return false;
+    if (!fData.plan(TCliTarget::cData, arguments, inputs(), error) ||
+        !fPictures.plan(TCliTarget::cPicture, arguments, inputs(), error))
+        return false;
+    if (fData.isStandardOutput() && arguments.has("--json")) {
+        error = "-o - and --json both write to standard output";
+        return false;
+    }
+    if (arguments.has("--chain") && !loadChain(arguments.value("--chain"), environment, error))
+        return false;
+    if (!fData.isPlanned() && !fPictures.isPlanned() && !arguments.has("--json") && !isWorker())
+        environment.warn("nothing is written: give -o, --plot or --json");
+    return true;
+}
+
+int TCliProcess::jsonParts() const
+{
+    return TCliResultJson::cAll;
+}
+
+bool TCliProcess::makeFolders(QString &error)
+{
+    return fData.makeFolder(error) && fPictures.makeFolder(error);
+}
+
+QStringList TCliProcess::outputOptions(int index) const
+{
+    QStringList options;
+    if (fData.isPlanned())
+        options += {"-o", fData.path(index)};
+    if (fPictures.isPlanned())
+        options += {"--plot", fPictures.path(index)};
+    return options;
+}
+
+void TCliProcess::draw(TCliInput &input, int index) const
+{
+    const QStringList paths = fPictures.itemPaths(index, input.fItems.size());
+    QString error;
+    for (int i = 0; i < paths.size() && error.isEmpty(); ++i)
+        error = TCliTarget::obstacle(paths.at(i), fPictures.replaces());
+    for (int i = 0; i < paths.size() && error.isEmpty(); ++i) {
+        TCanvasYrexSpectrum &item = *yrexItem(input.fItems.at(i));
+        const TCliPicture picture(item, fSize, input.provenance());
+        TCliWriter::writeFile(paths.at(i), picture.bytes(fPictures.form()), error);
+    }
+    if (!error.isEmpty())
+        input.fail(cConverterFileNotOpened, error);
+    else if (paths.isEmpty())
+        input.fail(cConverterNothingToExport, "there is nothing to draw");
+}
+
+void TCliProcess::work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out)
+{
+    if (fChain && !input.fItems.isEmpty())
+        environment.fHost.history().push(new TCmdYrexProcessing(input.fItems, *fChain));
+    if (fData.isPlanned()) {
+        TCliWriter writer(environment, fData);
+        writer.setChain(chain());
+        writer.write(input, index, out);
+    }
+    if (fPictures.isPlanned() && input.isOk())
+        draw(input, index);
+}

@@ -1,0 +1,133 @@
+#include "TCliWriter.h"
+
+#include "TCliEnvironment.h"
+#include "TCliInput.h"
+#include "TCliResultJson.h"
+#include "TCliTarget.h"
+#include "canvas/TDocument.h"
+#include "plugin/IConverter.h"
+#include "services/IBatchHost.h"
+#include "services/IPluginHost.h"
+#include "services/TImportDriver.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryDir>
+#include <cstdio>
+
+namespace {
+
+QString cannotWrite(const QString &path, const QString &why)
+{
+    return QString("%1 cannot be written: %2").arg(path, why);
+}
+
+/// Lets an exporter write beside the place of a file and renames what it wrote.
+bool exportBeside(IConverter &converter, const TCanvasItemList &items, const QString &path, TCliInput &input)
+{
+    const QFileInfo info(path);
+    const QString beside =
+        QString("%1/.%2.%3.part").arg(info.path(), info.fileName()).arg(QCoreApplication::applicationPid());
+    const int code = converter.exportItems(items, beside);
+    bool done = code == cConverterOk;
+    if (!done)
+        input.fail(code, cannotWrite(path, TImportDriver::reason(code)));
+    else if (std::rename(QFile::encodeName(beside).constData(), QFile::encodeName(path).constData()) != 0) {
+        input.fail(cConverterFileNotOpened, cannotWrite(path, qt_error_string()));
+        done = false;
+    }
+    if (!done)
+        QFile::remove(beside);
+    return done;
+}
+
+QByteArray exportedBytes(IConverter &converter, TCliInput &input)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("out"));
+    const int code =
+        folder.isValid() ? converter.exportItems(input.fItems, file.fileName()) : int(cConverterFileNotOpened);
+    if (code != cConverterOk || !file.open(QIODevice::ReadOnly)) {
+        input.fail(code ? code : int(cConverterFileNotOpened), TImportDriver::reason(code));
+        return QByteArray();
+    }
+    return file.readAll();
+}
+
+} // namespace
+
+bool TCliWriter::writeFile(const QString &path, const QByteArray &bytes, QString &error)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    error = cannotWrite(path, file.errorString());
+    return false;
+}
+
+void TCliWriter::writeCsv(TCliInput &input, int index, QByteArray &out) const
+{
+    IConverter *converter = fEnvironment.fBatch.importDriver().converterByName("csv");
+    if (!converter || input.fItems.isEmpty()) {
+        const int code = converter ? cConverterNothingToExport : cConverterNotSupported;
+        return input.fail(code, TImportDriver::reason(code));
+    }
+    if (fTarget.isStandardOutput()) {
+        out += exportedBytes(*converter, input);
+        return;
+    }
+    const QStringList paths = fTarget.itemPaths(index, input.fItems.size());
+    for (const QString &path : paths) { // all names before the first byte
+        const QString obstacle = TCliTarget::obstacle(path, fTarget.replaces());
+        if (!obstacle.isEmpty())
+            return input.fail(cConverterFileNotOpened, obstacle);
+    }
+    for (int i = 0; i < paths.size(); ++i) {
+        if (!exportBeside(*converter, {input.fItems.at(i)}, paths.at(i), input))
+            return;
+    }
+}
+
+void TCliWriter::writeDocument(TCliInput &input, int index) const
+{
+    TDocument &document = *fEnvironment.fHost.document();
+    const QString path = fTarget.path(index);
+    QString error;
+    bool done = false;
+    if (input.fIsDocument && !document.isModified()) {
+        // what nothing changed is written as it came, also what a newer version put into it
+        QFile source(input.fFile);
+        done = source.open(QIODevice::ReadOnly) && writeFile(path, source.readAll(), error);
+    } else {
+        done = document.saveTo(path, &error);
+        error = cannotWrite(path, error);
+    }
+    if (!done)
+        input.fail(cConverterFileNotOpened, error);
+}
+
+void TCliWriter::writeJson(TCliInput &input, int index, QByteArray &out) const
+{
+    TCliResultJson json(*fEnvironment.fHost.document(), TCliResultJson::cAll);
+    json.setChain(fChain);
+    const QByteArray text = TCliResultJson::array({json.object(input)});
+    if (fTarget.isStandardOutput()) {
+        out += text;
+        return;
+    }
+    QString error;
+    if (!writeFile(fTarget.path(index), text, error))
+        input.fail(cConverterFileNotOpened, error);
+}
+
+void TCliWriter::write(TCliInput &input, int index, QByteArray &out) const
+{
+    if (fTarget.form() == "csv")
+        writeCsv(input, index, out);
+    else if (fTarget.form() == "klm")
+        writeDocument(input, index);
+    else
+        writeJson(input, index, out);
+}

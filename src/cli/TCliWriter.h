@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVariantList>
+
+class TCliTarget;
+struct TCliEnvironment;
+struct TCliInput;
+
+/// Writes what an input gave. A file is written beside its place and renamed, so that a failure leaves an older one
+/// whole. What fails is told to the input.
+class TCliWriter
+{
+public:
+    TCliWriter(const TCliEnvironment &environment, const TCliTarget &target)
+        : fEnvironment(environment)
+        , fTarget(target)
+    {
+    }
+
+    /// The chain that was run, for the provenance.
+    void setChain(const QVariantList &chain) { fChain = chain; }
+    /// Writes the data of an input in the target's form. What goes to standard output is appended to `out`.
+    void write(TCliInput &input, int index, QByteArray &out) const;
+
+    /// Writes bytes beside their place and renames; false, with an error in words, when that fails.
+    static bool writeFile(const QString &path, const QByteArray &bytes, QString &error);
+
+private:
+    void writeCsv(TCliInput &input, int index, QByteArray &out) const;
+    void writeDocument(TCliInput &input, int index) const;
+    void writeJson(TCliInput &input, int index, QByteArray &out) const;
+
+    const TCliEnvironment &fEnvironment;
+    const TCliTarget &fTarget;
+    QVariantList fChain;
+};

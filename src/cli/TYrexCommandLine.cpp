@@ -1,0 +1,119 @@
+#include "TYrexCommandLine.h"
+
+#include "TCliArguments.h"
+#include "TCliChain.h"
+#include "TCliConvert.h"
+#include "TCliEnvironment.h"
+#include "TCliFormats.h"
+#include "TCliInfo.h"
+#include "TCliProcess.h"
+#include "TCliSyntax.h"
+#include "log/TLogger.h"
+#include "plugin/IConsole.h"
+#include "services/IPluginHost.h"
+#include "settings/TDefaultsIni.h"
+
+#include <memory>
+
+namespace {
+
+using TMaker = std::unique_ptr<ICliCommand> (*)();
+
+template <typename TCommandClass>
+std::unique_ptr<ICliCommand> make()
+{
+    return std::make_unique<TCommandClass>();
+}
+
+struct TEntry
+{
+    const char *fName;
+    const char *fHelp;
+    TMaker fMake; // null: not available in this version
+};
+
+const TEntry cCommands[] = {
+    {"formats", "the file formats that are read and written", make<TCliFormats>},
+    {"info", "what is in files", make<TCliInfo>},
+    {"inspect", "why a file opens or does not (not available in this version)", nullptr},
+    {"convert", "import files and write them in another form", make<TCliConvert>},
+    {"process", "import files, run a processing chain and write the results", make<TCliProcess>},
+    {"chain", "show, check and write processing chains", make<TCliChain>},
+    {"script", "run a script (not available in this version)", nullptr},
+};
+
+const TEntry *entryOf(const QString &name)
+{
+    for (const TEntry &entry : cCommands) {
+        if (name == QLatin1String(entry.fName))
+            return &entry;
+    }
+    return nullptr;
+}
+
+TCliSyntax withCommonOptions(TCliSyntax syntax)
+{
+    syntax.fOptions += {{"--settings", "FILE.ini", "take the defaults of settings from this file, and keep them there"},
+                        {"--quiet", "", "show no progress"},
+                        {"--verbose", "", "write the log to standard error"},
+                        {"--help", "", "show this text"}};
+    return syntax;
+}
+
+} // namespace
+
+QList<TConsoleCommand> TYrexCommandLine::commandList()
+{
+    QList<TConsoleCommand> list;
+    for (const TEntry &entry : cCommands)
+        list.append(TConsoleCommand{entry.fName, entry.fHelp});
+    return list;
+}
+
+TCliSyntax TYrexCommandLine::syntaxOf(const QString &name)
+{
+    const TEntry *entry = entryOf(name);
+    return entry && entry->fMake ? withCommonOptions(entry->fMake()->syntax()) : TCliSyntax();
+}
+
+void TYrexCommandLine::applyCommonOptions(const TCliArguments &arguments, IConsole &console) const
+{
+    console.setQuiet(arguments.has("--quiet"));
+    TLogger::setStderrLevel(arguments.has("--verbose") ? TLogger::cDebug : TLogger::cError);
+    if (arguments.has("--settings"))
+        TDefaultsIni::setStore(arguments.value("--settings"));
+    else
+        TDefaultsIni::setStore(TDefaultsIni::memory);
+}
+
+int TYrexCommandLine::run(const QString &name, const QStringList &arguments, IConsole &console)
+{
+    IBatchHost *batch = fHost ? fHost->batch() : nullptr;
+    if (!batch) {
+        console.err("zarnu: commands do not run in a program with windows");
+        return cCliUsageError;
+    }
+    const TCliEnvironment environment{*fHost, *batch, console};
+    const TEntry *entry = entryOf(name);
+    if (!entry)
+        return environment.refuse(QString("there is no command %1; see zarnu --help").arg(name));
+    if (!entry->fMake)
+        return environment.refuse(QString("%1 is not available in this version").arg(name));
+
+    const std::unique_ptr<ICliCommand> command = entry->fMake();
+    const TCliSyntax syntax = withCommonOptions(command->syntax());
+    TCliArguments parsed;
+    QString error;
+    if (!parsed.parse(syntax, arguments, error))
+        return environment.refuse(QString("%1: %2; see zarnu %1 --help").arg(name, error));
+    if (parsed.has("--help")) {
+        console.out(syntax.help().toUtf8());
+        return cCliAllDone;
+    }
+    applyCommonOptions(parsed, console);
+    const int status = command->run(parsed, environment);
+    if (!TDefaultsIni::sync())
+        environment.warn(QString("%1: the settings could not be written").arg(parsed.value("--settings")));
+    TDefaultsIni::setStore(TDefaultsIni::memory);
+    return status;
+}
