@@ -1,0 +1,310 @@
+#include "TYrexCommandLine.h"
+
+#include "SpectrumBuilder.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TCliFixture.h"
+#include "TCliSyntax.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "services/IGuiHost.h"
+#include "settings/TDefaultsIni.h"
+
+#include <QCryptographicHash>
+#include <QImage>
+
+namespace {
+
+class TYrexCommandLineTest : public TCliInProcess
+{
+protected:
+    /// The values of the only spectrum of an input in the JSON that was printed.
+    QJsonArray data(int input = 0) { return spectrum(input)["data"].toArray(); }
+    QJsonObject spectrum(int input = 0)
+    {
+        const QJsonObject item = parsed(fOut).at(input).toObject()["items"].toArray().at(0).toObject();
+        return item["spectra"].toArray().at(0).toObject();
+    }
+    static void writeInvertChain(const QString &name) { write(name, "[ { \"action\": \"Invert Sign\" } ]"); }
+    static void writeTwoItems(const QString &name)
+    {
+        TDocument document;
+        TPage *page = document.appendPage();
+        for (const double y : {0.25, 0.75})
+            page->insertItem(
+                new TCanvasYrexSpectrum({newSpectrum(QVector<double>(20, y), 1.0, 20.0)}, nullptr, nullptr));
+        ASSERT_TRUE(document.saveTo(name));
+    }
+};
+
+struct TNoWindows : IGuiHost
+{
+    void setWaitCursor() override {}
+    void restoreCursor() override {}
+};
+
+} // namespace
+
+TEST_F(TYrexCommandLineTest, everyCommandHasAHelp)
+{
+    for (const TConsoleCommand &command : fPlugin->commands()) {
+        const QString name = TYrexCommandLine::syntaxOf(command.fName).fName;
+        const int status = run({command.fName, "--help"});
+        if (name.isEmpty()) {
+            EXPECT_EQ(status, 2);
+            EXPECT_EQ(fErr.value(0), QString("zarnu: %1 is not available in this version").arg(command.fName));
+        } else {
+            EXPECT_EQ(status, 0);
+            EXPECT_TRUE(fOut.startsWith("zarnu " + command.fName.toUtf8()));
+        }
+    }
+}
+
+TEST_F(TYrexCommandLineTest, theManPageTellsEveryCommandAndOption)
+{
+    const QString page = QString::fromUtf8(read(ZARNU_MAN_PAGE)).remove('\\');
+    for (const TConsoleCommand &command : fPlugin->commands()) {
+        EXPECT_TRUE(page.contains("\n.B " + command.fName + "\n")) << command.fName.toStdString();
+        for (const TCliOption &option : TYrexCommandLine::syntaxOf(command.fName).fOptions) {
+            const QString macro = option.takesArgument() ? QString(".BI %1 \" %2\"").arg(option.fName, option.fArgument)
+                                                         : ".B " + option.fName;
+            EXPECT_EQ(page.contains(".TP\n" + macro + '\n'), option.fState == TCliOption::cOffered)
+                << option.fName.toStdString();
+        }
+    }
+}
+
+TEST_F(TYrexCommandLineTest, usageErrorsStopBeforeTheWork)
+{
+    writeBand("a.csv", 450.0);
+    write("bad.json", "[ { \"action\": \"No Such\" } ]");
+    const QList<QStringList> cases{{"frobnicate"},
+                                   {"info"},
+                                   {"info", "a.csv", "--frob"},
+                                   {"info", "a.csv", "--data"},
+                                   {"info", "a.csv", "--format", "frob"},
+                                   {"info", "a.csv", "--jobs", "0"},
+                                   {"convert", "a.csv"},
+                                   {"process", "a.csv", "--size", "0x7"},
+                                   {"process", "a.csv", "--size", "20000x20000"},
+                                   {"process", "a.csv", "--pick", "1:2"},
+                                   {"process", "a.csv", "-o", "-", "--json"},
+                                   {"process", "a.csv", "-o", "x.csv", "--chain", "none.json"},
+                                   {"process", "a.csv", "-o", "x.csv", "--chain", "bad.json"},
+                                   {"chain"},
+                                   {"chain", "frob"},
+                                   {"chain", "show"},
+                                   {"chain", "default", "more"},
+                                   {"chain", "keys", "--json"},
+                                   {"chain", "show", "bad.json"}};
+    for (const QStringList &arguments : cases) {
+        EXPECT_EQ(run(arguments), 2) << arguments.join(' ').toStdString();
+        EXPECT_EQ(fErr.size(), 1) << fErr.join('\n').toStdString();
+        EXPECT_TRUE(fOut.isEmpty());
+    }
+    EXPECT_FALSE(QFile::exists("x.csv"));
+}
+
+TEST_F(TYrexCommandLineTest, aProgramWithWindowsKeepsItsDocument)
+{
+    TNoWindows gui;
+    fHost.setGui(&gui);
+    TDocument *document = fHost.document();
+    EXPECT_EQ(run({"info", "a.csv"}), 2);
+    EXPECT_EQ(fHost.document(), document);
+    fHost.setGui(nullptr);
+}
+
+TEST_F(TYrexCommandLineTest, rubbishFailsWithItsCodeAndTheOthersAreDone)
+{
+    writeBand("good.csv", 450.0);
+    write("empty.csv", "");
+    write("binary.csv", QByteArray("\0\1\2\3", 4).repeated(100));
+    write("cut.klm", QByteArray("KLMDOC\n\0", 8));
+    QDir().mkdir("folder.csv");
+    QFile::link("nowhere", "dangling.csv");
+    EXPECT_EQ(run({"info", "none.csv", "empty.csv", "binary.csv", "cut.klm", "folder.csv", "dangling.csv", "good.csv",
+                   "--json"}),
+              1);
+    EXPECT_EQ(fErr.value(0), "zarnu: none.csv: there is no such file (code 51)");
+    EXPECT_EQ(fErr.size(), 6);
+    const QJsonArray json = parsed(fOut);
+    ASSERT_EQ(json.size(), 7);
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_NE(json.at(i).toObject()["status"].toInt(), 0) << i;
+        EXPECT_FALSE(json.at(i).toObject()["error"].toString().isEmpty()) << i;
+    }
+    EXPECT_EQ(json.at(3).toObject()["status"].toInt(), 52);
+    EXPECT_EQ(json.at(5).toObject()["status"].toInt(), 51);
+    EXPECT_EQ(json.at(6).toObject()["formatName"].toString(), "CSV");
+}
+
+TEST_F(TYrexCommandLineTest, infoTellsFormatAndProvenance)
+{
+    writeBand("a.csv", 450.0);
+    ASSERT_EQ(run({"info", "a.csv", "--json"}), 0);
+    const QJsonObject file = parsed(fOut).at(0).toObject();
+    EXPECT_EQ(file["format"].toInt(), 37);
+    const QByteArray sum = QCryptographicHash::hash(read("a.csv"), QCryptographicHash::Md5).toHex();
+    EXPECT_EQ(file["provenance"].toObject()["md5sum"].toObject()["a.csv"].toString(), QString(sum));
+    EXPECT_EQ(file["history"].toArray().at(0).toObject()["description"].toString(), "Import Item");
+    EXPECT_EQ(spectrum()["pointCount"].toInt(), 60);
+    EXPECT_EQ(spectrum()["lastX"].toDouble(), 518.0);
+    ASSERT_EQ(run({"info", "a.csv", "--params"}), 0);
+    EXPECT_TRUE(fOut.contains("60"));
+    EXPECT_TRUE(fOut.contains("2003")); // the unit's parameter
+}
+
+TEST_F(TYrexCommandLineTest, processRunsTheChainAndKeepsEveryDigit)
+{
+    writeBand("a.csv", 450.0);
+    writeInvertChain("invert.json");
+    ASSERT_EQ(run({"process", "a.csv", "--json"}), 0);
+    const QJsonArray before = data();
+    EXPECT_EQ(parsed(fOut).at(0).toObject()["history"].toArray().size(), 1); // no chain, no processing
+    ASSERT_EQ(run({"process", "a.csv", "--json", "--chain", "invert.json"}), 0);
+    ASSERT_EQ(before.size(), 60);
+    const QList<QByteArray> lines = read("a.csv").split('\n');
+    for (int i = 0; i < before.size(); ++i) {
+        EXPECT_EQ(before.at(i).toDouble(), lines.at(i).split(',').at(1).toDouble()) << i;
+        EXPECT_EQ(data().at(i).toDouble(), -before.at(i).toDouble()) << i;
+    }
+    const QJsonObject file = parsed(fOut).at(0).toObject();
+    EXPECT_TRUE(file["provenance"].toObject()["chain"].isArray());
+    EXPECT_EQ(file["history"].toArray().at(1).toObject()["description"].toString(), "Processing");
+}
+
+TEST_F(TYrexCommandLineTest, noInputSeesAnother)
+{
+    // a chain run leaves its values as the next defaults; the second file must not find them
+    writeBand("a.csv", 450.0);
+    writeBand("b.csv", 460.0);
+    write("chain.json", "[ { \"action\": \"Invert Sign\" }, { \"action\": \"Normalization\", \"apply\": false, "
+                        "\"normalizationvalue\": 7.5 } ]");
+    ASSERT_EQ(run({"process", "b.csv", "--json", "--chain", "chain.json"}), 0);
+    const QJsonObject alone = parsed(fOut).at(0).toObject();
+    ASSERT_EQ(run({"process", "a.csv", "b.csv", "--json", "--chain", "chain.json"}), 0);
+    EXPECT_EQ(parsed(fOut).at(1).toObject(), alone);
+    EXPECT_FALSE(TDefaultsIni().contains("Zarnu/ProcessingParams/normalizationvalue"));
+
+    ASSERT_EQ(run({"process", "a.csv", "-o", "a.klm", "--chain", "chain.json", "--settings", "my.ini"}), 0);
+    EXPECT_TRUE(read("my.ini").contains("normalizationvalue=7.5"));
+    ASSERT_EQ(run({"chain", "default", "--settings", "my.ini"}), 0);
+    EXPECT_TRUE(fOut.contains("\"normalizationvalue\": 7.5"));
+    ASSERT_EQ(run({"chain", "default"}), 0);
+    EXPECT_FALSE(fOut.contains("\"normalizationvalue\": 7.5"));
+}
+
+TEST_F(TYrexCommandLineTest, convertWritesEveryForm)
+{
+    writeBand("a.csv", 450.0);
+    for (const char *form : {"csv", "json", "klm"})
+        EXPECT_EQ(run({"convert", "a.csv", "-o", "new/", "--to", form}), 0) << form << fErr.join('\n').toStdString();
+    ASSERT_EQ(run({"convert", "a.csv", "-o", "-"}), 0);
+    EXPECT_EQ(fOut, read("new/a.csv"));
+    ASSERT_EQ(run({"convert", "a.csv", "-o", "-", "--to", "json"}), 0);
+    EXPECT_EQ(fOut, read("new/a.json"));
+    ASSERT_EQ(run({"convert", "new/a.klm", "-o", "-"}), 0);
+    EXPECT_EQ(fOut, read("new/a.csv"));                                     // the document holds what the file held
+    EXPECT_EQ(QDir("new").entryList(QDir::Files | QDir::Hidden).size(), 3); // nothing is left beside
+}
+
+TEST_F(TYrexCommandLineTest, aDocumentIsWrittenAsItCame)
+{
+    writeTwoItems("two.klm");
+    write("tail.klm", read("two.klm") + "what a newer version put behind");
+    ASSERT_EQ(run({"convert", "tail.klm", "-o", "copy.klm"}), 0);
+    EXPECT_EQ(read("copy.klm"), read("tail.klm"));
+    ASSERT_EQ(run({"info", "two.klm", "--json"}), 0);
+    const QJsonObject file = parsed(fOut).at(0).toObject();
+    EXPECT_EQ(file["format"].toInt(-1), 0);
+    EXPECT_EQ(file["formatName"].toString(), "Kelmora");
+    EXPECT_EQ(file["items"].toArray().size(), 2);
+}
+
+TEST_F(TYrexCommandLineTest, severalItemsGiveNumberedFiles)
+{
+    writeTwoItems("two.klm");
+    ASSERT_EQ(run({"convert", "two.klm", "-o", "out.csv"}), 0);
+    EXPECT_FALSE(QFile::exists("out.csv"));
+    EXPECT_TRUE(read("out-1.csv").startsWith("1,0.25"));
+    EXPECT_TRUE(read("out-2.csv").startsWith("1,0.75"));
+    // a name that turns out to be taken: none of the files is touched
+    QFile::remove("out-1.csv");
+    EXPECT_EQ(run({"convert", "two.klm", "-o", "out.csv"}), 1);
+    EXPECT_FALSE(QFile::exists("out-1.csv"));
+    EXPECT_EQ(run({"convert", "two.klm", "-o", "out.csv", "--force"}), 0);
+}
+
+TEST_F(TYrexCommandLineTest, aFailureLeavesTheOldFileWhole)
+{
+    write("rubbish.csv", "no numbers");
+    write("old.csv", "old");
+    EXPECT_EQ(run({"convert", "rubbish.csv", "-o", "old.csv", "--force"}), 1);
+    EXPECT_EQ(read("old.csv"), "old");
+    writeBand("a.csv", 450.0);
+    EXPECT_EQ(run({"convert", "a.csv", "-o", "old.csv"}), 2);
+    EXPECT_EQ(read("old.csv"), "old");
+    EXPECT_EQ(run({"convert", "a.csv", "-o", "old.csv", "--force"}), 0);
+    EXPECT_NE(read("old.csv"), "old");
+}
+
+TEST_F(TYrexCommandLineTest, picturesCarryTheirProvenance)
+{
+    writeBand("a <&>.csv", 450.0);
+    writeInvertChain("invert.json");
+    for (const char *form : {"png", "svg", "pdf"}) {
+        const QStringList call{"process", "a <&>.csv", "--chain", "invert.json", "--size", "320x200", "--plot"};
+        ASSERT_EQ(run(call + QStringList{QString("p.") + form}), 0) << fErr.join('\n').toStdString();
+        ASSERT_EQ(run(call + QStringList{QString("q.") + form}), 0);
+        EXPECT_EQ(read(QString("p.") + form), read(QString("q.") + form)) << form;
+    }
+    const QImage image("p.png");
+    EXPECT_EQ(image.size(), QSize(320, 200));
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_EQ(image.text("Source"), "a <&>.csv");
+    EXPECT_EQ(image.text("MD5").size(), 32);
+    EXPECT_TRUE(QJsonDocument::fromJson(image.text("Chain").toUtf8()).isArray());
+    EXPECT_TRUE(read("p.svg").contains("a &lt;&amp;&gt;.csv"));
+    EXPECT_TRUE(read("p.svg").contains("viewBox=\"0 0 320 200\""));
+    EXPECT_TRUE(read("p.pdf").contains("<dc:source>a &lt;&amp;&gt;.csv</dc:source>"));
+}
+
+TEST_F(TYrexCommandLineTest, aPictureChangesNothingOfTheItem)
+{
+    writeBand("a.csv", 450.0);
+    ASSERT_EQ(run({"process", "a.csv"}), 0);
+    ASSERT_TRUE(fHost.document()->saveTo("plain.klm"));
+    ASSERT_EQ(run({"process", "a.csv", "--plot", "p.png", "--size", "100x400"}), 0);
+    ASSERT_TRUE(fHost.document()->saveTo("drawn.klm"));
+    EXPECT_EQ(read("drawn.klm"), read("plain.klm"));
+}
+
+TEST_F(TYrexCommandLineTest, chainsGoThroughEveryForm)
+{
+    write("chain.json", "[ { \"action\": \"Smoothing\", \"sgsmoothingkerlen\": 11, \"extra\": 3 } ]");
+    ASSERT_EQ(run({"chain", "show", "chain.json"}), 0);
+    EXPECT_TRUE(fOut.startsWith("1. Smoothing\n"));
+    EXPECT_TRUE(fOut.contains("sgsmoothingkerlen: 11\n"));
+    EXPECT_EQ(fErr.size(), 1); // the key that nobody knows
+    ASSERT_EQ(run({"chain", "show", "chain.json", "--json"}), 0);
+    const QByteArray json = fOut;
+    ASSERT_EQ(run({"chain", "save", "chain.json", "-o", "chain.kzp"}), 0);
+    ASSERT_EQ(run({"chain", "save", "chain.kzp", "-o", "again.json"}), 0);
+    EXPECT_EQ(read("again.json"), json);
+    ASSERT_EQ(run({"chain", "save", "chain.kzp", "-o", "-"}), 0);
+    EXPECT_EQ(fOut, json);
+    EXPECT_EQ(run({"chain", "save", "chain.json", "-o", "chain.kzp"}), 2);
+    ASSERT_EQ(run({"chain", "default"}), 0);
+    EXPECT_EQ(parsed(fOut).size(), 11);
+    write("idle.json", fOut);
+    ASSERT_EQ(run({"chain", "show", "idle.json"}), 0);
+    EXPECT_EQ(fOut, "None Applied\n");
+    ASSERT_EQ(run({"chain", "keys"}), 0);
+    EXPECT_TRUE(fOut.contains("alsbaselineautolambda"));
+}
+
+TEST_F(TYrexCommandLineTest, formatsListsTheConverters)
+{
+    ASSERT_EQ(run({"formats"}), 0);
+    EXPECT_TRUE(fOut.contains("csv   Zarnu CSV (*.csv *.txt)"));
+}
