@@ -17,7 +17,6 @@ namespace {
 
 constexpr double cPageWidth = 2970.0; // canvas units of 0.1 mm, as an A4 page lying
 constexpr double cUnitsPerMm = 10.0;
-constexpr double cMmPerInch = 25.4;
 constexpr int cPdfDpi = 1200;
 constexpr int cSvgDpi = 96; // a pixel is the pixel of style sheets
 
