@@ -11,9 +11,10 @@ constexpr float cNone = std::numeric_limits<float>::max();
 
 } // namespace
 
+// a pen wider than the picture covers it as well when it is held to that
 TColumnFiller::TColumnFiller(const QRect &clip, double penWidth)
     : fClip(clip)
-    , fRadius(std::max(0.5, penWidth / 2))
+    , fRadius(std::min(std::max(0.5, penWidth / 2), std::max(0.5, double(clip.width()) + clip.height())))
 {
     const int reach = int(std::ceil(fRadius)) + 1;
     fFirst = (clip.left() - reach) * cParts;
@@ -161,11 +162,12 @@ void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QVecto
             solidFrom = std::max(solidFrom, parts[k].top);
             solidTo = std::min(solidTo, parts[k].bottom);
         }
-        const int begin = std::max(top, int(std::floor(std::max(first, float(top)))));
-        const int end = std::min(bottom, int(std::ceil(std::min(last, float(bottom)))));
-        const int solidBegin = qBound(begin, int(std::ceil(std::min(solidFrom, float(end)))), std::max(begin, end));
-        const int solidEnd =
-            qBound(solidBegin, int(std::floor(std::min(solidTo, float(end)))), std::max(solidBegin, end));
+        if (!(first <= last)) // a gap of the curve
+            continue;
+        const int begin = int(std::floor(qBound(float(top), first, float(bottom))));
+        const int end = int(std::ceil(qBound(float(top), last, float(bottom))));
+        const int solidBegin = int(std::ceil(qBound(float(begin), solidFrom, float(end))));
+        const int solidEnd = int(std::floor(qBound(float(solidBegin), solidTo, float(end))));
         QRgb *pixel = fPixels.data() + (begin - top) * width + x;
         for (int row = begin; row < end; ++row, pixel += width) {
             if (row >= solidBegin && row < solidEnd) {
