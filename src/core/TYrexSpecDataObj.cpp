@@ -260,7 +260,9 @@ TYrexDataView TYrexSpecDataObj::yData(int, int specIndex)
     TCachedArray &cached = fYCache[idAt(specIndex)];
     cached.fUnit = spectrum->yUnits();
     cached.fValues = spectrum->values(); // shared until the spectrum changes
-    return TYrexDataView(cached.fValues);
+    TYrexDataView view(cached.fValues);
+    view.count = qMin(view.count, spectrum->pointCount());
+    return view;
 }
 
 TYrexDataView TYrexSpecDataObj::previewYData(int, int specIndex)

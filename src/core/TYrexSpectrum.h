@@ -44,8 +44,11 @@ public:
     void setValues(const QVector<double> &values) { fData = values; }
     const QVector<double> &orgData() const { return fOrgData; }
     const QVector<double> &absOrgData() const { return fAbsOrgData; }
+    /// Gives up the current values; the originals stay.
     void clearData();
+    /// Sets every current value to 0.
     void zeroData();
+    /// Makes the current values the start of later runs.
     void copyDataToOrgData() { fOrgData = fData; }
     /// What converters call last.
     void copyDataToAbsOrgData() { fAbsOrgData = fData; }
@@ -62,6 +65,7 @@ public:
     double xFactor() const { return fXFactor; }
     double firstY() const { return fFirstY; }
     double yFactor() const { return fYFactor; }
+    /// First and last x in the original unit; x factor, first y and y factor as the file states them (1, 0, 1 without).
     void setAxis(double first, double last, double xFactor, double firstY, double yFactor);
     int origXUnits() const { return fOrigXUnits; }
     int origYUnits() const { return fOrigYUnits; }
@@ -81,13 +85,17 @@ public:
     double maxValue(int from, int to) const;
     /// Smallest value, in the same way, from the largest double.
     double minValue(int from, int to) const;
+    /// Both over all current values, in one walk; without values the two starting values.
     void minMax(double &min, double &max) const;
     /// The level around a point: close to the mean of the window, which is cut at both ends.
     double localMeanLevel(int index, int count, int window) const;
 
     // preview: an extra curve of the data's length shown while a dialog previews its result; never persisted
+    /// Makes room for at least `size` values, which are not set; room that is there is kept.
     void allocPreview(int size);
+    /// Sets every value to 0.
     void zeroPreview();
+    /// Gives the preview up: null and size 0 from then on.
     void freePreview();
     double *preview() { return fPreviewData.get(); }
     const double *preview() const { return fPreviewData.get(); }
@@ -100,6 +108,7 @@ public:
     const TSpectrumParams &params() const { return fParams; }
     /// Empty for id 0 or an absent parameter.
     QString paramText(int id, int dim) const;
+    /// The value of a parameter by its programmatic name, at the index nearest to `dim`; empty for an absent one.
     QString paramTextByName(const QString &name, int dim) const;
     /// Sets a value and refreshes what the record caches of it. False for id 0 or an absent parameter.
     bool setParamValue(int id, int dim, const QString &text);

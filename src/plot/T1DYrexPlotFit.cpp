@@ -47,10 +47,10 @@ bool T1DYrexPlot::extremesInView(IYrexPlotData &plotData, int index, const TRang
     const int unit = fXUnits == cUnitArbitrary ? int(cUnitArbitrary) : int(cUnitWavenumber);
     const TYrexDataView x = plotData.axisData(0, unit, index);
     const TYrexDataView y = plotData.axisData(1, fYUnits, index);
-    if (!x.isValid() || !y.isValid())
+    if (!x.isValid() || !y.isValid() || y.count < x.count) // data that were cleared have no height
         return false;
     const TAscending ascending(x);
-    const int count = qMin(x.count, y.count);
+    const int count = x.count;
     double low = cLargest;
     double high = cSmallest;
     const auto search = [&](int from, int to) {

@@ -20,7 +20,8 @@ enum TColorSetting { cSingleColor = 0, cGradient = 1, cHueColor = 2 };
 
 TCanvasYrexSpectrum *yrexItem(ICanvasItem *item)
 {
-    return item && item->rtti() == TCanvasYrexSpectrum::cRtti ? static_cast<TCanvasYrexSpectrum *>(item) : nullptr;
+    // by class: an item that was read while the module was missing has the number too
+    return dynamic_cast<TCanvasYrexSpectrum *>(item);
 }
 
 TCanvasYrexSpectrum::TCanvasYrexSpectrum(const TYrexSpectrumList &spectra, TPage *page, IProgress *progress)

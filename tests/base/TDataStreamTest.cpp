@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSize>
+#include <QtEndian>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
@@ -252,4 +253,51 @@ TEST(TStatusGuard, restoresTheStatusThatWas)
         EXPECT_FALSE(stream.isGood());
     }
     EXPECT_TRUE(stream.isGood());
+}
+
+namespace {
+
+/// A file of four gigabytes, without the file: a length, then anything.
+class THugeDevice : public QIODevice
+{
+public:
+    explicit THugeDevice(quint32 length)
+        : fLength(qToBigEndian(length))
+    {
+        open(ReadOnly | Unbuffered);
+    }
+    qint64 size() const override { return Q_INT64_C(0x100000000); }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        const qint64 count = qMin<qint64>(maxSize, 1024);
+        for (qint64 i = 0; i < count; ++i)
+            data[i] = pos() + i < 4 ? reinterpret_cast<const char *>(&fLength)[pos() + i] : 'x';
+        return count;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    quint32 fLength;
+};
+
+} // namespace
+
+TEST(TDataStream, arraysThatQtCannotHoldAreCorruptHoweverLongTheFile)
+{
+    const auto expectCorrupt = [](quint32 length, auto value) {
+        THugeDevice device(length);
+        TDataStream stream(&device);
+        stream >> value;
+        EXPECT_EQ(stream.status(), QDataStream::ReadCorruptData) << length;
+        EXPECT_TRUE(value.isEmpty());
+    };
+    expectCorrupt(0x90000000u, QByteArray());
+    expectCorrupt(0x90000000u, QString());
+    THugeDevice device(0x10000000);
+    TDataStream stream(&device);
+    QVector<double> values;
+    EXPECT_FALSE(stream.readDoubles(values));
+    EXPECT_TRUE(values.isEmpty());
 }

@@ -118,6 +118,8 @@ TEST(TStackedData, displayPositionsFollowOrderAndVisibility)
     stack.setOrder({2, 9, 0});
     EXPECT_EQ(stack.order(), QList<quint32>({2, 0, 1})) << "foreign ids go, missing ones are appended";
     EXPECT_EQ(stack.displayPositionOf(0), 1);
+    EXPECT_EQ(stack.displayPositionOf(-1), -1);
+    EXPECT_EQ(stack.displayPositionOf(3), -1);
     stack.setHidden(2, true);
     EXPECT_EQ(stack.displayPositionOf(0), 0);
     EXPECT_EQ(stack.displayPositionOf(2), -1);
@@ -144,4 +146,34 @@ TEST(TStackedData, insertsIssueFreshIdsAndTellNotifiers)
     stack.removeNotifier(&counter);
     fill(stack, 1);
     EXPECT_EQ(counter.fLists, 4);
+}
+
+TEST(TStackedData, readingASnapshotBackKeepsTheCurrentIndexWhereItCan)
+{
+    const auto spectra = [](int count) {
+        TYrexSpectrumList list;
+        for (int i = 0; i < count; ++i)
+            list.append(newSpectrum({1.0}, 0, 1));
+        return list;
+    };
+    TYrexStack stack;
+    fill(stack, 3);
+    stack.setCurrent(2);
+    stack.restore(spectra(3), {0, 1, 2}, {}, {}, {}, 0);
+    EXPECT_EQ(stack.current(), 2);
+    stack.restore(spectra(2), {0, 1}, {}, {}, {}, 0);
+    EXPECT_EQ(stack.current(), 0);
+}
+
+TEST(TStackedData, storedIdsThatLeaveNoRoomForNewOnesAreIssuedAgain)
+{
+    for (const quint32 large : {0xffffffffu, 0x80000000u, 0x7fffffffu, 0x7ffffffeu}) {
+        TYrexStack stack;
+        stack.restore({newSpectrum({1.0}, 0, 1), newSpectrum({1.0}, 0, 1)}, {0, large}, {large, large}, {large},
+                      {large, 0}, 0);
+        fill(stack, 2);
+        EXPECT_EQ(stack.ids(), QList<quint32>({0, 1, 2, 3})) << large;
+        EXPECT_EQ(stack.order(), QList<quint32>({0, 1, 2, 3})) << large;
+        EXPECT_TRUE(stack.hidden().isEmpty() && stack.deselected().isEmpty()) << large;
+    }
 }

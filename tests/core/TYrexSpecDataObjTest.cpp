@@ -175,3 +175,11 @@ TEST(TYrexSpecDataObj, everyCutLoadsIntoASoundStack)
         EXPECT_EQ(read.stack().order().size(), read.stack().count()) << length;
     }
 }
+
+TEST(TYrexSpecDataObj, viewsOfOneSpectrumHaveItsPointCount)
+{
+    TYrexSpecDataObj data(QUuid(), {newSpectrum({1, 2, 3, 4}, 0, 3)});
+    data.stack().at(0)->setPointCount(2);
+    EXPECT_EQ(data.xData(50, 0).count, 2);
+    EXPECT_EQ(data.yData(50, 0).count, 2);
+}

@@ -5,6 +5,7 @@
 #include "TYrexUnits.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "canvas/TUnknownItem.h"
 #include "commands/TCommandHistory.h"
 #include "history/THistoryCommand.h"
 #include "stream/TDataStream.h"
@@ -55,6 +56,13 @@ TEST(TCanvasYrexSpectrum, tellsWhatItIs)
     EXPECT_TRUE(two.curveColor().isValid());
     EXPECT_EQ(one.plotData(QUuid::createUuid()), nullptr);
     EXPECT_EQ(one.plotData(one.dataObj()->id()), one.dataObj());
+}
+
+TEST(TCanvasYrexSpectrum, anItemReadWithoutTheModuleIsNoneOfIt)
+{
+    TUnknownItem item(TCanvasYrexSpectrum::cRtti);
+    EXPECT_EQ(yrexItem(&item), nullptr);
+    EXPECT_EQ(yrexItem(nullptr), nullptr);
 }
 
 TEST(TCanvasYrexSpectrum, titlesExpandPlaceholders)
@@ -154,4 +162,14 @@ TEST(TCmdYrexProcessing, aChangeOfNothingLeavesNoHistoryEntry)
     page->insertItem(new TCanvasYrexSpectrum({titled("A", "a.csv")}, page, nullptr));
     document.history().push(new TCmdYrexProcessing(document.items(), TYrexProcParams()));
     EXPECT_TRUE(document.history().entries().isEmpty());
+}
+
+TEST(TCmdYrexProcessing, undoLeavesTheCurrentSpectrumCurrent)
+{
+    TCanvasYrexSpectrum item({titled("A", "a.csv"), titled("B", "b.csv")}, nullptr, nullptr);
+    item.stack().setCurrent(1);
+    TCmdYrexProcessing command({&item}, inverted());
+    command.execute();
+    command.revert();
+    EXPECT_EQ(item.stack().current(), 1);
 }

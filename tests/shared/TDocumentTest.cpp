@@ -11,6 +11,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -160,4 +161,28 @@ TEST_F(TDocumentTest, creatingItemsOwnsThemWhileUndone)
         document.history().stack()->undo();
     }
     EXPECT_FALSE(weak) << "the undone command deleted its item";
+}
+
+TEST_F(TDocumentTest, anItemStandsOnOnePageOnly)
+{
+    TDocument document;
+    auto *item = new TTextItem("x");
+    document.appendPage()->insertItem(item);
+    document.appendPage()->insertItem(item);
+    EXPECT_TRUE(document.pages().at(0)->items().isEmpty());
+    EXPECT_EQ(document.items().size(), 1);
+    EXPECT_EQ(item->canvas(), document.pages().at(1));
+}
+
+TEST_F(TDocumentTest, aPageThatCannotBeDrawnIsRefused)
+{
+    for (const double width : {0.0, -1.0, 1e300, std::nan("")}) {
+        TDocument document;
+        document.appendPage()->setSize(QSizeF(width, 100.0));
+        TDocument read;
+        TDataStream stream(bytesOf(document));
+        TLoadReport report;
+        EXPECT_FALSE(read.load(stream, report)) << width;
+        EXPECT_FALSE(report.fError.isEmpty());
+    }
 }

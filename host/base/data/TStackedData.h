@@ -9,7 +9,6 @@
 #include <QStringList>
 #include <QVector>
 #include <algorithm>
-#include <limits>
 
 /// How a stack learns the class text of one of its spectra: specialise with
 /// `static QString classText(const TSpectrum &)`, trimmed.
@@ -29,6 +28,7 @@ public:
     using TGroup = QPair<QString, QList<TPointer>>; // class text, its spectra
 
     static constexpr int cGroupedDisplayMode = 7;
+    static constexpr quint32 cLargestStoredId = 0x3fffffff; // leaves room for as many new ids in an int
 
     TStackedData()
         : fItems(new TList)
@@ -97,7 +97,7 @@ public:
         const quint32 id = fIds.at(index);
         fItems->removeAt(index);
         fIds.removeAt(index);
-        normaliseOrder();
+        fOrder.removeOne(id); // all that normalising would do
         fHidden.removeAll(id);
         fDeselected.remove(id);
         if (int(id) >= fLastId)
@@ -240,9 +240,9 @@ public:
     {
         if (fGrouped == 1)
             return groupOf(at(index));
-        if (fHidden.isEmpty())
-            return fOrder.isEmpty() ? index : fOrder.indexOf(idOf(index));
-        return contains(index) ? visibleSpectra().indexOf(fItems->at(index)) : -1;
+        if (!contains(index))
+            return -1;
+        return fHidden.isEmpty() ? fOrder.indexOf(fIds.at(index)) : visibleSpectra().indexOf(fItems->at(index));
     }
 
     /// displayPositionOf every index, in one walk.
@@ -297,7 +297,8 @@ public:
     void setGrouped(int displayMode) { fGrouped = displayMode == cGroupedDisplayMode ? 1 : 0; }
 
     /// Everything but the spectra as a document holds it, for the data object's load. Lists that do not fit the
-    /// spectra are mended: every spectrum ends with an id of its own.
+    /// spectra are mended: every spectrum ends with an id of its own. The current index, which no stream holds, stays
+    /// where it can, so that reading a snapshot back does not move it.
     void restore(const TList &spectra, const QList<quint32> &ids, const QList<quint32> &hidden,
                  const QSet<quint32> &deselected, const QList<quint32> &order, int grouped)
     {
@@ -311,9 +312,10 @@ public:
         mendIds();
         fLastId = largestId();
         normaliseOrder();
+        const int current = contains(fCurrent) ? fCurrent : 0;
         fCurrent = -1;
         fAnchor = -1;
-        setCurrent(0);
+        setCurrent(current);
     }
 
 private:
@@ -328,8 +330,8 @@ private:
     void mendIds()
     {
         const QSet<quint32> distinct(fIds.begin(), fIds.end());
-        const bool sound = distinct.size() == fIds.size() && fIds.size() == count() && largestId() >= -1 &&
-                           largestId() < std::numeric_limits<int>::max();
+        const bool sound = distinct.size() == fIds.size() && fIds.size() == count() &&
+                           std::all_of(fIds.begin(), fIds.end(), [](quint32 id) { return id <= cLargestStoredId; });
         if (!sound) {
             fIds.clear();
             for (int i = 0; i < count(); ++i)
@@ -337,9 +339,12 @@ private:
         }
         const QSet<quint32> known(fIds.begin(), fIds.end());
         QList<quint32> hidden;
+        QSet<quint32> listed;
         for (const quint32 id : qAsConst(fHidden)) {
-            if (known.contains(id) && !hidden.contains(id))
-                hidden.append(id);
+            if (!known.contains(id) || listed.contains(id))
+                continue;
+            hidden.append(id);
+            listed.insert(id);
         }
         fHidden = hidden;
         fDeselected.intersect(known);

@@ -8,6 +8,7 @@
 
 namespace {
 
+constexpr int cMaxParams = 10000; // a file has some hundred; every look-up walks them
 constexpr int cStoredDigits = 17; // a double reads back to the same bits
 
 QString targetText(const QString &target)
@@ -176,6 +177,8 @@ void TSpectrumParams::load(TDataStream &stream)
     TDataStreamAdaptor block(stream);
     if (block.hasData()) {
         const int count = stream.readCount(TSpectrumParam::cMinStoredSize);
+        if (count > cMaxParams)
+            stream.setStatus(QDataStream::ReadCorruptData);
         for (int i = 0; i < count && stream.isGood(); ++i) {
             TSpectrumParam param;
             if (param.load(stream))

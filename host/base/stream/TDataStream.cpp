@@ -16,6 +16,7 @@ namespace {
 
 constexpr int cDoublesPerChunk = 8192; // 64 KiB of swapped doubles at a time
 constexpr quint32 cNullLength = 0xffffffff;
+constexpr qint64 cMaxArrayBytes = 0x7fff0000; // Qt counts the bytes of an array in an int
 
 } // namespace
 
@@ -108,6 +109,10 @@ bool TDataStream::readDoubles(QVector<double> &values)
     const int count = readCount(int(sizeof(double)));
     if (!isGood())
         return false;
+    if (count > cMaxArrayBytes / qint64(sizeof(double))) {
+        setStatus(ReadCorruptData);
+        return false;
+    }
     values.resize(count);
     if (count == 0)
         return true;
@@ -127,7 +132,7 @@ TDataStream &TDataStream::operator>>(QByteArray &bytes)
     *this >> length;
     if (!isGood() || length == cNullLength)
         return *this;
-    if (qint64(length) > bytesLeft()) {
+    if (qint64(length) > qMin(bytesLeft(), cMaxArrayBytes)) {
         setStatus(ReadCorruptData);
         return *this;
     }
@@ -144,7 +149,7 @@ TDataStream &TDataStream::operator>>(QString &text)
     *this >> length;
     if (!isGood() || length == cNullLength)
         return *this;
-    if (length % 2 != 0 || qint64(length) > bytesLeft()) {
+    if (length % 2 != 0 || qint64(length) > qMin(bytesLeft(), cMaxArrayBytes)) {
         setStatus(ReadCorruptData);
         return *this;
     }

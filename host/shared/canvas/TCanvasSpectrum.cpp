@@ -7,6 +7,13 @@
 #include "stream/TDataStreamAdaptor.h"
 
 #include <QPainter>
+#include <cmath>
+
+namespace {
+
+constexpr double cFarthestPlace = 1e6; // canvas units, 100 m
+
+}
 
 TCanvasSpectrum::TCanvasSpectrum(int rtti, TPage *page, const QString &name, IProgress *progress)
     : TCanvasBaseSpectrum(rtti, page, name)
@@ -149,6 +156,9 @@ void TCanvasSpectrum::load(TDataStream &stream)
         qint32 policy = 0;
         quint8 flags = 0;
         stream >> id >> itemName >> x >> y >> width >> height >> policy >> flags >> subtypeName;
+        const auto isPlace = [](double value) { return std::abs(value) <= cFarthestPlace; }; // false for NaN
+        if (!isPlace(x) || !isPlace(y) || !isPlace(width) || !isPlace(height))
+            stream.setStatus(QDataStream::ReadCorruptData);
         setUniqueId(id);
         setName(itemName);
         setRect(QRectF(x, y, width, height));

@@ -18,6 +18,8 @@
 #include <QFile>
 #include <QLocale>
 #include <QSaveFile>
+#include <algorithm>
+#include <initializer_list>
 
 namespace {
 
@@ -29,7 +31,18 @@ constexpr int cMinItemSize = 4 + 16 + 12;
 constexpr int cMinHistorySize = 12; // three lengths
 constexpr int cMinParamSize = 8;
 
+constexpr double cShortestPage = 1.0; // canvas units of 0.1 mm
+constexpr double cLongestPage = 1e6;  // 100 m
+
 TDocument::TItemFactory gItemFactory;
+
+/// Whether a page of that size and with those margins can be drawn; false for NaN.
+bool isPageSound(double width, double height, const std::initializer_list<double> &margins)
+{
+    const auto isMargin = [](double margin) { return margin >= 0.0 && margin <= cLongestPage; };
+    const auto isSide = [](double side) { return side >= cShortestPage && side <= cLongestPage; };
+    return isSide(width) && isSide(height) && std::all_of(margins.begin(), margins.end(), isMargin);
+}
 
 } // namespace
 
@@ -167,6 +180,10 @@ bool TDocument::loadPage(TDataStream &stream, TLoadReport &report)
     double width = 0.0, height = 0.0, left = 0.0, top = 0.0, right = 0.0, bottom = 0.0;
     QString title;
     stream >> id >> width >> height >> left >> top >> right >> bottom >> title;
+    if (!isPageSound(width, height, {left, top, right, bottom}))
+        stream.setStatus(QDataStream::ReadCorruptData);
+    if (!stream.isGood())
+        return fail(stream, report, tr("in page %1").arg(pageNumber));
     page->setId(id);
     page->setSize(QSizeF(width, height));
     page->setMargins(QMarginsF(left, top, right, bottom));

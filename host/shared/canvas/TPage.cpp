@@ -25,6 +25,8 @@ void TPage::insertItem(TCanvasItem *item, int index)
 {
     if (!item || fItems.contains(item))
         return;
+    if (item->canvas() && item->canvas() != this)
+        item->canvas()->takeItem(item); // one owner only
     fItems.insert(index < 0 ? fItems.size() : qMin(index, fItems.size()), item);
     item->setCanvas(this);
     item->setup();

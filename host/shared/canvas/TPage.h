@@ -39,7 +39,7 @@ public:
     void setTail(const QByteArray &tail) { fTail = tail; }
 
     const QList<TCanvasItem *> &items() const { return fItems; }
-    /// Takes the item over; it stands at `index`, or last.
+    /// Takes the item over, from another page where it stands on one; it stands at `index`, or last.
     void insertItem(TCanvasItem *item, int index = -1);
     /// Gives the item up without deleting it.
     void takeItem(TCanvasItem *item);

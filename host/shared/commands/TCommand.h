@@ -43,6 +43,7 @@ public:
     /// Whether `next` may join this undo step. Here: both mergeable, of one class.
     virtual bool mergeCommand(TCommand *next);
 
+    /// Does or undoes the step and notes which; nothing else sets the done flag.
     void execute();
     void revert();
 

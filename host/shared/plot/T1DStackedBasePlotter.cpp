@@ -297,7 +297,8 @@ void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringLi
     const bool isQueue = fStackedPlot->isQueued();
 
     // columns have their titles on top; in rows the labels are arranged along the height
-    const int every = isQueue ? 1 : std::max(1, int(std::ceil(count * height / whole.height())));
+    // no height leaves room for one title
+    const int every = isQueue ? 1 : int(std::ceil(qBound(1.0, count * height / whole.height(), double(count))));
     T1DLabelArranger arranger(0.0);
     for (int i = 0; i < count; ++i) {
         const QRectF own = getArrayedCurveRect(rows.at(i));

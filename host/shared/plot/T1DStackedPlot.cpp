@@ -75,7 +75,8 @@ QString T1DStackedPlot::axisTitle(TAxisDir dir) const
 int T1DStackedPlot::drawnRows() const
 {
     const int labelled = numberedLabels().size();
-    return labelled > 0 ? labelled : std::max(1, qRound(fStackAxis.getFullScale().span()));
+    constexpr double cMostRows = 10000.0; // the limits of an axis may come from a foreign document
+    return labelled > 0 ? labelled : qRound(qBound(1.0, fStackAxis.getFullScale().span(), cMostRows));
 }
 
 void T1DStackedPlot::drawAxes(QPainter &painter)

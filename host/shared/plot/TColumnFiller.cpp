@@ -16,9 +16,10 @@ float within(float value, int low, int high)
 
 } // namespace
 
+// a pen wider than the picture covers it as well when it is held to that
 TColumnFiller::TColumnFiller(const QRect &clip, double penWidth)
     : fClip(clip)
-    , fRadius(std::max(0.5, penWidth / 2))
+    , fRadius(std::min(std::max(0.5, penWidth / 2), std::max(0.5, double(clip.width()) + clip.height())))
 {
     const int reach = int(std::ceil(fRadius)) + 1;
     fFirst = (clip.left() - reach) * cParts;
@@ -179,6 +180,8 @@ void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QVecto
             solidFrom = std::max(solidFrom, parts[k].top);
             solidTo = std::min(solidTo, parts[k].bottom);
         }
+        if (!(first <= last)) // a gap of the curve
+            continue;
         const int begin = int(std::floor(within(first, top, bottom)));
         const int end = int(std::ceil(within(last, begin, bottom)));
         const int solidBegin = int(std::ceil(within(solidFrom, begin, end)));

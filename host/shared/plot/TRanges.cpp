@@ -138,14 +138,16 @@ void TRanges::load(TDataStream &stream)
     if (block.hasData()) {
         TRanges loaded;
         const int count = stream.readCount(2 * int(sizeof(double)));
-        QVector<TRange> pieces(count);
-        for (TRange &piece : pieces)
+        QVector<TRange> pieces;
+        for (int i = 0; i < count && stream.isGood(); ++i) {
+            TRange piece;
             stream >> piece.a >> piece.b;
+            if (piece.isFinite()) // a NaN has no place in an order, and sorting by one is undefined
+                pieces.append(piece);
+        }
         // the pieces of a foreign stream may overlap or stand in any order
         std::sort(pieces.begin(), pieces.end(), [](const TRange &l, const TRange &r) { return l.lo() < r.lo(); });
         for (const TRange &piece : qAsConst(pieces)) {
-            if (!piece.isFinite())
-                continue;
             if (!loaded.fPieces.isEmpty() && piece.lo() <= loaded.fPieces.last().b)
                 loaded.fPieces.last().b = std::max(loaded.fPieces.last().b, piece.hi());
             else

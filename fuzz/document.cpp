@@ -1,0 +1,83 @@
+// Loads bytes as a document, strictly or, when the first byte is odd, as the recovery of a cut file does. What was read
+// is asked for its titles and drawn, and stored; when it was read whole, it has to read back to the same bytes.
+#include "TCanvasYrexSpectrum.h"
+#include "canvas/TCanvasItemList.h"
+#include "canvas/TDocument.h"
+#include "canvas/TLoadReport.h"
+#include "canvas/TPage.h"
+#include "stream/TDataStream.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <cstdlib>
+
+QScreen *gOffscreenScreen = nullptr; // the platform never deletes it; pointed at, it is no leak
+
+namespace {
+
+constexpr int cPicture = 64; // pixels on a side; every row of code is run, and few pixels are filled
+
+TCanvasItem *makeItem(int rtti)
+{
+    return rtti == TCanvasYrexSpectrum::cRtti ? new TCanvasYrexSpectrum({}, nullptr, nullptr) : nullptr;
+}
+
+QByteArray stored(const TDocument &document)
+{
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    document.store(stream);
+    return bytes;
+}
+
+bool load(TDocument &document, const QByteArray &bytes, bool tolerant)
+{
+    TDataStream stream(bytes);
+    stream.setTolerant(tolerant);
+    TLoadReport report;
+    return document.load(stream, report);
+}
+
+void look(const TDocument &document)
+{
+    for (ICanvasItem *entry : document.items()) {
+        const TCanvasItem *item = canvasItem(entry);
+        item->title(true);
+        item->title(false);
+        item->subtype();
+        item->descriptiveText();
+    }
+    for (const TPage *page : document.pages()) {
+        QImage picture(cPicture, cPicture, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::white);
+        page->render(&picture);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QGuiApplication cApplication(*argc, *argv);
+    gOffscreenScreen = QGuiApplication::primaryScreen();
+    TDocument::setItemFactory(makeItem);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    if (size == 0)
+        return 0;
+    const QByteArray bytes(reinterpret_cast<const char *>(data) + 1, int(size) - 1);
+    TDocument document;
+    const bool whole = load(document, bytes, data[0] % 2 != 0);
+    look(document);
+    const QByteArray first = stored(document);
+    if (!whole)
+        return 0;
+    TDocument again;
+    if (!load(again, first, false) || stored(again) != first)
+        std::abort(); // saving what was opened would lose something
+    return 0;
+}

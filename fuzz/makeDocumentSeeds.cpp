@@ -1,0 +1,80 @@
+// Writes the seeds of the fuzz target "document" into the folder that is given.
+#include "SpectrumBuilder.h"
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "canvas/TUnknownItem.h"
+#include "commands/TCmdCreateItem.h"
+#include "stream/TDataStream.h"
+#include "utils/CommonUtils.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <cstdio>
+
+namespace {
+
+bool write(const QString &path, char kind, const TDocument &document)
+{
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    document.store(stream);
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(QByteArray(1, kind) + bytes) == bytes.size() + 1;
+}
+
+void import(TDocument &document, TCanvasItem *item)
+{
+    document.history().push(
+        new TCmdCreateItem(TCmdCreateItem::cImport, {item}, &document, nullptr, {{"Filename", "a.csv"}}, 0));
+}
+
+TCanvasItem *single()
+{
+    TYrexSpectrum *spectrum = newSpectrum({0.1, 0.5, 0.2, 0.7}, 4000, 400, 0, 10);
+    spectrum->peaks().append(new TYrexDPLib::TYrexDPPeak);
+    spectrum->integrals().append(TYrexIntegrationRegion(0.5, 2.5, 2));
+    return new TCanvasYrexSpectrum({spectrum}, nullptr, nullptr);
+}
+
+TCanvasItem *stack(int displayMode)
+{
+    auto *item =
+        new TCanvasYrexSpectrum({newSpectrum({1, 2, 3}, 0, 2), newSpectrum({3, 1, 2}, 0, 2, 3, 18)}, nullptr, nullptr);
+    item->stack().at(1)->setSpectrumClass("A");
+    item->stack().setGrouped(displayMode);
+    item->activeYrexPlot()->setStackedDisplayMode(displayMode);
+    return item;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: makeDocumentSeeds FOLDER\n");
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    Utils::Common::setDeterministic("seeds");
+    Utils::Common::setFixedTime(QDateTime::fromSecsSinceEpoch(0, Qt::UTC));
+    const QString folder = QString::fromLocal8Bit(argv[1]) + '/';
+    bool good = write(folder + "empty", 0, TDocument());
+    {
+        TDocument document;
+        import(document, single());
+        good = write(folder + "single", 0, document) && good;
+    }
+    for (const int mode : {2, TYrexStack::cGroupedDisplayMode}) { // overlay and rows of classes
+        TDocument document;
+        import(document, stack(mode));
+        good = write(folder + QString("stack%1").arg(mode), 0, document) && good;
+    }
+    TDocument document;
+    document.settings().insert("key", 2.5);
+    import(document, new TUnknownItem(107));
+    document.appendPage()->setTail("newer");
+    return write(folder + "unknown", 0, document) && good ? 0 : 1;
+}
