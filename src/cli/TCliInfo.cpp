@@ -38,11 +38,9 @@ void addIfSaid(TTextTable &table, const QString &name, const QString &text)
         table.addRow({name, text});
 }
 
-QString spectrumText(const TYrexSpectrum &spectrum, const QString &heading, bool withParams)
+QString spectrumText(const TYrexSpectrum &spectrum, bool withParams)
 {
     TTextTable table(cIndent);
-    if (!heading.isEmpty())
-        table.addRow({heading});
     addIfSaid(table, "Title", spectrum.title());
     table.addRow({"Points", QString::number(spectrum.pointCount())});
     table.addRow({"X range", rangeText(spectrum)});
@@ -62,6 +60,30 @@ QString spectrumText(const TYrexSpectrum &spectrum, const QString &heading, bool
             params.addRow({QString::number(param.id()), param.translated_paramName(), param.value()});
         text += QString(cIndent, ' ') + "Parameters\n" + params.text();
     }
+    return text;
+}
+
+/// What there is to say of the spectra of an item, once for neighbours of which the same is to be said.
+QString spectraText(const TYrexSpectrumList &spectra, bool withParams)
+{
+    QString text;
+    int first = 0;
+    QString same;
+    const auto flush = [&](int end) {
+        if (spectra.size() > 1 && end > first)
+            text += end - first == 1 ? QString("  Spectrum %1\n").arg(end)
+                                     : QString("  Spectra %1 to %2, each\n").arg(first + 1).arg(end);
+        text += same;
+    };
+    for (int i = 0; i < spectra.size(); ++i) {
+        const QString next = spectrumText(*spectra.at(i), withParams);
+        if (next == same)
+            continue;
+        flush(i);
+        first = i;
+        same = next;
+    }
+    flush(spectra.size());
     return text;
 }
 
@@ -103,9 +125,7 @@ void TCliInfo::work(TCliInput &input, int, const TCliEnvironment &, QByteArray &
     for (int i = 0; i < input.fItems.size(); ++i) {
         const TYrexSpectrumList &spectra = yrexItem(input.fItems.at(i))->spectra();
         text += QString("\n  Item %1, spectra: %2\n").arg(i + 1).arg(spectra.size());
-        for (int k = 0; k < spectra.size(); ++k)
-            text += spectrumText(*spectra.at(k), spectra.size() > 1 ? QString("Spectrum %1").arg(k + 1) : QString(),
-                                 fParts & TCliResultJson::cParams);
+        text += spectraText(spectra, fParts & TCliResultJson::cParams);
     }
     out += (text + '\n').toUtf8();
 }
