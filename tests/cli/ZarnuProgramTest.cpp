@@ -1,6 +1,7 @@
 // The built program, with the plug-in that it loads.
 #include "TCliFixture.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -9,6 +10,13 @@ namespace {
 class ZarnuProgram : public TCliFolder
 {
 protected:
+    void SetUp() override
+    {
+        TCliFolder::SetUp();
+        // the screen of Qt's offscreen platform leaks; the commands' own leaks are found where they run in process
+        qputenv("ASAN_OPTIONS", "detect_leaks=0");
+    }
+
     int run(const QStringList &arguments, const QProcessEnvironment &environment = QProcessEnvironment())
     {
         QProcess process;
@@ -88,6 +96,11 @@ TEST_F(ZarnuProgram, jobsShowInNoResult)
 TEST_F(ZarnuProgram, twoRunsGiveTheSameBytes)
 {
     writeBand("a.csv", 450.0);
+    QFile input("a.csv");
+    ASSERT_TRUE(input.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(
+        input.setFileTime(QDateTime(QDate(2020, 1, 2), QTime(3, 4, 5), Qt::UTC), QFileDevice::FileModificationTime));
+    input.close();
     QByteArray bytes[2];
     for (int i = 0; i < 2; ++i) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -97,7 +110,7 @@ TEST_F(ZarnuProgram, twoRunsGiveTheSameBytes)
         bytes[i] = fOut + read("a.klm") + read("a.pdf");
     }
     EXPECT_EQ(bytes[0], bytes[1]);
-    EXPECT_FALSE(bytes[0].isEmpty());
+    EXPECT_TRUE(bytes[0].contains("/CreationDate (D:20200102030405"));
 }
 
 TEST_F(ZarnuProgram, tellsWhenTheOutputIsLost)
