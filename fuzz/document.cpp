@@ -15,7 +15,7 @@ QScreen *gOffscreenScreen = nullptr; // the platform never deletes it; pointed a
 
 namespace {
 
-constexpr int cPicture = 64; // pixels on a side; every row of code is run, and few pixels are filled
+constexpr int cPicture = 64; // pixels on the longer side; every row of code is run, and few pixels are filled
 
 TCanvasItem *makeItem(int rtti)
 {
@@ -48,7 +48,8 @@ void look(const TDocument &document)
         item->descriptiveText();
     }
     for (const TPage *page : document.pages()) {
-        QImage picture(cPicture, cPicture, QImage::Format_ARGB32_Premultiplied);
+        const QSize size = page->size().scaled(cPicture, cPicture, Qt::KeepAspectRatio).toSize();
+        QImage picture(size.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::white);
         page->render(&picture);
     }

@@ -31,8 +31,8 @@ constexpr int cMinItemSize = 4 + 16 + 12;
 constexpr int cMinHistorySize = 12; // three lengths
 constexpr int cMinParamSize = 8;
 
-constexpr double cShortestPage = 1.0; // canvas units of 0.1 mm
-constexpr double cLongestPage = 1e6;  // 100 m
+constexpr double cShortestPage = 100.0; // canvas units: 1 cm; letters that fill a page many times crash painters
+constexpr double cLongestPage = 1e5;    // 10 m
 
 TDocument::TItemFactory gItemFactory;
 
