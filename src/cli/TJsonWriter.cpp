@@ -11,7 +11,7 @@ QByteArray TJsonWriter::number(double number)
     if (std::isinf(number))
         return number > 0.0 ? "\"inf\"" : "\"-inf\"";
     if (number == 0.0 && std::signbit(number))
-        return "-0.0"; // readers take -0 for a whole number and lose its sign
+        return "-0.0";                            // readers take -0 for a whole number and lose its sign
     constexpr double cExact = 9007199254740992.0; // beyond it not every whole number is a double
     if (number == std::floor(number) && std::abs(number) < cExact)
         return QByteArray::number(qint64(number)); // 100000 and not the shorter 1e+05

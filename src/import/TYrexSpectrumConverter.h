@@ -35,8 +35,8 @@ public:
 protected:
     /// Reads a file and appends whole spectra. Returns a TConverterCode.
     virtual int readFile(const QString &fileName) = 0;
-    /// Puts the sources of a file's parameters into a bundle without reading its spectra. False, here, where a format has
-    /// none; readParameters then looks for files named like the sources.
+    /// Puts the sources of a file's parameters into a bundle without reading its spectra. False, here, where a format
+    /// has none; readParameters then looks for files named like the sources.
     virtual bool headerBundle(const QString &fileName, TParamsBundle &bundle);
     virtual ICanvasItem *createItem(const TYrexSpectrumList &spectra, ICanvas *parent);
     /// Named parameters of a file without its spectra: entries of the form "source(key)".
