@@ -111,6 +111,15 @@ TEST(TCanvasYrexSpectrum, everyCutLoadsWithoutHarm)
     }
 }
 
+TEST(TCanvasYrexSpectrum, mayOutliveThePageThatItWasMeantFor)
+{
+    auto page = std::make_unique<TPage>();
+    TCanvasYrexSpectrum item({titled("A", "a.csv")}, page.get(), nullptr);
+    page.reset();
+    EXPECT_EQ(item.canvas(), nullptr);
+    item.update();
+}
+
 TEST(TCanvasYrexSpectrum, exportsWhatIsVisibleWithItsEnds)
 {
     TCanvasYrexSpectrum item({newSpectrum(QVector<double>(1001, 1.0), 0.1, 1.1)}, nullptr, nullptr);

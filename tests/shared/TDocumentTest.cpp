@@ -186,3 +186,17 @@ TEST_F(TDocumentTest, aPageThatCannotBeDrawnIsRefused)
         EXPECT_FALSE(report.fError.isEmpty());
     }
 }
+
+TEST_F(TDocumentTest, historyValuesThatCannotBeReadBackAreKeptAsText)
+{
+    TDocument document;
+    document.history().push(new TCmdCreateItem(TCmdCreateItem::cImport, {new TTextItem("x")}, &document, nullptr,
+                                               {{"Letter", QChar('q')}, {"Number", 2.5}}, 0));
+    const QByteArray bytes = bytesOf(document);
+    TDocument read;
+    TDataStream stream(bytes);
+    TLoadReport report;
+    ASSERT_TRUE(read.load(stream, report)) << report.fError.toStdString();
+    EXPECT_EQ(read.historyEntries().first().fParams.at(0).fValue, QVariant("q"));
+    EXPECT_EQ(read.historyEntries().first().fParams.at(1).fValue, QVariant(2.5));
+}

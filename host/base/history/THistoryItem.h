@@ -16,8 +16,8 @@ public:
     virtual QUuid historyId() const = 0;
     virtual QString historyName() const = 0;
     /// Facts that say more closely what was meant: "itemId", "specIndex".
-    void setHistoryProperty(const QByteArray &name, const QVariant &value) { fProperties.insert(name, value); }
-    QVariant historyProperty(const QByteArray &name) const { return fProperties.value(name); }
+    void setProperty(const QByteArray &name, const QVariant &value) { fProperties.insert(name, value); }
+    QVariant property(const QByteArray &name) const { return fProperties.value(name); }
 
     /// The history item that a script wrapper stands for, or null.
     static THistoryItem *getHistoryItemProperty(const QObject *wrapper);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "canvas/TPage.h"
+
+#include <QPointer>
+
 class QPainter;
-class TPage;
 
 /// The side of an item that faces the canvas. Lengths are canvas units of 0.1 mm.
 class QtCanvasItem
@@ -21,6 +24,6 @@ public:
     virtual void paint(QPainter &painter) = 0;
 
 private:
-    TPage *fCanvas = nullptr;
+    QPointer<TPage> fCanvas; // an item may outlive the page that it was meant for
     bool fShown = false;
 };

@@ -68,8 +68,7 @@ void TCanvasSpectrum::storePlots(TDataStream &stream) const
         block.startStore();
         if (entry.fPlot)
             entry.fPlot->store(stream);
-        else
-            writeRawBytes(stream, entry.fBytes);
+        writeRawBytes(stream, entry.fBytes);
         block.endStore();
     }
     stream << qint32(fActive);
@@ -126,8 +125,7 @@ void TCanvasSpectrum::loadPlot(TDataStream &stream)
         entry.fPlot.reset(createPlot(entry.fType, entry.fId));
         if (entry.fPlot)
             entry.fPlot->load(stream);
-        else
-            entry.fBytes = readRestOfBlock(stream);
+        entry.fBytes = readRestOfBlock(stream);
     }
     block.skipData();
     fPlots.push_back(std::move(entry));

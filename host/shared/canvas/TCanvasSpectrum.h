@@ -33,9 +33,9 @@ private:
     struct TPlotEntry
     {
         std::unique_ptr<TBasePlot> fPlot;
-        int fType = 0; // of a plot that no plug-in knows, with its id and its bytes
+        int fType = 0; // of a plot that no plug-in knows, with its id
         QUuid fId;
-        QByteArray fBytes;
+        QByteArray fBytes; // of such a plot, or what a newer writer put behind the fields of a known one
     };
     struct TRawBag
     {

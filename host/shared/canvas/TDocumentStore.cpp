@@ -36,6 +36,19 @@ constexpr double cLongestPage = 1e5;    // 10 m
 
 TDocument::TItemFactory gItemFactory;
 
+/// The value as it can be read back: what the bounded reader of variants does not take is kept as text.
+QVariant storable(const QVariant &value)
+{
+    QByteArray bytes;
+    {
+        TDataStream out(&bytes, QIODevice::WriteOnly);
+        out << value;
+    }
+    TDataStream in(bytes);
+    QVariant back;
+    return in.readVariant(back) ? value : QVariant(value.toString());
+}
+
 /// Whether a page of that size and with those margins can be drawn; false for NaN.
 bool isPageSound(double width, double height, const std::initializer_list<double> &margins)
 {
@@ -90,7 +103,7 @@ void TDocument::storeHistory(TDataStream &stream) const
                << entry.fUndone;
         stream << qint32(entry.fParams.size());
         for (const THistoryParameter &param : entry.fParams)
-            stream << param.fName << param.fValue << param.fOldValue << param.fText;
+            stream << param.fName << storable(param.fValue) << storable(param.fOldValue) << param.fText;
     }
     writeRawBytes(stream, fHistoryTail);
     block.endStore();
