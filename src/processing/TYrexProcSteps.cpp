@@ -1,7 +1,12 @@
 #include "TYrexProcSteps.h"
 
+#include "TYrexDerivative.h"
 #include "TYrexMultipointBaseline.h"
+#include "TYrexNormalization.h"
+#include "TYrexPeakPicking.h"
 #include "TYrexProcIds.h"
+#include "TYrexScatter.h"
+#include "TYrexSmoothing.h"
 #include "TYrexSpectrum.h"
 #include "TYrexUnitConversion.h"
 #include "TYrexUnits.h"
@@ -35,7 +40,13 @@ void quotientNormalization(TYrexSpectrum &spectrum, const QVariantMap &)
 }
 
 constexpr TYrexProcStep cSteps[] = {
+    {cProcDerivative, TYrexDerivative::derivative, nullptr, nullptr},
+    {cProcStandardNormalVariate, TYrexScatter::snv, nullptr, nullptr},
+    {cProcAutoPeakPicking, TYrexPeakPicking::autoPeakPicking, nullptr, nullptr},
+    {cProcNormalization, TYrexNormalization::normalize, nullptr, nullptr},
+    {cProcScatterCorrection, TYrexScatter::mscApply, nullptr, nullptr},
     {cProcMultipointBaseline, yrexApplyMultipoint, yrexPreviewMultipoint, nullptr},
+    {cProcSmoothing, TYrexSmoothing::smooth, nullptr, nullptr},
     {cProcUnitConversion, yrexConvertUnits, nullptr, nullptr},
     {cProcFirstIntegration, firstIntegration, nullptr, nullptr},
     {cProcInvertSign, invertSign, nullptr, nullptr},
