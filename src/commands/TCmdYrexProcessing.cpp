@@ -1,7 +1,9 @@
 #include "TCmdYrexProcessing.h"
 
-#include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexChainSections.h"
+#include "TYrexProcIds.h"
+#include "TYrexScatter.h"
 #include "history/THistoryCommand.h"
 #include "utils/VariantUtils.h"
 
@@ -9,19 +11,19 @@ namespace {
 
 constexpr int cManyChanges = 3; // from here on the history tells the new chain, not the differences
 
-int actionId(const QVariant &action)
+int idOf(const QVariant &action)
 {
-    return action.toMap().value("yrexProcOpId").toInt();
+    return action.toMap().value(cKeyOpId).toInt();
 }
 
 bool isApplied(const QVariant &action)
 {
-    return action.toMap().value("apply").toBool();
+    return action.toMap().value(cKeyApply).toBool();
 }
 
 QString labelOf(const QVariant &action)
 {
-    return TYrexProcParams::label(actionId(action));
+    return TYrexProcParams::label(idOf(action));
 }
 
 /// The map with the labels of its options in place of their numbers.
@@ -58,7 +60,7 @@ void addDifferences(THistoryCommand &entry, const QVariantList &old, const QVari
         entry.addParam(TCmdYrexProcessing::tr("Zarnu Proc. Action Removed"), labelOf(old.value(place)), QString());
     } else if (old.size() < now.size()) {
         entry.addParam(TCmdYrexProcessing::tr("Zarnu Proc. Action Duplicated"), labelOf(now.value(place)), QString());
-    } else if (actionId(first) != actionId(last)) {
+    } else if (idOf(first) != idOf(last)) {
         addMove(entry, now, place, first, last);
     } else {
         for (int i = 0; i < now.size(); ++i) {
@@ -72,68 +74,63 @@ void addDifferences(THistoryCommand &entry, const QVariantList &old, const QVari
 } // namespace
 
 TCmdYrexProcessing::TCmdYrexProcessing(const TCanvasItemList &items, const TYrexProcParams &newParams)
-    : TCommand(tr("Processing"))
+    : TYrexProcessingCommand(tr("Processing"), items)
     , fNewParams(newParams)
 {
-    TCanvasYrexSpectrum *mainItem = nullptr;
-    for (ICanvasItem *entry : items) {
-        TCanvasYrexSpectrum *item = yrexItem(entry);
-        if (!item)
-            continue;
-        fItems.append(item);
-        if (!mainItem || item->isSelectedForEdit())
-            mainItem = item;
-    }
-    fSnapshots.resize(fItems.size());
-    if (mainItem && mainItem->currentSpectrum())
-        fOldParams = mainItem->currentSpectrum()->procParams().params();
+    if (mainItem() && mainItem()->currentSpectrum())
+        fOldParams = mainItem()->currentSpectrum()->procParams().params();
+    const TCanvasYrexSpectrum *first = yrexItemAt(0);
+    if (!first)
+        return;
+    fTargetCount = first->stack().selectedIndices(false, true).size();
+    fPointCount = first->stack().isEmpty() ? 0 : first->stack().at(0)->pointCount();
 }
 
-void TCmdYrexProcessing::saveItem(const TCanvasYrexSpectrum &item, int index)
+void TCmdYrexProcessing::setSpectrumParams(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)
 {
-    QByteArray state;
-    item.storeFullState(state);
-    fSnapshots[index] = qCompress(state, -1);
+    spectrum->procParams() = fNewParams;
+    fNewParams.storeDefaults();
 }
 
-void TCmdYrexProcessing::applyTo(TCanvasYrexSpectrum &item)
+QVector<TYrexSpectrum *> TCmdYrexProcessing::targetSpectra(TCanvasYrexSpectrum *item)
 {
-    const int last = fNewParams.actionCount() - 1;
-    for (const int index : item.stack().selectedIndices(false, true)) {
-        TYrexSpectrum *spectrum = item.stack().at(index);
-        if (!spectrum)
-            continue;
-        spectrum->procParams() = fNewParams;
-        fNewParams.storeDefaults();
-        if (last >= 0)
-            spectrum->process(0, 0, last);
+    QVector<TYrexSpectrum *> spectra;
+    fTargets = item->stack().selectedIndices(false, true);
+    for (const int specIndex : qAsConst(fTargets)) {
+        if (TYrexSpectrum *spectrum = item->stack().at(specIndex))
+            spectra.append(spectrum);
     }
-    if (T1DYrexPlot *plot = item.activeYrexPlot()) {
-        if (const TYrexSpectrum *spectrum = item.currentSpectrum())
-            plot->changeUnits(TAxisDir(2), spectrum->yUnits(), false);
-        plot->keepCurveInView();
-    }
-    item.update();
+    return spectra;
 }
 
-void TCmdYrexProcessing::doCmd()
+void TCmdYrexProcessing::runPrepass(TCanvasYrexSpectrum *item, int action, bool isFirst)
 {
-    for (int i = 0; i < fItems.size(); ++i) {
-        saveItem(*fItems.at(i), i);
-        applyTo(*fItems.at(i));
+    const QVector<TYrexSpectrum *> spectra = targetSpectra(item);
+    if (isFirst) { // no section has run yet that would have reset the data
+        for (TYrexSpectrum *spectrum : spectra)
+            spectrum->copyOrgDataToData();
     }
+    if (fNewParams.actionId(action) == cProcScatterCorrection)
+        TYrexScatter::mscPrepass(spectra);
+    else
+        TYrexScatter::pqnPrepass(spectra, fNewParams.action(action));
 }
 
-void TCmdYrexProcessing::undoCmd()
+void TCmdYrexProcessing::doItem(TCanvasYrexSpectrum *item, int index)
 {
-    for (int i = fItems.size() - 1; i >= 0; --i) {
-        TCanvasYrexSpectrum *item = fItems.at(i);
-        item->restoreFullState(qUncompress(fSnapshots.at(i)));
-        T1DYrexPlot *plot = item->activeYrexPlot();
-        if (plot && item->currentSpectrum())
-            plot->changeUnits(TAxisDir(2), item->currentSpectrum()->yUnits(), false);
-        item->update();
+    saveItem(item, index);
+    const QVector<TYrexChainSection> sections = yrexChainSections(fNewParams.actions());
+    for (const TYrexChainSection &section : sections) {
+        if (section.fPrepass >= 0)
+            runPrepass(item, section.fPrepass, section.fFrom == 0);
+        targetSpectra(item);
+        for (const int specIndex : qAsConst(fTargets)) {
+            if (TYrexSpectrum *spectrum = item->stack().at(specIndex))
+                applyToRange(item, index, spectrum, specIndex, section.fFrom, section.fTo);
+        }
     }
+    finishItem(item, index, true);
+    item->update();
 }
 
 void TCmdYrexProcessing::doHistoryCommand()
@@ -141,9 +138,9 @@ void TCmdYrexProcessing::doHistoryCommand()
     const QVariantList &old = fOldParams.actions();
     const QVariantList &now = fNewParams.actions();
     const QVariantMap diff = Utils::Variant::variantDiff(old, now);
-    if (diff.isEmpty() || fItems.isEmpty())
+    if (diff.isEmpty() || items().isEmpty())
         return;
-    auto *entry = new THistoryCommand(description(), fItems.first(), QString());
+    auto *entry = new THistoryCommand(description(), canvasItem(items().first()), QString());
     if (diff.size() < cManyChanges) {
         addDifferences(*entry, old, now, diff);
     } else {
@@ -152,5 +149,5 @@ void TCmdYrexProcessing::doHistoryCommand()
                 entry->addParam(tr("New Zarnu Processing Action Applied"), labelOf(action), QString());
         }
     }
-    appendHistoryCommand(entry, fItems.first());
+    appendHistoryCommand(entry, canvasItem(items().first()));
 }

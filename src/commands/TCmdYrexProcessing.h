@@ -1,31 +1,35 @@
 #pragma once
 
 #include "TYrexProcParams.h"
-#include "canvas/TCanvasItemList.h"
-#include "commands/TCommand.h"
+#include "TYrexProcessingCommand.h"
 
-#include <QVector>
+#include <QList>
 
-class TCanvasYrexSpectrum;
-
-/// Gives a chain to the selected spectra of items and runs it. Undo reads back a compressed snapshot of each item.
-class TCmdYrexProcessing : public TCommand
+/// Gives a chain to the selected spectra of items and runs it, section by section, with the figures that stack actions
+/// need computed in between.
+class TCmdYrexProcessing : public TYrexProcessingCommand
 {
     Q_OBJECT
 
 public:
     TCmdYrexProcessing(const TCanvasItemList &items, const TYrexProcParams &newParams);
 
+    void doItem(TCanvasYrexSpectrum *item, int index) override;
+    void setSpectrumParams(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
+    /// One entry, for the first item: what changed in the chain. None for a chain that is the same.
     void doHistoryCommand() override;
-    void doCmd() override;
-    void undoCmd() override;
+
+    /// The spectra of the first item that were meant when the command was made.
+    int targetCount() const { return fTargetCount; }
+    int pointCount() const { return fPointCount; }
 
 private:
-    void saveItem(const TCanvasYrexSpectrum &item, int index);
-    void applyTo(TCanvasYrexSpectrum &item);
+    void runPrepass(TCanvasYrexSpectrum *item, int action, bool isFirst);
+    QVector<TYrexSpectrum *> targetSpectra(TCanvasYrexSpectrum *item);
 
-    QList<TCanvasYrexSpectrum *> fItems;
-    QVector<QByteArray> fSnapshots; // compressed, by item
     TYrexProcParams fNewParams;
+    int fTargetCount = 0;
+    int fPointCount = 0;
+    QVector<int> fTargets;      // indices, taken afresh for each section
     TYrexProcParams fOldParams; // of the main item's current spectrum, for the history
 };

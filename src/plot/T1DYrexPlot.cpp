@@ -152,6 +152,9 @@ void T1DYrexPlot::changeUnits(TAxisDir axisDir, int units, bool useOriginal)
         }
         resetFullScales(*plotData, horzDir, useOriginal);
     }
+    const TRange full = axis(axisDir).getFullScale();
+    if (axisDir == horzDir && (full.a > full.b) != (scale.a > scale.b)) // units of the other direction
+        std::swap(scale.a, scale.b);
     setScale(axisDir, scale.a, scale.b);
     for (const TRange &range : qAsConst(hidden))
         hideRange(axisDir, range);

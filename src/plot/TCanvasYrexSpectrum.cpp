@@ -174,6 +174,14 @@ QColor TCanvasYrexSpectrum::curveColor() const
     return plot ? plot->curveColor() : QColor();
 }
 
+void TCanvasYrexSpectrum::refreshAxes()
+{
+    T1DYrexPlot *plot = activeYrexPlot();
+    const TYrexSpectrum *spectrum = currentSpectrum();
+    if (plot && spectrum && plot->yUnits() != spectrum->yUnits())
+        plot->changeUnits(vertDir, spectrum->yUnits(), false);
+}
+
 void TCanvasYrexSpectrum::updateStackedColors()
 {
     if (!isStacked())

@@ -58,6 +58,8 @@ public:
     QString spectrumTitle(int index) const;
     /// The colour of the current spectrum's curve; invalid without a plot of this module.
     QColor curveColor() const;
+    /// Lets the plot show the y unit of the current spectrum, where a chain changed it; a zoom stays otherwise.
+    void refreshAxes();
     /// Gives the spectra of a stack the colours that the plot's colour setting asks for.
     void updateStackedColors();
     /// First and last x of a spectrum in a unit.

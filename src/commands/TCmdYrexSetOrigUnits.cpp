@@ -1,0 +1,99 @@
+#include "TCmdYrexSetOrigUnits.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TYrexUnits.h"
+#include "history/THistoryCommand.h"
+
+TCmdYrexSetOrigUnits::TParamState TCmdYrexSetOrigUnits::paramState(const TYrexSpectrum &spectrum, int id)
+{
+    const TSpectrumParam *entry = spectrum.params().getParam(id);
+    return entry ? TParamState{entry->value(0), entry->isEdited()} : TParamState();
+}
+
+void TCmdYrexSetOrigUnits::setParamState(TYrexSpectrum &spectrum, int id, const TParamState &state)
+{
+    if (TSpectrumParam *entry = spectrum.params().getParam(id)) {
+        entry->setValue(0, state.fText);
+        entry->setEdited(state.fEdited);
+    }
+}
+
+TCmdYrexSetOrigUnits::TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDir axis, int unit, TTargets targets)
+    : TYrexSpectrumCommand(axis == horzDir ? tr("Set Zarnu Original X Units") : tr("Set Zarnu Original Y Units"), items)
+    , fAxis(axis)
+    , fUnit(unit)
+    , fTargets(targets)
+    , fOld(TCanvasItemsCommand::items().size())
+{
+}
+
+int TCmdYrexSetOrigUnits::origParam() const
+{
+    return fAxis == horzDir ? TSpectrumParam::cOrigXUnits : TSpectrumParam::cOrigYUnits;
+}
+
+int TCmdYrexSetOrigUnits::param() const
+{
+    return fAxis == horzDir ? TSpectrumParam::cXUnits : TSpectrumParam::cYUnits;
+}
+
+QVector<int> TCmdYrexSetOrigUnits::targets(const TCanvasYrexSpectrum &item) const
+{
+    QVector<int> indices;
+    if (fTargets == cCurrentSpectrum && item.currentSpectrum())
+        indices.append(item.stack().current());
+    for (int i = 0; fTargets == cAllSpectra && i < item.stack().count(); ++i)
+        indices.append(i);
+    return indices;
+}
+
+void TCmdYrexSetOrigUnits::showUnits(TCanvasYrexSpectrum *item) const
+{
+    T1DYrexPlot *plot = item->activeYrexPlot();
+    const TYrexSpectrum *spectrum = item->currentSpectrum();
+    if (plot && spectrum)
+        plot->changeUnits(fAxis, fAxis == horzDir ? spectrum->xUnits() : spectrum->yUnits(), false);
+    item->update();
+}
+
+void TCmdYrexSetOrigUnits::doItem(TCanvasYrexSpectrum *item, int index)
+{
+    QVector<TUnits> &old = fOld[index];
+    old.clear();
+    for (const int specIndex : targets(*item)) {
+        TYrexSpectrum &spectrum = *item->stack().at(specIndex);
+        old.append({specIndex, spectrum.origXUnits(), spectrum.origYUnits(), spectrum.xUnits(), spectrum.yUnits(),
+                    paramState(spectrum, origParam()), paramState(spectrum, param())});
+        const int x = fAxis == horzDir ? fUnit : spectrum.origXUnits();
+        const int y = fAxis == horzDir ? spectrum.origYUnits() : fUnit;
+        spectrum.setOrigUnits(x, y);
+        spectrum.setUnits(x, y);
+        const TParamState named{yrexUnitDisplayName(fUnit), true};
+        setParamState(spectrum, origParam(), named);
+        setParamState(spectrum, param(), named);
+    }
+    showUnits(item);
+}
+
+void TCmdYrexSetOrigUnits::undoItem(TCanvasYrexSpectrum *item, int index)
+{
+    for (const TUnits &units : qAsConst(fOld.at(index))) {
+        TYrexSpectrum *spectrum = item->stack().at(units.fIndex);
+        if (!spectrum)
+            continue;
+        spectrum->setOrigUnits(units.fOrigX, units.fOrigY);
+        spectrum->setUnits(units.fX, units.fY);
+        setParamState(*spectrum, origParam(), units.fOrigParam);
+        setParamState(*spectrum, param(), units.fParam);
+    }
+    showUnits(item);
+}
+
+THistoryCommand *TCmdYrexSetOrigUnits::makeItemHistory(TCanvasYrexSpectrum *item)
+{
+    THistoryCommand *entry = TYrexSpectrumCommand::makeItemHistory(item);
+    entry->addParam(tr("Zarnu Spectrum"), item->title(false), QString());
+    entry->addParam(fAxis == horzDir ? tr("X Units") : tr("Y Units"), yrexUnitDisplayName(fUnit), QString());
+    return entry;
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "TYrexSpectrumCommand.h"
+#include "plot/TAxisDir.h"
+
+#include <QString>
+#include <QVector>
+
+class TYrexSpectrum;
+
+/// Says what an axis of spectra is where their file did not: sets its original and its present unit. No value changes.
+class TCmdYrexSetOrigUnits : public TYrexSpectrumCommand
+{
+    Q_OBJECT
+
+public:
+    /// Which spectra of an item are meant.
+    enum TTargets { cCurrentSpectrum, cAllSpectra };
+
+    /// `axis` is the horizontal or the vertical one, `unit` a unit code.
+    TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDir axis, int unit, TTargets targets);
+
+    void doItem(TCanvasYrexSpectrum *item, int index) override;
+    void undoItem(TCanvasYrexSpectrum *item, int index) override;
+    THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
+
+private:
+    struct TParamState
+    {
+        QString fText;
+        bool fEdited = false;
+    };
+    struct TUnits
+    {
+        int fIndex;
+        int fOrigX, fOrigY, fX, fY;
+        TParamState fOrigParam, fParam; // the axis' two unit parameters
+    };
+    static TParamState paramState(const TYrexSpectrum &spectrum, int id);
+    static void setParamState(TYrexSpectrum &spectrum, int id, const TParamState &state);
+
+    QVector<int> targets(const TCanvasYrexSpectrum &item) const;
+    int origParam() const;
+    int param() const;
+    void showUnits(TCanvasYrexSpectrum *item) const;
+
+    TAxisDir fAxis;
+    int fUnit;
+    TTargets fTargets;
+    QVector<QVector<TUnits>> fOld; // by item
+};

@@ -1,0 +1,58 @@
+#include "TYrexListCommand.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+
+TYrexListCommand::TYrexListCommand(const QString &description, const TCanvasItemList &items)
+    : TYrexCommand(description, items)
+    , fSnapshots(TCanvasItemsCommand::items().size())
+{
+}
+
+void TYrexListCommand::doItem(TCanvasYrexSpectrum *item, int index)
+{
+    saveItem(item, index);
+    for (const int specIndex : item->stack().selectedIndices(false, true)) {
+        if (TYrexSpectrum *spectrum = item->stack().at(specIndex))
+            applyToSpectrum(item, index, spectrum, specIndex);
+    }
+    finishItem(item, index, false);
+    item->update();
+}
+
+void TYrexListCommand::undoItem(TCanvasYrexSpectrum *item, int index)
+{
+    restoreItem(item, index);
+    finishItem(item, index, false);
+    item->update();
+}
+
+void TYrexListCommand::finishItem(TCanvasYrexSpectrum *item, int, bool refreshed)
+{
+    T1DYrexPlot *plot = item->activeYrexPlot();
+    if (!plot)
+        return;
+    item->refreshAxes();
+    if (refreshed)
+        plot->keepCurveInView();
+}
+
+void TYrexListCommand::saveItem(TCanvasYrexSpectrum *item, int index)
+{
+    QByteArray state;
+    item->storeFullState(state);
+    fSnapshots[index] = qCompress(state, -1);
+}
+
+void TYrexListCommand::restoreItem(TCanvasYrexSpectrum *item, int index)
+{
+    item->restoreFullState(qUncompress(fSnapshots.at(index)));
+}
+
+qint64 TYrexListCommand::snapshotBytes() const
+{
+    qint64 bytes = 0;
+    for (const QByteArray &snapshot : fSnapshots)
+        bytes += snapshot.size();
+    return bytes;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "TYrexCommand.h"
+
+#include <QByteArray>
+#include <QVector>
+
+class TYrexSpectrum;
+
+/// Base of the commands that change whole spectra. Undo reads back a snapshot of each item's complete state, of which
+/// only the compressed form is kept.
+class TYrexListCommand : public TYrexCommand
+{
+    Q_OBJECT
+
+public:
+    TYrexListCommand(const QString &description, const TCanvasItemList &items);
+
+    void doItem(TCanvasYrexSpectrum *item, int index) override;
+    void undoItem(TCanvasYrexSpectrum *item, int index) override;
+
+    /// Applies the section [from, to] of a chain to one spectrum.
+    virtual void applyToRange(TCanvasYrexSpectrum *, int, TYrexSpectrum *, int, int, int) {}
+    virtual void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) = 0;
+    /// Lets the plot follow: updated, or with `refreshed` fitted where the curves left the view.
+    virtual void finishItem(TCanvasYrexSpectrum *item, int index, bool refreshed);
+    virtual void saveItem(TCanvasYrexSpectrum *item, int index);
+    virtual void restoreItem(TCanvasYrexSpectrum *item, int index);
+
+    /// The bytes of all snapshots.
+    qint64 snapshotBytes() const;
+
+private:
+    QVector<QByteArray> fSnapshots; // compressed, by item
+};

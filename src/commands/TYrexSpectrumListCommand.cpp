@@ -1,0 +1,66 @@
+#include "TYrexSpectrumListCommand.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+
+TYrexSpectrumListCommand::TYrexSpectrumListCommand(const QString &description, const TCanvasItemList &items)
+    : TYrexSpectrumCommand(description, items)
+    , fSnapshots(TCanvasItemsCommand::items().size())
+{
+}
+
+void TYrexSpectrumListCommand::applyToTargets(TCanvasYrexSpectrum *item, int index)
+{
+    const TYrexStack &stack = item->stack();
+    const bool anySelected = !stack.selectedIndices(false, false).isEmpty();
+    for (const int target : stack.selectedIndices(false, true)) {
+        const bool isMeant = anySelected ? stack.contains(target) && !stack.isDeselected(target)
+                                         : target == stack.current();
+        if (fSelectionOnly && !isMeant)
+            continue;
+        if (TYrexSpectrum *spectrum = stack.at(target))
+            applyToSpectrum(item, index, spectrum, target);
+    }
+}
+
+void TYrexSpectrumListCommand::doItem(TCanvasYrexSpectrum *item, int index)
+{
+    if (!item)
+        return;
+    saveItem(item, index);
+    if (!fCurrentOnly)
+        applyToTargets(item, index);
+    else if (TYrexSpectrum *spectrum = item->currentSpectrum())
+        applyToSpectrum(item, index, spectrum, item->stack().current());
+    item->update();
+}
+
+void TYrexSpectrumListCommand::undoItem(TCanvasYrexSpectrum *item, int index)
+{
+    if (!item)
+        return;
+    restoreItem(item, index);
+    item->update();
+}
+
+void TYrexSpectrumListCommand::finishItem(TCanvasYrexSpectrum *item, int, bool)
+{
+    T1DYrexPlot *plot = item->activeYrexPlot();
+    const TYrexSpectrum *spectrum = item->currentSpectrum();
+    if (!plot || !spectrum)
+        return;
+    plot->changeUnits(horzDir, spectrum->xUnits(), false);
+    plot->changeUnits(vertDir, spectrum->yUnits(), false);
+}
+
+void TYrexSpectrumListCommand::saveItem(TCanvasYrexSpectrum *item, int index)
+{
+    QByteArray state;
+    item->storeDataState(state);
+    fSnapshots[index] = qCompress(state, -1);
+}
+
+void TYrexSpectrumListCommand::restoreItem(TCanvasYrexSpectrum *item, int index)
+{
+    item->restoreDataState(qUncompress(fSnapshots.at(index)));
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "TYrexSpectrumCommand.h"
+
+#include <QByteArray>
+#include <QVector>
+
+class TYrexSpectrum;
+
+/// Base of the commands that edit parameters and integrals of several spectra. Undo reads back a snapshot of the data.
+class TYrexSpectrumListCommand : public TYrexSpectrumCommand
+{
+    Q_OBJECT
+
+public:
+    TYrexSpectrumListCommand(const QString &description, const TCanvasItemList &items);
+
+    void doItem(TCanvasYrexSpectrum *item, int index) override;
+    void undoItem(TCanvasYrexSpectrum *item, int index) override;
+
+    virtual void applyToRange(TCanvasYrexSpectrum *, int, TYrexSpectrum *, int, int, int) {}
+    virtual void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) = 0;
+    /// Tells the plot the units of the current spectrum and lets it find its scale.
+    virtual void finishItem(TCanvasYrexSpectrum *item, int index, bool refreshed);
+    virtual void saveItem(TCanvasYrexSpectrum *item, int index);
+    virtual void restoreItem(TCanvasYrexSpectrum *item, int index);
+
+protected:
+    /// Only the stack's current spectrum is reached.
+    void setCurrentOnly(bool currentOnly) { fCurrentOnly = currentOnly; }
+    /// Each target is tested once more against the selection before it is used.
+    void setSelectionOnly(bool selectionOnly) { fSelectionOnly = selectionOnly; }
+
+private:
+    void applyToTargets(TCanvasYrexSpectrum *item, int index);
+
+    QVector<QByteArray> fSnapshots; // compressed, by item
+    bool fSelectionOnly = false;
+    bool fCurrentOnly = false;
+};
