@@ -12,7 +12,7 @@ bool TCliArguments::takeOption(const TCliSyntax &syntax, const QStringList &argu
         error = QString("unknown option %1").arg(name);
     else if (option->fState == TCliOption::cPlanned)
         error = QString("%1 is not available in this version").arg(name);
-    else if (has(name))
+    else if (has(name) && !option->fRepeats)
         error = QString("%1 is given twice").arg(name);
     else if (!option->takesArgument() && equals >= 0)
         error = QString("%1 takes no argument").arg(name);
@@ -71,6 +71,16 @@ QString TCliArguments::value(const QString &option) const
             return entry.second;
     }
     return QString();
+}
+
+QStringList TCliArguments::values(const QString &option) const
+{
+    QStringList values;
+    for (const auto &entry : fOptions) {
+        if (entry.first == option)
+            values.append(entry.second);
+    }
+    return values;
 }
 
 QStringList TCliArguments::optionsExcept(const QStringList &names) const

@@ -19,6 +19,8 @@ public:
     bool has(const QString &option) const;
     /// Empty for an option that is not given.
     QString value(const QString &option) const;
+    /// All values of an option that may be given more than once, in order.
+    QStringList values(const QString &option) const;
     const QStringList &operands() const { return fOperands; }
     /// The arguments again, without operands and without the named options.
     QStringList optionsExcept(const QStringList &names) const;

@@ -5,6 +5,7 @@
 #include "TCliInput.h"
 #include "TCliJobs.h"
 #include "TCliResultJson.h"
+#include "TCliStack.h"
 #include "plugin/IConsole.h"
 #include "plugin/IConverter.h"
 #include "services/IBatchHost.h"
@@ -36,7 +37,8 @@ QStringList formatNames(const TImportDriver &driver)
 QVector<TCliOption> TCliFileCommand::fileOptions()
 {
     return {{"--format", "NAME", "read the files in this format, whatever they look like; see zarnu formats"},
-            {"--orig-units", "X:Y", "say what the axes of the files are", TCliOption::cPlanned},
+            {"--orig-units", "X:Y", "say what the axes of the files are, by script names; either may be empty",
+             TCliOption::cOffered},
             {"--jobs", "N", "work on N files at once, in processes of their own (default 1)"},
             {cWorkerOption, "MSECS", "work on one file for another process", TCliOption::cHidden}};
 }
@@ -53,6 +55,8 @@ bool TCliFileCommand::checkOptions(const TCliArguments &arguments, const TCliEnv
         error = QString("--format: unknown format %1; known are %2").arg(fFormat, known.join(", "));
         return false;
     }
+    if (arguments.has("--orig-units") && !fOrigUnits.parse(arguments.value("--orig-units"), error))
+        return false;
     if (arguments.has("--jobs")) {
         bool ok = false;
         fJobs = arguments.value("--jobs").toInt(&ok);
@@ -88,11 +92,18 @@ QByteArray TCliFileCommand::processInput(int index, const TCliEnvironment &envir
     TCliInput input = TCliInputs::open(file, fFormat, environment);
     for (const QString &note : qAsConst(input.fNotes))
         environment.warn(file + ": " + note);
+    return finishInput(input, index, environment, failed);
+}
+
+QByteArray TCliFileCommand::finishInput(TCliInput &input, int index, const TCliEnvironment &environment, bool &failed)
+{
     QByteArray out;
-    if (input.isOk())
+    if (input.isOk()) {
+        fOrigUnits.apply(input.fItems, environment.fHost.history());
         work(input, index, environment, out);
+    }
     if (!input.isOk())
-        environment.fConsole.err(TCliEnvironment::failureLine(file, input.fReason, input.fCode));
+        environment.fConsole.err(TCliEnvironment::failureLine(input.fFile, input.fReason, input.fCode));
     failed = !input.isOk();
     if (!fJson)
         return out;
@@ -114,6 +125,25 @@ int TCliFileCommand::runHere(const TCliEnvironment &environment)
     environment.fConsole.progress(QString(), fInputs.size(), fInputs.size());
     if (fIsWorker)
         environment.fConsole.out(TCliJobs::endMark());
+    return status;
+}
+
+int TCliFileCommand::runGathered(const TCliEnvironment &environment)
+{
+    TCliStack stack(fInputs, fFormat, environment);
+    QByteArrayList objects;
+    int status = cCliAllDone;
+    bool failed = false;
+    if (!stack.input().fItems.isEmpty())
+        objects.append(finishInput(stack.input(), 0, environment, failed));
+    for (TCliInput &input : stack.failed()) {
+        bool inputFailed = false;
+        objects.append(finishInput(input, 0, environment, inputFailed));
+        failed = true;
+    }
+    if (failed)
+        status = cCliInputFailed;
+    environment.fConsole.out(fJson ? TCliResultJson::array(objects) : objects.join());
     return status;
 }
 
@@ -161,14 +191,14 @@ int TCliFileCommand::run(const TCliArguments &arguments, const TCliEnvironment &
     QString error;
     if (!checkOptions(arguments, environment, error) || !prepare(arguments, environment, error) || !makeFolders(error))
         return environment.refuse(QString("%1: %2").arg(syntax().fName, error));
-    if (fJobs > 1 && fInputs.size() > 1)
+    if (fJobs > 1 && fInputs.size() > 1 && !gathers())
         return runJobs(arguments, environment);
     // sets and hashes in a fixed order, and times in results that a second run has too
     qSetGlobalQHashSeed(0);
     Utils::Common::setFixedTime(
         fIsWorker ? QDateTime::fromMSecsSinceEpoch(arguments.value(cWorkerOption).toLongLong(), Qt::UTC)
                   : TCliInputs::newestTime(fInputs));
-    const int status = runHere(environment);
+    const int status = gathers() ? runGathered(environment) : runHere(environment);
     Utils::Common::setFixedTime(QDateTime());
     Utils::Common::setDeterministic(QByteArray());
     return status;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ICliCommand.h"
+#include "TCliOrigUnits.h"
 #include "TCliSyntax.h"
 
 #include <QByteArray>
@@ -34,6 +35,8 @@ protected:
     virtual QVariantList chain() const { return {}; }
     /// The outputs of one input as options, for a process that works on it alone.
     virtual QStringList outputOptions(int) const { return {}; }
+    /// Whether all inputs are gathered into one stack, so that the work is done once.
+    virtual bool gathers() const { return false; }
 
     const QStringList &inputs() const { return fInputs; }
     /// Whether this is a process that works on one input for another one, which has told the warnings already.
@@ -42,13 +45,16 @@ protected:
 private:
     bool checkOptions(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error);
     QByteArray processInput(int index, const TCliEnvironment &environment, bool &failed);
+    QByteArray finishInput(TCliInput &input, int index, const TCliEnvironment &environment, bool &failed);
     int runHere(const TCliEnvironment &environment);
+    int runGathered(const TCliEnvironment &environment);
     int runJobs(const TCliArguments &arguments, const TCliEnvironment &environment);
     bool takeJob(int index, const TCliJobResult &job, const TCliEnvironment &environment);
     void printOutput(int index, const QByteArray &output, const TCliEnvironment &environment) const;
 
     QStringList fInputs;
     QString fFormat;
+    TCliOrigUnits fOrigUnits;
     int fJobs = 1;
     bool fJson = false;
     bool fIsWorker = false;

@@ -74,7 +74,9 @@ void TCliInput::fail(int code, const QString &reason)
 QVariantMap TCliInput::provenance() const
 {
     QVariantMap map{{"Filename", fFile}, {"version", TCliEnvironment::version()}};
-    if (!fMd5.isEmpty())
+    if (!fSums.isEmpty())
+        map.insert("md5sum", fSums);
+    else if (!fMd5.isEmpty())
         map.insert("md5sum", QVariantMap{{QFileInfo(fFile).fileName(), QString::fromLatin1(fMd5)}});
     return map;
 }

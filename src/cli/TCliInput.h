@@ -18,7 +18,8 @@ struct TCliInput
     QString fReason;
     int fFormat = 0; // number of the file format; 0 for a document
     QString fFormatName;
-    QByteArray fMd5; // empty for a file that cannot be read
+    QByteArray fMd5;   // empty for a file that cannot be read
+    QVariantMap fSums; // md5 by file name, where several files were gathered
     bool fIsDocument = false;
     TCanvasItemList fItems; // the spectrum items, in the order of the document, which owns them
     QStringList fNotes;     // about what was left out

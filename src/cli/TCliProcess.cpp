@@ -34,9 +34,11 @@ TCliSyntax TCliProcess::syntax() const
     syntax.fSummary = "Imports files, runs a processing chain as one command on every item, and writes the results.";
     syntax.fOptions = {
         {"--chain", "CHAIN", "the chain: a processing template (.kzp) or JSON; without it nothing is run"},
-        {"--stack", "", "gather the spectra of all files into one stack", TCliOption::cPlanned},
-        {"--pick", "FROM:TO[:LEVEL]", "pick peaks", TCliOption::cPlanned},
-        {"--integrate", "FROM:TO", "integrate a range", TCliOption::cPlanned}};
+        {"--stack", "", "gather the spectra of all files into one stack before the chain runs; x units must agree"},
+        {"--pick", "FROM:TO[:LEVEL]", "pick peaks between two x of the shown unit, above a level of y; may be repeated",
+         TCliOption::cOffered, true},
+        {"--integrate", "FROM:TO", "integrate between two x of the shown unit; may be repeated", TCliOption::cOffered,
+         true}};
     syntax.fOptions += TCliOutputHelp::dataOptions();
     syntax.fOptions +=
         {{"--plot", "PIC",
@@ -92,8 +94,12 @@ bool TCliProcess::prepare(const TCliArguments &arguments, const TCliEnvironment 
 {
     if (arguments.has("--size") && !readSize(arguments.value("--size"), error))
         return false;
-    if (!fData.plan(TCliTarget::cData, arguments, inputs(), error) ||
-        !fPictures.plan(TCliTarget::cPicture, arguments, inputs(), error))
+    fStacks = arguments.has("--stack");
+    if (!fMarks.parse(arguments.values("--pick"), arguments.values("--integrate"), error))
+        return false;
+    const QStringList outputs = fStacks ? QStringList(inputs().mid(0, 1)) : inputs();
+    if (!fData.plan(TCliTarget::cData, arguments, outputs, error) ||
+        !fPictures.plan(TCliTarget::cPicture, arguments, outputs, error))
         return false;
     if (fData.isStandardOutput() && arguments.has("--json")) {
         error = "-o - and --json both write to standard output";
@@ -143,10 +149,20 @@ void TCliProcess::draw(TCliInput &input, int index) const
         input.fail(cConverterNothingToExport, "there is nothing to draw");
 }
 
+void TCliProcess::mark(TCliInput &input, const TCliEnvironment &environment) const
+{
+    QStringList notes;
+    for (ICanvasItem *item : qAsConst(input.fItems))
+        fMarks.apply(*yrexItem(item), notes);
+    for (const QString &note : qAsConst(notes))
+        environment.warn(input.fFile + ": " + note);
+}
+
 void TCliProcess::work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out)
 {
     if (fChain && !input.fItems.isEmpty())
         environment.fHost.history().push(new TCmdYrexProcessing(input.fItems, *fChain));
+    mark(input, environment);
     if (fData.isPlanned()) {
         TCliWriter writer(environment, fData);
         writer.setChain(chain());

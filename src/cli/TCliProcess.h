@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TCliFileCommand.h"
+#include "TCliMarks.h"
 #include "TCliTarget.h"
 #include "TYrexProcParams.h"
 
@@ -20,14 +21,18 @@ protected:
     int jsonParts() const override;
     QVariantList chain() const override { return fChain ? fChain->actions() : QVariantList(); }
     QStringList outputOptions(int index) const override;
+    bool gathers() const override { return fStacks; }
 
 private:
     bool loadChain(const QString &file, const TCliEnvironment &environment, QString &error);
     bool readSize(const QString &text, QString &error);
     void draw(TCliInput &input, int index) const;
+    void mark(TCliInput &input, const TCliEnvironment &environment) const;
 
     TCliTarget fData;
     TCliTarget fPictures;
+    TCliMarks fMarks;
+    bool fStacks = false;
     QSize fSize{1600, 1000};                 // pixels
     std::unique_ptr<TYrexProcParams> fChain; // null without --chain
 };

@@ -17,6 +17,7 @@ struct TCliOption
     QString fArgument; // what the help calls it; empty for a switch
     QString fHelp;
     TState fState = cOffered;
+    bool fRepeats = false; // may be given more than once
 
     bool takesArgument() const { return !fArgument.isEmpty(); }
 };

@@ -86,7 +86,10 @@ TEST_F(TYrexCommandLineTest, usageErrorsStopBeforeTheWork)
                                    {"convert", "a.csv"},
                                    {"process", "a.csv", "--size", "0x7"},
                                    {"process", "a.csv", "--size", "20000x20000"},
-                                   {"process", "a.csv", "--pick", "1:2"},
+                                   {"process", "a.csv", "--pick", "1:x"},
+                                   {"process", "a.csv", "--integrate", "1:2:3"},
+                                   {"process", "a.csv", "--orig-units", "absorbance:"},
+                                   {"process", "a.csv", "--orig-units", ":"},
                                    {"process", "a.csv", "-o", "-", "--json"},
                                    {"process", "a.csv", "-o", "x.csv", "--chain", "none.json"},
                                    {"process", "a.csv", "-o", "x.csv", "--chain", "bad.json"},
@@ -307,4 +310,36 @@ TEST_F(TYrexCommandLineTest, formatsListsTheConverters)
 {
     ASSERT_EQ(run({"formats"}), 0);
     EXPECT_TRUE(fOut.contains("csv   Zarnu CSV (*.csv *.txt)"));
+}
+
+TEST_F(TYrexCommandLineTest, namedUnitsPeaksAndIntegralsStandInTheJson)
+{
+    writeBand("a.csv", 450.0);
+    ASSERT_EQ(run({"process", "a.csv", "--json", "--orig-units", "cm-1:absorbance", "--pick", "500:410:0.5",
+                   "--integrate", "440:460", "--integrate", "400:410"}),
+              0);
+    const QJsonObject first = spectrum();
+    EXPECT_EQ(first.value("origXUnits").toInt(), 0);
+    EXPECT_EQ(first.value("yUnits").toInt(), 12);
+    ASSERT_EQ(first.value("peaks").toArray().size(), 1);
+    EXPECT_EQ(first.value("peaks").toArray().first().toObject().value("x").toDouble(), 450.0);
+    const QJsonArray regions = first.value("integrals").toObject().value("regions").toArray();
+    ASSERT_EQ(regions.size(), 2);
+    EXPECT_EQ(regions.first().toObject().value("from").toDouble(), 440.0);
+    EXPECT_TRUE(regions.first().toObject().value("reference").toBool());
+    EXPECT_EQ(regions.first().toObject().value("value").toDouble(), 1.0);
+}
+
+TEST_F(TYrexCommandLineTest, aStackGathersWhatCanBeReadAndFits)
+{
+    writeBand("a.csv", 450.0);
+    writeBand("b.csv", 480.0);
+    ASSERT_EQ(run({"process", "a.csv", "gone.csv", "b.csv", "--stack", "-o", "stack.klm", "--json"}), 1);
+    const QJsonArray files = QJsonDocument::fromJson(fOut).array();
+    ASSERT_EQ(files.size(), 2);
+    const QJsonObject item = files.first().toObject().value("items").toArray().first().toObject();
+    EXPECT_TRUE(item.value("stacked").toBool());
+    EXPECT_EQ(item.value("spectra").toArray().size(), 2);
+    EXPECT_EQ(files.last().toObject().value("status").toInt(), 51);
+    EXPECT_TRUE(QFile::exists("stack.klm"));
 }

@@ -1,0 +1,79 @@
+#include "TCliStack.h"
+
+#include "TCanvasYrexSpectrum.h"
+#include "TCliEnvironment.h"
+#include "TYrexUnits.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "commands/TCmdCreateItem.h"
+#include "plugin/IConverter.h"
+#include "services/IBatchHost.h"
+#include "services/IPluginHost.h"
+#include "utils/CommonUtils.h"
+
+#include <QFileInfo>
+
+TCliStack::TCliStack(const QStringList &files, const QString &format, const TCliEnvironment &environment)
+{
+    for (const QString &file : files) {
+        TCliInput read = TCliInputs::open(file, format, environment);
+        for (const QString &note : qAsConst(read.fNotes))
+            environment.warn(file + ": " + note);
+        if (read.isOk() && !fits(read))
+            read.fail(cConverterContentUnusable, "its x unit is not that of the stack");
+        if (read.isOk()) {
+            take(read);
+        } else {
+            read.fItems.clear(); // their document goes with the next file
+            fFailed.append(read);
+        }
+    }
+    if (!fSpectra.isEmpty())
+        putTogether(environment);
+}
+
+bool TCliStack::fits(const TCliInput &read) const
+{
+    const TYrexSpectrum *first = fSpectra.value(0);
+    for (ICanvasItem *item : read.fItems) {
+        for (const TYrexSpectrum *spectrum : yrexItem(item)->spectra()) {
+            if (!first)
+                first = spectrum;
+            if (spectrum->xUnits() != first->xUnits() || spectrum->origXUnits() != first->origXUnits())
+                return false;
+        }
+    }
+    return true;
+}
+
+void TCliStack::take(TCliInput &read)
+{
+    for (ICanvasItem *item : read.fItems) {
+        for (const TYrexSpectrum *spectrum : yrexItem(item)->spectra()) {
+            auto clone = spectrum->clone();
+            clone->reparseParams();
+            fSpectra.append(clone.release());
+        }
+    }
+    if (fTaken.isEmpty()) {
+        fInput.fFormat = read.fFormat;
+        fInput.fFormatName = read.fFormatName;
+    }
+    fTaken.append(read.fFile);
+    fSums.insert(QFileInfo(read.fFile).fileName(), QString::fromLatin1(read.fMd5));
+    fInput.fMd5 += read.fMd5;
+}
+
+void TCliStack::putTogether(const TCliEnvironment &environment)
+{
+    Utils::Common::setDeterministic(fInput.fMd5);
+    environment.fBatch.setDocument(std::make_unique<TDocument>());
+    TDocument &document = *environment.fHost.document();
+    auto *item = new TCanvasYrexSpectrum(fSpectra, document.appendPage(), nullptr);
+    fSpectra.clear();
+    fInput.fFile = fTaken.join("; ");
+    fInput.fSums = fSums;
+    document.history().push(new TCmdCreateItem(TCmdCreateItem::cImport, {item}, &document, nullptr,
+                                               {{"Filename", fInput.fFile}, {"md5sum", fSums}}, 0));
+    fInput.fItems = {item};
+}
