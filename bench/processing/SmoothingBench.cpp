@@ -84,4 +84,3 @@ BENCHMARK_CAPTURE(nonLocalMeans, pixelwise, cNlmPixelwise)->Arg(2000)->Arg(10000
 BENCHMARK_CAPTURE(nonLocalMeans, fast, cNlmFastPixelwise)->Arg(2000)->Arg(100000);
 BENCHMARK_CAPTURE(nlmImage, full, false)->Arg(100000)->UseRealTime();
 BENCHMARK_CAPTURE(nlmImage, fast, true)->Arg(100000)->UseRealTime();
-

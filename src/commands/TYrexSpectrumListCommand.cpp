@@ -14,8 +14,8 @@ void TYrexSpectrumListCommand::applyToTargets(TCanvasYrexSpectrum *item, int ind
     const TYrexStack &stack = item->stack();
     const bool anySelected = !stack.selectedIndices(false, false).isEmpty();
     for (const int target : stack.selectedIndices(false, true)) {
-        const bool isMeant = anySelected ? stack.contains(target) && !stack.isDeselected(target)
-                                         : target == stack.current();
+        const bool isMeant =
+            anySelected ? stack.contains(target) && !stack.isDeselected(target) : target == stack.current();
         if (fSelectionOnly && !isMeant)
             continue;
         if (TYrexSpectrum *spectrum = stack.at(target))
