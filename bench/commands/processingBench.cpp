@@ -1,0 +1,116 @@
+// A whole chain on a stack of 1,000 spectra of 2,000 points: units, automatic baseline, standard normal variate,
+// smoothing, peaks. The chain alone, and as a command with its snapshot, undone and done again.
+#include "../import/TPeakMemory.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexProcessing.h"
+#include "TYrexProcIds.h"
+#include "TYrexProcSteps.h"
+#include "TYrexUnits.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+
+#include <QGuiApplication>
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <memory>
+
+namespace {
+
+constexpr int cSpectra = 1000;
+constexpr int cPoints = 2000;
+
+TYrexSpectrum *bands(int number)
+{
+    quint32 noise = quint32(number) * 2654435761u + 1u;
+    QVector<double> y(cPoints);
+    for (int i = 0; i < cPoints; ++i) {
+        noise = noise * 1664525u + 1013904223u;
+        y[i] = 0.1 + 2e-4 * i + (noise >> 8) / 16777216.0 * 2e-3;
+        for (const int centre : {300, 700, 1100, 1650})
+            y[i] += (0.5 + 1e-3 * number) / (1.0 + std::pow((i - centre) / 12.0, 2));
+    }
+    auto *spectrum = new TYrexSpectrum;
+    spectrum->setPointCount(cPoints);
+    spectrum->setValues(y);
+    spectrum->copyDataToOrgData();
+    spectrum->copyDataToAbsOrgData();
+    spectrum->setAxis(4000.0, 400.0, 1.0, 0.0, 1.0);
+    spectrum->setOrigUnits(cUnitWavenumber, cUnitAbsorbance);
+    spectrum->setUnits(cUnitWavenumber, cUnitAbsorbance);
+    return spectrum;
+}
+
+TYrexProcParams wholeChain()
+{
+    TYrexProcParams params;
+    for (const int id : {cProcUnitConversion, cProcAutoBaseline, cProcStandardNormalVariate, cProcSmoothing,
+                         cProcAutoPeakPicking}) {
+        const int index = params.indexOfAction(id);
+        QVariantMap action = params.action(index);
+        action[cKeyApply] = true;
+        params.setAction(index, action);
+    }
+    return params;
+}
+
+TCanvasYrexSpectrum *addStack(TDocument &document)
+{
+    TYrexSpectrumList spectra;
+    for (int i = 0; i < cSpectra; ++i)
+        spectra.append(bands(i));
+    auto *item = new TCanvasYrexSpectrum(spectra, nullptr, nullptr);
+    document.appendPage()->insertItem(item);
+    return item;
+}
+
+void report(benchmark::State &state, const TPeakMemory &memory)
+{
+    state.SetItemsProcessed(state.iterations() * cSpectra); // spectra
+    state.counters["peak MB"] = double(memory.peak()) / 1e6;
+}
+
+void chainOnStack(benchmark::State &state)
+{
+    TDocument document;
+    TCanvasYrexSpectrum *item = addStack(document);
+    const TYrexProcParams chain = wholeChain();
+    const TPeakMemory memory;
+    for (auto _ : state) {
+        for (int i = 0; i < cSpectra; ++i) {
+            TYrexSpectrum *spectrum = item->stack().at(i);
+            spectrum->procParams() = chain;
+            spectrum->process(0, 0, chain.actionCount() - 1);
+        }
+    }
+    report(state, memory);
+}
+
+void commandOnStack(benchmark::State &state)
+{
+    TDocument document;
+    addStack(document);
+    const TPeakMemory memory;
+    qint64 bytes = 0;
+    for (auto _ : state) {
+        TCmdYrexProcessing command(document.items(), wholeChain());
+        command.execute();
+        command.revert();
+        bytes = command.snapshotBytes();
+    }
+    report(state, memory);
+    state.counters["snapshot MB"] = double(bytes) / 1e6;
+}
+
+} // namespace
+
+BENCHMARK(chainOnStack)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(commandOnStack)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(2);
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
