@@ -53,7 +53,7 @@ void TCmdYrexSetOrigUnits::showUnits(TCanvasYrexSpectrum *item) const
     T1DYrexPlot *plot = item->activeYrexPlot();
     const TYrexSpectrum *spectrum = item->currentSpectrum();
     if (plot && spectrum)
-        plot->changeUnits(fAxis, fAxis == horzDir ? spectrum->xUnits() : spectrum->yUnits(), false);
+        plot->relabelUnits(fAxis, fAxis == horzDir ? spectrum->xUnits() : spectrum->yUnits());
     item->update();
 }
 

@@ -132,11 +132,8 @@ void T1DYrexPlot::setAxisUnits(TAxisDir axis, int units)
         setAxisLabels(vertDir, label);
 }
 
-void T1DYrexPlot::changeUnits(TAxisDir axisDir, int units, bool useOriginal)
+void T1DYrexPlot::showUnits(IYrexPlotData &plotData, TAxisDir axisDir, int units, bool useOriginal, bool converts)
 {
-    IYrexPlotData *plotData = data();
-    if (!plotData || (axisDir != horzDir && axisDir != vertDir))
-        return;
     const int oldUnits = axisDir == horzDir ? fXUnits : fYUnits;
     setAxisUnits(axisDir, units);
     TRange scale = axis(axisDir).getScale();
@@ -145,21 +142,35 @@ void T1DYrexPlot::changeUnits(TAxisDir axisDir, int units, bool useOriginal)
         const auto convert = [&](double x) {
             return yrexConvertX(yrexConvertX(x, oldUnits, cUnitWavenumber), cUnitWavenumber, units);
         };
-        if (oldUnits != units) {
+        if (converts && oldUnits != units) {
             scale.setRange(convert(scale.a), convert(scale.b));
             for (TRange &range : hidden)
                 range.setRange(convert(range.a), convert(range.b));
         }
-        resetFullScales(*plotData, horzDir, useOriginal);
+        resetFullScales(plotData, horzDir, useOriginal);
+        const TRange full = axis(axisDir).getFullScale();
+        if ((full.a > full.b) != (scale.a > scale.b)) // units that run in the other direction
+            std::swap(scale.a, scale.b);
     }
-    const TRange full = axis(axisDir).getFullScale();
-    if (axisDir == horzDir && (full.a > full.b) != (scale.a > scale.b)) // units of the other direction
-        std::swap(scale.a, scale.b);
     setScale(axisDir, scale.a, scale.b);
     for (const TRange &range : qAsConst(hidden))
         hideRange(axisDir, range);
     if (axisDir == vertDir)
         fitToHeight();
+}
+
+void T1DYrexPlot::changeUnits(TAxisDir axisDir, int units, bool useOriginal)
+{
+    IYrexPlotData *plotData = data();
+    if (plotData && (axisDir == horzDir || axisDir == vertDir))
+        showUnits(*plotData, axisDir, units, useOriginal, true);
+}
+
+void T1DYrexPlot::relabelUnits(TAxisDir axisDir, int units)
+{
+    IYrexPlotData *plotData = data();
+    if (plotData && (axisDir == horzDir || axisDir == vertDir))
+        showUnits(*plotData, axisDir, units, false, false);
 }
 
 void T1DYrexPlot::resetFullScales(IYrexPlotData &plotData, int mask, bool useOriginal)

@@ -61,6 +61,8 @@ public:
     void setAxisUnits(TAxisDir axis, int units);
     /// Shows an axis in another unit: scale and cuts stay where they are on the data; the vertical axis is fitted.
     void changeUnits(TAxisDir axis, int units, bool useOriginal);
+    /// An axis turns out to be in another unit than it was labelled with: scale and cuts keep their numbers.
+    void relabelUnits(TAxisDir axis, int units);
     void resetFullScales(IYrexPlotData &data, int mask, bool useOriginal);
     void refreshFullScales(int mask, bool useOriginal);
     /// Everything in view.
@@ -86,6 +88,7 @@ private:
 
     TSeries xSeries(IYrexPlotData &data, int index) const;
     TSeries ySeries(IYrexPlotData &data, int index) const;
+    void showUnits(IYrexPlotData &data, TAxisDir axis, int units, bool useOriginal, bool converts);
     void addAxisHotAreas();
     void drawSingle(QPainter &painter, IYrexPlotData &data);
     void drawArrayed(QPainter &painter, IYrexPlotData &data);

@@ -170,6 +170,10 @@ TEST_F(TYrexProcessing, unitsAreNamedAndTakenBack)
     EXPECT_EQ(bytesOf(*item), before);
     EXPECT_EQ(item->activeYrexPlot()->horzAxis().getScale(), arbitrary);
     document.history().push(
+        new TCmdYrexSetOrigUnits(document.items(), horzDir, cUnitNanometers, TCmdYrexSetOrigUnits::cAllSpectra));
+    EXPECT_EQ(item->activeYrexPlot()->horzAxis().getScale(), TRange(400, 4000)) << "the numbers stay";
+    EXPECT_EQ(item->activeYrexPlot()->horzAxis().getFullScale(), TRange(400, 4000));
+    document.history().push(
         new TCmdYrexSetOrigUnits(document.items(), vertDir, cUnitAbsorbance, TCmdYrexSetOrigUnits::cCurrentSpectrum));
     EXPECT_EQ(item->stack().at(0)->origYUnits(), cUnitAbsorbance);
     EXPECT_EQ(item->stack().at(1)->origYUnits(), cUnitArbitrary);
