@@ -14,6 +14,8 @@ namespace {
 
 constexpr double cRoundingShare = 1e-9; // of an axis, well under the distance of two points
 
+constexpr int cPaletteSize = 8; // colours that are told apart in every kind of sight
+
 enum TColorSetting { cSingleColor = 0, cGradient = 1, cHueColor = 2 };
 
 } // namespace
@@ -53,6 +55,8 @@ void TCanvasYrexSpectrum::buildPlot()
     if (isStacked()) {
         stack().setGrouped(0);
         plot->setStackedDisplayMode(overlayMode);
+        if (stack().count() > cPaletteSize) // more than the eye tells apart
+            plot->stackedProperties().setColorMode(sequentialColors);
     }
     plot->resetView();
     appendPlot(plot);
