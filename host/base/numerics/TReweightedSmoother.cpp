@@ -1,0 +1,143 @@
+#include "numerics/TReweightedSmoother.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Utils {
+namespace Matrix {
+
+namespace {
+
+/// Independent partial sums: the additions of one need not wait for another's, and the order does not depend on the
+/// machine.
+constexpr int cLanes = 4;
+constexpr int cBlock = 256; // points whose residuals are worked on while they are in the fastest cache
+
+double laneSum(const double (&lanes)[cLanes])
+{
+    return (lanes[0] + lanes[1]) + (lanes[2] + lanes[3]);
+}
+
+/// Sum over term(i), 0 <= i < n.
+template <typename F>
+double sumOf(int n, const F &term)
+{
+    double lanes[cLanes] = {};
+    int i = 0;
+    for (; i + cLanes <= n; i += cLanes) {
+        for (int k = 0; k < cLanes; ++k)
+            lanes[k] += term(i + k);
+    }
+    for (; i < n; ++i)
+        lanes[0] += term(i);
+    return laneSum(lanes);
+}
+
+} // namespace
+
+void TReweightedSmoother::start(int n, const double *y, const unsigned char *excluded)
+{
+    fCount = n;
+    const auto size = size_t(n);
+    if (fY.size() < size) {
+        for (std::vector<double> *vector : {&fY, &fZ, &fUse, &fWeights, &fNextWeights})
+            vector->resize(size);
+    }
+    removeLine(y);
+    for (int i = 0; i < n; ++i)
+        fUse[size_t(i)] = excluded && excluded[i] ? 0.0 : 1.0;
+    std::copy_n(fUse.begin(), n, fWeights.begin());
+    const double *w = fWeights.data();
+    fNorm = sumOf(n, [w](int i) { return w[i] * w[i]; });
+    fNextNorm = 0.0;
+}
+
+void TReweightedSmoother::removeLine(const double *y)
+{
+    const int n = fCount;
+    const double centre = 0.5 * (n - 1);
+    const double spread = double(n) * (double(n) * n - 1.0) / 12.0; // sum of squared distances from the centre
+    fMean = sumOf(n, [y](int i) { return y[i]; }) / n;
+    const double mean = fMean;
+    fSlope = n < 2 ? 0.0 : sumOf(n, [y, mean, centre](int i) { return (y[i] - mean) * (i - centre); }) / spread;
+    if (!std::isfinite(fMean) || !std::isfinite(fSlope)) // sums that overflow: the line is only there for the digits
+        fMean = fSlope = 0.0;
+    for (int i = 0; i < n; ++i)
+        fY[size_t(i)] = y[i] - (fMean + fSlope * (i - centre));
+}
+
+void TReweightedSmoother::smooth(double lambda)
+{
+    fSolver.solve(fCount, fY.data(), fWeights.data(), lambda, fZ.data());
+}
+
+TReweightedSmoother::TBelow TReweightedSmoother::below() const
+{
+    const double *y = fY.data();
+    const double *z = fZ.data();
+    const double *use = fUse.data();
+    const double count = sumOf(fCount, [=](int i) { return y[i] - z[i] < 0.0 ? use[i] : 0.0; });
+    TBelow below;
+    below.fCount = int(count);
+    if (below.fCount < 1)
+        return below;
+    const double mean = sumOf(fCount, [=](int i) { return y[i] - z[i] < 0.0 ? use[i] * (y[i] - z[i]) : 0.0; }) / count;
+    below.fMean = mean;
+    if (below.fCount < 2)
+        return below;
+    const double squares = sumOf(fCount, [=](int i) {
+        const double residual = y[i] - z[i];
+        return residual < 0.0 ? use[i] * (residual - mean) * (residual - mean) : 0.0;
+    });
+    below.fDeviation = std::sqrt(squares / (count - 1.0));
+    return below;
+}
+
+double TReweightedSmoother::reweight(const TWeights &weights)
+{
+    double residuals[cBlock];
+    double change = 0.0;
+    double norm = 0.0;
+    for (int from = 0; from < fCount; from += cBlock) {
+        const int count = std::min(cBlock, fCount - from);
+        const double *y = fY.data() + from;
+        const double *z = fZ.data() + from;
+        const double *use = fUse.data() + from;
+        const double *old = fWeights.data() + from;
+        double *next = fNextWeights.data() + from;
+        for (int i = 0; i < count; ++i)
+            residuals[i] = y[i] - z[i];
+        weights(residuals, next, count);
+        for (int i = 0; i < count; ++i)
+            next[i] *= use[i];
+        change += sumOf(count, [=](int i) { return (old[i] - next[i]) * (old[i] - next[i]); });
+        norm += sumOf(count, [=](int i) { return next[i] * next[i]; });
+    }
+    fNextNorm = norm;
+    return std::sqrt(change) / std::sqrt(fNorm);
+}
+
+void TReweightedSmoother::accept()
+{
+    fWeights.swap(fNextWeights);
+    fNorm = fNextNorm;
+}
+
+void TReweightedSmoother::write(double *z) const
+{
+    const double centre = 0.5 * (fCount - 1);
+    for (int i = 0; i < fCount; ++i)
+        z[i] = fZ[size_t(i)] + (fMean + fSlope * (i - centre));
+}
+
+void TReweightedSmoother::trim(int points)
+{
+    fSolver.trim(points);
+    if (fY.size() <= size_t(std::max(0, points)))
+        return;
+    for (std::vector<double> *vector : {&fY, &fZ, &fUse, &fWeights, &fNextWeights})
+        std::vector<double>().swap(*vector);
+}
+
+} // namespace Matrix
+} // namespace Utils
