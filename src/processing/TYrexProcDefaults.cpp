@@ -91,7 +91,7 @@ QVector<TYrexProcKey> buildTable()
         optionKey(cProcQuotientNormalization, "normpqnreference", cQuotientMedian, {cQuotientMean, cQuotientMedian}),
 
         rangeKey(cProcAutoBaseline, cKeyBaselineLambda, 6.0, 0.01, 15.0),
-        rangeKey(cProcAutoBaseline, "alsbaselineratio", 1e-6, 1e-6, 1.0),
+        rangeKey(cProcAutoBaseline, cKeyBaselineRatio, 1e-6, 1e-6, 1.0),
         plainKey(cProcAutoBaseline, cKeyBaselineShowOnly, false, cFixed),
         optionKey(cProcAutoBaseline, cKeyBaselineAlgorithm, cBaselineIAsLs,
                   {cBaselineAsLs, cBaselineIAsLs, cBaselineSnip}),

@@ -76,6 +76,7 @@ constexpr char cKeyMultipointBaseline[] = "mpbaseline";
 constexpr char cKeyMultipointPreview[] = "mpbcpreview";
 constexpr char cKeyMultipointSetup[] = "mpbcsetup";
 constexpr char cKeyBaselineLambda[] = "alsbaselinelog10lambda";
+constexpr char cKeyBaselineRatio[] = "alsbaselineratio";
 constexpr char cKeyBaselineAlgorithm[] = "alsbaselinealgorithm";
 constexpr char cKeyBaselineShowOnly[] = "alsbaselineshowonly";
 constexpr char cKeyBaselineAutoLambda[] = "alsbaselineautolambda";

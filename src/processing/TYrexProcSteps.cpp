@@ -1,5 +1,6 @@
 #include "TYrexProcSteps.h"
 
+#include "TYrexAutoBaseline.h"
 #include "TYrexDerivative.h"
 #include "TYrexMultipointBaseline.h"
 #include "TYrexNormalization.h"
@@ -42,6 +43,7 @@ void quotientNormalization(TYrexSpectrum &spectrum, const QVariantMap &)
 constexpr TYrexProcStep cSteps[] = {
     {cProcDerivative, TYrexDerivative::derivative, nullptr, nullptr},
     {cProcStandardNormalVariate, TYrexScatter::snv, nullptr, nullptr},
+    {cProcAutoBaseline, TYrexAutoBaseline::autoBaseline, nullptr, TYrexAutoBaseline::searchLambda},
     {cProcAutoPeakPicking, TYrexPeakPicking::autoPeakPicking, nullptr, nullptr},
     {cProcNormalization, TYrexNormalization::normalize, nullptr, nullptr},
     {cProcScatterCorrection, TYrexScatter::mscApply, nullptr, nullptr},
