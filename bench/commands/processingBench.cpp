@@ -43,8 +43,8 @@ TYrexSpectrum *bands(int number)
 TYrexProcParams wholeChain()
 {
     TYrexProcParams params;
-    for (const int id : {cProcUnitConversion, cProcAutoBaseline, cProcStandardNormalVariate, cProcSmoothing,
-                         cProcAutoPeakPicking}) {
+    for (const int id :
+         {cProcUnitConversion, cProcAutoBaseline, cProcStandardNormalVariate, cProcSmoothing, cProcAutoPeakPicking}) {
         const int index = params.indexOfAction(id);
         QVariantMap action = params.action(index);
         action[cKeyApply] = true;

@@ -34,15 +34,20 @@ bool yrexSubtractBaseline(double *y, int n, QVector<double> baseline, int yUnit)
     return true;
 }
 
-void yrexApplyMultipoint(TYrexSpectrum &spectrum, const QVariantMap &action)
+void TYrexMultipointBaseline::applyMultipoint(TYrexSpectrum &spectrum, const QVariantMap &action, bool isPreview)
 {
-    subtract(spectrum, action);
-}
-
-void yrexPreviewMultipoint(TYrexSpectrum &spectrum, const QVariantMap &action)
-{
-    if (!subtract(spectrum, action))
+    if (!subtract(spectrum, action) || !isPreview)
         return;
     spectrum.zeroPreview();
     spectrum.setMultiPointBaseline(nullptr);
+}
+
+void TYrexMultipointBaseline::apply(TYrexSpectrum &spectrum, const QVariantMap &action)
+{
+    applyMultipoint(spectrum, action, false);
+}
+
+void TYrexMultipointBaseline::preview(TYrexSpectrum &spectrum, const QVariantMap &action)
+{
+    applyMultipoint(spectrum, action, true);
 }

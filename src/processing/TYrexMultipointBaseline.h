@@ -12,7 +12,14 @@ class TYrexSpectrum;
 /// unit by y - baseline. False, with nothing changed, for a baseline of another length.
 bool yrexSubtractBaseline(double *y, int n, QVector<double> baseline, int yUnit);
 
-/// The chain's step: subtracts the action's "mpbaseline" from the present data. A list of the wrong length is ignored.
-void yrexApplyMultipoint(TYrexSpectrum &spectrum, const QVariantMap &action);
-/// The same while the baseline is only previewed: the preview curve is cleared and the set-up under way dropped.
-void yrexPreviewMultipoint(TYrexSpectrum &spectrum, const QVariantMap &action);
+namespace TYrexMultipointBaseline {
+
+/// Subtracts the action's "mpbaseline" from the present data; a list of the wrong length is ignored. With `isPreview`
+/// the preview curve is cleared and the set-up under way dropped.
+void applyMultipoint(TYrexSpectrum &spectrum, const QVariantMap &action, bool isPreview);
+
+/// The chain's step, and what stands in its place while the baseline is only previewed.
+void apply(TYrexSpectrum &spectrum, const QVariantMap &action);
+void preview(TYrexSpectrum &spectrum, const QVariantMap &action);
+
+} // namespace TYrexMultipointBaseline

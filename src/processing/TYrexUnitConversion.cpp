@@ -96,7 +96,7 @@ int yrexTargetUnit(int target)
     }
 }
 
-void yrexConvertUnits(TYrexSpectrum &spectrum, const QVariantMap &action)
+void TYrexUnitConversion::convertUnits(TYrexSpectrum &spectrum, const QVariantMap &action)
 {
     const int target = action.value(QLatin1String(cKeyToYUnits)).toInt();
     const double maxAbsorbance = action.value(QLatin1String(cKeyMaxAbsorbance)).toDouble();

@@ -16,6 +16,10 @@ bool yrexConvertIntensity(double *y, int n, int sourceUnit, int target, double m
 /// The unit code of a target; -1 for anything else.
 int yrexTargetUnit(int target);
 
+namespace TYrexUnitConversion {
+
 /// The chain's step: converts the present data by the formula of the original y unit, then sets unit and label. A
 /// refused conversion leaves data, unit and label.
-void yrexConvertUnits(TYrexSpectrum &spectrum, const QVariantMap &action);
+void convertUnits(TYrexSpectrum &spectrum, const QVariantMap &action);
+
+} // namespace TYrexUnitConversion

@@ -64,17 +64,17 @@ TEST_F(UnitConversionStep, setsLabelAndUnitOnlyWhenItConverts)
 {
     TYrexSpectrum spectrum;
     fill(spectrum, {100.0, 10.0}, 11);
-    yrexConvertUnits(spectrum, {{"yrexuctoyunits", 54}, {"yrexucmaxabs", 4.0}});
+    TYrexUnitConversion::convertUnits(spectrum, {{"yrexuctoyunits", 54}, {"yrexucmaxabs", 4.0}});
     EXPECT_EQ(spectrum.values(), QVector<double>({0.0, 1.0}));
     EXPECT_EQ(spectrum.yUnits(), 12);
     EXPECT_EQ(spectrum.xUnits(), 0);
     EXPECT_EQ(spectrum.paramText(2002, 1), "Absorbance");
     // the formula is that of the original unit, whatever the data are now
-    yrexConvertUnits(spectrum, {{"yrexuctoyunits", 52}, {"yrexucmaxabs", 4.0}});
+    TYrexUnitConversion::convertUnits(spectrum, {{"yrexuctoyunits", 52}, {"yrexucmaxabs", 4.0}});
     EXPECT_EQ(spectrum.values().last(), 0.01);
 
     fill(spectrum, {0.5}, 13);
-    yrexConvertUnits(spectrum, {{"yrexuctoyunits", 54}, {"yrexucmaxabs", 4.0}});
+    TYrexUnitConversion::convertUnits(spectrum, {{"yrexuctoyunits", 54}, {"yrexucmaxabs", 4.0}});
     EXPECT_EQ(spectrum.yUnits(), 13);
     EXPECT_EQ(spectrum.paramText(2002, 1), "Transmittance"); // as it was
     EXPECT_EQ(spectrum.values(), QVector<double>({0.5}));

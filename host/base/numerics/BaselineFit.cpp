@@ -14,8 +14,8 @@ constexpr int cMaxIterations = 50; // exp(50) = 5e21 still squares without an ov
 constexpr double cNothingBelow = 1e-14;
 constexpr double cSettled = 0.99;
 
-/// The mean of y over the window [i - h, i + h], h = min(half, i, n - 1 - i). The running sum is of differences from the
-/// first value and kept in long double: a million steps leave no trace, and a constant stays what it is.
+/// The mean of y over the window [i - h, i + h], h = min(half, i, n - 1 - i). The running sum is of differences from
+/// the first value and kept in long double: a million steps leave no trace, and a constant stays what it is.
 void centredAverage(int n, const double *y, double *z, int half)
 {
     if (half == 0) {
