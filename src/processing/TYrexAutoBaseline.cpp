@@ -10,6 +10,7 @@
 #include <QVector>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -110,6 +111,28 @@ void pickPeaks(TYrexSpectrum &spectrum)
                                                  {QStringLiteral("yrexstdpppsign"), int(cPeaksAuto)}});
 }
 
+/// 1 / (1 + exp((d - shift) * steepness)), in three loops of which the first and the last run on several points at
+/// once.
+void logisticWeights(double shift, double steepness, const double *d, double *w, int count)
+{
+    // beyond these the weight is 1 and 0 to the last bit
+    constexpr double cFullWeight = -37.0;
+    constexpr double cNoWeight = 710.0;
+    for (int i = 0; i < count; ++i)
+        w[i] = (d[i] - shift) * steepness;
+    for (int i = 0; i < count; ++i)
+        w[i] = w[i] < cFullWeight ? 0.0 : w[i] >= cNoWeight ? std::numeric_limits<double>::infinity() : std::exp(w[i]);
+    for (int i = 0; i < count; ++i)
+        w[i] = 1.0 / (1.0 + w[i]);
+}
+
+/// The limit of the logistic for an infinite steepness.
+void stepWeights(double shift, const double *d, double *w, int count)
+{
+    for (int i = 0; i < count; ++i)
+        w[i] = d[i] < shift ? 1.0 : d[i] > shift ? 0.0 : 0.5;
+}
+
 } // namespace
 
 void TYrexAutoBaseline::autoBaseline(TYrexSpectrum &spectrum, const QVariantMap &action)
@@ -194,14 +217,10 @@ void TYrexAutoBaseline::arpls(int n, const double *y, double *z, double lambda, 
         const double shift = 2.0 * below.fDeviation - below.fMean;
         const double steepness = 2.0 / below.fDeviation; // infinite for less than two negative residuals
         const double change = smoother.reweight([shift, steepness](const double *d, double *w, int count) {
-            // beyond these the logistic is 1 and 0 to the last bit
-            constexpr double cFullWeight = -37.0;
-            constexpr double cNoWeight = 710.0;
-            for (int i = 0; i < count; ++i) {
-                const double v = d[i] - shift;
-                const double t = v == 0.0 ? 0.0 : v * steepness;
-                w[i] = t < cFullWeight ? 1.0 : t >= cNoWeight ? 0.0 : 1.0 / (1.0 + std::exp(t));
-            }
+            if (std::isinf(steepness))
+                stepWeights(shift, d, w, count);
+            else
+                logisticWeights(shift, steepness, d, w, count);
         });
         if (change < ratio || !smoother.canAccept())
             break;

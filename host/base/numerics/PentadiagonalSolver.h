@@ -20,9 +20,9 @@ public:
     /// Larger smoothing factors count as this one: beyond it rounding decides where the curve lies.
     static constexpr double cMaxLambda = 1e15;
 
-    /// Fills z[0..n-1], which may be y itself. Weights are not negative; a null pointer means all 1. Stretches of
-    /// weight 0 are bridged. z = y for n < 3, where nothing is penalised, and for a lambda that is not above 0. A NaN
-    /// in y or w makes all of z NaN; where next to no point has weight z is finite and without meaning.
+    /// Fills z[0..n-1], which must not overlap y and w. Weights are not negative; a null pointer means all 1. Stretches
+    /// of weight 0 are bridged. z = y for n < 3, where nothing is penalised, and for a lambda that is not above 0. A
+    /// NaN in y or w makes all of z NaN; where next to no point has weight z is finite and without meaning.
     void solve(int n, const double *y, const double *w, double lambda, double *z);
 
     /// Gives the work space back when it is larger than for that many points.
@@ -40,7 +40,7 @@ private:
     };
 
     void solveFromOneEnd(int n, const double *y, const double *w, long double scale, double *z);
-    void solveFromBothEnds(int n, const double *y, const double *w, long double scale, double *z);
+    bool solveFromBothEnds(int n, const double *y, const double *w, long double scale, double *z);
 
     std::vector<TRow> fRows;
 };

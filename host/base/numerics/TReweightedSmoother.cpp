@@ -40,13 +40,15 @@ void TReweightedSmoother::start(int n, const double *y, const unsigned char *exc
     fCount = n;
     const auto size = size_t(n);
     if (fY.size() < size) {
-        for (std::vector<double> *vector : {&fY, &fZ, &fUse, &fWeights, &fNextWeights})
+        for (std::vector<double> *vector : {&fY, &fZ, &fWeights, &fNextWeights})
             vector->resize(size);
     }
     removeLine(y);
-    for (int i = 0; i < n; ++i)
-        fUse[size_t(i)] = excluded && excluded[i] ? 0.0 : 1.0;
-    std::copy_n(fUse.begin(), n, fWeights.begin());
+    fUse.resize(excluded ? size : 0); // keeps what it has
+    std::fill_n(fWeights.begin(), n, 1.0);
+    for (int i = 0; excluded && i < n; ++i)
+        fWeights[size_t(i)] = fUse[size_t(i)] = excluded[i] ? 0.0 : 1.0;
+    fShift = 0.0;
     const double *w = fWeights.data();
     fNorm = sumOf(n, [w](int i) { return w[i] * w[i]; });
     fNextNorm = 0.0;
@@ -71,25 +73,44 @@ void TReweightedSmoother::smooth(double lambda)
     fSolver.solve(fCount, fY.data(), fWeights.data(), lambda, fZ.data());
 }
 
-TReweightedSmoother::TBelow TReweightedSmoother::below() const
+TReweightedSmoother::TBelow TReweightedSmoother::below()
 {
+    // one pass: sums of the distances from a mean that is nearly theirs lose no digits in the variance
     const double *y = fY.data();
     const double *z = fZ.data();
-    const double *use = fUse.data();
-    const double count = sumOf(fCount, [=](int i) { return y[i] - z[i] < 0.0 ? use[i] : 0.0; });
+    const double shift = fShift;
+    double counts[cLanes] = {};
+    double sums[cLanes] = {};
+    double squares[cLanes] = {};
+    const auto add = [&](int lane, int i, double use) {
+        const double residual = y[i] - z[i];
+        const double distance = residual < 0.0 ? (residual - shift) * use : 0.0;
+        counts[lane] += residual < 0.0 ? use : 0.0;
+        sums[lane] += distance;
+        squares[lane] += distance * distance;
+    };
+    if (fUse.empty()) {
+        int i = 0;
+        for (; i + cLanes <= fCount; i += cLanes) {
+            for (int k = 0; k < cLanes; ++k)
+                add(k, i + k, 1.0);
+        }
+        for (; i < fCount; ++i)
+            add(0, i, 1.0);
+    } else {
+        for (int i = 0; i < fCount; ++i)
+            add(i % cLanes, i, fUse[size_t(i)]);
+    }
     TBelow below;
+    const double count = laneSum(counts);
     below.fCount = int(count);
     if (below.fCount < 1)
         return below;
-    const double mean = sumOf(fCount, [=](int i) { return y[i] - z[i] < 0.0 ? use[i] * (y[i] - z[i]) : 0.0; }) / count;
-    below.fMean = mean;
-    if (below.fCount < 2)
-        return below;
-    const double squares = sumOf(fCount, [=](int i) {
-        const double residual = y[i] - z[i];
-        return residual < 0.0 ? use[i] * (residual - mean) * (residual - mean) : 0.0;
-    });
-    below.fDeviation = std::sqrt(squares / (count - 1.0));
+    const double offset = laneSum(sums) / count;
+    below.fMean = fShift + offset;
+    if (below.fCount > 1)
+        below.fDeviation = std::sqrt(std::max(0.0, laneSum(squares) - count * offset * offset) / (count - 1.0));
+    fShift = below.fMean;
     return below;
 }
 
@@ -102,14 +123,13 @@ double TReweightedSmoother::reweight(const TWeights &weights)
         const int count = std::min(cBlock, fCount - from);
         const double *y = fY.data() + from;
         const double *z = fZ.data() + from;
-        const double *use = fUse.data() + from;
         const double *old = fWeights.data() + from;
         double *next = fNextWeights.data() + from;
         for (int i = 0; i < count; ++i)
             residuals[i] = y[i] - z[i];
         weights(residuals, next, count);
-        for (int i = 0; i < count; ++i)
-            next[i] *= use[i];
+        for (int i = 0; i < count && !fUse.empty(); ++i)
+            next[i] *= fUse[size_t(from + i)];
         change += sumOf(count, [=](int i) { return (old[i] - next[i]) * (old[i] - next[i]); });
         norm += sumOf(count, [=](int i) { return next[i] * next[i]; });
     }

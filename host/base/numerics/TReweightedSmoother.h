@@ -32,7 +32,7 @@ public:
     void start(int n, const double *y, const unsigned char *excluded = nullptr);
     /// The curve z of the present weights.
     void smooth(double lambda);
-    TBelow below() const;
+    TBelow below();
     /// Makes new weights from the residuals and returns the norm of their change over the norm of the present ones;
     /// they hold from accept() on.
     double reweight(const TWeights &weights);
@@ -54,10 +54,11 @@ private:
     double fSlope = 0.0; // and its rise per point
     std::vector<double> fY;
     std::vector<double> fZ;
-    std::vector<double> fUse; // 1, or 0 for an excluded point
+    std::vector<double> fUse; // 1, or 0 for an excluded point; empty when all take part
     std::vector<double> fWeights;
     std::vector<double> fNextWeights;
-    double fNorm = 0.0; // sums of the squares of the weights
+    double fShift = 0.0; // mean of the last negative residuals, from which the next ones are counted
+    double fNorm = 0.0;  // sums of the squares of the weights
     double fNextNorm = 0.0;
 };
 
