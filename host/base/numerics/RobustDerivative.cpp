@@ -1,61 +1,18 @@
 #include "numerics/RobustDerivative.h"
 
+#include "numerics/PentadiagonalSolver.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vector>
 
 namespace {
 
-/// One row of the eliminated system (1/lambda + D'D) z = y/lambda, D taking second differences. In long double: the
-/// condition number grows with lambda, and the loop waits for its own results rather than for the arithmetic.
-struct TEliminatedRow
-{
-    long double fFirst;  // first off-diagonal over the pivot
-    long double fSecond; // second off-diagonal over the pivot
-    long double fRight;  // right side over the pivot
-};
-
-long double mainDiagonal(int i, int n)
-{
-    const int fromEnd = std::min(i, n - 1 - i);
-    if (fromEnd == 0)
-        return 1.0L;
-    if (fromEnd > 1)
-        return 6.0L;
-    return n == 3 ? 4.0L : 5.0L;
-}
-
 /// The Whittaker smoothing of y; y itself below three points, where nothing is penalised, and for lambda <= 0.
 std::vector<double> smoothed(const double *y, int n, int lambda)
 {
-    std::vector<double> z(y, y + n);
-    if (n < 3 || lambda <= 0)
-        return z;
-    std::vector<TEliminatedRow> rows(static_cast<size_t>(n));
-    const long double weight = 1.0L / lambda;
-    TEliminatedRow before = {0.0L, 0.0L, 0.0L}; // row i - 1
-    TEliminatedRow beforeThat = before;         // row i - 2
-    long double coupling = 0.0L;                // off-diagonal of row i - 1 before the division
-    for (int i = 0; i < n; ++i) {
-        const long double first = i == n - 1 ? 0.0L : i == 0 || i == n - 2 ? -2.0L : -4.0L;
-        const long double second = i >= n - 2 ? 0.0L : 1.0L;
-        const long double inverse =
-            1.0L / (mainDiagonal(i, n) + weight - before.fFirst * coupling - beforeThat.fSecond);
-        const long double right = weight * y[i] - coupling * before.fRight - beforeThat.fRight;
-        coupling = first - before.fFirst;
-        beforeThat = before;
-        before = {coupling * inverse, second * inverse, right * inverse};
-        rows[size_t(i)] = before;
-    }
-    long double next = 0.0L;
-    long double nextButOne = 0.0L;
-    for (int i = n - 1; i >= 0; --i) {
-        const TEliminatedRow &row = rows[size_t(i)];
-        const long double value = row.fRight - row.fFirst * next - row.fSecond * nextButOne;
-        nextButOne = next;
-        next = value;
-        z[size_t(i)] = double(value);
-    }
+    std::vector<double> z(static_cast<size_t>(n));
+    Utils::Matrix::whittakerSmooth(n, y, nullptr, lambda, z.data());
     return z;
 }
 
