@@ -4,13 +4,15 @@
 
 bool TCliArguments::takeOption(const TCliSyntax &syntax, const QStringList &arguments, int &index, QString &error)
 {
-    const QString argument = arguments.at(index);
+    const QString &argument = arguments.at(index);
     const int equals = argument.startsWith("--") ? argument.indexOf('=') : -1;
     const QString name = argument.left(equals);
     const TCliOption *option = syntax.option(name);
-    if (!option)
+    if (!option) {
         error = QString("unknown option %1").arg(name);
-    else if (option->fState == TCliOption::cPlanned)
+        return false;
+    }
+    if (option->fState == TCliOption::cPlanned)
         error = QString("%1 is not available in this version").arg(name);
     else if (has(name) && !option->fRepeats)
         error = QString("%1 is given twice").arg(name);

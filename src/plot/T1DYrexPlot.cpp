@@ -230,7 +230,7 @@ void T1DYrexPlot::resetView()
 
 QColor T1DYrexPlot::curveColor() const
 {
-    const QColor plain = properties().curvePen.color();
+    QColor plain = properties().curvePen.color();
     const IYrexPlotData *plotData = data();
     if (!plotData || !isArrayed())
         return plain;

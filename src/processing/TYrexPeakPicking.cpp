@@ -130,6 +130,7 @@ float TShiftedData::noise() const
     const int length = int(qMax(roundHalfUp(n / cBlocks), cShortestBlock));
     const int count = int(roundHalfUp(double(n) / length)) - 1; // the last block may be short
     std::vector<float> variances;
+    variances.reserve(size_t(qMax(0, count)));
     for (int k = 0; k < count; ++k)
         variances.push_back(TYrexPeakPicking::blockVariance(fMagnitudes.data() + size_t(k) * size_t(length), length));
     return 10.0f * std::sqrt(std::fabs(Utils::Algorithm::calcMedian(variances.data(), variances.size())));
