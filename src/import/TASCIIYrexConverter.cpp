@@ -62,10 +62,14 @@ bool TASCIIYrexConverter::headerBundle(const QString &fileName, TParamsBundle &b
     return true;
 }
 
-bool TASCIIYrexConverter::canImport(const QString &fileName)
+QString TASCIIYrexConverter::refusal(const QString &fileName)
 {
     QFile file(fileName);
-    return !QFileInfo(fileName).isDir() && file.open(QIODevice::ReadOnly) && looksLikeAsciiTable(file.read(cHeadBytes));
+    if (QFileInfo(fileName).isDir() || !file.open(QIODevice::ReadOnly))
+        return QStringLiteral("the file cannot be opened");
+    return looksLikeAsciiTable(file.read(cHeadBytes))
+               ? QString()
+               : QStringLiteral("expected at least ten lines of numbers within the first 128 KiB");
 }
 
 int TASCIIYrexConverter::readFile(const QString &fileName)

@@ -12,6 +12,16 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+void insertAll(const QVariantMap &values, QVariantMap *map)
+{
+    for (auto it = values.constBegin(); it != values.constEnd(); ++it)
+        map->insert(it.key(), it.value());
+}
+
+} // namespace
+
 TYrexSpectrumConverter::TYrexSpectrumConverter(const QString &filter, int format, QObject *plugin,
                                                const QStringList &exportFilters)
     : TBaseConverter({filter}, exportFilters, plugin)
@@ -47,9 +57,44 @@ int TYrexSpectrumConverter::exportItems(const TCanvasItemList &, const QString &
     return cConverterNotSupported;
 }
 
-bool TYrexSpectrumConverter::headerBundle(const QString &, TParamsBundle &)
+std::unique_ptr<TYrexSpectrum> TYrexSpectrumConverter::headerSpectrum(const QString &fileName)
 {
-    return false;
+    TYrexSpectrumList kept;
+    kept.swap(fSpectra);
+    const quint32 keptFlags = fReadFlags;
+    const QString keptProblem = problem();
+    fHeaderOnly = true;
+    readFile(fileName);
+    fHeaderOnly = false;
+    std::unique_ptr<TYrexSpectrum> first(fSpectra.isEmpty() ? nullptr : fSpectra.takeFirst());
+    qDeleteAll(fSpectra);
+    fSpectra.swap(kept);
+    fReadFlags = keptFlags;
+    setProblem(keptProblem);
+    return first;
+}
+
+bool TYrexSpectrumConverter::headerBundle(const QString &fileName, TParamsBundle &bundle)
+{
+    const std::unique_ptr<TYrexSpectrum> first = headerSpectrum(fileName);
+    if (first)
+        bundle = first->paramsBundle();
+    return first != nullptr;
+}
+
+QVariantMap TYrexSpectrumConverter::templateParameters(const QString &fileName, const QStringList &ids)
+{
+    QVariantMap map;
+    const std::unique_ptr<TYrexSpectrum> first = headerSpectrum(fileName);
+    if (!first)
+        return map;
+    finishSpectrum(first.get(), fileName);
+    for (const TSpectrumParam &param : first->params()) {
+        const QString id = QString::number(param.id());
+        if (ids.contains(id) && !map.contains(id))
+            map.insert(id, param.value());
+    }
+    return map;
 }
 
 ICanvasItem *TYrexSpectrumConverter::createItem(const TYrexSpectrumList &spectra, ICanvas *parent)
@@ -121,15 +166,19 @@ QVariantMap TYrexSpectrumConverter::metaData(const QString &fileName, const QStr
         return map;
     map.insert(Consts::Converter::cFileFormat, Utils::Common::fileFormatToStr(fFormat));
     QStringList remaining;
+    QStringList ids;
     for (const QString &key : keys) {
-        if (!map.contains(key))
+        bool isId = false;
+        key.toInt(&isId);
+        if (isId)
+            ids.append(key);
+        else if (!map.contains(key))
             remaining.append(key);
     }
-    if (!remaining.isEmpty()) {
-        const QVariantMap values = readParameters(fFormat, fileName, remaining);
-        for (auto it = values.constBegin(); it != values.constEnd(); ++it)
-            map.insert(it.key(), it.value());
-    }
+    if (!remaining.isEmpty())
+        insertAll(readParameters(fFormat, fileName, remaining), &map);
+    if (!ids.isEmpty())
+        insertAll(templateParameters(fileName, ids), &map);
     return map;
 }
 

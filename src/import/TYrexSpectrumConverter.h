@@ -4,6 +4,7 @@
 #include "plugin/TBaseConverter.h"
 
 #include <QSet>
+#include <memory>
 
 /// Turns the spectra that a format's reader gives into canvas items. A format derives from it, reads files in readFile
 /// and says in canImport which files are its own.
@@ -22,6 +23,11 @@ public:
 
     int exportItems(const TCanvasItemList &items, const QString &fileName) override;
     bool canExport(const TCanvasItemList &) const override { return false; }
+    /// Whether there is no reason to refuse the file.
+    bool canImport(const QString &fileName) override { return refusal(fileName).isEmpty(); }
+    QString refusal(const QString &fileName) override = 0;
+    /// Keys are parameters, "source(key)" of one, or their numbers in the format's template; the file's values are not
+    /// read.
     QVariantMap metaData(const QString &fileName, const QStringList &keys) override;
     int convert(const QString &fileName, ICanvas *parent) override;
 
@@ -35,8 +41,11 @@ public:
 protected:
     /// Reads a file and appends whole spectra. Returns a TConverterCode.
     virtual int readFile(const QString &fileName) = 0;
-    /// Puts the sources of a file's parameters into a bundle without reading its spectra. False, here, where a format
-    /// has none; readParameters then looks for files named like the sources.
+    /// Whether only parameters are asked for: readFile then appends its first spectrum without values, as soon as it
+    /// has everything else of it, and ends. A reader may pass this over where it knows nothing without the values.
+    bool readsHeaderOnly() const { return fHeaderOnly; }
+    /// Puts the sources of a file's parameters into a bundle without reading its values; false where there are none,
+    /// and readParameters then looks for files named like the sources. Here those of the first spectrum.
     virtual bool headerBundle(const QString &fileName, TParamsBundle &bundle);
     virtual ICanvasItem *createItem(const TYrexSpectrumList &spectra, ICanvas *parent);
     /// Named parameters of a file without its spectra: entries of the form "source(key)".
@@ -48,10 +57,13 @@ protected:
 
 private:
     bool finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName);
+    std::unique_ptr<TYrexSpectrum> headerSpectrum(const QString &fileName);
+    QVariantMap templateParameters(const QString &fileName, const QStringList &ids);
     void adopt(const TYrexSpectrumList &spectra, ICanvas *parent);
 
     TYrexSpectrumList fSpectra;   // owned, but for fGiven
     QSet<TYrexSpectrum *> fGiven; // those of them that an item owns
     quint32 fReadFlags = 0;
     int fFormat;
+    bool fHeaderOnly = false;
 };

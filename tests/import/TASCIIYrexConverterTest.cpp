@@ -153,6 +153,18 @@ TEST_F(AsciiConverter, metaDataReadsNoSpectrum)
     EXPECT_TRUE(fConverter.spectra().isEmpty());
 }
 
+TEST_F(AsciiConverter, metaDataKnowsParametersByTheirNumbers)
+{
+    const QString file = fileOf(rows(20, 2));
+    ASSERT_EQ(fConverter.importFile(file, nullptr), 0);
+    const TYrexSpectrumList before = fConverter.spectra();
+    const QVariantMap map = fConverter.metaData(file, {"2001", "502", "4711"});
+    EXPECT_EQ(map.value("2001").toString(), "Arbitrary");
+    EXPECT_EQ(map.value("502").toString(), "20");
+    EXPECT_FALSE(map.contains("4711"));
+    EXPECT_EQ(fConverter.spectra(), before);
+}
+
 TEST_F(AsciiConverter, exportsWhatThePlotShows)
 {
     TShownItem first, second;

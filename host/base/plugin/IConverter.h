@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/TCanvasItemList.h"
+#include "plugin/TFileNode.h"
 
 #include <QStringList>
 #include <QVariantMap>
@@ -54,4 +55,10 @@ public:
     virtual QString formatName() const { return {}; }
     /// What the last failed read expected, and what stood there; empty when there is nothing to tell.
     virtual QString problem() const { return {}; }
+    /// Why canImport refuses a file: what was expected at which offset or line, and what stood there. Empty when the
+    /// file is taken, and where a converter has nothing to tell.
+    virtual QString refusal(const QString &) { return {}; }
+    /// The reader's view of a file's inside, for files that it refuses as well; empty when nothing there is of its
+    /// format. Never changes what an import left.
+    virtual TFileNode inspect(const QString &) { return {}; }
 };
