@@ -1,5 +1,6 @@
 // The text table reader: no crash, no unbounded memory, the same as the plain rules on strings, and what it read comes
 // back from what the writer makes of it.
+#include "TAsciiInspection.h"
 #include "TAsciiJudge.h"
 #include "TAsciiTable.h"
 #include "TCsvWriter.h"
@@ -83,6 +84,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const int code = readAsciiTable(text, &table);
     if (code == 0)
         checkShape(table);
+    QBuffer device;
+    device.setData(text);
+    device.open(QIODevice::ReadOnly);
+    inspectAsciiTable(&device).text();
     const bool accepted = looksLikeAsciiTable(text);
     if (text.size() > cJudgedBytes || table.fPointCount > cJudgedPoints)
         return 0;

@@ -84,12 +84,17 @@ void TCliFileCommand::printOutput(int index, const QByteArray &output, const TCl
         environment.fConsole.out(TCliResultJson::cEnd);
 }
 
+TCliInput TCliFileCommand::open(const QString &file, const QString &format, const TCliEnvironment &environment)
+{
+    return TCliInputs::open(file, format, environment);
+}
+
 QByteArray TCliFileCommand::processInput(int index, const TCliEnvironment &environment, bool &failed)
 {
     if (!fKeepsSettings)
         TDefaultsIni::setStore(TDefaultsIni::memory);
     const QString file = fInputs.at(index);
-    TCliInput input = TCliInputs::open(file, fFormat, environment);
+    TCliInput input = open(file, fFormat, environment);
     for (const QString &note : qAsConst(input.fNotes))
         environment.warn(file + ": " + note);
     return finishInput(input, index, environment, failed);

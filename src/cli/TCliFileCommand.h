@@ -27,6 +27,8 @@ protected:
     virtual bool prepare(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error) = 0;
     /// Makes the folders of the outputs; false, with an error, when one cannot be made.
     virtual bool makeFolders(QString &) { return true; }
+    /// Opens one of the files, as its format where that is not empty.
+    virtual TCliInput open(const QString &file, const QString &format, const TCliEnvironment &environment);
     /// Does the work on an opened input; what goes to standard output is appended to `out`.
     virtual void work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out) = 0;
     /// The parts of a spectrum that --json prints, a sum of TCliResultJson::TPart.

@@ -2,11 +2,20 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TCliArguments.h"
+#include "TCliEnvironment.h"
 #include "TCliInput.h"
 #include "TCliResultJson.h"
 #include "TJsonWriter.h"
 #include "TTextTable.h"
+#include "TYrexParamsParsers.h"
 #include "TYrexUnits.h"
+#include "consts/Consts.h"
+#include "params/TParamsParser.h"
+#include "params/TParamsParsers.h"
+#include "plugin/IConverter.h"
+#include "services/IBatchHost.h"
+#include "services/TImportDriver.h"
+#include "utils/CommonUtils.h"
 
 namespace {
 
@@ -87,6 +96,28 @@ QString spectraText(const TYrexSpectrumList &spectra, bool withParams)
     return text;
 }
 
+/// The parameters that the template of the file's format knows, out of its header.
+QString headerText(const QString &file, IConverter &converter)
+{
+    const QString format = converter.metaData(file, {}).value(Consts::Converter::cFileFormat).toString();
+    TTextTable table(cIndent);
+    table.addRow({"Format", format});
+    for (const int number : yrexParamsParsers().formats()) {
+        if (Utils::Common::fileFormatToStr(number) != format)
+            continue;
+        const TSpectrumParamsTemplate entries = yrexParamsParsers().value(number)->templates();
+        QStringList ids;
+        for (const TSpectrumParam &entry : entries)
+            ids.append(QString::number(entry.id()));
+        const QVariantMap values = converter.metaData(file, ids);
+        for (const TSpectrumParam &entry : entries) {
+            const QString id = QString::number(entry.id());
+            table.addRow({id, entry.translated_paramName(), values.value(id).toString()});
+        }
+    }
+    return file + '\n' + table.text() + '\n';
+}
+
 } // namespace
 
 TCliSyntax TCliInfo::syntax() const
@@ -96,7 +127,10 @@ TCliSyntax TCliInfo::syntax() const
     syntax.fSummary = "Tells what is in files: format, items, spectra, points, x range, units, title, date.";
     syntax.fOptions = {{"--params", "", "add every parameter"},
                        {"--json", "", "print JSON, one object for each file in an array"},
-                       {"--data", "", "add the y values to the JSON"}};
+                       {"--data", "", "add the y values to the JSON"},
+                       {"--no-data", "",
+                        "with --params: tell the parameters of a file's first spectrum from its header "
+                        "alone"}};
     syntax.fOptions += fileOptions();
     return syntax;
 }
@@ -108,15 +142,34 @@ bool TCliInfo::prepare(const TCliArguments &arguments, const TCliEnvironment &, 
         fParts |= TCliResultJson::cParams;
     if (arguments.has("--data"))
         fParts |= TCliResultJson::cData;
+    fHeaderOnly = arguments.has("--no-data");
     if (arguments.has("--data") && !fIsJson)
         error = "--data goes with --json";
+    else if (fHeaderOnly && (fIsJson || !arguments.has("--params")))
+        error = "--no-data goes with --params, and not with --json";
     return error.isEmpty();
+}
+
+TCliInput TCliInfo::open(const QString &file, const QString &format, const TCliEnvironment &environment)
+{
+    const TImportDriver &driver = environment.fBatch.importDriver();
+    IConverter *converter = format.isEmpty() ? driver.converterFor(file) : driver.converterByName(format);
+    if (!fHeaderOnly || !converter)
+        return TCliFileCommand::open(file, format, environment);
+    TCliInput input;
+    input.fFile = file;
+    fHeaderText = headerText(file, *converter).toUtf8();
+    return input;
 }
 
 void TCliInfo::work(TCliInput &input, int, const TCliEnvironment &, QByteArray &out)
 {
     if (fIsJson)
         return;
+    if (fHeaderOnly) {
+        out += fHeaderText;
+        return;
+    }
     QString text = input.fFile + '\n';
     TTextTable head(cIndent);
     head.addRow({"Format", input.fFormatName});

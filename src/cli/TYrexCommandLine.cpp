@@ -6,6 +6,7 @@
 #include "TCliEnvironment.h"
 #include "TCliFormats.h"
 #include "TCliInfo.h"
+#include "TCliInspect.h"
 #include "TCliProcess.h"
 #include "TCliSyntax.h"
 #include "log/TLogger.h"
@@ -35,7 +36,7 @@ struct TEntry
 const TEntry cCommands[] = {
     {"formats", "the file formats that are read and written", make<TCliFormats>},
     {"info", "what is in files", make<TCliInfo>},
-    {"inspect", "why a file opens or does not (not available in this version)", nullptr},
+    {"inspect", "why a file opens or does not", make<TCliInspect>},
     {"convert", "import files and write them in another form", make<TCliConvert>},
     {"process", "import files, run a processing chain and write the results", make<TCliProcess>},
     {"chain", "show, check and write processing chains", make<TCliChain>},

@@ -1,6 +1,7 @@
 #include "TASCIIYrexConverter.h"
 
 #include "IYrexExportView.h"
+#include "TAsciiInspection.h"
 #include "TAsciiTable.h"
 #include "TCsvWriter.h"
 #include "TYrexSpectrum.h"
@@ -70,6 +71,14 @@ QString TASCIIYrexConverter::refusal(const QString &fileName)
     return looksLikeAsciiTable(file.read(cHeadBytes))
                ? QString()
                : QStringLiteral("expected at least ten lines of numbers within the first 128 KiB");
+}
+
+TFileNode TASCIIYrexConverter::inspect(const QString &fileName)
+{
+    QFile file(fileName);
+    if (QFileInfo(fileName).isDir() || !file.open(QIODevice::ReadOnly) || file.isSequential())
+        return {};
+    return inspectAsciiTable(&file);
 }
 
 int TASCIIYrexConverter::readFile(const QString &fileName)

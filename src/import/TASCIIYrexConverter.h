@@ -16,6 +16,7 @@ public:
     QString formatName() const override;
     /// Taken when at least ten lines within the first 128 KiB are numbers.
     QString refusal(const QString &fileName) override;
+    TFileNode inspect(const QString &fileName) override;
     /// Writes the spectra of the items with their shown units, visible ranges only: 0, 5 when there is nothing to
     /// write, 51 when the file cannot be written.
     int exportItems(const TCanvasItemList &items, const QString &fileName) override;

@@ -127,25 +127,6 @@ int makeEven(TAsciiTable *table, qint64 textSize, QString *problem)
     return cConverterOk;
 }
 
-bool holdsNumbersOnly(const TAsciiLine &line)
-{
-    if (!line.fPlain)
-        return false;
-    const char *begin = line.fBegin;
-    while (begin < line.fEnd && TAsciiTokens::isSeparator(*begin))
-        ++begin;
-    TAsciiTokens tokens(begin, line.fEnd, TAsciiLayout::cBlanks);
-    double value = 0.0;
-    bool isNumber = false;
-    bool any = false;
-    while (tokens.next<TAsciiLayout::cBlanks>(&value, &isNumber)) {
-        if (!isNumber)
-            return false;
-        any = true;
-    }
-    return any;
-}
-
 } // namespace
 
 int readAsciiTable(const QByteArray &text, TAsciiTable *table, QString *problem)
@@ -192,6 +173,25 @@ int readAsciiTable(QIODevice *device, TAsciiTable *table, QString *problem)
     return code;
 }
 
+bool looksLikeNumbers(const TAsciiLine &line)
+{
+    if (!line.fPlain)
+        return false;
+    const char *begin = line.fBegin;
+    while (begin < line.fEnd && TAsciiTokens::isSeparator(*begin))
+        ++begin;
+    TAsciiTokens tokens(begin, line.fEnd, TAsciiLayout::cBlanks);
+    double value = 0.0;
+    bool isNumber = false;
+    bool any = false;
+    while (tokens.next<TAsciiLayout::cBlanks>(&value, &isNumber)) {
+        if (!isNumber)
+            return false;
+        any = true;
+    }
+    return any;
+}
+
 bool looksLikeAsciiTable(const QByteArray &head)
 {
     const char *begin = head.constData();
@@ -200,7 +200,7 @@ bool looksLikeAsciiTable(const QByteArray &head)
     TAsciiLine line;
     int numeric = 0;
     while (lines.next(&line) && lines.hadLineEnd()) {
-        numeric += holdsNumbersOnly(line);
+        numeric += looksLikeNumbers(line);
         if (numeric == cNumericLinesWanted)
             return true;
     }

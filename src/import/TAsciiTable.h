@@ -5,6 +5,7 @@
 #include <QVector>
 
 class QIODevice;
+struct TAsciiLine;
 
 /// A table of numbers as spectra want it: one ascending x axis, made even where it was not, and a y column per
 /// spectrum.
@@ -34,6 +35,8 @@ int readAsciiTable(QIODevice *device, TAsciiTable *table, QString *problem = nul
 /// The same for a text in memory.
 int readAsciiTable(const QByteArray &text, TAsciiTable *table, QString *problem = nullptr);
 
+/// Whether a line holds numbers and nothing else.
+bool looksLikeNumbers(const TAsciiLine &line);
 /// Whether a text that begins so looks like a table of numbers: at least ten of its lines, the last one not counted,
 /// hold numbers only. The rest may be anything.
 bool looksLikeAsciiTable(const QByteArray &head);

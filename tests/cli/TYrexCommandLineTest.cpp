@@ -81,7 +81,9 @@ TEST_F(TYrexCommandLineTest, usageErrorsStopBeforeTheWork)
                                    {"info"},
                                    {"info", "a.csv", "--frob"},
                                    {"info", "a.csv", "--data"},
+                                   {"info", "a.csv", "--no-data"},
                                    {"info", "a.csv", "--format", "frob"},
+                                   {"inspect", "a.csv", "--format", "frob"},
                                    {"info", "a.csv", "--jobs", "0"},
                                    {"convert", "a.csv"},
                                    {"process", "a.csv", "--size", "0x7"},
@@ -155,6 +157,35 @@ TEST_F(TYrexCommandLineTest, infoTellsFormatAndProvenance)
     ASSERT_EQ(run({"info", "a.csv", "--params"}), 0);
     EXPECT_TRUE(fOut.contains("60"));
     EXPECT_TRUE(fOut.contains("2003")); // the unit's parameter
+}
+
+TEST_F(TYrexCommandLineTest, inspectTellsOfGoodAndBadFiles)
+{
+    writeBand("good.csv", 450.0);
+    write("bad.csv", "a title\n1.0 2.0\n3.0 2.0\n2.0 2.0\n");
+    write("rubbish.bin", QByteArray(1, '\x07'));
+    EXPECT_EQ(run({"inspect", "good.csv", "bad.csv", "rubbish.bin", "none.csv"}), 1);
+    const QStringList parts = QString::fromUtf8(fOut).split("\n\n", Qt::SkipEmptyParts);
+    ASSERT_EQ(parts.size(), 3);
+    EXPECT_TRUE(parts.at(0).startsWith("good.csv: opens as CSV, items: 1, spectra: 1\n"));
+    EXPECT_TRUE(parts.at(0).contains("csv  ") && parts.at(0).contains("takes the file"));
+    EXPECT_TRUE(parts.at(0).contains("400 .. 518"));
+    EXPECT_TRUE(
+        parts.at(1).startsWith("bad.csv: expected x in ascending or descending order, found 2 in row 3 (code 52)"));
+    EXPECT_EQ(parts.at(1).count("expected x in ascending"), 2) << "in the same words inside";
+    EXPECT_TRUE(parts.at(1).contains("line 1 ")) << fOut.toStdString();
+    EXPECT_TRUE(parts.at(2).startsWith("rubbish.bin: no format takes this file (code 4)"));
+    ASSERT_EQ(fErr.size(), 1);
+    EXPECT_EQ(fErr.first(), "zarnu: none.csv: there is no such file (code 51)");
+}
+
+TEST_F(TYrexCommandLineTest, infoTellsParametersFromTheHeader)
+{
+    writeBand("a.csv", 450.0);
+    EXPECT_EQ(run({"info", "a.csv", "none.csv", "--params", "--no-data"}), 1);
+    EXPECT_TRUE(fOut.startsWith("a.csv\n")) << fOut.toStdString();
+    EXPECT_TRUE(fOut.contains("Number of Points  60"));
+    EXPECT_EQ(fErr.size(), 1);
 }
 
 TEST_F(TYrexCommandLineTest, processRunsTheChainAndKeepsEveryDigit)

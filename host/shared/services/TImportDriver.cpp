@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace {
 
@@ -58,8 +59,7 @@ TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, cons
     result.fConverter = format.isEmpty() ? converterFor(fileName) : converterByName(format);
     if (!result.fConverter) {
         result.fCode = info.isReadable() ? int(cConverterNotSupported) : int(cConverterFileNotOpened);
-        result.fReason = info.isReadable() ? QCoreApplication::translate("TImportDriver", "no format takes this file")
-                                           : reason(result.fCode);
+        result.fReason = info.isReadable() ? refusals(fileName) : reason(result.fCode);
         return result;
     }
     result.fCode = result.fConverter->importFile(fileName, page);
@@ -70,6 +70,45 @@ TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, cons
             result.fReason = reason(result.fCode);
     }
     return result;
+}
+
+/// The words of the converters to whose filter the file's ending belongs; without one the ending tells nothing.
+QString TImportDriver::refusals(const QString &fileName) const
+{
+    QStringList words{QCoreApplication::translate("TImportDriver", "no format takes this file")};
+    const QRegularExpression pattern("\\*\\." + QRegularExpression::escape(QFileInfo(fileName).suffix()) + "[ )]",
+                                     QRegularExpression::CaseInsensitiveOption);
+    for (IConverter *converter : fConverters) {
+        if (converter->importFilterList().indexOf(pattern) < 0)
+            continue;
+        const QString why = converter->refusal(fileName);
+        if (!why.isEmpty())
+            words.append(QString("%1: %2").arg(converter->formatName(), why));
+    }
+    return words.join("; ");
+}
+
+TFileNode TImportDriver::inspect(const QString &fileName, const QString &format) const
+{
+    TFileNode file;
+    file.fName = QFileInfo(fileName).fileName();
+    file.fValue = QString("%1 bytes").arg(QFileInfo(fileName).size());
+    const IConverter *taker = format.isEmpty() ? converterFor(fileName) : converterByName(format);
+    for (IConverter *converter : fConverters) {
+        const QString why = converter->refusal(fileName);
+        const QString says = converter == taker ? "takes the file"
+                             : why.isEmpty()    ? "would take it, behind others"
+                                                : why;
+        file.add(converter->formatName(), says);
+    }
+    for (IConverter *converter : fConverters) {
+        const bool wanted =
+            taker ? converter == taker : converter->formatName() != cTextFormat || looksLikeText(fileName);
+        const TFileNode inside = wanted ? converter->inspect(fileName) : TFileNode();
+        if (!inside.isEmpty())
+            file.fRows.append(inside);
+    }
+    return file;
 }
 
 QString TImportDriver::reason(int code)

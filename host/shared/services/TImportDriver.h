@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/TCanvasItemList.h"
+#include "plugin/TFileNode.h"
 
 #include <QList>
 #include <QString>
@@ -35,11 +36,17 @@ public:
     /// Imports a file; `format` names the converter outright and skips its look at the content.
     TImportResult import(const QString &fileName, ICanvas *page, const QString &format = QString()) const;
 
+    /// Why a file opens or does not: a row for each converter with what it says of the file, and the view of its inside
+    /// by the one that takes it, else by every one that knows something in it. `format` names the converter outright.
+    TFileNode inspect(const QString &fileName, const QString &format = QString()) const;
+
     /// The reason that goes with a code when the reader gave none.
     static QString reason(int code);
     /// Whether the file's first 128 KiB hold no byte that text does not hold.
     static bool looksLikeText(const QString &fileName);
 
 private:
+    QString refusals(const QString &fileName) const;
+
     QList<IConverter *> fConverters; // not owned
 };
