@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int cTextRtti = 101;
+const char *const cTexts[] = {"one", "two", "three"};
 
 class TTextItem : public TCanvasItem
 {
@@ -113,9 +114,40 @@ TEST_F(TDocumentTest, everyCutIsRefusedWithAPlaceOrReadAsFarAsItGoes)
         TDataStream tolerantStream(bytes.left(length));
         tolerantStream.setTolerant(true);
         TLoadReport tolerantReport;
-        tolerant.load(tolerantStream, tolerantReport);
-        EXPECT_LE(tolerant.items().size(), 3);
+        const bool any = tolerant.load(tolerantStream, tolerantReport);
+        EXPECT_EQ(any, !tolerant.items().isEmpty()) << length;
+        EXPECT_EQ(tolerantReport.fItems, tolerant.items().size());
+        for (int i = 0; i < tolerant.items().size(); ++i)
+            EXPECT_EQ(static_cast<TTextItem *>(canvasItem(tolerant.items().at(i)))->fText, cTexts[i]) << length;
     }
+}
+
+TEST_F(TDocumentTest, aDamagedItemIsLeftOutAndTheOthersAreRecovered)
+{
+    QTemporaryDir folder;
+    TDocument document;
+    fill(document);
+    QByteArray bytes = bytesOf(document);
+    const int text = bytes.indexOf(QByteArray("\0o\0n\0e", 6));
+    ASSERT_GT(text, 0);
+    bytes[text - 1] = '\x7f'; // the length of the first item's text
+    QFile file(folder.filePath("damaged.klm"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+
+    TLoadReport strict;
+    EXPECT_FALSE(TDocument().loadFrom(file.fileName(), strict));
+    EXPECT_TRUE(strict.fError.contains("in page 1, item 1")) << strict.fError.toStdString();
+    TDocument recovered;
+    TLoadReport report;
+    ASSERT_TRUE(recovered.recoverFrom(file.fileName(), report));
+    EXPECT_EQ(report.fItems, 2);
+    EXPECT_EQ(report.fWarnings, QStringList{"Item 1 of page 1 is damaged and left out."});
+    EXPECT_EQ(recovered.pages().size(), 3);
+    EXPECT_TRUE(recovered.path().isEmpty());
+    EXPECT_NE(recovered.id(), document.id());
+    EXPECT_EQ(recovered.historyEntries().size(), 1);
 }
 
 TEST_F(TDocumentTest, aFailedSaveLeavesTheOldFileWhole)

@@ -60,6 +60,8 @@ public:
     void setTolerant(bool tolerant) { fTolerant = tolerant; }
     bool isTolerant() const { return fTolerant; }
     bool isTruncated() const { return fTruncated; }
+    /// For readers that want to know it of one block among others.
+    void setTruncated(bool truncated) { fTruncated = truncated; }
 
     TDataStream &operator>>(QString &text);
     TDataStream &operator>>(QByteArray &bytes);

@@ -62,6 +62,10 @@ public:
     void store(TDataStream &stream) const;
     /// Reads into this document, which must be empty. False, with the reason in the report, when it cannot be read.
     bool loadFrom(const QString &path, TLoadReport &report);
+    /// Reads what is whole in a damaged or cut file: damaged items are left out and named in the report. It becomes a
+    /// new document without a path. False when there is no whole item.
+    bool recoverFrom(const QString &path, TLoadReport &report);
+    /// A tolerant stream is read as recoverFrom does.
     bool load(TDataStream &stream, TLoadReport &report);
 
 signals:
@@ -74,7 +78,9 @@ private:
     void storePage(TDataStream &stream, const TPage &page) const;
     void storeHistory(TDataStream &stream) const;
     bool loadPage(TDataStream &stream, TLoadReport &report);
-    bool loadItem(TDataStream &stream, TPage &page, TLoadReport &report);
+    bool loadItem(TDataStream &stream, TPage &page, int itemNumber, TLoadReport &report);
+    bool loadPages(TDataStream &stream, TLoadReport &report);
+    bool loadBehindPages(TDataStream &stream, TLoadReport &report);
     void loadHistory(TDataStream &stream);
     bool fail(TDataStream &stream, TLoadReport &report, const QString &where) const;
 

@@ -157,11 +157,11 @@ bool TDocument::fail(TDataStream &stream, TLoadReport &report, const QString &wh
     const QString why =
         stream.status() == QDataStream::ReadPastEnd ? tr("the data end early") : tr("the data are damaged");
     report.fPosition = position;
-    report.fError = tr("At byte %1, %2: %3.").arg(QLocale::c().toString(position), where, why);
+    report.fError = tr("At byte %1, %2: %3.").arg(QLocale::c().toString(position).replace(",", " "), where, why);
     return false;
 }
 
-bool TDocument::loadItem(TDataStream &stream, TPage &page, TLoadReport &report)
+bool TDocument::loadItem(TDataStream &stream, TPage &page, int itemNumber, TLoadReport &report)
 {
     qint32 rtti = 0;
     QUuid id;
@@ -173,12 +173,23 @@ bool TDocument::loadItem(TDataStream &stream, TPage &page, TLoadReport &report)
         item = new TUnknownItem(rtti);
         report.fWarnings.append(tr("An item of the unknown type %1 is kept as it is.").arg(rtti));
     }
+    const bool wasCutBefore = stream.isTruncated();                            // an enclosing block, or an earlier item
+    stream.setTruncated(stream.bytesLeft() < TDataStreamAdaptor::cHeaderSize); // every item has a block
     TDataStreamAdaptor block(stream);
     if (block.hasData())
         item->load(stream);
     block.skipData();
+    const bool isCut = stream.isTruncated();
+    stream.setTruncated(wasCutBefore || isCut);
+    if (stream.isTolerant() && (isCut || !stream.isGood())) {
+        delete item;
+        report.fWarnings.append(tr("Item %1 of page %2 is damaged and left out.").arg(itemNumber).arg(fPages.size()));
+        stream.resetStatus(); // the block's end is known, so that the items behind it can be read
+        return true;
+    }
     item->setUniqueId(id);
     page.insertItem(item);
+    report.fItems += stream.isGood();
     return stream.isGood();
 }
 
@@ -203,7 +214,7 @@ bool TDocument::loadPage(TDataStream &stream, TLoadReport &report)
     page->setTitle(title);
     const int count = stream.readCount(cMinItemSize);
     for (int i = 0; i < count && stream.isGood(); ++i) {
-        if (!loadItem(stream, *page, report))
+        if (!loadItem(stream, *page, i + 1, report))
             return fail(stream, report, tr("in page %1, item %2").arg(pageNumber).arg(i + 1));
     }
     TDataStreamAdaptor tail(stream);
@@ -262,11 +273,32 @@ bool TDocument::load(TDataStream &stream, TLoadReport &report)
         if (settings.hasData() && stream.readVariant(map))
             fSettings = map.toMap();
     }
+    report.fOk = loadPages(stream, report) && loadBehindPages(stream, report);
+    block.skipData();
+    report.fTruncated = stream.isTruncated();
+    if (stream.isTolerant())
+        report.fOk = report.fItems > 0 || (report.fOk && !report.fTruncated);
+    return report.fOk;
+}
+
+bool TDocument::loadPages(TDataStream &stream, TLoadReport &report)
+{
     const int pageCount = stream.readCount(cMinPageSize);
     for (int i = 0; i < pageCount && stream.isGood(); ++i) {
-        if (!loadPage(stream, report))
+        if (stream.isTolerant() && stream.atLimit())
+            break;
+        if (loadPage(stream, report))
+            continue;
+        if (!stream.isTolerant())
             return false;
+        report.fWarnings.append(tr("Page %1 is damaged.").arg(i + 1));
+        stream.resetStatus();
     }
+    return stream.isGood() || fail(stream, report, tr("in the number of pages"));
+}
+
+bool TDocument::loadBehindPages(TDataStream &stream, TLoadReport &report)
+{
     loadHistory(stream);
     if (!stream.isGood())
         return fail(stream, report, tr("in the history"));
@@ -274,10 +306,21 @@ bool TDocument::load(TDataStream &stream, TLoadReport &report)
     if (tail.hasData())
         fTail = readRestOfBlock(stream);
     tail.skipData();
-    block.skipData();
-    report.fTruncated = stream.isTruncated();
-    report.fOk = stream.isGood();
-    return report.fOk || fail(stream, report, tr("at the end"));
+    return stream.isGood() || fail(stream, report, tr("at the end"));
+}
+
+bool TDocument::recoverFrom(const QString &path, TLoadReport &report)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        report.fError = file.errorString();
+        return false;
+    }
+    TDataStream stream(&file);
+    stream.setTolerant(true);
+    const bool any = load(stream, report);
+    fId = Utils::Common::createUuid();
+    return any;
 }
 
 bool TDocument::loadFrom(const QString &path, TLoadReport &report)

@@ -10,5 +10,6 @@ struct TLoadReport
     QString fError;        // where and why it ended, in words
     qint64 fPosition = -1; // byte at which it ended
     bool fTruncated = false;
-    QStringList fWarnings; // what was kept without being understood
+    int fItems = 0;        // that were read whole
+    QStringList fWarnings; // what was kept without being understood, and what was left out
 };
