@@ -1,5 +1,6 @@
 // SPC files: one header, then a header of 32 bytes and float values for each spectrum.
 #include "TPlainRead.h"
+#include "TYrexGalacticSpcConverter.h"
 
 #include <cstring>
 
@@ -49,6 +50,18 @@ void spcPlain(benchmark::State &state)
     plainRead(state, mapFile());
 }
 
+void spcReadFile(benchmark::State &state)
+{
+    readSpectra<TYrexGalacticSpcConverter>(state, mapFile());
+}
+
+void spcConvert(benchmark::State &state)
+{
+    convertSpectra<TYrexGalacticSpcConverter>(state, mapFile());
+}
+
 BENCHMARK(spcPlain)->Unit(benchmark::kMillisecond);
+BENCHMARK(spcReadFile)->Unit(benchmark::kMillisecond);
+BENCHMARK(spcConvert)->Unit(benchmark::kMillisecond);
 
 } // namespace

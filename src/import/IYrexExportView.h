@@ -3,6 +3,8 @@
 #include <QPair>
 #include <QVector>
 
+class TYrexSpectrum;
+
 /// What an exporter of data asks of an item on a page: the numbers as the user sees them. A canvas item that shows
 /// spectra implements it beside ICanvasItem.
 class IYrexExportView
@@ -22,4 +24,6 @@ public:
     virtual int exportSpectrumCount() const = 0;
     /// The x and y values of one spectrum in the shown units, of equal length; x runs in either direction.
     virtual void exportSeries(int index, QVector<double> *x, QVector<double> *y) const = 0;
+    /// The record of one spectrum, for formats that write what the plot does not show; null where there is none.
+    virtual const TYrexSpectrum *exportRecord(int) const { return nullptr; }
 };

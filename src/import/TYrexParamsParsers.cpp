@@ -1,6 +1,7 @@
 #include "TYrexParamsParsers.h"
 
 #include "TASCIIYrexParamsParser.h"
+#include "TYrexGalacticSpcParamsParser.h"
 #include "params/TParamsParsers.h"
 #include "utils/TFileFormat.h"
 
@@ -18,6 +19,7 @@ TParamsParsers *makeParsers()
 {
     auto *parsers = new TParamsParsers;
     parsers->insert(Common::Types::cFormatCSV, new TASCIIYrexParamsParser);
+    parsers->insert(Common::Types::cFormatSPC, new TYrexGalacticSpcParamsParser);
     return parsers;
 }
 

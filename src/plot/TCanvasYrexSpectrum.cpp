@@ -166,6 +166,11 @@ void TCanvasYrexSpectrum::exportSeries(int index, QVector<double> *x, QVector<do
     y->resize(count);
 }
 
+const TYrexSpectrum *TCanvasYrexSpectrum::exportRecord(int index) const
+{
+    return fDataObj->spectrumAt(index);
+}
+
 void TCanvasYrexSpectrum::listChanged()
 {
     if (fDataObj)

@@ -44,6 +44,7 @@ public:
     QVector<QPair<double, double>> visibleRanges() const override;
     int exportSpectrumCount() const override { return stack().count(); }
     void exportSeries(int index, QVector<double> *x, QVector<double> *y) const override;
+    const TYrexSpectrum *exportRecord(int index) const override;
 
     /// The data object; null only in an item that is being loaded.
     TYrexSpecDataObj *dataObj() const { return fDataObj.get(); }

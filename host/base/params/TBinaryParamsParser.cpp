@@ -80,9 +80,9 @@ QString fieldText(const QByteArray &blob, const TField &field, QDataStream::Byte
 
 } // namespace
 
-bool TBinaryParamsParser::needsBlob(const QString &) const
+bool TBinaryParamsParser::needsBlob(const QString &source) const
 {
-    return true;
+    return source != QLatin1String("datafile"); // of which the bundle keeps the time, but no bytes
 }
 
 QString TBinaryParamsParser::value(const QString &source, const QString &key, const QString &path)

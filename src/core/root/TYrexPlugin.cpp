@@ -3,6 +3,7 @@
 #include "TASCIIYrexConverter.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexCommandLine.h"
+#include "TYrexGalacticSpcConverter.h"
 #include "TYrexParamsParsers.h"
 #include "TYrexPluginObjectFactory.h"
 #include "TYrexPluginWrapper.h"
@@ -74,6 +75,7 @@ void TYrexPlugin::registered(IPluginHost *host)
 void TYrexPlugin::registerConverters()
 {
     // files are offered in this order, so the converter that accepts nearly anything stands last
+    fConverters.append(new TYrexGalacticSpcConverter(this));
     fConverters.append(new TASCIIYrexConverter(this));
 }
 
