@@ -88,7 +88,7 @@ QVariantMap TYrexSpectrumConverter::templateParameters(const QString &fileName, 
     const std::unique_ptr<TYrexSpectrum> first = headerSpectrum(fileName);
     if (!first)
         return map;
-    finishSpectrum(first.get(), fileName);
+    finishSpectrum(first.get(), fileName, TParamsBundle::datafileBlob(fileName));
     for (const TSpectrumParam &param : first->params()) {
         const QString id = QString::number(param.id());
         if (ids.contains(id) && !map.contains(id))
@@ -103,7 +103,8 @@ ICanvasItem *TYrexSpectrumConverter::createItem(const TYrexSpectrumList &spectra
     return factory ? factory->createSpectrumItem(spectra, parent) : nullptr;
 }
 
-bool TYrexSpectrumConverter::finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName)
+bool TYrexSpectrumConverter::finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName,
+                                            const TParamsBlob &datafile)
 {
     if (fReadFlags & cRejectNaN) {
         const QVector<double> &y = spectrum->values();
@@ -112,7 +113,7 @@ bool TYrexSpectrumConverter::finishSpectrum(TYrexSpectrum *spectrum, const QStri
     }
     TParamsBundle &bundle = spectrum->paramsBundle();
     bundle.setFileName(fileName);
-    bundle.addDatafileBlob(fileName);
+    bundle.addDatafileBlob(datafile);
     if (spectrum->fileFormat() == TYrexSpectrum::cNoFormat)
         spectrum->setFileFormat(fFormat);
     bundle.setFileFormat(spectrum->fileFormat());
@@ -143,8 +144,9 @@ int TYrexSpectrumConverter::convert(const QString &fileName, ICanvas *parent)
         return code;
     int result = cConverterOk;
     const TYrexSpectrumList read = fSpectra;
+    const TParamsBlob datafile = TParamsBundle::datafileBlob(fileName);
     for (TYrexSpectrum *spectrum : read) {
-        if (!finishSpectrum(spectrum, fileName)) {
+        if (!finishSpectrum(spectrum, fileName, datafile)) {
             fSpectra.removeOne(spectrum);
             delete spectrum;
             result = cConverterNaNFound;

@@ -56,7 +56,7 @@ protected:
     void clearSpectra();
 
 private:
-    bool finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName);
+    bool finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName, const TParamsBlob &datafile);
     std::unique_ptr<TYrexSpectrum> headerSpectrum(const QString &fileName);
     QVariantMap templateParameters(const QString &fileName, const QStringList &ids);
     void adopt(const TYrexSpectrumList &spectra, ICanvas *parent);

@@ -35,3 +35,5 @@ private:
     QByteArray fBytes;
     QString fLastModified;
 };
+
+Q_DECLARE_TYPEINFO(TParamsBlob, Q_MOVABLE_TYPE);

@@ -67,11 +67,11 @@ void TParamsBundle::addParamsBlob(const QString &name, const QString &file, qint
     insert(TParamsBlob(name, stableFileName(file), offset, bytes));
 }
 
-void TParamsBundle::addDatafileBlob(const QString &file)
+TParamsBlob TParamsBundle::datafileBlob(const QString &file)
 {
     const QFileInfo info(file);
     const QString time = info.exists() ? info.lastModified().toUTC().toString(Qt::ISODate) : QString();
-    insert(TParamsBlob(cDatafileBlob, file, info.size(), time));
+    return TParamsBlob(cDatafileBlob, file, info.size(), time);
 }
 
 const TParamsBlob &TParamsBundle::operator[](const QString &name) const

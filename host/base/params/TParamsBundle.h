@@ -31,7 +31,10 @@ public:
     /// Adds bytes in memory that stood at `offset` of the file. They are shared, not copied.
     void addParamsBlob(const QString &name, const QString &file, qint64 offset, const QByteArray &bytes);
     /// Adds the data file itself under "datafile": path, size and time, never the content.
-    void addDatafileBlob(const QString &file);
+    void addDatafileBlob(const QString &file) { insert(datafileBlob(file)); }
+    /// The same for many bundles of one file, which is then asked once.
+    void addDatafileBlob(const TParamsBlob &blob) { insert(blob); }
+    static TParamsBlob datafileBlob(const QString &file);
 
     /// The blob of that name; one without content and name when there is none.
     const TParamsBlob &operator[](const QString &name) const;

@@ -61,6 +61,7 @@ TSpectrumParams TParamsParsers::parse(const TParamsParsers &parsers, const TPara
     const int dimensions = qBound(1, dimCount, TSpectrumParam::cMaxDimensions);
     parser->setBundle(&bundle);
     parser->patchTemplates(dimensions);
+    params.reserve(parser->templates().count());
     for (const TSpectrumParam &entry : parser->templates())
         addEntry(params, entry, parser->entryValue(entry, bundle.fileName()), dimensions);
     parser->setBundle(nullptr);

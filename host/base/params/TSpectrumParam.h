@@ -104,3 +104,5 @@ private:
     QString fSource;
     QStringList fValues;
 };
+
+Q_DECLARE_TYPEINFO(TSpectrumParam, Q_MOVABLE_TYPE); // thousands of spectra have some forty each

@@ -11,6 +11,7 @@ class TSpectrumParams
 {
 public:
     void append(const TSpectrumParam &param) { fParams.append(param); }
+    void reserve(int count) { fParams.reserve(count); }
     int count() const { return fParams.size(); }
     bool isEmpty() const { return fParams.isEmpty(); }
     void clear() { fParams.clear(); }
