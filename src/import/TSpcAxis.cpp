@@ -70,7 +70,11 @@ TSpcAxis TSpcAxis::read(const TBinaryFile &file, const TSpcHeader &header, int p
     TSpcAxis axis;
     if (!header.hasXArray())
         return axis;
-    QVector<double> x = xArray(file, TSpcValueFormat::ofXArray(header), points);
+    const TSpcValueFormat format = TSpcValueFormat::ofXArray(header);
+    axis.fReading = cUnusable;
+    if (!file.has(TSpcHeader::cNewSize, qint64(points) * format.width()))
+        return axis;
+    QVector<double> x = xArray(file, format, points);
     axis.fReading = cByRule;
     if (axis.take(&x, header))
         return axis;

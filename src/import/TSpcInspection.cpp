@@ -135,8 +135,9 @@ void addXArray(const TBinaryFile &file, const TSpcHeader &header, const TSpcLayo
     const TEvenGrid &grid = axis.grid();
     if (axis.reading() == TSpcAxis::cUnusable) {
         node.fState = TFileNode::cSkipped;
-        node.fNote = QStringLiteral("neither by the exponent nor as floats a finite, strictly monotonic axis; the even "
-                                    "axis of the header is taken");
+        node.fNote = QStringLiteral(
+            "not whole, or neither by the exponent nor as floats a finite, strictly monotonic axis; the even "
+            "axis of the header is taken");
         return;
     }
     node.fNote = axis.reading() == TSpcAxis::cByRule ? QStringLiteral("stored by the exponent")
