@@ -79,7 +79,7 @@ QString spcRefusal(const TBinaryFile &file)
     const TSpcHeader header = TSpcHeader::read(file);
     if (header.fVersion != cSpcNew && header.fVersion != cSpcOld)
         return QStringLiteral("expected the version 0x4b or 0x4d at offset 1, found %1").arg(hex(header.fVersion));
-    const QString common = commonRefusal(header.fExperiment, file.u8(SpcOffset::cNewXType));
+    QString common = commonRefusal(header.fExperiment, file.u8(SpcOffset::cNewXType));
     if (!common.isEmpty())
         return common;
     return header.fVersion == cSpcNew ? newRefusal(header) : oldRefusal(header);

@@ -12,9 +12,14 @@ constexpr int cSubZ = 4;
 constexpr int cLogBinaryBytes = 12;
 constexpr qint64 cMaxLogText = 16 * 1024 * 1024; // bytes; what is longer is no log
 
+int signedByte(quint8 byte)
+{
+    return byte < 0x80 ? byte : byte - 0x100;
+}
+
 void readNew(const TBinaryFile &file, TSpcHeader *header)
 {
-    header->fExponent = file.number<qint8>(SpcOffset::cNewExponent);
+    header->fExponent = signedByte(file.u8(SpcOffset::cNewExponent));
     header->fPoints = file.i32(SpcOffset::cPoints);
     header->fFirstX = file.f64(SpcOffset::cNewFirstX);
     header->fLastX = file.f64(SpcOffset::cNewLastX);
@@ -54,7 +59,7 @@ TSpcHeader TSpcHeader::read(const TBinaryFile &file)
 TSpcSubheader TSpcSubheader::read(const TBinaryFile &file, qint64 offset)
 {
     TSpcSubheader subheader;
-    subheader.fExponent = file.number<qint8>(offset + cSubExponent);
+    subheader.fExponent = signedByte(file.u8(offset + cSubExponent));
     subheader.fIndex = file.u16(offset + cSubIndex);
     subheader.fZ = file.f32(offset + cSubZ);
     subheader.fPoints = file.i32(offset + SpcOffset::cSubheaderPoints);

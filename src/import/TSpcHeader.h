@@ -80,7 +80,7 @@ struct TSpcSubheader
 {
     static constexpr int cSize = 32;
 
-    qint8 fExponent = 0;
+    int fExponent = 0;
     quint16 fIndex = 0;
     float fZ = 0.0f;
     qint32 fPoints = 0; // 0: as the main header has it

@@ -131,7 +131,8 @@ void TYrexGalacticSpcParamsParser::reset()
 
 QString TYrexGalacticSpcParamsParser::value(const QString &source, const QString &key, const QString &path)
 {
-    const QString known = TParamsParser::value(source, key, path);
+    // the parent would take a field of any source
+    QString known = TParamsParser::value(source, key, path); // NOLINT(bugprone-parent-virtual-call)
     if (!known.isNull())
         return known;
     if (source == cLogSource)
