@@ -2,6 +2,8 @@
 
 #include "TASCIIYrexParamsParser.h"
 #include "TYrexGalacticSpcParamsParser.h"
+#include "TYrexOmnicSpaParamsParser.h"
+#include "TYrexSPParamsParser.h"
 #include "params/TParamsParsers.h"
 #include "utils/TFileFormat.h"
 
@@ -20,6 +22,8 @@ TParamsParsers *makeParsers()
     auto *parsers = new TParamsParsers;
     parsers->insert(Common::Types::cFormatCSV, new TASCIIYrexParamsParser);
     parsers->insert(Common::Types::cFormatSPC, new TYrexGalacticSpcParamsParser);
+    parsers->insert(Common::Types::cFormatOMNIC, new TYrexOmnicSpaParamsParser);
+    parsers->insert(Common::Types::cFormatSP, new TYrexSPParamsParser);
     return parsers;
 }
 

@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr int cReadLimit = 0x20000; // 128 KiB
 constexpr char cBegin[] = "_begin";
 constexpr char cClosingLine[] = "TmpFile_end";
 

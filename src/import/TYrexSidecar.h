@@ -18,6 +18,8 @@ public:
     /// Characters of a text that would break its line; they become blanks.
     enum TCleaning { cHistory, cComment };
 
+    static constexpr int cReadLimit = 0x20000; // bytes that are read back; the rest is lost
+
     explicit TYrexSidecar(const QString &dataFile);
 
     bool isOpen() const { return fFile.isOpen(); }

@@ -4,9 +4,11 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexCommandLine.h"
 #include "TYrexGalacticSpcConverter.h"
+#include "TYrexOmnicSpaConverter.h"
 #include "TYrexParamsParsers.h"
 #include "TYrexPluginObjectFactory.h"
 #include "TYrexPluginWrapper.h"
+#include "TYrexSPConverter.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "consts/Consts.h"
@@ -76,6 +78,8 @@ void TYrexPlugin::registerConverters()
 {
     // files are offered in this order, so the converter that accepts nearly anything stands last
     fConverters.append(new TYrexGalacticSpcConverter(this));
+    fConverters.append(new TYrexOmnicSpaConverter(this));
+    fConverters.append(new TYrexSPConverter(this));
     fConverters.append(new TASCIIYrexConverter(this));
 }
 
