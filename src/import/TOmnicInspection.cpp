@@ -22,17 +22,14 @@ const TBlockMeaning cMeanings[] = {
     {3, "values", nullptr},
     {4, "comment", nullptr},
     {27, "history", nullptr},
-    {50, "reference spectrum", "only the spectrum itself is read"},
-    {51, "reference spectrum's header", "only the spectrum itself is read"},
-    {100, "header of the sample interferogram", "interferograms are not read"},
-    {101, "header of the background interferogram", "interferograms are not read"},
+    {100, "interferogram header", "interferograms are not read"},
+    {101, "interferogram header", "interferograms are not read"},
     {102, "sample interferogram", "interferograms are not read"},
     {103, "background interferogram", "interferograms are not read"},
-    {105, "instrument settings", "the spectrum does not depend on them"},
-    {106, "instrument settings", "the spectrum does not depend on them"},
+    {105, "experiment information", "the spectrum does not depend on it"},
+    {106, "experiment information", "the spectrum does not depend on it"},
     {107, "spectrum header", nullptr},
     {130, "experiment information", "the spectrum does not depend on it"},
-    {146, "instrument settings", "the spectrum does not depend on them"},
 };
 
 const TBlockMeaning *meaningOf(int type)

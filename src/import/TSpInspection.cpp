@@ -142,7 +142,8 @@ private:
             row->fValue = QString::number(bytes.number<qint16>(at));
             break;
         default:
-            row->fNote = QStringLiteral("a type without known meaning");
+            if (row->fNote.isEmpty())
+                row->fNote = QStringLiteral("a type without known meaning");
             break;
         }
         addUnit(block, type, row);
