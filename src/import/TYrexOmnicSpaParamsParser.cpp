@@ -18,7 +18,8 @@ TYrexOmnicSpaParamsParser::TYrexOmnicSpaParamsParser()
 
 TSpectrumParamsTemplate TYrexOmnicSpaParamsParser::defaultTemplates() const
 {
-    TSpectrumParamsTemplate entries = TParamsParser::defaultTemplates();
+    const TParamsParser common; // the text parser's own entries are not wanted
+    TSpectrumParamsTemplate entries = common.defaultTemplates();
     const auto byCode = [&entries](int id, int dim) { entries.set(TSpectrumParam(id, QString(), QString(), dim)); };
     const auto byKey = [&entries](int id, const QString &key) {
         entries.set(TSpectrumParam(id, key, cMarker, cAllDimensions));
@@ -67,7 +68,7 @@ void TYrexOmnicSpaParamsParser::reset()
 
 QString TYrexOmnicSpaParamsParser::value(const QString &source, const QString &key, const QString &path)
 {
-    const QString text = TASCIIYrexParamsParser::value(source, key, path);
+    QString text = TASCIIYrexParamsParser::value(source, key, path);
     if (!text.isNull() || source != cMarker)
         return text;
     return fTexts.value(key, QStringLiteral(""));
