@@ -82,16 +82,22 @@ QString TOmnicFile::refusal() const
     return QString();
 }
 
-QByteArray TOmnicFile::blockText(const TOmnicEntry &entry, QString *problem) const
+QString TOmnicFile::missing(const TOmnicEntry &entry, qint64 bytes) const
 {
-    if (entry.fOffset >= fBytes.size()) {
-        *problem = QStringLiteral("expected a text at offset %1 by the directory entry at offset %2, found the end of "
-                                  "the file at %3")
-                       .arg(entry.fOffset)
-                       .arg(entry.fPlace)
-                       .arg(fBytes.size());
-        return {};
-    }
+    if (fBytes.has(entry.fOffset, bytes))
+        return QString();
+    return QStringLiteral(
+               "expected %1 bytes of type %2 at offset %3 by the directory entry at offset %4, found the end "
+               "of the file at %5")
+        .arg(bytes)
+        .arg(entry.fType)
+        .arg(entry.fOffset)
+        .arg(entry.fPlace)
+        .arg(fBytes.size());
+}
+
+QByteArray TOmnicFile::blockText(const TOmnicEntry &entry) const
+{
     QByteArray text = fBytes.bytes(entry.fOffset, std::min(entry.fSize, cMaxText));
     if (text.endsWith('\0'))
         text.chop(1);
@@ -102,25 +108,21 @@ TOmnicTexts TOmnicFile::texts() const
 {
     TOmnicTexts texts;
     for (const TOmnicEntry &entry : fEntries) {
-        if (entry.lowType() < cLastTypeOfScan)
+        const int type = entry.lowType();
+        if (type < cLastTypeOfScan)
             break;
-        if (entry.fOffset == 0)
+        const bool isText = type == cComment || type == cHistory;
+        if (entry.fOffset == 0 || !(isText || type == cDescription))
             continue;
-        if (entry.lowType() == cDescription) {
-            texts.fXCode = xCode(entry);
-            texts.fYCode = yCode(entry);
-            if (!fBytes.has(entry.fOffset, cYUnitAt + 1))
-                texts.fProblem = QStringLiteral("expected a description block at offset %1, found the end of the file "
-                                                "at %2")
-                                     .arg(entry.fOffset)
-                                     .arg(fBytes.size());
-        } else if (entry.lowType() == cComment) {
-            texts.fComment = blockText(entry, &texts.fProblem);
-        } else if (entry.lowType() == cHistory) {
-            texts.fHistory = blockText(entry, &texts.fProblem);
-        }
+        texts.fProblem = missing(entry, isText ? 1 : cUnitsEnd);
         if (!texts.fProblem.isEmpty())
             break;
+        if (type == cDescription) {
+            texts.fXCode = xCode(entry);
+            texts.fYCode = yCode(entry);
+        } else {
+            (type == cComment ? texts.fComment : texts.fHistory) = blockText(entry);
+        }
     }
     return texts;
 }

@@ -52,7 +52,9 @@ public:
     static constexpr qint64 cEntrySize = 16;
     static constexpr qint64 cPointCountAt = 564;
     static constexpr qint64 cAxisAt = 576;
-    static constexpr qint64 cGroupTitleSize = 256;
+    static constexpr qint64 cGroupTitleSize = 256; // of a spectrum header; seconds stand behind
+    static constexpr qint64 cSpectrumHeaderSize = cGroupTitleSize + 4;
+    static constexpr qint64 cUnitsEnd = 13; // of a description, its first bytes up to the units
 
     explicit TOmnicFile(const QString &path);
 
@@ -73,6 +75,9 @@ public:
     QString refusal() const;
     /// "OMNIC" magic without its line end, by which the inspection knows the format.
     bool looksLikeOmnic() const;
+
+    /// Why that many bytes of an entry's block cannot be read; empty when they can.
+    QString missing(const TOmnicEntry &entry, qint64 bytes) const;
 
     /// Comment, history and the units of the last description, up to the first entry whose type byte is below 2. Texts
     /// beyond 1 MiB are cut: no reader of them asks for more.
@@ -95,7 +100,7 @@ private:
 
     TOmnicAxis rangeAt(qint64 offset) const;
     TOmnicAxis describedAxisIfSenseless(const TOmnicAxis &rule) const;
-    QByteArray blockText(const TOmnicEntry &entry, QString *problem) const;
+    QByteArray blockText(const TOmnicEntry &entry) const;
 
     TBinaryFile fBytes;
     QVector<TOmnicEntry> fEntries;

@@ -99,9 +99,10 @@ void fillBlock(const TOmnicFile &file, const TOmnicEntry &entry, TFileNode *bloc
         block->fState = TFileNode::cSkipped;
         block->fNote = meaning ? meaning->fWhySkipped : "a type without known meaning";
     }
-    if (!file.bytes().has(entry.fOffset, entry.fSize)) {
+    const QString missing = file.missing(entry, entry.fSize);
+    if (!missing.isEmpty()) {
         block->fState = TFileNode::cBroken;
-        block->fNote = QStringLiteral("expected within the file of %1 bytes").arg(file.bytes().size());
+        block->fNote = missing;
         return;
     }
     switch (entry.fType) {

@@ -4,6 +4,7 @@
 
 #include <QtEndian>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -73,6 +74,15 @@ QString TSpFile::refusal() const
     return QStringLiteral("expected \"PEPE\" at offset 0, found ") +
            (found.isEmpty() ? QStringLiteral("an empty file")
                             : QStringLiteral("the bytes ") + QString::fromLatin1(found.toHex(' ')));
+}
+
+QString TSpFile::firstBlockProblem() const
+{
+    if (fBytes.has(cFirstBlockAt, TSpBlock::cHeaderSize))
+        return QString();
+    return QStringLiteral("expected a first block at offset %1, found the end of the file at %2")
+        .arg(cFirstBlockAt)
+        .arg(fBytes.size());
 }
 
 TSpBlock TSpFile::block(qint64 offset) const
@@ -195,6 +205,31 @@ TSpContents TSpFile::contents(qint64 flatStart) const
         position = next.end();
     }
     return contents;
+}
+
+QString TSpFile::dataProblem(const TSpContents &contents) const
+{
+    if (contents.fDataAt < 0 && !contents.fProblem.isEmpty())
+        return contents.fProblem;
+    if (contents.fPoints < 0)
+        return QStringLiteral("expected a number of points of 0 or more at offset %1, found %2")
+            .arg(contents.fPointsAt)
+            .arg(contents.fPoints);
+    if (!std::isfinite(contents.fFirstX) || !std::isfinite(contents.fLastX))
+        return QStringLiteral("expected the first and last X at offset %1, found no numbers").arg(contents.fAxisAt);
+    const qint64 bytes = contents.fPoints * qint64(sizeof(double));
+    if (bytes > 0 && contents.fDataAt < 0)
+        return QStringLiteral("expected a data block (id %1) with %2 values, found none")
+            .arg(cData)
+            .arg(contents.fPoints);
+    if (bytes > 0 && (contents.fDataBytes < bytes || !fBytes.has(contents.fDataAt, bytes)))
+        return QStringLiteral("expected %1 values of 8 bytes at offset %2, found a data block of %3 bytes in a file of "
+                              "%4 bytes")
+            .arg(contents.fPoints)
+            .arg(contents.fDataAt)
+            .arg(contents.fDataBytes)
+            .arg(fBytes.size());
+    return QString();
 }
 
 const char *TSpFile::memberKey(int position)

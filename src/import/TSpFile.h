@@ -88,7 +88,8 @@ public:
     QString refusal() const;
     QByteArray signature() const { return fBytes.bytes(0, cDescriptionAt); }
     QByteArray description() const { return fBytes.text(cDescriptionAt, cDescriptionSize); }
-    bool hasFirstBlock() const { return fBytes.has(cFirstBlockAt, TSpBlock::cHeaderSize); }
+    /// Why there is nothing behind the header; empty when a first block is there.
+    QString firstBlockProblem() const;
 
     TSpBlock block(qint64 offset) const;
     /// The walk from the first block down to the name values.
@@ -97,6 +98,8 @@ public:
     QVector<TSpMember> members(const TSpWalk &walk) const;
     /// The blocks from the given position to the end of the file, one behind the other; of equal ids the last counts.
     TSpContents contents(qint64 flatStart) const;
+    /// Why the values that the blocks announce cannot be read; empty when they can.
+    QString dataProblem(const TSpContents &contents) const;
     /// A text with its length in front; as much of it as the file holds.
     QByteArray countedText(qint64 offset) const;
 

@@ -8,7 +8,8 @@
 namespace {
 
 constexpr int cMaxDepth = 16;
-constexpr int cMaxRows = 2000; // of the whole tree
+constexpr int cMaxRows = 2000;       // of the whole tree
+constexpr int cHistoryBlock = 35711; // holds the name values
 constexpr int cTypeInteger = 29999;
 constexpr int cTypeShort = 29996;
 constexpr int cTypeEnumeration = 29973;
@@ -39,7 +40,7 @@ const TBlockName cBlockNames[] = {
     {35706, "y unit code", "the label decides"},
     {35707, "file type", "the signature decides"},
     {35710, "checksum", "not checked"},
-    {35711, "history", nullptr},
+    {cHistoryBlock, "history", nullptr},
     {35714, "accessory history", "the spectrum does not depend on it"},
 };
 
@@ -86,7 +87,7 @@ private:
     /// Whether there can be another one behind it.
     bool addBlock(TFileNode *parent, const TSpBlock &block, qint64 end, int depth)
     {
-        const TBlockName *name = block.fStart >= fFlatStart || block.fId == 35711 ? nameOf(block.fId) : nullptr;
+        const TBlockName *name = block.fStart >= fFlatStart || block.fId == cHistoryBlock ? nameOf(block.fId) : nullptr;
         QString title = QStringLiteral("block %1").arg(block.fId);
         if (name)
             title += QStringLiteral(" ") + name->fName;
@@ -205,13 +206,15 @@ TFileNode inspectSp(const TSpFile &file)
     root.addAt(0, TSpFile::cDescriptionAt, "signature", QString::fromLatin1(file.signature()));
     root.addAt(TSpFile::cDescriptionAt, TSpFile::cDescriptionSize, "description",
                QString::fromLatin1(file.description()));
-    if (!file.hasFirstBlock()) {
-        root.addBroken("first block", QStringLiteral("expected at offset %1, found the end of the file at %2")
-                                          .arg(TSpFile::cFirstBlockAt)
-                                          .arg(size));
+    const QString noBlock = file.firstBlockProblem();
+    if (!noBlock.isEmpty()) {
+        root.addBroken("first block", noBlock);
         return root;
     }
     TBlockTree(file).add(&root, TSpFile::cFirstBlockAt, size, 0);
     addMembers(file, &root);
+    const QString problem = file.dataProblem(file.contents(file.walk().fFlatStart));
+    if (!problem.isEmpty())
+        root.addBroken("values", problem);
     return root;
 }

@@ -134,11 +134,11 @@ int TYrexOmnicSpaConverter::readGroup(const TOmnicFile &file, TSeries &series)
     for (const TOmnicEntry &entry : file.entries()) {
         const bool isDescription = entry.fType == TOmnicFile::cDescription && entry.fOffset != 0;
         const bool isHeader = entry.fType == TOmnicFile::cSpectrumHeader && entry.fOffset != 0;
-        if ((isDescription || isHeader) && entry.fOffset >= bytes.size())
-            return failed(QStringLiteral("expected a block of type %1 at offset %2, found the end of the file at %3")
-                              .arg(entry.fType)
-                              .arg(entry.fOffset)
-                              .arg(bytes.size()));
+        const QString problem = isDescription ? file.missing(entry, TOmnicFile::cUnitsEnd)
+                                : isHeader    ? file.missing(entry, TOmnicFile::cSpectrumHeaderSize)
+                                              : QString();
+        if (!problem.isEmpty())
+            return failed(problem);
         if (isDescription) {
             series.fXCode = file.xCode(entry);
             series.fYCode = file.yCode(entry);
@@ -161,11 +161,9 @@ int TYrexOmnicSpaConverter::appendData(const TOmnicFile &file, const TOmnicEntry
 {
     if (!axis.fProblem.isEmpty())
         return failed(axis.fProblem);
-    if (!file.bytes().has(data.fOffset, data.fSize))
-        return failed(QStringLiteral("expected a data block of %1 bytes at offset %2, found the end of the file at %3")
-                          .arg(data.fSize)
-                          .arg(data.fOffset)
-                          .arg(file.bytes().size()));
+    const QString problem = file.missing(data, data.fSize);
+    if (!problem.isEmpty())
+        return failed(problem);
     std::unique_ptr<TYrexSpectrum> spectrum(new TYrexSpectrum);
     spectrum->setFileFormat(format());
     spectrum->paramsBundle().addParamsBlob(cMarker, series.fSidecar.file(), 0, series.fSidecar.data());

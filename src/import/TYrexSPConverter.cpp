@@ -7,15 +7,12 @@
 #include "utils/TFileFormat.h"
 
 #include <QFile>
-#include <cmath>
 #include <memory>
 
 namespace {
 
 const QString cSpFilter = QStringLiteral("Zarnu PerkinElmer block structured file (*.sp)");
 const QString cMarker = QStringLiteral("SP_METADATA");
-
-constexpr qint64 cDoubleSize = qint64(sizeof(double));
 
 /// A value that fits its line.
 QByteArray lineOf(const QByteArray &key, QByteArray value)
@@ -33,30 +30,6 @@ void addSidecar(TParamsBundle &bundle, const QString &fileName, const TSpFile &f
     for (auto it = texts.constBegin(); it != texts.constEnd(); ++it)
         sidecar.writeLine(lineOf(it.key(), it.value()));
     sidecar.addTo(bundle, cMarker);
-}
-
-/// Why the values cannot be read; empty when they can.
-QString dataProblem(const TSpFile &file, const TSpContents &contents)
-{
-    if (contents.fPoints < 0)
-        return QStringLiteral("expected a number of points of 0 or more at offset %1, found %2")
-            .arg(contents.fPointsAt)
-            .arg(contents.fPoints);
-    if (!std::isfinite(contents.fFirstX) || !std::isfinite(contents.fLastX))
-        return QStringLiteral("expected the first and last X at offset %1, found no numbers").arg(contents.fAxisAt);
-    const qint64 bytes = contents.fPoints * cDoubleSize;
-    if (bytes > 0 && contents.fDataAt < 0)
-        return QStringLiteral("expected a data block (id %1) with %2 values, found none")
-            .arg(TSpFile::cData)
-            .arg(contents.fPoints);
-    if (bytes > 0 && (contents.fDataBytes < bytes || !file.bytes().has(contents.fDataAt, bytes)))
-        return QStringLiteral("expected %1 values of 8 bytes at offset %2, found a data block of %3 bytes in a file of "
-                              "%4 bytes")
-            .arg(contents.fPoints)
-            .arg(contents.fDataAt)
-            .arg(contents.fDataBytes)
-            .arg(file.bytes().size());
-    return QString();
 }
 
 } // namespace
@@ -101,20 +74,17 @@ int TYrexSPConverter::readFile(const QString &fileName)
         setProblem(file.bytes().error());
         return cConverterFileNotOpened;
     }
-    if (!file.hasFirstBlock())
-        return failed(QStringLiteral("expected a first block at offset %1, found the end of the file at %2")
-                          .arg(TSpFile::cFirstBlockAt)
-                          .arg(file.bytes().size()));
+    const QString noBlock = file.firstBlockProblem();
+    if (!noBlock.isEmpty())
+        return failed(noBlock);
     const TSpWalk walk = file.walk();
     TSpContents contents = file.contents(walk.fFlatStart);
-    if (contents.fDataAt < 0 && !contents.fProblem.isEmpty())
-        return failed(contents.fProblem);
     const QVector<TSpMember> members = file.members(walk);
     for (int i = 0; i < members.size(); ++i) {
         if (const char *key = TSpFile::memberKey(i))
             contents.fTexts.insert(key, members.at(i).fText);
     }
-    const QString problem = dataProblem(file, contents);
+    const QString problem = file.dataProblem(contents);
     return problem.isEmpty() ? appendData(fileName, file, contents) : failed(problem);
 }
 

@@ -141,9 +141,11 @@ TEST_F(OmnicConverter, BlocksThatAreNotThereEndTheImport)
     const TOmnicBlock description{2, omnicDescription(2, 1, 17, 4000.0f, 400.0f)};
     const TOmnicBlock data{3, omnicFloats({1.0f, 2.0f})};
     EXPECT_EQ(convert(omnicFile("t", 1, {description, {27, "h", 5000}, data})), 52);
-    EXPECT_TRUE(fConverter.problem().contains("text at offset 5000")) << qPrintable(fConverter.problem());
+    EXPECT_TRUE(fConverter.problem().contains("type 27 at offset 5000 by the directory entry at offset 320"))
+        << qPrintable(fConverter.problem());
     EXPECT_EQ(convert(omnicFile("t", 1, {description, {3, "", 700, 4000}})), 52);
-    EXPECT_TRUE(fConverter.problem().contains("4000 bytes at offset 700")) << qPrintable(fConverter.problem());
+    EXPECT_TRUE(fConverter.problem().contains("4000 bytes of type 3 at offset 700"))
+        << qPrintable(fConverter.problem());
     EXPECT_EQ(convert(omnicFile("t", 1, {data, {1, ""}, {107, "", 9000}, data})), 52);
     EXPECT_EQ(convert(omnicFile("t", 1, {description, {106, "none"}})), 0);
     EXPECT_TRUE(fConverter.spectra().isEmpty());

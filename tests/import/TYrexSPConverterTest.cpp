@@ -109,6 +109,7 @@ TEST_F(SPConverter, ValuesThatAreNotThereEndTheImport)
         EXPECT_EQ(convert(bytes), 52);
         EXPECT_TRUE(fConverter.problem().contains(problem)) << qPrintable(fConverter.problem());
         EXPECT_TRUE(fConverter.spectra().isEmpty());
+        EXPECT_TRUE(fConverter.inspect(fileOf(bytes, "data.sp")).text().contains(problem)) << problem;
     };
     EXPECT_EQ(fConverter.importFile(fFolder.filePath("none"), nullptr), 51);
     fails("PEPE", "first block at offset 44");
