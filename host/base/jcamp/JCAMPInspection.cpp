@@ -1,0 +1,6 @@
+#include "jcamp/JCAMPInspection.h"
+
+TFileNode jcampInspection(const QString &)
+{
+    return TFileNode();
+}

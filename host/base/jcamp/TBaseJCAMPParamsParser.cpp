@@ -1,0 +1,10 @@
+#include "jcamp/TBaseJCAMPParamsParser.h"
+
+QString TBaseJCAMPParamsParser::value(TJCAMPBlock *, const QString &)
+{
+    return QString();
+}
+QString TBaseJCAMPParamsParser::parseParameterName(const QString &, const QString &key) const
+{
+    return "##" + key;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "jcamp/TJCAMPDataIterator.h"
+
+#include <QList>
+#include <QPointF>
+#include <QVector>
+#include <memory>
+
+class TJCAMPBlock;
+
+/// What a block says of its data set.
+class TJCAMPDatasetInterpreter
+{
+public:
+    /// The block, which may be null, is not owned. `types` are unified texts of DATA TYPE that count.
+    TJCAMPDatasetInterpreter(TJCAMPBlock *block, const QList<const char *> &types);
+    virtual ~TJCAMPDatasetInterpreter();
+
+    /// Whether the block's DATA TYPE is one of the types and it has a label XYDATA, XYPOINTS or PEAK TABLE, or a data
+    /// label was set. NTUPLES are no data set.
+    bool isValid() const { return fIsValid; }
+    /// As TJCAMPBlock::getString.
+    QByteArray getString(const char *key, bool &found) const;
+    /// The number of a label. FIRSTX and LASTX that are missing are worked out from DELTAX or the table, those of pairs
+    /// are the table's own; XFACTOR and YFACTOR that are missing or 0 give 1. found tells whether there is one.
+    double getDouble(const char *key, bool &found) const;
+    /// NPOINTS as it is announced; without it, and for pairs, the values in the table. Never negative. It was not yet
+    /// held against memory: a reader does that before it sizes anything by it.
+    int nPoints() const;
+    /// Place in the file of the first byte behind the data label and its "(X++(Y..Y))" line; the block's end without
+    /// one.
+    qint64 dataBlockStart() const;
+    /// The values; null for a peak table. Owned, and the same at each call.
+    TJCAMPDataIterator *dataIterator();
+    /// The pairs of a peak table or of (XY..XY), factors applied, in file order; several in a line count each.
+    QVector<QPointF> pairs() const;
+
+    /// Takes the table of that label in this block, whatever DATA TYPE says. Nothing when the block has no such label.
+    void setDataLabel(const char *label);
+    /// A block of its own with the data; there is none in the forms that are read.
+    TJCAMPBlock *separateDataBlock() const { return nullptr; }
+    TJCAMPBlock *block() const { return fBlock; }
+    /// The label whose table is read ("XYDATA"); null without one.
+    const char *dataLabel() const { return fDataLabel; }
+
+private:
+    TJCAMPTable table() const;
+
+    TJCAMPBlock *fBlock;
+    const char *fDataLabel = nullptr;
+    bool fIsValid = false;
+    std::unique_ptr<TJCAMPDataIterator> fIterator;
+};

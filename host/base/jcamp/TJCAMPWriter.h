@@ -1,0 +1,35 @@
+#pragma once
+
+#include "jcamp/TJCAMPExportData.h"
+
+class QIODevice;
+
+/// Writes JCAMP-DX 5.01: ASCII, lines of at most 80 columns that end with CR LF.
+class TJCAMPWriter
+{
+public:
+    enum TForm { cAFFN, cPAC, cSQZ, cDIFDUP };
+
+    /// The device, open for writing, is not owned.
+    explicit TJCAMPWriter(QIODevice *device, TForm form = cDIFDUP);
+
+    /// The blocks that writeSpectrum makes of it: one, and one more for its peaks.
+    static int blockCount(const TJCAMPExportData &data);
+
+    /// Writes a whole file: the block of a single spectrum alone, else a LINK block of that title with all blocks in
+    /// it. False when the device refused bytes.
+    bool writeFile(const QList<TJCAMPExportData> &spectra, const QString &title);
+
+    /// The parts of it, for those who make the spectra one by one.
+    void beginLink(const QString &title, const QString &origin, const QString &owner, int blocks);
+    void writeSpectrum(const TJCAMPExportData &data);
+    void endLink();
+    bool isOk() const { return fIsOk; }
+
+private:
+    void put(const QByteArray &text);
+
+    QIODevice *fDevice;
+    TForm fForm;
+    bool fIsOk = true;
+};
