@@ -1,9 +1,11 @@
 #pragma once
 
+#include "jcamp/TJCAMPLineIndex.h"
 #include "jcamp/TJCAMPRecord.h"
 
 #include <QList>
 #include <QVector>
+#include <memory>
 
 /// One data block of a JCAMP-DX file, from ##TITLE= to ##END=. It shares the bytes of the file and must not outlive the
 /// marking that owns it.
@@ -11,7 +13,8 @@ class TJCAMPBlock
 {
 public:
     /// A block of `text` that begins at `startPos`; the marking adds the records.
-    TJCAMPBlock(const QByteArray &text, qint64 startPos, TJCAMPBlock *parent);
+    TJCAMPBlock(const QByteArray &text, const std::shared_ptr<TJCAMPLineIndex> &lines, qint64 startPos,
+                TJCAMPBlock *parent);
     TJCAMPBlock(const TJCAMPBlock &) = delete;
     TJCAMPBlock &operator=(const TJCAMPBlock &) = delete;
 
@@ -35,8 +38,9 @@ public:
     /// The whole file's bytes, and the records of this block without those of nested ones, in file order.
     const QByteArray &text() const { return fText; }
     const QVector<TJCAMPRecord> &records() const { return fRecords; }
-    /// The line, from 1, in which a byte of the file stands. Takes a look at all bytes before it.
+    /// The line, from 1, in which a byte of the file stands.
     int lineOf(qint64 position) const;
+    const std::shared_ptr<TJCAMPLineIndex> &lines() const { return fLines; }
 
 private:
     friend class TJCAMPFileMarking;
@@ -44,6 +48,7 @@ private:
     QByteArray dataClass(bool &found) const;
 
     QByteArray fText;
+    std::shared_ptr<TJCAMPLineIndex> fLines;
     qint64 fStartPos;
     qint64 fEndPos;
     bool fHasEnd = false;

@@ -17,7 +17,7 @@ public:
     bool first();
     bool next();
     /// The value at hand as it is written, to be multiplied by yFactor().
-    double y() const { return fY[fIndex]; }
+    double y() const;
     /// Its place: FIRSTX + i * (LASTX - FIRSTX) / (NPOINTS - 1), of a pair its own X times XFACTOR.
     double x() const;
     double yFactor() const { return fTable.fYFactor; }
@@ -31,10 +31,11 @@ public:
     QString problem() const;
     /// The forms met so far, as "SQZ, DIF, DUP".
     QString formsFound() const;
-    bool isPairs() const { return fTable.fIsPairs; }
+    bool isPairs() const { return fTable.isPairs(); }
 
 private:
     bool fill();
+    double place(qint64 point, double pairX) const;
 
     TJCAMPTable fTable;
     TJCAMPTableDecoder fDecoder;
@@ -42,5 +43,5 @@ private:
     QVector<double> fY;
     int fIndex = 0;
     int fFilled = 0;
-    int fBefore = 0; // values in front of the buffered ones
+    qint64 fBefore = 0; // values in front of the buffered ones
 };

@@ -41,14 +41,30 @@ public:
     /// A block of its own with the data; there is none in the forms that are read.
     TJCAMPBlock *separateDataBlock() const { return nullptr; }
     TJCAMPBlock *block() const { return fBlock; }
-    /// The label whose table is read ("XYDATA"); null without one.
-    const char *dataLabel() const { return fDataLabel; }
+    /// The label whose table is read ("XYDATA"); empty without one.
+    QByteArray dataLabel() const { return fDataLabel; }
 
 private:
+    struct TScan // what only a look through the whole table tells
+    {
+        qint64 fPoints = 0;
+        double fFirstX = 0; // as written, of the first line or pair
+        double fLastX = 0;
+        qint64 fLastPoint = -1;
+    };
+
+    bool isTable(const QByteArray &unifiedClass, const char *label) const;
+    double number(const char *key, bool &found) const;
+    double factor(const char *key) const;
+    double firstX(bool &found) const;
+    double lastX(bool &found) const;
+    const TScan &scan() const;
+    TJCAMPTable bareTable() const;
     TJCAMPTable table() const;
 
     TJCAMPBlock *fBlock;
-    const char *fDataLabel = nullptr;
+    QByteArray fDataLabel;
     bool fIsValid = false;
+    mutable std::unique_ptr<TScan> fScan;
     std::unique_ptr<TJCAMPDataIterator> fIterator;
 };

@@ -3,13 +3,16 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <memory>
 
 class TJCAMPBlock;
+class TJCAMPLineIndex;
 
 /// The blocks of a JCAMP-DX file and where their records stand. The file is read once and shared by all blocks.
 ///
 /// Lines end with LF, CR LF or CR alone. A TITLE opens a block, END closes the innermost one; a TITLE before the END
-/// opens a nested block, and what is open at the end of the file ends there. What stands outside all blocks is ignored.
+/// opens a nested block, and what is open at the end of the file ends there. The version's label may stand before the
+/// first TITLE. What stands outside all blocks is ignored.
 class TJCAMPFileMarking
 {
 public:
@@ -33,9 +36,14 @@ public:
 
 private:
     void mark();
+    TJCAMPBlock *takeRecord(quint32 start);
+    void openBlock(qint64 start);
 
     QString fPath;
     QString fProblem;
     QByteArray fText;
     QList<TJCAMPBlock *> fBlocks;
+    std::shared_ptr<TJCAMPLineIndex> fLines;
+    TJCAMPBlock *fOpen = nullptr;         // the innermost block while marking
+    TJCAMPBlock *fWithoutTitle = nullptr; // opened by the version's label, so that its TITLE is still to come
 };
