@@ -54,7 +54,7 @@ int TJCAMPDataIterator::readAll(double *y, int count, double *x)
     for (int i = 0; i < found; ++i)
         y[i] *= fTable.fYFactor;
     for (int i = 0; x && i < found; ++i)
-        x[i] = place(i, x[i]);
+        x[i] = place(i, fTable.isPairs() ? x[i] : 0);
     if (found < wanted || found == fTable.fPoints)
         fDecoder.checkEnd();
     return found;

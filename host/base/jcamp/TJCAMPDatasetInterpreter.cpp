@@ -20,7 +20,7 @@ constexpr int cPiece = 4096;                    // values decoded at once where 
 /// The first line of a value, without comment, unified.
 QByteArray unifiedLine(const QByteArray &value)
 {
-    return getUnifiedParamValue(Utils::JCAMP::cutComment(value.left(value.indexOf('\n'))));
+    return getUnifiedParamValue(Utils::JCAMP::cutComment(value.split('\n').first()));
 }
 
 } // namespace

@@ -56,16 +56,18 @@ bool isPseudoDigit(char c)
     return kind == cSqueezed || kind == cDifferent || kind == cRepeated;
 }
 
-/// Whether "1E5" is a power of ten: E is a squeezed 5 as soon as any other letter of the compressed forms stands in the
-/// table. Ends at the first one, so only plain tables are looked through.
+/// Whether "1E5" is a power of ten: E is a squeezed 5 as soon as a letter of the compressed forms stands in the table,
+/// an E that follows no digit included. Ends at the first one, so only plain tables are looked through.
 bool hasBareExponents(const char *p, const char *end)
 {
-    for (; p < end; ++p) {
+    for (const char *begin = p; p < end; ++p) {
         if (*p == '$' && p + 1 < end && p[1] == '$') {
             while (p < end && *p != '\n' && *p != '\r')
                 ++p;
-        } else if (*p != 'E' && *p != 'e' && isPseudoDigit(*p)) {
-            return false;
+        } else if (isPseudoDigit(*p)) {
+            const bool followsDigit = p > begin && (TJCAMPNumberScanner::isDigit(p - 1, end) || p[-1] == '.');
+            if ((*p != 'E' && *p != 'e') || !followsDigit)
+                return false;
         }
     }
     return true;

@@ -28,6 +28,11 @@ public:
 
 private:
     void put(const QByteArray &text);
+    void putRecord(const QByteArray &label, const QString &text);
+    void putNumber(const char *label, double value);
+    void putHead(const TJCAMPExportData &data, const char *dataClass);
+    void putSpectrum(const TJCAMPExportData &data);
+    void putPeaks(const TJCAMPExportData &data);
 
     QIODevice *fDevice;
     TForm fForm;
