@@ -53,15 +53,14 @@ void addTable(TJCAMPBlock *block, const char *label, TFileNode *row)
     if (found)
         row->add("points announced", QString::number(announced, 'g', 12), "##NPOINTS");
     TJCAMPDataIterator *values = interpreter.dataIterator();
-    if (!values) {
-        row->add("points found", QString::number(interpreter.pairs().size()));
+    row->add("points found", QString::number(interpreter.pointsFound()));
+    if (!values)
         return;
-    }
+    const qint64 most = interpreter.pointsFound() + 1; // the check of the end included
     qint64 points = 0;
-    for (bool isMore = values->first(); isMore; isMore = values->next())
+    for (bool isMore = values->first(); isMore && points < most; isMore = values->next())
         ++points;
     row->add("data form", values->formsFound());
-    row->add("points found", QString::number(points));
     row->add("X range", numberText(interpreter, Params::FIRSTX) + " to " + numberText(interpreter, Params::LASTX),
              units);
     addCheck(values->problem(), row);

@@ -109,8 +109,9 @@ bool Utils::JCAMP::hasDecimalComma(const QByteArray &value)
 
 QString Utils::JCAMP::textOf(const QByteArray &bytes)
 {
+    static const QTextCodec *const cUtf8 = QTextCodec::codecForName("UTF-8"); // the look-up goes over all names
     QTextCodec::ConverterState state;
-    const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    const QString text = cUtf8->toUnicode(bytes.constData(), bytes.size(), &state);
     const bool isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
     return isUtf8 ? text : QString::fromLatin1(bytes);
 }

@@ -13,9 +13,9 @@ using Utils::JCAMP::getUnifiedParamValue;
 
 namespace {
 
-constexpr qint64 cFreePoints = 8 * 1024 * 1024; // that many may be counted in a file of any size
-constexpr qint64 cPointsOfByte = 8;             // a longer count of repeats is no spectrum
-constexpr int cPiece = 4096;                    // values decoded at once where they are only counted
+constexpr qint64 cFreePoints = 1024 * 1024; // that many may be counted in a file of any size
+constexpr qint64 cPointsOfByte = 8;         // a longer count of repeats is no spectrum
+constexpr int cPiece = 4096;                // values decoded at once where they are only counted
 
 /// The first line of a value, without comment, unified.
 QByteArray unifiedLine(const QByteArray &value)
@@ -76,6 +76,11 @@ int TJCAMPDatasetInterpreter::nPoints() const
     if (isUsable)
         return int(qMin(std::round(announced), double(std::numeric_limits<int>::max())));
     return int(qMin(scan().fPoints, qint64(std::numeric_limits<int>::max())));
+}
+
+qint64 TJCAMPDatasetInterpreter::pointsFound() const
+{
+    return scan().fPoints;
 }
 
 qint64 TJCAMPDatasetInterpreter::dataBlockStart() const

@@ -28,6 +28,9 @@ public:
     /// NPOINTS as it is announced; without it, and for pairs, the values in the table. Never negative. It was not yet
     /// held against memory: a reader does that before it sizes anything by it.
     int nPoints() const;
+    /// The values in the table, whatever is announced. A count of repeats may promise any number of them, so the
+    /// counting ends at 2^20 or, in larger tables, at eight for each byte.
+    qint64 pointsFound() const;
     /// Place in the file of the first byte behind the data label and its "(X++(Y..Y))" line; the block's end without
     /// one.
     qint64 dataBlockStart() const;
