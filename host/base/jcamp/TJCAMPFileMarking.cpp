@@ -64,6 +64,7 @@ void TJCAMPFileMarking::mark()
     const char *begin = fText.constData();
     const char *end = begin + fText.size();
     const char *at = begin;
+    int count = 0;
     TJCAMPBlock *before = nullptr; // the block that got the record before
     while (at < end && (at = static_cast<const char *>(std::memchr(at, '#', size_t(end - at)))) != nullptr) {
         const char *line = at + 1 < end && at[1] == '#' ? lineStartBefore(begin, at) : nullptr;
@@ -74,6 +75,10 @@ void TJCAMPFileMarking::mark()
         if (before)
             before->fRecords.last().fEnd = quint32(line - begin);
         before = takeRecord(quint32(at - begin));
+        if (++count > cMaxRecords && fProblem.isEmpty())
+            fProblem = QString("expected at most %1 labels, found more in line %2")
+                           .arg(cMaxRecords)
+                           .arg(fLines->lineOf(line - begin));
         if (!fProblem.isEmpty())
             break;
         at += 2;

@@ -16,7 +16,8 @@ class TJCAMPLineIndex;
 class TJCAMPFileMarking
 {
 public:
-    static constexpr int cMaxBlocks = 100000; // those behind it are left out, with a problem
+    static constexpr int cMaxBlocks = 100000;   // what stands behind so many blocks
+    static constexpr int cMaxRecords = 8000000; // or labels is left out, with a problem
 
     explicit TJCAMPFileMarking(const QString &path);
     /// The same for content at hand; the path is for messages only.
