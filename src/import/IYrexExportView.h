@@ -25,5 +25,5 @@ public:
     /// The x and y values of one spectrum in the shown units, of equal length; x runs in either direction.
     virtual void exportSeries(int index, QVector<double> *x, QVector<double> *y) const = 0;
     /// The record of one spectrum, for formats that write what the plot does not show; null where there is none.
-    virtual const TYrexSpectrum *exportRecord(int) const { return nullptr; }
+    virtual TYrexSpectrum *exportRecord(int) const { return nullptr; }
 };

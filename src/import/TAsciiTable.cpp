@@ -3,6 +3,7 @@
 #include "TAsciiColumns.h"
 #include "TAsciiLines.h"
 #include "TAsciiTokens.h"
+#include "evenAxis.h"
 #include "plugin/IConverter.h"
 #include "resampleMonotoneCubic.h"
 
@@ -14,8 +15,6 @@
 namespace {
 
 constexpr int cNumericLinesWanted = 10;
-constexpr double cEvenBelow = 1.01; // bounds of the mean of an even axis over its middle
-constexpr double cEvenAbove = 0.99;
 
 bool runsDown(const QVector<double> &x)
 {
@@ -90,24 +89,11 @@ int orderRows(QVector<QVector<double>> *columns, QString *problem)
     return cConverterOk;
 }
 
-/// Whether the mean of the keys is off their middle. A quotient that is no number counts as even.
-bool isIrregular(const QVector<double> &keys)
-{
-    double sum = 0.0;
-    for (const double key : keys)
-        sum += key;
-    const double mean = keys.isEmpty() ? 0.0 : sum / keys.size();
-    const double ratio = mean / ((keys.last() + keys.first()) * 0.5);
-    return keys.size() > 1 && (ratio > cEvenBelow || ratio < cEvenAbove);
-}
-
 /// Puts the columns of an uneven axis onto the grid of its smallest step.
 int makeEven(TAsciiTable *table, qint64 textSize, QString *problem)
 {
     const QVector<double> &keys = table->fKeys;
-    double step = std::numeric_limits<double>::infinity();
-    for (int i = 1; i < keys.size(); ++i)
-        step = std::min(step, std::fabs(keys.at(i) - keys.at(i - 1)));
+    const double step = smallestStep(keys);
     const double wanted = std::round((table->fLastX - table->fFirstX) / step);
     if (!TAsciiColumns::allowed(wanted, table->fY.size(), textSize)) {
         *problem = QStringLiteral("expected a nearly even x axis, found a smallest step of %1 from %2 to %3")
@@ -165,7 +151,7 @@ int readAsciiTable(QIODevice *device, TAsciiTable *table, QString *problem)
     read.fY.swap(columns);
     read.fFirstX = read.fKeys.first();
     read.fLastX = read.fKeys.last();
-    read.fIrregular = isIrregular(read.fKeys);
+    read.fIrregular = isUnevenAxis(read.fKeys);
     if (read.fIrregular)
         code = makeEven(&read, device->size(), told);
     if (code == cConverterOk)

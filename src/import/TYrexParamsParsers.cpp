@@ -4,6 +4,7 @@
 #include "TYrexGalacticSpcParamsParser.h"
 #include "TYrexOmnicSpaParamsParser.h"
 #include "TYrexSPParamsParser.h"
+#include "TJCAMPYrexParamsParser.h"
 #include "params/TParamsParsers.h"
 #include "utils/TFileFormat.h"
 
@@ -24,6 +25,7 @@ TParamsParsers *makeParsers()
     parsers->insert(Common::Types::cFormatSPC, new TYrexGalacticSpcParamsParser);
     parsers->insert(Common::Types::cFormatOMNIC, new TYrexOmnicSpaParamsParser);
     parsers->insert(Common::Types::cFormatSP, new TYrexSPParamsParser);
+    parsers->insert(Common::Types::cFormatJCAMP, new TJCAMPYrexParamsParser);
     return parsers;
 }
 

@@ -121,16 +121,23 @@ bool TYrexSpectrumConverter::finishSpectrum(TYrexSpectrum *spectrum, const QStri
     return true;
 }
 
+void TYrexSpectrumConverter::giveAway(const TYrexSpectrumList &spectra)
+{
+    for (TYrexSpectrum *spectrum : spectra)
+        fGiven.insert(spectrum);
+}
+
 void TYrexSpectrumConverter::adopt(const TYrexSpectrumList &spectra, ICanvas *parent)
 {
     ICanvasItem *item = createItem(spectra, parent);
     if (item) {
         items().append(item);
-        for (TYrexSpectrum *spectrum : spectra)
-            fGiven.insert(spectrum);
+        giveAway(spectra);
         return;
     }
     for (TYrexSpectrum *spectrum : spectra) {
+        if (fGiven.contains(spectrum)) // it went to an item that was there before
+            continue;
         fSpectra.removeOne(spectrum);
         delete spectrum;
     }
@@ -167,6 +174,12 @@ QVariantMap TYrexSpectrumConverter::metaData(const QString &fileName, const QStr
     if (!canImport(fileName))
         return map;
     map.insert(Consts::Converter::cFileFormat, Utils::Common::fileFormatToStr(fFormat));
+    addParameters(fileName, keys, map);
+    return map;
+}
+
+void TYrexSpectrumConverter::addParameters(const QString &fileName, const QStringList &keys, QVariantMap &map)
+{
     QStringList remaining;
     QStringList ids;
     for (const QString &key : keys) {
@@ -181,7 +194,6 @@ QVariantMap TYrexSpectrumConverter::metaData(const QString &fileName, const QStr
         insertAll(readParameters(fFormat, fileName, remaining), &map);
     if (!ids.isEmpty())
         insertAll(templateParameters(fileName, ids), &map);
-    return map;
 }
 
 QVariantMap TYrexSpectrumConverter::readParameters(int format, const QString &path, const QStringList &entries)

@@ -51,6 +51,10 @@ protected:
     /// Named parameters of a file without its spectra: entries of the form "source(key)".
     QVariantMap readParameters(int format, const QString &path, const QStringList &entries);
 
+    /// What the keys name of a file, as metaData tells it, whatever canImport says.
+    void addParameters(const QString &fileName, const QStringList &keys, QVariantMap &map);
+    /// Spectra that something else owns from now on.
+    void giveAway(const TYrexSpectrumList &spectra);
     void appendSpectrum(TYrexSpectrum *spectrum) { fSpectra.append(spectrum); }
     void setReadFlags(quint32 flags) { fReadFlags = flags; }
     void clearSpectra();

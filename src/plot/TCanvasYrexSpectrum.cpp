@@ -52,14 +52,30 @@ void TCanvasYrexSpectrum::buildPlot()
     setLayoutPolicy(cFollowPage, false);
     plot->changeUnits(TAxisDir(1), spectrum->xUnits(), false);
     plot->changeUnits(TAxisDir(2), spectrum->yUnits(), false);
-    if (isStacked()) {
-        stack().setGrouped(0);
-        plot->setStackedDisplayMode(overlayMode);
-        if (stack().count() > cPaletteSize) // more than the eye tells apart
-            plot->stackedProperties().setColorMode(sequentialColors);
-    }
+    showAsStack(plot);
     plot->resetView();
     appendPlot(plot);
+    updateStackedColors();
+}
+
+void TCanvasYrexSpectrum::showAsStack(T1DYrexPlot *plot)
+{
+    if (!isStacked())
+        return;
+    stack().setGrouped(0);
+    plot->setStackedDisplayMode(overlayMode);
+    if (stack().count() > cPaletteSize) // more than the eye tells apart
+        plot->stackedProperties().setColorMode(sequentialColors);
+}
+
+void TCanvasYrexSpectrum::addSpectra(const TYrexSpectrumList &spectra)
+{
+    stack().insertAt(stack().count(), spectra);
+    T1DYrexPlot *plot = activeYrexPlot();
+    if (!plot)
+        return;
+    showAsStack(plot);
+    plot->resetView();
     updateStackedColors();
 }
 
@@ -166,7 +182,7 @@ void TCanvasYrexSpectrum::exportSeries(int index, QVector<double> *x, QVector<do
     y->resize(count);
 }
 
-const TYrexSpectrum *TCanvasYrexSpectrum::exportRecord(int index) const
+TYrexSpectrum *TCanvasYrexSpectrum::exportRecord(int index) const
 {
     return fDataObj->spectrumAt(index);
 }

@@ -44,7 +44,7 @@ public:
     QVector<QPair<double, double>> visibleRanges() const override;
     int exportSpectrumCount() const override { return stack().count(); }
     void exportSeries(int index, QVector<double> *x, QVector<double> *y) const override;
-    const TYrexSpectrum *exportRecord(int index) const override;
+    TYrexSpectrum *exportRecord(int index) const override;
 
     /// The data object; null only in an item that is being loaded.
     TYrexSpecDataObj *dataObj() const { return fDataObj.get(); }
@@ -61,6 +61,8 @@ public:
     QColor curveColor() const;
     /// Lets the plot show the y unit of the current spectrum, where a chain changed it; a zoom stays otherwise.
     void refreshAxes();
+    /// Takes more spectra over, behind those that are there; two and more are shown as a stack.
+    void addSpectra(const TYrexSpectrumList &spectra);
     /// Gives the spectra of a stack the colours that the plot's colour setting asks for.
     void updateStackedColors();
     /// First and last x of a spectrum in a unit.
@@ -76,6 +78,7 @@ public:
 
 private:
     void buildPlot();
+    void showAsStack(T1DYrexPlot *plot);
 
     std::unique_ptr<TYrexSpecDataObj> fDataObj;
 };

@@ -1,4 +1,5 @@
 // The library as the host sees it: found by its identifier, loaded, asked by interface.
+#include "builtin/TJCAMPPlugin.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
@@ -50,6 +51,7 @@ protected:
             if (entry.fCategory == "YREX")
                 fLog.append(entry.fText);
         });
+        fHost.addBuiltIn(new TJCAMPPlugin);
         fHost.start();
         fPlugin = fHost.pluginByBaseId(Consts::Common::yrexPluginBaseID);
         ASSERT_NE(fPlugin, nullptr) << fHost.loader().problems().join('\n').toStdString();

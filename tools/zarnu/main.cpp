@@ -1,4 +1,5 @@
 #include "TTerminalConsole.h"
+#include "builtin/TJCAMPPlugin.h"
 #include "log/TLogger.h"
 #include "plugin/IPluginCommandLine.h"
 #include "services/TKelmoraHost.h"
@@ -49,6 +50,7 @@ int runCommand(const QStringList &arguments, TTerminalConsole &console)
     if (arguments.contains("--verbose")) // before the plug-ins are loaded, of which the log tells
         TLogger::setStderrLevel(TLogger::cDebug);
     TKelmoraHost host;
+    host.addBuiltIn(new TJCAMPPlugin);
     host.start();
     const QList<IPluginCommandLine *> lines = commandLines(host);
     if (lines.isEmpty()) {

@@ -2,6 +2,7 @@
 
 #include "TASCIIYrexConverter.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TJCAMPYrexConverter.h"
 #include "TYrexCommandLine.h"
 #include "TYrexGalacticSpcConverter.h"
 #include "TYrexOmnicSpaConverter.h"
@@ -16,6 +17,7 @@
 #include "params/TParamsParsers.h"
 #include "plugin/IDAPlugin.h"
 #include "plugin/IDrawingTools.h"
+#include "services/IJCAMPPlugin.h"
 #include "services/IPluginHost.h"
 #include "settings/TDefaultsIni.h"
 
@@ -76,6 +78,8 @@ void TYrexPlugin::registered(IPluginHost *host)
 
 void TYrexPlugin::registerConverters()
 {
+    if (IJCAMPPlugin *jcamp = Utils::Framework::jcampPluginI())
+        jcamp->registerConverter(new TJCAMPYrexConverter(this));
     // files are offered in this order, so the converter that accepts nearly anything stands last
     fConverters.append(new TYrexGalacticSpcConverter(this));
     fConverters.append(new TYrexOmnicSpaConverter(this));
@@ -106,6 +110,15 @@ TCanvasItem *TYrexPlugin::createItem(int rtti)
 ICanvasItem *TYrexPlugin::createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *parent)
 {
     return new TCanvasYrexSpectrum(spectra, dynamic_cast<TPage *>(parent), this);
+}
+
+void TYrexPlugin::addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra)
+{
+    TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
+    if (spectrumItem)
+        spectrumItem->addSpectra(spectra);
+    else
+        qDeleteAll(spectra);
 }
 
 void TYrexPlugin::hostEvent(const QByteArray &name)

@@ -40,6 +40,7 @@ public:
 
     TCanvasItem *createItem(int rtti) override;
     ICanvasItem *createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *parent) override;
+    void addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra) override;
     void hostEvent(const QByteArray &name) override;
 
     TCanvasItem *stackItems(TPage *page, TCanvasItem *item, TCmdList *&commands, bool keep) override;

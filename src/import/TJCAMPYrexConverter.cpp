@@ -1,0 +1,397 @@
+#include "TJCAMPYrexConverter.h"
+
+#include "IYrexExportView.h"
+#include "IYrexItemFactory.h"
+#include "ReadBounds.h"
+#include "TJCAMPYrexExport.h"
+#include "TJCAMPYrexInterpreter.h"
+#include "TYrexUnits.h"
+#include "consts/Consts.h"
+#include "evenAxis.h"
+#include "jcamp/JCAMPConsts.h"
+#include "jcamp/JCAMPUtils.h"
+#include "jcamp/TJCAMPBlock.h"
+#include "jcamp/TJCAMPParamNameIterator.h"
+#include "resampleMonotoneCubic.h"
+#include "utils/CommonUtils.h"
+#include "utils/TFileFormat.h"
+
+#include <QFile>
+#include <QTextStream>
+#include <algorithm>
+#include <cmath>
+
+using namespace Consts::JCAMP;
+
+namespace {
+
+const QString cJcampFilter = QStringLiteral("JCAMP-DX (*.jcamp *.dx *.jdx *.jcm)");
+
+constexpr int cSpectrumItem = 115; // item type
+
+const IYrexExportView *viewOf(ICanvasItem *item)
+{
+    return dynamic_cast<const IYrexExportView *>(item);
+}
+
+QByteArray unifiedValue(const TJCAMPBlock &block, const char *label)
+{
+    bool found = false;
+    return Utils::JCAMP::getUnifiedParamValue(Utils::JCAMP::cutComment(block.getString(label, found)));
+}
+
+bool isSpectrumType(const QByteArray &type)
+{
+    for (const char *known : {Values::UVVISSPECTRUM, Values::INFRAREDSPECTRUM, Values::NEARINFRAREDSPECTRUM,
+                              Values::INFRAREDTRANSFORMEDSPECTRUM, Values::UVVISIBLESPECTRUM, Values::RAMAN,
+                              Values::RAMANSPECTRUM, Values::ULTRAVIOLETSPECTRUM}) {
+        if (type == known)
+            return true;
+    }
+    return false;
+}
+
+QString lineText(const TJCAMPBlock &block)
+{
+    return QStringLiteral("block at line %1: ").arg(block.lineOf(block.startPos()));
+}
+
+/// A peak of a table as the spectrum has it. Outside of the spectrum it keeps its place and loses its height.
+TYrexDPLib::TYrexDPPeak *newPeak(const QPointF &entry, const TYrexSpectrum &spectrum)
+{
+    const int count = spectrum.pointCount();
+    double position =
+        std::round((entry.x() - spectrum.firstX()) * (count - 1) / (spectrum.lastX() - spectrum.firstX()));
+    if (position == count)
+        position -= 1.0;
+    const bool isInside = position >= 0.0 && position <= count - 1;
+    auto *peak = new TYrexDPLib::TYrexDPPeak;
+    peak->position = std::isfinite(position) ? position : 0.0;
+    peak->intensity = isInside ? entry.y() : 0.0;
+    peak->positive = spectrum.yUnits() != cUnitTransmittance && spectrum.yUnits() != cUnitPercentTransmittance;
+    return peak;
+}
+
+} // namespace
+
+TJCAMPYrexConverter::TJCAMPYrexConverter(QObject *plugin)
+    : TYrexSpectrumConverter(cJcampFilter, Common::Types::cFormatJCAMP, plugin, {cJcampFilter})
+    , TBaseJCAMPConverter(this)
+    , fExportDataForm(Values::XYDATA)
+{
+    setReadFlags((readFlags() & ~quint32(cRejectNaN)) | cGroup);
+}
+
+TJCAMPYrexConverter::~TJCAMPYrexConverter()
+{
+    qDeleteAll(fLaterSpectra);
+}
+
+QString TJCAMPYrexConverter::refusal(const QString &)
+{
+    return QStringLiteral("blocks of JCAMP-DX files are read, not files");
+}
+
+void TJCAMPYrexConverter::clear()
+{
+    TBaseJCAMPConverter::clear();
+    fPeakTables.clear();
+    qDeleteAll(fLaterSpectra);
+    fLaterSpectra.clear();
+    fBytesGranted = 0.0;
+    fAsksTooMuch = false;
+}
+
+QVariantMap TJCAMPYrexConverter::metaData(TJCAMPBlock *block, const QStringList &keys)
+{
+    if (!TJCAMPYrexInterpreter(block).isValid())
+        return {};
+    QVariantMap map{{Consts::Converter::cFileFormat, Utils::Common::fileFormatToStr(format())}};
+    const QVariantMap labels = TBaseJCAMPConverter::metaData(block, keys);
+    for (auto it = labels.constBegin(); it != labels.constEnd(); ++it)
+        map.insert(it.key(), it.value());
+    if (!keys.isEmpty())
+        addParameters(fileName(), keys, map);
+    return map;
+}
+
+int TJCAMPYrexConverter::importFile(const QString &fileName, ICanvas *parent)
+{
+    const int code = TYrexSpectrumConverter::importFile(fileName, parent);
+    if (!Utils::Common::has_no_error(code))
+        return code;
+    TCanvasItemList all = allImportedItems();
+    for (ICanvasItem *item : qAsConst(items())) {
+        if (!all.contains(item))
+            all.append(item);
+    }
+    setAllImportedItems(all);
+    return code;
+}
+
+int TJCAMPYrexConverter::readFile(const QString &)
+{
+    if (!block()) {
+        setProblem(QStringLiteral("expected a block of a JCAMP-DX file, found none"));
+        return cConverterNoBlock;
+    }
+    fAsksTooMuch = false;
+    const bool isRead =
+        unifiedValue(*block(), Params::DATACLASS) == Values::PEAKTABLE ? readPeakTable() : importArray();
+    if (fAsksTooMuch)
+        return cConverterOutOfMemory;
+    return isRead ? cConverterOk : cConverterBlockRefused;
+}
+
+bool TJCAMPYrexConverter::readPeakTable()
+{
+    if (!isSpectrumType(unifiedValue(*block(), Params::DATATYPE)) ||
+        unifiedValue(*block(), Params::DATACLASS) != Values::PEAKTABLE) {
+        setProblem(lineText(*block()) + QStringLiteral("expected a peak table of a spectrum, found DATA TYPE %1")
+                                            .arg(QString::fromLatin1(unifiedValue(*block(), Params::DATATYPE))));
+        return false;
+    }
+    TJCAMPParamNameIterator table(block(), Params::PEAKTABLE);
+    if (!table.first()) {
+        setProblem(lineText(*block()) + QStringLiteral("expected the label PEAK TABLE, found none"));
+        return false;
+    }
+    QStringList lines;
+    for (const QByteArray &line : table.lines())
+        lines.append(Utils::JCAMP::textOf(line));
+    if (!lines.isEmpty() && !readsHeaderOnly())
+        fPeakTables.append({block(), lines});
+    return true;
+}
+
+/// Whether memory for that many more values of this file may be taken.
+bool TJCAMPYrexConverter::grants(double values)
+{
+    const double bytes = fBytesGranted + values * double(sizeof(double));
+    fAsksTooMuch = exceedsReadBound(bytes, block()->text().size());
+    if (fAsksTooMuch)
+        setProblem(lineText(*block()) + QStringLiteral("expected at most 64 times the memory of the file's %1 bytes, "
+                                                       "found NPOINTS or an axis for %2 points")
+                                            .arg(block()->text().size())
+                                            .arg(values));
+    else
+        fBytesGranted = bytes;
+    return !fAsksTooMuch;
+}
+
+int TJCAMPYrexConverter::importBlock()
+{
+    TJCAMPYrexInterpreter dataset(block());
+    if (!dataset.isValid())
+        return 0;
+    std::unique_ptr<TYrexSpectrum> spectrum(new TYrexSpectrum);
+    spectrum->setFileFormat(format());
+    spectrum->setPointCount(dataset.nPoints());
+    spectrum->setOrigUnits(dataset.xUnit(), dataset.yUnit());
+    spectrum->setUnits(dataset.xUnit(), dataset.yUnit());
+    bool found = false;
+    const auto number = [&](const char *label) { return dataset.getDouble(label, found); };
+    spectrum->setAxis(number(Params::FIRSTX), number(Params::LASTX), number(Params::XFACTOR), number(Params::FIRSTY),
+                      number(Params::YFACTOR));
+    const qint64 start = block()->startPos();
+    const QByteArray header = block()->text().mid(int(start), int(dataset.dataBlockStart() - start));
+    spectrum->paramsBundle().addParamsBlob("header", fileName(), start, header);
+    if (!readsHeaderOnly() && !readValues(dataset, *spectrum))
+        return 0;
+    appendSpectrum(spectrum.release());
+    return 1;
+}
+
+bool TJCAMPYrexConverter::readValues(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum)
+{
+    const int count = spectrum.pointCount();
+    TJCAMPDataIterator *data = dataset.dataIterator();
+    if (!data || count < 1) {
+        setProblem(lineText(*block()) +
+                   QStringLiteral("expected a table of at least one value, found NPOINTS %1").arg(count));
+        return false;
+    }
+    if (!grants(count))
+        return false;
+    QVector<double> y(count, 0.0);
+    if (data->isPairs()) {
+        if (!readPairs(dataset, spectrum, y))
+            return false;
+    } else {
+        data->readAll(y.data(), count);
+    }
+    for (double &value : y) {
+        if (std::isnan(value)) // the file says that it is missing
+            value = 0.0;
+    }
+    spectrum.setPointCount(y.size());
+    spectrum.setValues(y);
+    finishTransmittance(dataset, spectrum);
+    spectrum.copyDataToOrgData();
+    spectrum.copyDataToAbsOrgData();
+    return true;
+}
+
+/// Points with an x of their own. An uneven axis is put onto the grid of its smallest step, in its own direction.
+bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum, QVector<double> &y)
+{
+    if (!grants(y.size()))
+        return false;
+    QVector<double> x(y.size(), 0.0);
+    const int count = dataset.dataIterator()->readAll(y.data(), y.size(), x.data());
+    x.resize(count);
+    y.resize(count);
+    const bool runsDown = count > 1 && x.first() > x.last();
+    if (runsDown) {
+        std::reverse(x.begin(), x.end());
+        std::reverse(y.begin(), y.end());
+    }
+    const auto disorder =
+        std::adjacent_find(x.cbegin(), x.cend(), [](double before, double after) { return !(before < after); });
+    if (count == 0 || disorder != x.cend()) {
+        setProblem(lineText(*block()) +
+                   (count == 0 ? QStringLiteral("expected pairs of numbers, found none")
+                               : QStringLiteral("expected X in ascending or descending order, found %1 beside %2")
+                                     .arg(*disorder)
+                                     .arg(*(disorder + 1))));
+        return false;
+    }
+    if (isUnevenAxis(x)) {
+        const double step = smallestStep(x);
+        const double wanted = std::round((x.last() - x.first()) / step);
+        if (!grants(wanted))
+            return false;
+        resampleMonotoneCubic(x, y, TEvenGrid{x.first(), step, int(wanted)}); // refuses where the grid is no finer
+        y.resize(int(wanted));
+    }
+    if (runsDown)
+        std::reverse(y.begin(), y.end());
+    spectrum.setAxis(runsDown ? x.last() : x.first(), runsDown ? x.first() : x.last(), spectrum.xFactor(),
+                     spectrum.firstY(), spectrum.yFactor());
+    return true;
+}
+
+/// Percent become fractions by MAXY, or by the largest value where that is larger or MAXY is missing.
+void TJCAMPYrexConverter::finishTransmittance(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum) const
+{
+    if (dataset.hasStatedYUnit())
+        return;
+    double lowest = 0.0;
+    double highest = 0.0;
+    spectrum.minMax(lowest, highest);
+    bool found = false;
+    const double stated = dataset.getDouble(Params::MAXY, found);
+    const double maxY = std::max(highest, found ? stated : 0.0);
+    if (spectrum.yUnits() == cUnitTransmittance && maxY < 0.0) {
+        spectrum.setOrigUnits(spectrum.origXUnits(), cUnitArbitrary);
+        spectrum.setUnits(spectrum.xUnits(), cUnitArbitrary);
+    }
+    if (spectrum.yUnits() != cUnitTransmittance || !(maxY > 1.0))
+        return;
+    double *values = spectrum.data();
+    for (int i = 0; i < spectrum.pointCount(); ++i)
+        values[i] /= maxY;
+}
+
+/// The spectra of a later block are added to the item of the first, all at once when the file is done: one by one, each
+/// would cost a walk over those before it.
+ICanvasItem *TJCAMPYrexConverter::createItem(const TYrexSpectrumList &spectra, ICanvas *parent)
+{
+    if (!(readFlags() & cGroup) || !allImportedItems().firstRtti(cSpectrumItem))
+        return TYrexSpectrumConverter::createItem(spectra, parent);
+    fLaterSpectra += spectra;
+    giveAway(spectra);
+    return nullptr;
+}
+
+void TJCAMPYrexConverter::blocksImported(TCanvasItemList &items)
+{
+    ICanvasItem *item = items.firstRtti(cSpectrumItem);
+    IYrexItemFactory *factory = IYrexItemFactory::current();
+    if (item && factory && !fLaterSpectra.isEmpty()) {
+        factory->addSpectra(item, fLaterSpectra);
+        fLaterSpectra.clear();
+    }
+    applyPeakTables(items);
+    fPeakTables.clear(); // their blocks go with the file
+}
+
+void TJCAMPYrexConverter::applyPeakTables(const TCanvasItemList &items)
+{
+    if (fPeakTables.isEmpty())
+        return;
+    const TJCAMPYrexInterpreter table(fPeakTables.first().first);
+    const QVector<QPointF> entries = table.pairs();
+    const qint64 fileSize = fPeakTables.first().first->text().size();
+    double bytes = 0.0;
+    for (ICanvasItem *item : items.getByRtti(cSpectrumItem)) {
+        const IYrexExportView *view = viewOf(item);
+        for (int i = 0; view && i < view->exportSpectrumCount(); ++i) {
+            TYrexSpectrum *spectrum = view->exportRecord(i);
+            bytes += double(entries.size()) * double(sizeof(TYrexDPLib::TYrexDPPeak));
+            if (!spectrum || exceedsReadBound(bytes, fileSize))
+                return;
+            for (const QPointF &entry : entries)
+                spectrum->peaks().append(newPeak(entry, *spectrum));
+        }
+    }
+}
+
+int TJCAMPYrexConverter::numberOfItemsToExport(const TCanvasItemList &items) const
+{
+    int count = 0;
+    for (ICanvasItem *item : items.getByRtti(cSpectrumItem)) {
+        const IYrexExportView *view = viewOf(item);
+        count += view && view->hasExportData() && view->exportRecord(0) ? 1 : 0;
+    }
+    return count;
+}
+
+int TJCAMPYrexConverter::exportItems(const TCanvasItemList &items, const QString &fileName)
+{
+    constexpr int cDigits = 20;
+    fExportTypeCounts.clear();
+    fPeakTables.clear();
+    fExportDataType = nullptr; // what an earlier file had says nothing of this one
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return cConverterOk; // the host finds that too, and tells
+    QTextStream(&file).setRealNumberPrecision(cDigits);
+    const IYrexExportView *view = viewOf(items.firstRtti(cSpectrumItem));
+    const TYrexSpectrum *first = view ? view->exportRecord(0) : nullptr;
+    const QString type = first ? first->paramText(TSpectrumParam::cDataType, 1) : QString();
+    if (type == QLatin1String("INFRARED SPECTRUM"))
+        fExportDataType = Values::INFRAREDSPECTRUM;
+    else if (type == QLatin1String("RAMAN SPECTRUM"))
+        fExportDataType = Values::RAMANSPECTRUM;
+    else if (type == QLatin1String("UV/VIS SPECTRUM") || type == QLatin1String("UV-VISIBLE SPECTRUM"))
+        fExportDataType = Values::UVVISIBLESPECTRUM;
+    fExportDataForm = Values::XYDATA;
+    fExportTypeCounts.insert(fExportDataType, 1);
+    return cConverterOk;
+}
+
+bool TJCAMPYrexConverter::exportData(ICanvasItem *item, int spectrum, TJCAMPExportData &data)
+{
+    const IYrexExportView *view = viewOf(item);
+    const TYrexSpectrum *one = view && spectrum < view->exportSpectrumCount() ? view->exportRecord(spectrum) : nullptr;
+    if (one)
+        data = jcampExportData(*one, fExportDataType);
+    return one != nullptr;
+}
+
+void TJCAMPYrexConverter::inspectBlock(TJCAMPBlock *block, TFileNode &node)
+{
+    TJCAMPYrexInterpreter dataset(block);
+    node.fValue = QString::fromLatin1(unifiedValue(*block, Params::DATACLASS));
+    if (!dataset.isValid())
+        return;
+    if (!dataset.dataIterator()) {
+        node.fNote = QStringLiteral("its peaks go to all spectra of the file, if it is the first peak table");
+        return;
+    }
+    node.fNote = QStringLiteral("a spectrum");
+    node.add(QStringLiteral("points"), QString::number(dataset.nPoints()));
+    node.add(QStringLiteral("x unit"), QString::number(dataset.xUnit()), yrexUnitDisplayName(dataset.xUnit()));
+    node.add(QStringLiteral("y unit"), QString::number(dataset.yUnit()), yrexUnitDisplayName(dataset.yUnit()));
+}

@@ -1,0 +1,26 @@
+#include "evenAxis.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+bool isUnevenAxis(const QVector<double> &x)
+{
+    constexpr double cEvenBelow = 1.01; // bounds of the mean of an even axis over its middle
+    constexpr double cEvenAbove = 0.99;
+    if (x.size() < 2)
+        return false;
+    double sum = 0.0;
+    for (const double value : x)
+        sum += value;
+    const double ratio = sum / x.size() / ((x.last() + x.first()) * 0.5);
+    return ratio > cEvenBelow || ratio < cEvenAbove;
+}
+
+double smallestStep(const QVector<double> &x)
+{
+    double step = std::numeric_limits<double>::infinity();
+    for (int i = 1; i < x.size(); ++i)
+        step = std::min(step, std::fabs(x.at(i) - x.at(i - 1)));
+    return step;
+}
