@@ -18,6 +18,7 @@ QStringList TCliOutputHelp::dataNotes()
     return {"A folder (one that exists, or a name that ends in /) gets one file for each input, csv unless --to says "
             "otherwise. Several inputs need a folder. An input with several items gives NAME-1, NAME-2 and so on where "
             "the form holds one item.",
-            "csv has the visible ranges in the shown units and no header; json is the form of process --json; klm is a "
+            "csv has the visible ranges in the shown units and no header; jdx and dx are "
+            "JCAMP-DX, whole spectra on their original x axis; json is the form of process --json; klm is a "
             "document of the desktop."};
 }

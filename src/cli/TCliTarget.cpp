@@ -19,8 +19,8 @@ struct TForm
 // the first of a kind is what a folder gets when nothing else is said
 const TForm cForms[] = {
     {TCliTarget::cData, "csv", true, true},     {TCliTarget::cData, "json", true, true},
-    {TCliTarget::cData, "klm", false, true},    {TCliTarget::cData, "jdx", true, false},
-    {TCliTarget::cData, "dx", true, false},     {TCliTarget::cPicture, "png", false, true},
+    {TCliTarget::cData, "klm", false, true},    {TCliTarget::cData, "jdx", true, true},
+    {TCliTarget::cData, "dx", true, true},     {TCliTarget::cPicture, "png", false, true},
     {TCliTarget::cPicture, "svg", false, true}, {TCliTarget::cPicture, "pdf", false, true},
 };
 

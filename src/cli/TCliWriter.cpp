@@ -1,12 +1,15 @@
 #include "TCliWriter.h"
 
+#include "TCanvasYrexSpectrum.h"
 #include "TCliEnvironment.h"
 #include "TCliInput.h"
 #include "TCliResultJson.h"
 #include "TCliTarget.h"
+#include "TYrexChainJson.h"
 #include "canvas/TDocument.h"
 #include "plugin/IConverter.h"
 #include "services/IBatchHost.h"
+#include "services/IJCAMPPlugin.h"
 #include "services/IPluginHost.h"
 #include "services/TImportDriver.h"
 
@@ -56,6 +59,23 @@ QByteArray exportedBytes(IConverter &converter, TCliInput &input)
     return file.readAll();
 }
 
+/// Source, checksums, the chain that made the data, if one did, and the program.
+QStringList provenanceLines(const TCliInput &input, ICanvasItem *item)
+{
+    const QVariantMap facts = input.provenance();
+    QStringList lines{"source: " + facts.value("Filename").toString()};
+    const QVariantMap sums = facts.value("md5sum").toMap();
+    for (auto it = sums.constBegin(); it != sums.constEnd(); ++it)
+        lines.append(QString("md5: %1 %2").arg(it.value().toString(), it.key()));
+    const TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
+    const TYrexSpectrum *spectrum = spectrumItem ? spectrumItem->currentSpectrum() : nullptr;
+    if (spectrum && spectrum->procParams().isAnyApplied())
+        lines.append("chain: " +
+                     QString::fromUtf8(TYrexChainJson::toJson(spectrum->procParams().actions())).simplified());
+    lines.append("written by: zarnu " + facts.value("version").toString());
+    return lines;
+}
+
 } // namespace
 
 bool TCliWriter::writeFile(const QString &path, const QByteArray &bytes, QString &error)
@@ -67,14 +87,18 @@ bool TCliWriter::writeFile(const QString &path, const QByteArray &bytes, QString
     return false;
 }
 
-void TCliWriter::writeCsv(TCliInput &input, int index, QByteArray &out) const
+/// Writes the items with the exporter of that format, each into a file of its own; `prepare` is told the first item of a
+/// file.
+void TCliWriter::writeThrough(const QString &format, TCliInput &input, int index, QByteArray &out,
+                              const std::function<void(int)> &prepare) const
 {
-    IConverter *converter = fEnvironment.fBatch.importDriver().converterByName("csv");
+    IConverter *converter = fEnvironment.fBatch.importDriver().converterByName(format);
     if (!converter || input.fItems.isEmpty()) {
         const int code = converter ? cConverterNothingToExport : cConverterNotSupported;
         return input.fail(code, TImportDriver::reason(code));
     }
     if (fTarget.isStandardOutput()) {
+        prepare(0);
         out += exportedBytes(*converter, input);
         return;
     }
@@ -85,9 +109,26 @@ void TCliWriter::writeCsv(TCliInput &input, int index, QByteArray &out) const
             return input.fail(cConverterFileNotOpened, obstacle);
     }
     for (int i = 0; i < paths.size(); ++i) {
+        prepare(i);
         if (!exportBeside(*converter, {input.fItems.at(i)}, paths.at(i), input))
             return;
     }
+}
+
+void TCliWriter::writeCsv(TCliInput &input, int index, QByteArray &out) const
+{
+    writeThrough("csv", input, index, out, [](int) {});
+}
+
+/// With what is known of the data's origin as comment records.
+void TCliWriter::writeJcamp(TCliInput &input, int index, QByteArray &out) const
+{
+    IJCAMPPlugin *jcamp = Utils::Framework::jcampPluginI();
+    if (!jcamp)
+        return input.fail(cConverterNotSupported, TImportDriver::reason(cConverterNotSupported));
+    writeThrough("jcamp", input, index, out,
+                 [&](int item) { jcamp->setExportComments(provenanceLines(input, input.fItems.at(item))); });
+    jcamp->setExportComments({});
 }
 
 void TCliWriter::writeDocument(TCliInput &input, int index) const
@@ -126,6 +167,8 @@ void TCliWriter::write(TCliInput &input, int index, QByteArray &out) const
 {
     if (fTarget.form() == "csv")
         writeCsv(input, index, out);
+    else if (fTarget.form() == "jdx" || fTarget.form() == "dx")
+        writeJcamp(input, index, out);
     else if (fTarget.form() == "klm")
         writeDocument(input, index);
     else

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QVariantList>
+#include <functional>
 
 class TCliTarget;
 struct TCliEnvironment;
@@ -29,6 +30,9 @@ public:
 
 private:
     void writeCsv(TCliInput &input, int index, QByteArray &out) const;
+    void writeJcamp(TCliInput &input, int index, QByteArray &out) const;
+    void writeThrough(const QString &format, TCliInput &input, int index, QByteArray &out,
+                      const std::function<void(int)> &prepare) const;
     void writeDocument(TCliInput &input, int index) const;
     void writeJson(TCliInput &input, int index, QByteArray &out) const;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexPlugin.h"
+#include "builtin/TJCAMPPlugin.h"
 #include "plugin/IConsole.h"
 #include "services/TKelmoraHost.h"
 
@@ -80,6 +81,7 @@ protected:
     {
         TCliFolder::SetUp();
         fPlugin = new TYrexPlugin;
+        fHost.addBuiltIn(new TJCAMPPlugin);
         fHost.addBuiltIn(fPlugin);
         fHost.start({});
     }

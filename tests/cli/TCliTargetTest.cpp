@@ -78,7 +78,6 @@ TEST_F(TCliTargetTest, whatCannotBeDoneIsFoundBeforeTheWork)
     EXPECT_TRUE(plan({"a.csv", "b.csv", "-o", "-"}).contains("several inputs"));
     EXPECT_TRUE(plan({"a.csv", "-o", "out"}).contains("no ending"));
     EXPECT_TRUE(plan({"a.csv", "-o", "out.xyz"}).contains("unknown form xyz"));
-    EXPECT_TRUE(plan({"a.csv", "-o", "out.jdx"}).contains("not available in this version"));
     EXPECT_TRUE(plan({"a.csv", "-o", "out.csv", "--to", "json"}).contains("--to goes with a folder"));
     EXPECT_TRUE(plan({"a.csv", "-o", "-", "--to", "klm"}).contains("no text"));
     EXPECT_TRUE(plan({"a.csv", "--plot", "-"}, TCliTarget::cPicture).contains("no text"));
