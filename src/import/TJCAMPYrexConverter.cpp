@@ -72,6 +72,20 @@ TYrexDPLib::TYrexDPPeak *newPeak(const QPointF &entry, const TYrexSpectrum &spec
     return peak;
 }
 
+/// Of neighbours with the same x the first stays, for a step of 0 makes no grid.
+void keepFirstOfEqual(QVector<double> &x, QVector<double> &y)
+{
+    int kept = 0;
+    for (int i = 0; i < x.size(); ++i) {
+        if (kept > 0 && !(x.at(kept - 1) < x.at(i)))
+            continue;
+        x[kept] = x.at(i);
+        y[kept++] = y.at(i);
+    }
+    x.resize(kept);
+    y.resize(kept);
+}
+
 } // namespace
 
 TJCAMPYrexConverter::TJCAMPYrexConverter(QObject *plugin)
@@ -247,7 +261,7 @@ bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectru
         std::reverse(y.begin(), y.end());
     }
     const auto disorder =
-        std::adjacent_find(x.cbegin(), x.cend(), [](double before, double after) { return !(before < after); });
+        std::adjacent_find(x.cbegin(), x.cend(), [](double before, double after) { return !(before <= after); });
     if (count == 0 || disorder != x.cend()) {
         setProblem(lineText(*block()) +
                    (count == 0 ? QStringLiteral("expected pairs of numbers, found none")
@@ -256,7 +270,8 @@ bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectru
                                      .arg(*(disorder + 1))));
         return false;
     }
-    if (isUnevenAxis(x)) {
+    if (isUnevenAxis(x) || !isNearEvenGrid(x)) {
+        keepFirstOfEqual(x, y);
         const double step = smallestStep(x);
         const double wanted = std::round((x.last() - x.first()) / step);
         if (!grants(wanted))

@@ -24,3 +24,13 @@ double smallestStep(const QVector<double> &x)
         step = std::min(step, std::fabs(x.at(i) - x.at(i - 1)));
     return step;
 }
+
+bool isNearEvenGrid(const QVector<double> &x)
+{
+    const double step = x.size() < 2 ? 0.0 : (x.last() - x.first()) / (x.size() - 1);
+    for (int i = 0; i < x.size(); ++i) {
+        if (!(std::fabs(x.at(i) - (x.first() + i * step)) <= 0.5 * step))
+            return false;
+    }
+    return true;
+}

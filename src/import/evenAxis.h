@@ -8,3 +8,6 @@ bool isUnevenAxis(const QVector<double> &x);
 
 /// The smallest distance of neighbours; infinity for fewer than two points.
 double smallestStep(const QVector<double> &x);
+
+/// Whether every point of an ascending axis lies within half a step of its place on an even grid of as many points.
+bool isNearEvenGrid(const QVector<double> &x);
