@@ -291,9 +291,7 @@ void TJCAMPYrexConverter::finishTransmittance(TJCAMPYrexInterpreter &dataset, TY
 {
     if (dataset.hasStatedYUnit())
         return;
-    double lowest = 0.0;
-    double highest = 0.0;
-    spectrum.minMax(lowest, highest);
+    const double highest = *std::max_element(spectrum.values().begin(), spectrum.values().end());
     bool found = false;
     const double stated = dataset.getDouble(Params::MAXY, found);
     const double maxY = std::max(highest, found ? stated : 0.0);

@@ -340,7 +340,9 @@ TEST_F(TYrexCommandLineTest, chainsGoThroughEveryForm)
 TEST_F(TYrexCommandLineTest, formatsListsTheConverters)
 {
     ASSERT_EQ(run({"formats"}), 0);
-    EXPECT_TRUE(fOut.simplified().contains("csv Zarnu CSV (*.csv *.txt)"));
+    const QByteArray list = fOut.simplified();
+    EXPECT_TRUE(list.contains("csv Zarnu CSV (*.csv *.txt) yes yes"));
+    EXPECT_TRUE(list.contains("jcamp JCAMP-DX (*.jcamp *.dx *.jdx *.jcm) yes yes"));
 }
 
 TEST_F(TYrexCommandLineTest, namedUnitsPeaksAndIntegralsStandInTheJson)
@@ -373,4 +375,41 @@ TEST_F(TYrexCommandLineTest, aStackGathersWhatCanBeReadAndFits)
     EXPECT_EQ(item.value("spectra").toArray().size(), 2);
     EXPECT_EQ(files.last().toObject().value("status").toInt(), 51);
     EXPECT_TRUE(QFile::exists("stack.klm"));
+}
+
+TEST_F(TYrexCommandLineTest, writesJcampFilesThatReadBack)
+{
+    writeBand("a.csv", 450.0);
+    writeInvertChain("chain.json");
+    ASSERT_EQ(run({"process", "a.csv", "--chain", "chain.json", "-o", "a.jdx"}), 0) << fErr.join('\n').toStdString();
+    const QByteArray text = read("a.jdx");
+    const QByteArray md5 = QCryptographicHash::hash(read("a.csv"), QCryptographicHash::Md5).toHex();
+    for (const QByteArray &part : {QByteArray("a.csv"), md5, QByteArray("yrexProcOpId"), QByteArray("zarnu ")})
+        EXPECT_TRUE(text.contains(part)) << part.toStdString();
+    ASSERT_EQ(run({"process", "a.csv", "--chain", "chain.json", "--json"}), 0);
+    const QJsonObject before = spectrum();
+    ASSERT_EQ(run({"info", "a.jdx", "--json", "--data"}), 0);
+    EXPECT_EQ(parsed(fOut).at(0).toObject()["format"].toInt(), 36);
+    const QJsonObject after = spectrum();
+    for (const char *key : {"pointCount", "firstX", "lastX", "origXUnits", "yUnits", "title"})
+        EXPECT_EQ(after[key], before[key]) << key;
+    const QJsonArray values = after["data"].toArray();
+    ASSERT_EQ(values.size(), 60);
+    for (int i = 0; i < values.size(); ++i)
+        EXPECT_NEAR(values.at(i).toDouble(), before["data"].toArray().at(i).toDouble(), 1e-9);
+    ASSERT_EQ(run({"convert", "a.jdx", "-o", "-", "--to", "dx"}), 0);
+    EXPECT_TRUE(fOut.startsWith("##TITLE="));
+    EXPECT_FALSE(fOut.contains("chain:")) << "nothing was done to it";
+    const QByteArray first = fOut;
+    ASSERT_EQ(run({"convert", "a.jdx", "-o", "-", "--to", "dx"}), 0);
+    EXPECT_EQ(fOut, first);
+}
+
+TEST_F(TYrexCommandLineTest, writesAJcampFileForEachItem)
+{
+    writeTwoItems("two.klm");
+    ASSERT_EQ(run({"convert", "two.klm", "-o", "out.dx"}), 0) << fErr.join('\n').toStdString();
+    ASSERT_EQ(run({"info", "out-2.dx", "--json", "--data"}), 0);
+    EXPECT_EQ(data().size(), 20);
+    EXPECT_EQ(data().at(3).toDouble(), 0.75);
 }
