@@ -1,5 +1,5 @@
-// JCAMP-DX files on the host's way: cut into blocks, spectra into one item, parameters, a look inside; and what was read
-// is written and read again.
+// JCAMP-DX files on the host's way: cut into blocks, spectra into one item, parameters, a look inside; and what was
+// read is written and read again.
 #include "IYrexExportView.h"
 #include "IYrexItemFactory.h"
 #include "TJCAMPYrexConverter.h"

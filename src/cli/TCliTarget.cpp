@@ -20,7 +20,7 @@ struct TForm
 const TForm cForms[] = {
     {TCliTarget::cData, "csv", true, true},     {TCliTarget::cData, "json", true, true},
     {TCliTarget::cData, "klm", false, true},    {TCliTarget::cData, "jdx", true, true},
-    {TCliTarget::cData, "dx", true, true},     {TCliTarget::cPicture, "png", false, true},
+    {TCliTarget::cData, "dx", true, true},      {TCliTarget::cPicture, "png", false, true},
     {TCliTarget::cPicture, "svg", false, true}, {TCliTarget::cPicture, "pdf", false, true},
 };
 

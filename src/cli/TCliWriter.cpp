@@ -87,8 +87,8 @@ bool TCliWriter::writeFile(const QString &path, const QByteArray &bytes, QString
     return false;
 }
 
-/// Writes the items with the exporter of that format, each into a file of its own; `prepare` is told the first item of a
-/// file.
+/// Writes the items with the exporter of that format, each into a file of its own; `prepare` is told the first item of
+/// a file.
 void TCliWriter::writeThrough(const QString &format, TCliInput &input, int index, QByteArray &out,
                               const std::function<void(int)> &prepare) const
 {

@@ -33,8 +33,8 @@ QDate dateOf(int first, int second, int third, bool longYear)
         const QDate european(third, second, first);
         return european.isValid() ? european : QDate(third, first, second);
     }
-    for (const QDate &date : {QDate(year(first), second, third), QDate(year(third), first, second),
-                              QDate(year(third), second, first)}) {
+    for (const QDate &date :
+         {QDate(year(first), second, third), QDate(year(third), first, second), QDate(year(third), second, first)}) {
         if (date.isValid())
             return date;
     }

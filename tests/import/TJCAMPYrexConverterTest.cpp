@@ -149,14 +149,26 @@ TEST_F(JcampConverter, knowsUnitsByTheirTexts)
         const char *fText;
         bool fIsRaman;
         int fUnit;
-    } cX[] = {{"1/CM", true, 3},         {"1/CM", false, 0}, {"cm-1", false, 0},     {"NANOMETERS", false, 2},
-              {"MICROMETERS", false, 1}, {"um", false, 1},   {"Wavelength (nm)", false, 2}, {"HZ", false, 50},
-              {"CM^-1", false, 50},      {"", false, 50}};
+    } cX[] = {{"1/CM", true, 3},
+              {"1/CM", false, 0},
+              {"cm-1", false, 0},
+              {"NANOMETERS", false, 2},
+              {"MICROMETERS", false, 1},
+              {"um", false, 1},
+              {"Wavelength (nm)", false, 2},
+              {"HZ", false, 50},
+              {"CM^-1", false, 50},
+              {"", false, 50}};
     for (const auto &one : cX)
         EXPECT_EQ(TJCAMPYrexInterpreter::xUnitOf(one.fText, one.fIsRaman), one.fUnit) << one.fText;
-    const QMap<QByteArray, int> y{{"% TRANSMITTANCE", 10}, {"Reflectance", 13},     {"absorbance units", 12},
-                                  {"ARBITRARY UNITS", 50}, {"COUNTS PER S", 14},    {"Transmission (%)", 50},
-                                  {"", 50},                {"COUNTS ARBITRARY", 50}};
+    const QMap<QByteArray, int> y{{"% TRANSMITTANCE", 10},
+                                  {"Reflectance", 13},
+                                  {"absorbance units", 12},
+                                  {"ARBITRARY UNITS", 50},
+                                  {"COUNTS PER S", 14},
+                                  {"Transmission (%)", 50},
+                                  {"", 50},
+                                  {"COUNTS ARBITRARY", 50}};
     for (auto it = y.begin(); it != y.end(); ++it)
         EXPECT_EQ(TJCAMPYrexInterpreter::yUnitOf(it.key()), it.value()) << it.key().toStdString();
     ASSERT_EQ(read(block("##DATA TYPE=RAMAN SPECTRUM\n##XUNITS=1/CM\n##YUNITS=COUNTS\n")), 0);
@@ -209,7 +221,8 @@ TEST_F(JcampConverter, readsFilesOfTheLambdaSeriesWithoutADataType)
 TEST_F(JcampConverter, givesThePeaksOfTheFirstTableToAllSpectra)
 {
     const QByteArray type = "##DATA TYPE=INFRARED SPECTRUM\n";
-    const QByteArray table = "##TITLE=p\n" + type + "##DATA CLASS=PEAK TABLE\n##NPOINTS=4\n##PEAK TABLE=(XY..XY)\n"
+    const QByteArray table = "##TITLE=p\n" + type +
+                             "##DATA CLASS=PEAK TABLE\n##NPOINTS=4\n##PEAK TABLE=(XY..XY)\n"
                              "402,0.5 404,0.25\n$$ nothing\n406.1,7\n380,8 $$ outside\n##END=\n";
     const QByteArray second = "##TITLE=q\n" + type + "##NPOINTS=1\n##PEAK TABLE=(XY..XY)\n400,1\n##END=\n";
     ASSERT_EQ(read(block(cInfrared) + table + block(type + "##XUNITS=1/CM\n##YUNITS=TRANSMITTANCE\n") + second), 0);
@@ -335,7 +348,8 @@ TEST_F(JcampConverter, whatItWritesComesBack)
 
 TEST_F(JcampConverter, writesStacksAndPeaksAsCompoundFiles)
 {
-    TYrexSpectrumList sent{newSpectrum({1.0, 2.0, 3.0}, 1.0, 3.0, 0, 12), newSpectrum({3.0, 2.0, 1.0}, 1.0, 3.0, 0, 12)};
+    TYrexSpectrumList sent{newSpectrum({1.0, 2.0, 3.0}, 1.0, 3.0, 0, 12),
+                           newSpectrum({3.0, 2.0, 1.0}, 1.0, 3.0, 0, 12)};
     auto *peak = new TYrexDPLib::TYrexDPPeak;
     peak->position = 1.0;
     peak->intensity = 2.0;

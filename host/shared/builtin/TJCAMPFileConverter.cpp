@@ -162,7 +162,8 @@ TFileNode TJCAMPFileConverter::inspect(const QString &fileName)
         }
         QVariantMap unused;
         if (const TEntry *taker = takerOf(block, fileName, {}, unused))
-            taker->fPart->inspectBlock(block, blocks.addAt(block->startPos(), block->endPos() - block->startPos(), name));
+            taker->fPart->inspectBlock(block,
+                                       blocks.addAt(block->startPos(), block->endPos() - block->startPos(), name));
         else
             blocks.addSkipped(name, block->children().isEmpty()
                                         ? QStringLiteral("no spectral data of a known DATA TYPE")
@@ -210,5 +211,5 @@ int TJCAMPFileConverter::exportItems(const TCanvasItemList &items, const QString
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return cConverterFileNotOpened;
     return TJCAMPWriter(&file).writeFile(spectra, spectra.first().fTitle) && file.flush() ? cConverterOk
-                                                                                        : cConverterFileNotOpened;
+                                                                                          : cConverterFileNotOpened;
 }
