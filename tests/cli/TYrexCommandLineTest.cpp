@@ -1,12 +1,17 @@
 #include "TYrexCommandLine.h"
 
 #include "SpectrumBuilder.h"
+#include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCliFixture.h"
 #include "TCliSyntax.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "canvas/TStoredHistoryEntry.h"
+#include "commands/TCommandHistory.h"
+#include "plugin/IConverter.h"
 #include "services/IGuiHost.h"
+#include "services/TImportDriver.h"
 #include "settings/TDefaultsIni.h"
 
 #include <QCryptographicHash>
@@ -412,4 +417,28 @@ TEST_F(TYrexCommandLineTest, writesAJcampFileForEachItem)
     ASSERT_EQ(run({"info", "out-2.dx", "--json", "--data"}), 0);
     EXPECT_EQ(data().size(), 20);
     EXPECT_EQ(data().at(3).toDouble(), 0.75);
+}
+
+TEST_F(TYrexCommandLineTest, blocksOfAJcampFileAreOneStackAndOneImport)
+{
+    const QByteArray block =
+        "##TITLE=b\n##DATA TYPE=INFRARED SPECTRUM\n##XUNITS=1/CM\n##YUNITS=ABSORBANCE\n##FIRSTX=1\n"
+        "##LASTX=3\n##NPOINTS=3\n##XYDATA=(X++(Y..Y))\n1 5 6 7\n##END=\n";
+    write("link.jdx", "##TITLE=all\n##DATA TYPE=LINK\n" + block.repeated(12) + "##END=\n");
+    TPage *page = fHost.document()->appendPage();
+    const TImportResult result = fHost.importDriver().import("link.jdx", page);
+    ASSERT_EQ(result.fCode, 0) << result.fReason.toStdString();
+    ASSERT_EQ(result.fItems.size(), 1);
+    EXPECT_EQ(result.fConverter->formatName(), "jcamp");
+    TCanvasYrexSpectrum *item = yrexItem(result.fItems.first());
+    EXPECT_EQ(item->spectra().size(), 12);
+    EXPECT_EQ(item->activeYrexPlot()->stackedProperties().displayMode(), overlayMode);
+    EXPECT_EQ(fHost.document()->items(), result.fItems);
+    const auto entries = fHost.document()->historyEntries();
+    ASSERT_EQ(entries.size(), 1);
+    EXPECT_EQ(entries.first().fDescription, "Import Item");
+    fHost.history().stack()->undo();
+    EXPECT_TRUE(fHost.document()->items().isEmpty());
+    fHost.history().stack()->redo();
+    EXPECT_EQ(item->spectra().size(), 12);
 }
