@@ -3,14 +3,12 @@
 #include "TAsciiColumns.h"
 #include "TAsciiLines.h"
 #include "TAsciiTokens.h"
-#include "evenAxis.h"
+#include "TEvenAxis.h"
 #include "plugin/IConverter.h"
-#include "resampleMonotoneCubic.h"
 
 #include <QBuffer>
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -92,23 +90,17 @@ int orderRows(QVector<QVector<double>> *columns, QString *problem)
 /// Puts the columns of an uneven axis onto the grid of its smallest step.
 int makeEven(TAsciiTable *table, qint64 textSize, QString *problem)
 {
-    const QVector<double> &keys = table->fKeys;
-    const double step = smallestStep(keys);
-    const double wanted = std::round((table->fLastX - table->fFirstX) / step);
-    if (!TAsciiColumns::allowed(wanted, table->fY.size(), textSize)) {
+    const TFinestGrid grid = finestGrid(table->fKeys);
+    if (!TAsciiColumns::allowed(grid.fCount, table->fY.size(), textSize)) {
         *problem = QStringLiteral("expected a nearly even x axis, found a smallest step of %1 from %2 to %3")
-                       .arg(step)
+                       .arg(grid.fStep)
                        .arg(table->fFirstX)
                        .arg(table->fLastX);
         return cConverterOutOfMemory;
     }
-
-    const int count = int(wanted);
-    for (QVector<double> &y : table->fY) {
-        resampleMonotoneCubic(keys, y, TEvenGrid{table->fFirstX, step, count}); // refuses where the grid is no finer
-        y.resize(count);
-        y.squeeze();
-    }
+    const int count = int(grid.fCount);
+    for (QVector<double> &y : table->fY)
+        putOnGrid(table->fKeys, grid.fStep, count, &y);
     table->fPointCount = count;
     return cConverterOk;
 }

@@ -3,16 +3,15 @@
 #include "IYrexExportView.h"
 #include "IYrexItemFactory.h"
 #include "ReadBounds.h"
+#include "TEvenAxis.h"
 #include "TJCAMPYrexExport.h"
 #include "TJCAMPYrexInterpreter.h"
 #include "TYrexUnits.h"
 #include "consts/Consts.h"
-#include "evenAxis.h"
 #include "jcamp/JCAMPConsts.h"
 #include "jcamp/JCAMPUtils.h"
 #include "jcamp/TJCAMPBlock.h"
 #include "jcamp/TJCAMPParamNameIterator.h"
-#include "resampleMonotoneCubic.h"
 #include "utils/CommonUtils.h"
 #include "utils/TFileFormat.h"
 
@@ -272,12 +271,10 @@ bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectru
     }
     if (isUnevenAxis(x) || !isNearEvenGrid(x)) {
         keepFirstOfEqual(x, y);
-        const double step = smallestStep(x);
-        const double wanted = std::round((x.last() - x.first()) / step);
-        if (!grants(wanted))
+        const TFinestGrid grid = finestGrid(x);
+        if (!grants(grid.fCount))
             return false;
-        resampleMonotoneCubic(x, y, TEvenGrid{x.first(), step, int(wanted)}); // refuses where the grid is no finer
-        y.resize(int(wanted));
+        putOnGrid(x, grid.fStep, int(grid.fCount), &y);
     }
     if (runsDown)
         std::reverse(y.begin(), y.end());

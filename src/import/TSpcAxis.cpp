@@ -1,6 +1,7 @@
 #include "TSpcAxis.h"
 
 #include "TBinaryFile.h"
+#include "TEvenAxis.h"
 #include "TSpcHeader.h"
 #include "TSpcValues.h"
 
@@ -20,14 +21,6 @@ bool isStrictlyMonotonic(const QVector<double> &x)
             return false;
     }
     return true;
-}
-
-double smallestStep(const QVector<double> &x)
-{
-    double step = std::fabs(x[1] - x[0]);
-    for (int i = 2; i < x.size(); ++i)
-        step = std::min(step, std::fabs(x[i] - x[i - 1]));
-    return step;
 }
 
 QVector<double> xArray(const TBinaryFile &file, const TSpcValueFormat &format, int points)
