@@ -5,6 +5,8 @@
 #include "TYrexOmnicSpaParamsParser.h"
 #include "TYrexSPParamsParser.h"
 #include "TJCAMPYrexParamsParser.h"
+#include "TYrexOpusParamsParser.h"
+#include "TYrexSERSBTParamsParser.h"
 #include "params/TParamsParsers.h"
 #include "utils/TFileFormat.h"
 
@@ -21,6 +23,8 @@ TParamsParsers *gParsers = nullptr; // lives as long as the process
 TParamsParsers *makeParsers()
 {
     auto *parsers = new TParamsParsers;
+    parsers->insert(Common::Types::cFormatOPUS, new TYrexOpusParamsParser);
+    parsers->insert(Common::Types::cFormatSERSBT, new TYrexSERSBTParamsParser);
     parsers->insert(Common::Types::cFormatCSV, new TASCIIYrexParamsParser);
     parsers->insert(Common::Types::cFormatSPC, new TYrexGalacticSpcParamsParser);
     parsers->insert(Common::Types::cFormatOMNIC, new TYrexOmnicSpaParamsParser);

@@ -58,12 +58,15 @@ protected:
     void appendSpectrum(TYrexSpectrum *spectrum) { fSpectra.append(spectrum); }
     void setReadFlags(quint32 flags) { fReadFlags = flags; }
     void clearSpectra();
+    /// Gives a spectrum the file's name and evaluates its parameters; false for one that is to be left out. `datafile`
+    /// is the blob of the file.
+    bool finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName, const TParamsBlob &datafile);
+    /// Makes one item of spectra of the last read; those that it does not take are deleted.
+    void adopt(const TYrexSpectrumList &spectra, ICanvas *parent);
 
 private:
-    bool finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName, const TParamsBlob &datafile);
     std::unique_ptr<TYrexSpectrum> headerSpectrum(const QString &fileName);
     QVariantMap templateParameters(const QString &fileName, const QStringList &ids);
-    void adopt(const TYrexSpectrumList &spectra, ICanvas *parent);
 
     TYrexSpectrumList fSpectra;   // owned, but for fGiven
     QSet<TYrexSpectrum *> fGiven; // those of them that an item owns

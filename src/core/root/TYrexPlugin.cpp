@@ -10,6 +10,11 @@
 #include "TYrexPluginObjectFactory.h"
 #include "TYrexPluginWrapper.h"
 #include "TYrexSPConverter.h"
+#include "TYrexOpusConverter.h"
+#include "TYrexParamsParsers.h"
+#include "TYrexPluginObjectFactory.h"
+#include "TYrexPluginWrapper.h"
+#include "TYrexSERSBTConverter.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "consts/Consts.h"
@@ -84,6 +89,8 @@ void TYrexPlugin::registerConverters()
     fConverters.append(new TYrexGalacticSpcConverter(this));
     fConverters.append(new TYrexOmnicSpaConverter(this));
     fConverters.append(new TYrexSPConverter(this));
+    fConverters.append(new TYrexOpusConverter(this));
+    fConverters.append(new TYrexSERSBTConverter(this));
     fConverters.append(new TASCIIYrexConverter(this));
 }
 
