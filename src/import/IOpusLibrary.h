@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TOpusOrdinals.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QVector>

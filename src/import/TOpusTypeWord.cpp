@@ -112,6 +112,8 @@ QString TOpusTypeWord::name() const
 {
     if (isData() || (isDataStatus() && dataType() != 0))
         return dataName();
+    if (fWord == 0)
+        return QStringLiteral("Deleted");
     QString name = kind() == cNotParameters ? reportName(extension()) : kindName(kind());
     if (dataType() == cDirectory && extension() == cPlain)
         name = QStringLiteral("Directory");

@@ -112,6 +112,13 @@ bool TSersbtFile::parse(const QByteArray &text)
     return checkGrids();
 }
 
+bool TSersbtFile::isRepeated(int firstLine, int line)
+{
+    if (firstLine > 0)
+        fRepeatedLines.append(line);
+    return firstLine > 0;
+}
+
 /// Reads the line at the index, and leaves the index at the last line that belongs to it. The second block of a name is
 /// passed over.
 bool TSersbtFile::readHeaderLine(int *index)
@@ -123,12 +130,12 @@ bool TSersbtFile::readHeaderLine(int *index)
     for (TSersbtList *list : {&fSweep, &fGain, &fSourceOn}) {
         const char *listName = list == &fSweep ? cSweep : list == &fGain ? cGain : cSourceOn;
         if (name == listName)
-            return list->fLine > 0 || readList(tokens, list == &fSweep ? 2 : 1, index, list);
+            return isRepeated(list->fLine, *index + 1) || readList(tokens, list == &fSweep ? 2 : 1, index, list);
     }
     if (name == cLfa)
-        return fLfa.fLine > 0 || beginBlock(tokens, index, &fLfa, cLfaEnd);
+        return isRepeated(fLfa.fLine, *index + 1) || beginBlock(tokens, index, &fLfa, cLfaEnd);
     if (name == cNonLfa)
-        return fNonLfa.fLine > 0 || beginBlock(tokens, index, &fNonLfa, cNonLfaEnd);
+        return isRepeated(fNonLfa.fLine, *index + 1) || beginBlock(tokens, index, &fNonLfa, cNonLfaEnd);
     if (name != cLfaEnd && name != cNonLfaEnd)
         fParameters.insert(name, tokens.last());
     return true;

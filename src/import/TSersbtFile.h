@@ -53,10 +53,13 @@ public:
     const TSersbtList &sweep() const { return fSweep; }
     const TSersbtList &gain() const { return fGain; }
     const TSersbtList &sourceOn() const { return fSourceOn; }
+    /// First lines of blocks whose name stood before; only the first block of a name counts.
+    const QVector<int> &repeatedLines() const { return fRepeatedLines; }
 
 private:
     bool fail(int line, const QString &what);
     bool readHeaderLine(int *index);
+    bool isRepeated(int firstLine, int line);
     bool readList(const QList<QByteArray> &tokens, int lines, int *index, TSersbtList *list);
     bool readListLine(int *index, TSersbtList *list, QVector<int> *values);
     bool beginBlock(const QList<QByteArray> &tokens, int *index, TSersbtBlock *block, const QByteArray &endName);
@@ -74,4 +77,5 @@ private:
     TSersbtList fSweep;
     TSersbtList fGain;
     TSersbtList fSourceOn;
+    QVector<int> fRepeatedLines;
 };

@@ -3,12 +3,23 @@
 #include "TYrexSidecar.h"
 
 #include <QIODevice>
+#include <QRegularExpression>
+#include <QTextCodec>
 
 namespace {
 
 const QString cMarker = QStringLiteral("OPUS_METADATA");
 const QString cHistoryKey = QStringLiteral("HIST");
 const QString cMiscKey = QStringLiteral("MISCPAR");
+
+/// The codec of the texts, which the file names as the number of a code page; without one that of Western Europe.
+QTextCodec *codecOf(const QString &parameters)
+{
+    static const QRegularExpression cCodePage(QStringLiteral("[ |]CPG:(\\d{3,5})\\|"));
+    const QString page = cCodePage.match(parameters).captured(1);
+    QTextCodec *codec = page.isEmpty() ? nullptr : QTextCodec::codecForName("windows-" + page.toLatin1());
+    return codec ? codec : QTextCodec::codecForName("windows-1252");
+}
 
 } // namespace
 
@@ -45,11 +56,13 @@ void TYrexOpusParamsParser::loadSource(const QString &source, const QString &pat
         return;
     const std::unique_ptr<QIODevice> device = sourceDevice(source, path);
     const QMap<QString, QString> sections = TYrexSidecar::sections(device ? device->readAll() : QByteArray());
+    const QTextCodec *codec = codecOf(sections.value("Misc_params"));
+    const auto decoded = [codec](const QString &text) { return codec ? codec->toUnicode(text.toLatin1()) : text; };
     fTexts.clear();
     if (sections.contains("History"))
-        fTexts.insert(cHistoryKey, sections.value("History"));
+        fTexts.insert(cHistoryKey, decoded(sections.value("History")));
     if (sections.contains("Misc_params"))
-        fTexts.insert(cMiscKey, sections.value("Misc_params"));
+        fTexts.insert(cMiscKey, decoded(sections.value("Misc_params")));
 }
 
 void TYrexOpusParamsParser::reset()

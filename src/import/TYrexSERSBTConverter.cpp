@@ -109,6 +109,8 @@ TFileNode TYrexSERSBTConverter::inspect(const QString &fileName)
     addBlock(content.lfa(), cLfaTitle, &root);
     addBlock(content.nonLfa(), cNonLfaTitle, &root);
     addList(content.sourceOn(), &root);
+    for (const int line : content.repeatedLines().mid(0, TFileNode::cMaxShown))
+        root.addSkipped("block", QStringLiteral("a block of that name stood before")).fLine = line;
     if (isWhole)
         root.add("checks", "passed");
     else

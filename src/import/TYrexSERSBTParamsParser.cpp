@@ -9,6 +9,13 @@ namespace {
 const QString cMarker = QStringLiteral("SERSBT_METADATA");
 const QString cMiscKey = QStringLiteral("MISCPAR");
 
+/// The texts of a file as UTF-8, or byte by byte where they are none.
+QString decoded(const QString &text)
+{
+    const QString utf8 = QString::fromUtf8(text.toLatin1());
+    return utf8.contains(QChar(QChar::ReplacementCharacter)) ? text : utf8;
+}
+
 } // namespace
 
 TYrexSERSBTParamsParser::TYrexSERSBTParamsParser()
@@ -41,7 +48,7 @@ void TYrexSERSBTParamsParser::loadSource(const QString &source, const QString &p
         return;
     const std::unique_ptr<QIODevice> device = sourceDevice(source, path);
     const QMap<QString, QString> sections = TYrexSidecar::sections(device ? device->readAll() : QByteArray());
-    fMiscParameters = sections.value("Misc_params");
+    fMiscParameters = decoded(sections.value("Misc_params"));
 }
 
 void TYrexSERSBTParamsParser::reset()

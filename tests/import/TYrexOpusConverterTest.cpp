@@ -39,7 +39,7 @@ OpusBuilder usualFile()
 {
     OpusBuilder builder;
     builder.addSpectrum(0x0407, {1, 2, 3, 4}, 4000.0, 1000.0, B::wavenumbers("2019/05/03"));
-    builder.add(0xA0, B::text("SNM", "soil\nno. 5") + B::number("CNT", 7) + B::number("DBL", 0.1) +
+    builder.add(0xA0, B::text("SNM", "soil\nno.\x80 5") + B::number("CNT", 7) + B::number("DBL", 0.1) +
                           B::text("a-b", "no name") + B::end() + B::text("ZZZ", "stale"));
     builder.addSpectrum(cAb, {0.5f, 0.25f, 0.125f}, 4000.0, 1000.0, B::number("CSF", 2.0) + B::wavenumbers());
     builder.addSpectrum(0x0807, {9, 9}, 0.0, 1.0, B::text("DXU", "PNT", 3));
@@ -104,7 +104,7 @@ TEST_F(OpusConverter, KeepsHistoryAndParametersInTheSidecar)
     const QString path = file(usualFile().file());
     ASSERT_EQ(fConverter.convert(path, nullptr), 0);
     EXPECT_EQ(param(spectrum(), TSpectrumParam::cHistory), "first step|second|");
-    EXPECT_EQ(param(spectrum(), TSpectrumParam::cInstrument), "[[[Sample]]] SNM:soil no. 5|CNT:7|DBL:0.1| ");
+    EXPECT_EQ(param(spectrum(), TSpectrumParam::cInstrument), "[[[Sample]]] SNM:soil no.\u20AC 5|CNT:7|DBL:0.1| ");
     EXPECT_EQ(param(spectrum(), TSpectrumParam::cTitle), "ScSm");
     const QVariantMap values = fConverter.metaData(path, {"1022", "502", "1008", "OPUS_METADATA(HIST)"});
     EXPECT_EQ(values.value("1022").toString(), "first step|second|");
@@ -249,7 +249,7 @@ TEST_F(OpusConverter, TellsWhatEachBlockIs)
     TBytes bytes = usualFile().file();
     const QString told = fConverter.inspect(file(bytes)).text();
     for (const char *text : {"the spectrum \"AbRa\", with the block at offset", "not a kind of spectrum that is shown",
-                             "0x00000807, interferogram, sample, amplitude", "soil no. 5", "0x40680000", "NPT"})
+                             "0x00000807, interferogram, sample, amplitude", "SNM", "0x40680000", "NPT"})
         EXPECT_TRUE(told.contains(text)) << text << "\n" << told.toStdString();
     EXPECT_TRUE(fConverter.inspect(fileOf("xy", "b.0")).isEmpty());
 }

@@ -92,9 +92,9 @@ TEST_F(SersbtConverter, MakesAnItemOfEachSeries)
 
 TEST_F(SersbtConverter, KeepsParameters)
 {
-    const QString path = fileOf(cHead + "Laser = 785 nm\nalone\nLaser: 1064\n" + cNonLfa, "a.meas");
+    const QString path = fileOf(cHead + "Laser = 785 nm\nalone\nLaser: 1064\xC2\xB5\n" + cNonLfa, "a.meas");
     ASSERT_EQ(fConverter.convert(path, nullptr), 0);
-    const QString all = "Date: 2024-05-06| FileVersion: 2.0| Laser: 1064| RamanShiftUnits: cm-1| ";
+    const QString all = "Date: 2024-05-06| FileVersion: 2.0| Laser: 1064\u00B5| RamanShiftUnits: cm-1| ";
     EXPECT_EQ(param(spectrum(), TSpectrumParam::cInstrument), all);
     EXPECT_EQ(fConverter.metaData(path, {"SERSBT_METADATA(MISCPAR)"}).value("SERSBT_METADATA(MISCPAR)"), all);
 }
@@ -150,9 +150,9 @@ TEST_F(SersbtConverter, ChecksWhatBlocksAnnounce)
 TEST_F(SersbtConverter, TellsWhatItSees)
 {
     const QString told =
-        fConverter.inspect(fileOf(cHead + cSweep + cLfa + "BeginNonLFASourceOn 1 2\n1 0\n", "a.meas")).text();
+        fConverter.inspect(fileOf(cHead + cSweep + cLfa + cLfa + "BeginNonLFASourceOn 1 2\n1 0\n", "a.meas")).text();
     for (const char *text : {"line 4", "BeginLFASweepPos", "3 points, 2 x 1 spectra", "100 to 300", "x unit 3",
-                             "as for \"BeginNonLFASourceOn\", found none"})
+                             "stood before", "as for \"BeginNonLFASourceOn\", found none"})
         EXPECT_TRUE(told.contains(text)) << text << "\n" << told.toStdString();
     EXPECT_TRUE(fConverter.inspect(fileOf("other", "a.meas")).isEmpty());
 }
