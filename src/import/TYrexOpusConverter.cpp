@@ -29,6 +29,12 @@ bool isReadable(const QString &fileName, QString *why)
     return why->isEmpty();
 }
 
+QString nothingFound(const TOpusReader &reader)
+{
+    return QStringLiteral("expected a spectrum or a series of spectra, found none in %1 blocks")
+        .arg(reader.blockCount());
+}
+
 std::unique_ptr<TYrexSpectrum> newSpectrum(const TOpusItem &item, const TParamsBundle &bundle)
 {
     std::unique_ptr<TYrexSpectrum> spectrum(new TYrexSpectrum);
@@ -79,8 +85,7 @@ QString TYrexOpusConverter::refusal(const QString &fileName)
         return QString();
     if (!reader.problem().isEmpty())
         return reader.problem();
-    return QStringLiteral("expected a spectrum or a series of spectra, found none in %1 blocks")
-        .arg(reader.blockCount());
+    return nothingFound(reader);
 }
 
 TFileNode TYrexOpusConverter::inspect(const QString &fileName)
@@ -119,8 +124,12 @@ int TYrexOpusConverter::readFile(const QString &fileName)
     sidecar.addTo(bundle, cMarker);
 
     const qint64 fileSize = QFileInfo(fileName).size();
-    return reader.spectra().isEmpty() ? readSeries(&reader, traceBlocks, bundle, fileSize)
-                                      : readSpectra(&reader, bundle, fileSize);
+    const int code = reader.spectra().isEmpty() ? readSeries(&reader, traceBlocks, bundle, fileSize)
+                                                : readSpectra(&reader, bundle, fileSize);
+    if (code != cConverterOk || !spectra().isEmpty())
+        return code;
+    setProblem(reader.problem().isEmpty() ? nothingFound(reader) : reader.problem());
+    return cConverterContentUnusable;
 }
 
 bool TYrexOpusConverter::isAllowed(double points, double spectra, qint64 fileSize)

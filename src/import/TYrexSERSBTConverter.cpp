@@ -149,6 +149,12 @@ int TYrexSERSBTConverter::readFile(const QString &fileName)
         return cConverterContentUnusable;
     }
 
+    if (content.lfa().fY.isEmpty() && content.nonLfa().fY.isEmpty()) {
+        setProblem(
+            QStringLiteral("expected a block \"BeginLFASpectralData\" or \"BeginNonLFASpectralData\", found neither"));
+        return cConverterContentUnusable;
+    }
+
     TYrexSidecar sidecar(fileName);
     sidecar.writeSection("Misc_params", sidecarText(content.parameters()), TYrexSidecar::cComment);
     TParamsBundle bundle; // one for all, so that they share its bytes

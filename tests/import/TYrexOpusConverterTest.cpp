@@ -222,6 +222,8 @@ TEST_F(OpusConverter, RefusesInWords)
     OpusBuilder interferogram;
     interferogram.addSpectrum(0x0807, {1, 2}, 0.0, 1.0);
     EXPECT_EQ(refusal(interferogram.file()), "expected a spectrum or a series of spectra, found none in 2 blocks");
+    EXPECT_EQ(read(interferogram), 52);
+    EXPECT_EQ(fConverter.problem(), refusal(interferogram.file()));
     EXPECT_EQ(read(TBytes().addText("PEPE 2D")), 51);
     EXPECT_EQ(fConverter.problem(), "expected 0A 0A FE FE at offset 0, found 50 45 50 45");
     EXPECT_TRUE(fConverter.acceptsFilter("", true));

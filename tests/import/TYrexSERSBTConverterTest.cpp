@@ -127,6 +127,7 @@ TEST_F(SersbtConverter, RefusesInWords)
     EXPECT_TRUE(fConverter.exportFilterList().isEmpty());
     EXPECT_EQ(fConverter.convert(fFolder.filePath("none.meas"), nullptr), 51);
     EXPECT_EQ(problemOf(""), "the file is empty");
+    EXPECT_TRUE(problemOf(cHead).endsWith("found neither"));
 }
 
 TEST_F(SersbtConverter, ChecksWhatBlocksAnnounce)
