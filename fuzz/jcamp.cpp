@@ -35,7 +35,7 @@ public:
     QVector<QPair<double, double>> visibleRanges() const override { return {}; }
     int exportSpectrumCount() const override { return fSpectra.size(); }
     void exportSeries(int, QVector<double> *, QVector<double> *) const override {}
-    TYrexSpectrum *exportSpectrum(int index) const override { return fSpectra.value(index); }
+    TYrexSpectrum *exportRecord(int index) const override { return fSpectra.value(index); }
 
     TYrexSpectrumList fSpectra;
 };

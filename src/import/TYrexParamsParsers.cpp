@@ -23,13 +23,13 @@ TParamsParsers *gParsers = nullptr; // lives as long as the process
 TParamsParsers *makeParsers()
 {
     auto *parsers = new TParamsParsers;
+    parsers->insert(Common::Types::cFormatCSV, new TASCIIYrexParamsParser);
+    parsers->insert(Common::Types::cFormatJCAMP, new TJCAMPYrexParamsParser);
+    parsers->insert(Common::Types::cFormatOMNIC, new TYrexOmnicSpaParamsParser);
     parsers->insert(Common::Types::cFormatOPUS, new TYrexOpusParamsParser);
     parsers->insert(Common::Types::cFormatSERSBT, new TYrexSERSBTParamsParser);
-    parsers->insert(Common::Types::cFormatCSV, new TASCIIYrexParamsParser);
-    parsers->insert(Common::Types::cFormatSPC, new TYrexGalacticSpcParamsParser);
-    parsers->insert(Common::Types::cFormatOMNIC, new TYrexOmnicSpaParamsParser);
     parsers->insert(Common::Types::cFormatSP, new TYrexSPParamsParser);
-    parsers->insert(Common::Types::cFormatJCAMP, new TJCAMPYrexParamsParser);
+    parsers->insert(Common::Types::cFormatSPC, new TYrexGalacticSpcParamsParser);
     return parsers;
 }
 

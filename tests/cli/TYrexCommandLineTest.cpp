@@ -169,9 +169,11 @@ TEST_F(TYrexCommandLineTest, inspectTellsOfGoodAndBadFiles)
     writeBand("good.csv", 450.0);
     write("bad.csv", "a title\n1.0 2.0\n3.0 2.0\n2.0 2.0\n");
     write("rubbish.bin", QByteArray(1, '\x07'));
-    EXPECT_EQ(run({"inspect", "good.csv", "bad.csv", "rubbish.bin", "none.csv"}), 1);
+    write("short.spa", "Spectral Data File\n\x01");
+    EXPECT_EQ(run({"inspect", "good.csv", "bad.csv", "rubbish.bin", "short.spa", "none.csv"}), 1);
     const QStringList parts = QString::fromUtf8(fOut).split("\n\n", Qt::SkipEmptyParts);
-    ASSERT_EQ(parts.size(), 3);
+    ASSERT_EQ(parts.size(), 4);
+    EXPECT_TRUE(parts.at(3).startsWith("short.spa: no format takes this file; omnic: expected ")) << fOut.toStdString();
     EXPECT_TRUE(parts.at(0).startsWith("good.csv: opens as CSV, items: 1, spectra: 1\n"));
     EXPECT_TRUE(parts.at(0).contains("csv  ") && parts.at(0).contains("takes the file"));
     EXPECT_TRUE(parts.at(0).contains("400 .. 518"));

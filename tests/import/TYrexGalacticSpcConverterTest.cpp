@@ -67,9 +67,9 @@ public:
     QVector<QPair<double, double>> visibleRanges() const override { return {}; }
     int exportSpectrumCount() const override { return 1; }
     void exportSeries(int, QVector<double> *, QVector<double> *) const override {}
-    const TYrexSpectrum *exportRecord(int) const override { return fSpectrum; }
+    TYrexSpectrum *exportRecord(int) const override { return fSpectrum; }
 
-    const TYrexSpectrum *fSpectrum = nullptr;
+    TYrexSpectrum *fSpectrum = nullptr;
 };
 
 } // namespace

@@ -37,6 +37,7 @@ public:
         fItems.emplace_back(new TItem(spectra));
         return fItems.back().get();
     }
+    void addSpectra(ICanvasItem *, const TYrexSpectrumList &) override { ADD_FAILURE(); }
     std::vector<std::unique_ptr<TItem>> fItems;
 };
 

@@ -79,7 +79,7 @@ QString TImportDriver::refusals(const QString &fileName) const
     const QRegularExpression pattern("\\*\\." + QRegularExpression::escape(QFileInfo(fileName).suffix()) + "[ )]",
                                      QRegularExpression::CaseInsensitiveOption);
     for (IConverter *converter : fConverters) {
-        if (converter->importFilterList().indexOf(pattern) < 0)
+        if (converter->importFilterList().filter(pattern).isEmpty())
             continue;
         const QString why = converter->refusal(fileName);
         if (!why.isEmpty())
