@@ -8,33 +8,33 @@ namespace {
 
 struct TDataTypeRow
 {
-    int fNumber;
     const char *fLetters; // no pair is part of another name
     const char *fMeaning;
+    int fNumber;
     bool fSpectrum;
 };
 
 constexpr TDataTypeRow cDataTypes[] = {
-    {1, "Sc", "single-channel spectrum", true},
-    {2, "Ig", "interferogram", false},
-    {3, "Ph", "phase", false},
-    {4, "Ab", "absorbance", true},
-    {5, "Tr", "transmittance", true},
-    {6, "Km", "Kubelka-Munk", true},
-    {7, "Tc", "trace", false},
-    {8, "Gi", "GC series of interferograms", false},
-    {9, "Gs", "GC series of spectra", false},
-    {10, "Rm", "Raman", true},
-    {11, "Em", "emission", true},
-    {12, "Re", "reflectance", true},
-    {13, "Di", "directory", false},
-    {14, "Pw", "power", false},
-    {15, "Lr", "log reflectance", true},
-    {16, "At", "ATR", true},
-    {17, "Pa", "photoacoustic", true},
-    {18, "Ax", "arithmetic result, transmittance-like", true},
-    {19, "Ay", "arithmetic result, absorbance-like", true},
-    {22, "Mt", "match", false},
+    {"Sc", "single-channel spectrum", 1, true},
+    {"Ig", "interferogram", 2, false},
+    {"Ph", "phase", 3, false},
+    {"Ab", "absorbance", 4, true},
+    {"Tr", "transmittance", 5, true},
+    {"Km", "Kubelka-Munk", 6, true},
+    {"Tc", "trace", 7, false},
+    {"Gi", "GC series of interferograms", 8, false},
+    {"Gs", "GC series of spectra", 9, false},
+    {"Rm", "Raman", 10, true},
+    {"Em", "emission", 11, true},
+    {"Re", "reflectance", 12, true},
+    {"Di", "directory", 13, false},
+    {"Pw", "power", 14, false},
+    {"Lr", "log reflectance", 15, true},
+    {"At", "ATR", 16, true},
+    {"Pa", "photoacoustic", 17, true},
+    {"Ax", "arithmetic result, transmittance-like", 18, true},
+    {"Ay", "arithmetic result, absorbance-like", 19, true},
+    {"Mt", "match", 22, false},
 };
 
 const TDataTypeRow *dataTypeRow(int number)

@@ -126,7 +126,7 @@ bool TSersbtFile::readHeaderLine(int *index)
     const QList<QByteArray> tokens = split(fLines.at(*index), isSeparator);
     if (tokens.size() < 2)
         return true;
-    const QByteArray name = tokens.first();
+    const QByteArray &name = tokens.first();
     for (TSersbtList *list : {&fSweep, &fGain, &fSourceOn}) {
         const char *listName = list == &fSweep ? cSweep : list == &fGain ? cGain : cSourceOn;
         if (name == listName)
