@@ -13,15 +13,13 @@ struct TForm
     TCliTarget::TKind fKind;
     const char *fName;
     bool fIsText;
-    bool fIsAvailable;
 };
 
 // the first of a kind is what a folder gets when nothing else is said
 const TForm cForms[] = {
-    {TCliTarget::cData, "csv", true, true},     {TCliTarget::cData, "json", true, true},
-    {TCliTarget::cData, "klm", false, true},    {TCliTarget::cData, "jdx", true, true},
-    {TCliTarget::cData, "dx", true, true},      {TCliTarget::cPicture, "png", false, true},
-    {TCliTarget::cPicture, "svg", false, true}, {TCliTarget::cPicture, "pdf", false, true},
+    {TCliTarget::cData, "csv", true},     {TCliTarget::cData, "json", true},    {TCliTarget::cData, "klm", false},
+    {TCliTarget::cData, "jdx", true},     {TCliTarget::cData, "dx", true},      {TCliTarget::cPicture, "png", false},
+    {TCliTarget::cPicture, "svg", false}, {TCliTarget::cPicture, "pdf", false},
 };
 
 const TForm *formOf(TCliTarget::TKind kind, const QString &name)
@@ -55,7 +53,7 @@ QString TCliTarget::formNames(TKind kind)
 {
     QStringList names;
     for (const TForm &form : cForms) {
-        if (form.fKind == kind && form.fIsAvailable)
+        if (form.fKind == kind)
             names.append(form.fName);
     }
     return names.join(", ");
@@ -77,8 +75,6 @@ bool TCliTarget::chooseForm(const QString &name, const QString &where, QString &
     const TForm *form = formOf(fKind, name.toLower());
     if (!form)
         error = QString("%1: unknown form %2; known are %3").arg(where, name, formNames(fKind));
-    else if (!form->fIsAvailable)
-        error = QString("%1: the form %2 is not available in this version").arg(where, name);
     else if (fStandardOutput && !form->fIsText)
         error = QString("%1: %2 is no text and does not go to standard output").arg(where, form->fName);
     else
