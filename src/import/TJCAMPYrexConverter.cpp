@@ -12,6 +12,7 @@
 #include "jcamp/JCAMPUtils.h"
 #include "jcamp/TJCAMPBlock.h"
 #include "jcamp/TJCAMPParamNameIterator.h"
+#include "log/TLogger.h"
 #include "utils/CommonUtils.h"
 #include "utils/TFileFormat.h"
 
@@ -245,7 +246,8 @@ bool TJCAMPYrexConverter::readValues(TJCAMPYrexInterpreter &dataset, TYrexSpectr
     return true;
 }
 
-/// Points with an x of their own. An uneven axis is put onto the grid of its smallest step, in its own direction.
+/// Points with an x of their own. An uneven axis is put onto the grid of its smallest step, in its own direction; one
+/// that only wanders about an even axis counts as even, as in text tables, and the log says so.
 bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum, QVector<double> &y)
 {
     if (!grants(y.size()))
@@ -269,7 +271,13 @@ bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectru
                                      .arg(*(disorder + 1))));
         return false;
     }
-    if (isUnevenAxis(x) || !isNearEvenGrid(x)) {
+    if (!isUnevenAxis(x)) {
+        if (!isNearEvenGrid(x))
+            TLogger::printToLogger("YREX", lineText(*block()) +
+                                               QStringLiteral("the X of %1 pairs lie beside an even axis and are taken "
+                                                              "as even")
+                                                   .arg(count));
+    } else {
         keepFirstOfEqual(x, y);
         const TFinestGrid grid = finestGrid(x);
         if (!grants(grid.fCount))
