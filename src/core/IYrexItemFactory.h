@@ -12,8 +12,9 @@ public:
     virtual ~IYrexItemFactory() = default;
     /// A new item that owns the spectra, meant for the page `parent`, which may be null; the caller owns the item.
     virtual ICanvasItem *createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *parent) = 0;
-    /// Hands more spectra over to an item of its making, which shows them as a stack from then on.
-    virtual void addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra) = 0;
+    /// Hands more spectra over to an item of its making, which shows them as a stack from then on. A factory whose
+    /// items take no more deletes them.
+    virtual void addSpectra(ICanvasItem *, const TYrexSpectrumList &spectra) { qDeleteAll(spectra); }
 
     /// The factory of this process, or null where there is no canvas, as in a plain driver.
     static IYrexItemFactory *current();
