@@ -5,6 +5,7 @@
 #include "TYrexUnits.h"
 #include "jcamp/JCAMPConsts.h"
 
+#include <QFileInfo>
 #include <algorithm>
 
 using namespace Consts::JCAMP;
@@ -117,6 +118,8 @@ TJCAMPExportData jcampExportData(const TYrexSpectrum &spectrum, const char *data
     const char *type = dataTypeFor(dataType, xUnit);
     TJCAMPExportData data;
     data.fTitle = spectrum.title();
+    if (data.fTitle.isEmpty()) // a block without a title is none
+        data.fTitle = QFileInfo(spectrum.paramsBundle().fileName()).completeBaseName();
     data.fOrigin = spectrum.paramText(cOriginId, cDimension);
     data.fOwner = spectrum.paramText(cOwnerId, cDimension);
     data.fDataSystem = spectrum.paramText(cInstrumentId, cDimension);
