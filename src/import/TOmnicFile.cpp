@@ -155,23 +155,24 @@ TOmnicAxis TOmnicFile::rangeAt(qint64 offset) const
 /// For groups in which experiment information follows the first data block, or nothing at all, so that the place of
 /// the axis holds other bytes, and for single spectra whose directory covers that place: the description block of the
 /// first spectrum tells the range, too.
-TOmnicAxis TOmnicFile::describedAxisIfSenseless(const TOmnicAxis &rule) const
+TOmnicAxis TOmnicFile::describedAxisIfSenseless(const TOmnicAxis &usual) const
 {
-    if (rule.fProblem.isEmpty() && isXRange(rule.fFirst, rule.fLast))
-        return rule;
+    if (usual.fProblem.isEmpty() && isXRange(usual.fFirst, usual.fLast))
+        return usual;
     for (const TOmnicEntry &entry : fEntries) {
         if (entry.fType != cDescription || entry.fOffset == 0)
             continue;
         TOmnicAxis described = rangeAt(entry.fOffset + cDescribedAxisAt);
         described.fFromDescription = true;
-        return described.fProblem.isEmpty() ? described : rule;
+        return described.fProblem.isEmpty() ? described : usual;
     }
-    return rule;
+    return usual;
 }
 
 TOmnicAxis TOmnicFile::singleAxis() const
 {
-    return describedAxisIfSenseless(rangeAt(cAxisAt));
+    const TOmnicAxis usual = rangeAt(cAxisAt);
+    return hasFixedDescription() ? usual : describedAxisIfSenseless(usual);
 }
 
 TOmnicAxis TOmnicFile::groupAxis(const TOmnicEntry &data) const

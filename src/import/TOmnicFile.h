@@ -99,7 +99,7 @@ private:
     static constexpr int cSmallDirectory = 16;
 
     TOmnicAxis rangeAt(qint64 offset) const;
-    TOmnicAxis describedAxisIfSenseless(const TOmnicAxis &rule) const;
+    TOmnicAxis describedAxisIfSenseless(const TOmnicAxis &usual) const;
     QByteArray blockText(const TOmnicEntry &entry) const;
 
     TBinaryFile fBytes;

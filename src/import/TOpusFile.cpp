@@ -269,7 +269,10 @@ bool TOpusFile::matchesLimits(int data, const TOpusStatus &status) const
         return false;
     fCompareBudget -= bytes;
     QVector<double> y(status.fPointCount);
-    readValues(status, fBlocks.at(data).fOffset, y.size(), status.fScale, y.data());
+    const TOpusBlock &block = fBlocks.at(data);
+    const bool isCompact = block.fType.extension() == TOpusTypeWord::cCompact; // the values end the block
+    readValues(status, isCompact ? block.fOffset + block.fSize - bytes : block.fOffset, y.size(), status.fScale,
+               y.data());
     const auto limits = std::minmax_element(y.constBegin(), y.constEnd());
     const double allowed = cSameLimit * qMax(std::fabs(status.fMinY), std::fabs(status.fMaxY));
     return std::fabs(*limits.first - status.fMinY) <= allowed && std::fabs(*limits.second - status.fMaxY) <= allowed;

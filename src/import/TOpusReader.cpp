@@ -1,13 +1,12 @@
 #include "TOpusReader.h"
 
+#include "TYrexSidecar.h"
 #include "TYrexUnits.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-constexpr int cSidecarReadLimit = 0x20000; // bytes of a sidecar that are looked at
 
 struct TUnitPrefix
 {
@@ -252,7 +251,7 @@ QByteArray TOpusReader::otherParameters()
         for (const TParameter &one : keptParameters(block))
             text += one.fName + ':' + one.fValue + '|';
         text += ' ';
-        if (text.size() > cSidecarReadLimit)
+        if (text.size() > TYrexSidecar::cReadLimit)
             break;
     }
     return text;

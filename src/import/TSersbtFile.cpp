@@ -150,6 +150,8 @@ bool TSersbtFile::readList(const QList<QByteArray> &tokens, int lines, int *inde
     list->fLine = *index + 1;
     list->fGridFirst = tokens.at(1).toInt();
     list->fGridSecond = tokens.at(2).toInt();
+    if (list->fGridFirst <= 0 || list->fGridSecond <= 0)
+        return fail(list->fLine, QStringLiteral("expected counts above 0 for %1").arg(quoted(list->fName)));
     return readListLine(index, list, &list->fFirst) && (lines < 2 || readListLine(index, list, &list->fSecond));
 }
 
@@ -163,8 +165,12 @@ bool TSersbtFile::readListLine(int *index, TSersbtList *list, QVector<int> *valu
                                     .arg(announced)
                                     .arg(quoted(list->fName))
                                     .arg(tokens.size()));
-    for (const QByteArray &token : tokens)
-        values->append(token.toInt());
+    for (const QByteArray &token : tokens) {
+        bool isInteger = false;
+        values->append(token.toInt(&isInteger));
+        if (!isInteger)
+            return fail(*index + 1, QStringLiteral("expected an integer, found %1").arg(quoted(token)));
+    }
     return true;
 }
 
@@ -202,7 +208,7 @@ bool TSersbtFile::readRows(int first, int end, TSersbtBlock *block)
             return false;
         last = i;
     }
-    if (block->fRowCount != block->fPointCount)
+    if (block->fRowCount < block->fPointCount)
         return fail(last + 1, QStringLiteral("expected %1 rows of %2, found %3")
                                   .arg(block->fPointCount)
                                   .arg(quoted(block->fName))
@@ -233,7 +239,8 @@ bool TSersbtFile::readRow(int index, TSersbtBlock *block)
     return true;
 }
 
-/// Brings the rows into ascending order of x; of rows with the same x the last counts.
+/// Brings the rows into ascending order of x; of rows with the same x the last counts, and of more rows than announced
+/// those of the lowest x.
 void TSersbtFile::sortRows(TSersbtBlock *block) const
 {
     const QVector<double> x = block->fX;
@@ -245,6 +252,8 @@ void TSersbtFile::sortRows(TSersbtBlock *block) const
         if (i + 1 == order.size() || x.at(order.at(i)) < x.at(order.at(i + 1)))
             kept.append(order.at(i));
     }
+    if (kept.size() > block->fPointCount)
+        kept.resize(block->fPointCount);
     const auto pick = [&kept](QVector<double> *values) {
         QVector<double> picked;
         picked.reserve(kept.size());

@@ -55,6 +55,24 @@ const char *keyOf(const TKeyOf (&keys)[n], int number)
     return nullptr;
 }
 
+/// Bytes that the content of a block of that type takes at least.
+qint64 leastContent(int type)
+{
+    switch (type) {
+    case TSpFile::cTypePair:
+        return 2 * qint64(sizeof(double));
+    case TSpFile::cTypeValue:
+        return qint64(sizeof(double));
+    case TSpFile::cTypeCount:
+    case TSpFile::cTypeData:
+        return qint64(sizeof(qint32));
+    case TSpFile::cTypeString:
+        return qint64(sizeof(quint16));
+    default:
+        return 0;
+    }
+}
+
 /// Drops the ends that lie at or before a position.
 void dropEnds(QVector<qint64> *ends, qint64 upTo)
 {
@@ -159,9 +177,10 @@ QVector<TSpMember> TSpFile::members(const TSpWalk &walk) const
     return members;
 }
 
-QByteArray TSpFile::countedText(qint64 offset) const
+QByteArray TSpFile::countedText(qint64 offset, qint64 end) const
 {
-    QByteArray text = fBytes.bytes(offset + qint64(sizeof(quint16)), fBytes.u16(offset));
+    const qint64 begin = offset + qint64(sizeof(quint16));
+    QByteArray text = fBytes.bytes(begin, qMin<qint64>(fBytes.u16(offset), end - begin));
     while (text.endsWith('\0'))
         text.chop(1);
     return text;
@@ -171,6 +190,9 @@ void TSpFile::takeBlock(const TSpBlock &block, TSpContents *contents) const
 {
     const int type = fBytes.u16(block.payload());
     const qint64 at = block.payload() + cTypeSize;
+    const qint64 room = block.fSize - cTypeSize; // of the block's own; what lies behind is another block's
+    if (room < leastContent(type))
+        return;
     if (block.fId == cXRange && type == cTypePair) {
         contents->fAxisAt = at;
         contents->fFirstX = fBytes.f64(at);
@@ -185,7 +207,7 @@ void TSpFile::takeBlock(const TSpBlock &block, TSpContents *contents) const
         contents->fDataAt = at + qint64(sizeof(qint32)); // the values stand directly behind their byte count
         contents->fTexts["data_size"] = QByteArray::number(contents->fDataBytes);
     } else if (textKey(block.fId) && type == cTypeString) {
-        contents->fTexts[textKey(block.fId)] = countedText(at);
+        contents->fTexts[textKey(block.fId)] = countedText(at, block.end());
     }
 }
 

@@ -100,8 +100,8 @@ public:
     TSpContents contents(qint64 flatStart) const;
     /// Why the values that the blocks announce cannot be read; empty when they can.
     QString dataProblem(const TSpContents &contents) const;
-    /// A text with its length in front; as much of it as the file holds.
-    QByteArray countedText(qint64 offset) const;
+    /// A text with its length in front; as much of it as stands before `end` and in the file.
+    QByteArray countedText(qint64 offset, qint64 end) const;
 
     /// The key of a position of the name values; null for positions without one.
     static const char *memberKey(int position);

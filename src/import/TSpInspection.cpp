@@ -121,7 +121,7 @@ private:
         row->fName += QStringLiteral(", type %1").arg(type);
         switch (type) {
         case TSpFile::cTypeString:
-            row->fValue = QString::fromLatin1(fFile.countedText(at));
+            row->fValue = QString::fromLatin1(fFile.countedText(at, block.end()));
             break;
         case TSpFile::cTypePair:
             row->fValue = QStringLiteral("%1, %2").arg(number(bytes.f64(at)), number(bytes.f64(at + 8)));
@@ -154,7 +154,7 @@ private:
     {
         if (block.fStart < fFlatStart || type != TSpFile::cTypeString)
             return;
-        const QByteArray label = fFile.countedText(block.payload() + TSpFile::cTypeSize);
+        const QByteArray label = fFile.countedText(block.payload() + TSpFile::cTypeSize, block.end());
         if (block.fId == TSpFile::cXUnits)
             row->fNote = QStringLiteral("unit ") + yrexUnitDisplayName(TSpFile::xUnit(label));
         else if (block.fId == TSpFile::cYUnits)

@@ -68,7 +68,7 @@ TSpcAxis TSpcAxis::read(const TBinaryFile &file, const TSpcHeader &header, int p
     if (!file.has(TSpcHeader::cNewSize, qint64(points) * format.width()))
         return axis;
     QVector<double> x = xArray(file, format, points);
-    axis.fReading = cByRule;
+    axis.fReading = cByExponent;
     if (axis.take(&x, header))
         return axis;
     x = xArrayAsFloats(file, points);

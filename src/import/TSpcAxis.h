@@ -15,10 +15,10 @@ class TSpcAxis
 {
 public:
     enum TReading {
-        cNoArray,  // the file has an even axis
-        cByRule,   // stored like 32-bit Y values
-        cAsFloats, // stored as floats, whatever the exponent says
-        cUnusable  // neither makes sense, or the file ends before; the spectra stay on the even axis of the header
+        cNoArray,    // the file has an even axis
+        cByExponent, // stored like 32-bit Y values
+        cAsFloats,   // stored as floats, whatever the exponent says
+        cUnusable    // neither makes sense, or the file ends before; the spectra stay on the even axis of the header
     };
 
     /// The even axis of a header without X array.

@@ -140,8 +140,8 @@ void addXArray(const TBinaryFile &file, const TSpcHeader &header, const TSpcLayo
             "axis of the header is taken");
         return;
     }
-    node.fNote = axis.reading() == TSpcAxis::cByRule ? QStringLiteral("stored by the exponent")
-                                                     : QStringLiteral("stored as floats in spite of the exponent");
+    node.fNote = axis.reading() == TSpcAxis::cByExponent ? QStringLiteral("stored by the exponent")
+                                                         : QStringLiteral("stored as floats in spite of the exponent");
     if (axis.pointCount(layout.points()) == layout.points())
         node.fNote += QStringLiteral("; even already");
     else

@@ -26,7 +26,9 @@ TSpcLayout TSpcLayout::read(const TBinaryFile &file, const TSpcHeader &header)
     layout.fOwnX = layout.fSubfiles == 1 && (header.fFlags & cSpcOwnX);
     if (layout.fOwnX) {
         const TSpcSubheader own = TSpcSubheader::read(file, layout.fFirst);
-        layout.fFormat.fExponent = own.fExponent;
+        // writers leave the byte 0 in the subheaders of float files
+        if (layout.fFormat.fExponent != TSpcHeader::cFloatExponent || own.fExponent != 0)
+            layout.fFormat.fExponent = own.fExponent;
         if (own.fPoints != 0)
             layout.fPoints = own.fPoints;
     }
@@ -35,7 +37,7 @@ TSpcLayout TSpcLayout::read(const TBinaryFile &file, const TSpcHeader &header)
 
 QString TSpcLayout::pointsProblem() const
 {
-    if (fPoints >= 1.0 && fPoints <= TSpcHeader::cMaxPoints)
+    if (fPoints >= 0.0 && fPoints <= TSpcHeader::cMaxPoints)
         return QString();
     const qint64 offset = fOwnX ? fFirst + SpcOffset::cSubheaderPoints : SpcOffset::cPoints;
     return QStringLiteral("expected the number of points at offset %1, found %2").arg(offset).arg(fPoints);

@@ -17,6 +17,7 @@ const QString cTemplateSubSource = QStringLiteral("subheader");
 
 constexpr int cFirstDimension = 0;
 constexpr int cSecondDimension = 1;
+constexpr int cLabelDimension = 2;
 constexpr int cAllDimensions = -1;
 
 struct TEntry
@@ -33,8 +34,9 @@ constexpr TEntry cHeaderEntries[] = {
     {TSpectrumParam::cYUnits, "=Str.firstNotEmptyString(spchdr(byte;29),ospchdr(byte;17))"},
     {TSpectrumParam::cOrigYUnits, "=Str.firstNotEmptyString(spchdr(byte;29),ospchdr(byte;17))"},
     {2041, "=Str.firstNotEmptyString(spchdr(string;36;9))"},
-    {2042, "=Str.firstNotEmptyString(spchdr(string;45;9))"},
-    {TSpectrumParam::cDate, "=galacticDate(spchdr(int32;32),ospchdr(int16;18),ospchdr(int32;20))"}};
+    {2042, "=Str.firstNotEmptyString(spchdr(string;45;9))"}};
+
+constexpr char cDateExpression[] = "=galacticDate(spchdr(int32;32),ospchdr(int16;18),ospchdr(int32;20))";
 
 constexpr char cPointsExpression[] = "=Str.firstNotEmptyString(spchdr(int32;4),ospchdr(float;4))";
 
@@ -103,7 +105,9 @@ TSpectrumParamsTemplate TYrexGalacticSpcParamsParser::defaultTemplates() const
     entries.set(TSpectrumParam(TSpectrumParam::cPointCount, QString::fromLatin1(cPointsExpression), cTemplateSource,
                                cFirstDimension));
     entries.set(TSpectrumParam(TSpectrumParam::cOriginalSize, QString(), QString(), cSecondDimension));
-    entries.set(TSpectrumParam(TSpectrumParam::cSeriesValue, QString(), QString(), cSecondDimension));
+    entries.set(TSpectrumParam(TSpectrumParam::cSeriesValue, QString(), QString(), cLabelDimension));
+    entries.set(
+        TSpectrumParam(TSpectrumParam::cDate, QString::fromLatin1(cDateExpression), cTemplateSource, cAllDimensions));
     entries.set(TSpectrumParam(TSpectrumParam::cModificationDate, QStringLiteral("_LASTMODIFIED_"),
                                QStringLiteral("datafile"), cAllDimensions));
     setEntries(&entries, cSubheaderEntries, cTemplateSubSource, cAllDimensions);

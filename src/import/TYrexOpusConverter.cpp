@@ -10,6 +10,7 @@
 #include "log/TLogger.h"
 #include "utils/TFileFormat.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -91,6 +92,12 @@ QString TYrexOpusConverter::refusal(const QString &fileName)
 TFileNode TYrexOpusConverter::inspect(const QString &fileName)
 {
     return inspectOpusFile(fileName);
+}
+
+int TYrexOpusConverter::exportItems(const TCanvasItemList &, const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::WriteOnly) ? cConverterOk : cConverterFileNotOpened;
 }
 
 int TYrexOpusConverter::readFile(const QString &fileName)

@@ -26,6 +26,8 @@ public:
     QString refusal(const QString &fileName) override;
     /// Header, directory with each type word in words, pairs of data and status, parameters.
     TFileNode inspect(const QString &fileName) override;
+    /// OPUS files are not written: leaves an empty file, 51 when that cannot be made. No filter offers it.
+    int exportItems(const TCanvasItemList &items, const QString &fileName) override;
 
 protected:
     int readFile(const QString &fileName) override;

@@ -270,6 +270,8 @@ TEST_F(SpcConverter, ownXValuesOfASubfileArePassedOver)
     ASSERT_EQ(read(bytes), 0);
     EXPECT_EQ(spectrum().values(), (QVector<double>{10, 20, 30}));
     EXPECT_EQ(spectrum().pointCount(), 3);
+    ASSERT_EQ(read(bytes.put(512 + 1, qint8(0))), 0);
+    EXPECT_EQ(spectrum().values(), (QVector<double>{10, 20, 30})) << "float files leave the exponent of subfiles 0";
 }
 
 TEST_F(SpcConverter, filesThatCannotBe)
@@ -285,6 +287,7 @@ TEST_F(SpcConverter, filesThatCannotBe)
     EXPECT_EQ(read(oneSpectrum().put(4, qint32(100000000))), int(0x80000002));
     EXPECT_TRUE(fConverter.spectra().isEmpty());
     EXPECT_EQ(read(oneSpectrum().put(24, qint32(0))), 0) << "no subfiles count as one";
+    EXPECT_EQ(read(oneSpectrum().put(4, qint32(0))), 0) << "a subfile without points is a spectrum without points";
 }
 
 TEST_F(SpcConverter, aFileThatEndsEarly)

@@ -290,6 +290,14 @@ TEST_F(OpusConverter, SortsPointsAndMakesUnevenOnesEven)
     EXPECT_TRUE(converter.problem().startsWith("expected at most")) << converter.problem().toStdString();
 }
 
+TEST_F(OpusConverter, ExportLeavesAnEmptyFile)
+{
+    const QString path = fFolder.filePath("out.0");
+    EXPECT_EQ(fConverter.exportItems({}, path), 0);
+    EXPECT_EQ(QFileInfo(path).size(), 0);
+    EXPECT_EQ(fConverter.exportItems({}, fFolder.path()), 51);
+}
+
 TEST_F(OpusConverter, StaysSafeWhenCut)
 {
     OpusBuilder builder = usualFile();

@@ -135,6 +135,8 @@ TEST_F(SersbtConverter, ChecksWhatBlocksAnnounce)
 {
     EXPECT_EQ(problemOf(cHead + "BeginLFASweepPos 2 2\n0 5 1\n1 1\n"),
               "line 5: expected 4 integers of \"BeginLFASweepPos\", found 3");
+    EXPECT_EQ(problemOf("BeginLFAADCGain 1 2\n1 x\n"), "line 2: expected an integer, found \"x\"");
+    EXPECT_EQ(problemOf("BeginLFAADCGain -1 -2\n1 2\n"), "line 1: expected counts above 0 for \"BeginLFAADCGain\"");
     EXPECT_EQ(problemOf(cHead + cLfa),
               "line 4: expected \"BeginLFASweepPos\" of 2 x 1 as for \"BeginLFASpectralData\", found none");
     EXPECT_EQ(problemOf(cHead + cNonLfa + "BeginNonLFASourceOn 2 1\n1 0\n"),
@@ -147,6 +149,14 @@ TEST_F(SersbtConverter, ChecksWhatBlocksAnnounce)
     EXPECT_EQ(problemOf("BeginNonLFASpectralData 1 1 1\n1 x\n"), "line 2: expected a number, found \"x\"");
     EXPECT_EQ(problemOf("BeginNonLFASpectralData 1 99999 99999\n1 2\n").left(40),
               "line 2: expected x and 9999800001 intens");
+}
+
+TEST_F(SersbtConverter, LeavesRowsOutThatNoBlockAnnounces)
+{
+    ASSERT_EQ(read("BeginNonLFASpectralData 2 1 1\n3 30\n1 10\n2 20\nEndNonLFASpectralData\n"), 0);
+    ASSERT_EQ(fConverter.spectra().size(), 1);
+    EXPECT_EQ(fConverter.spectra().first()->values(), QVector<double>({10.0, 20.0}));
+    EXPECT_EQ(fConverter.spectra().first()->lastX(), 2.0);
 }
 
 TEST_F(SersbtConverter, TellsWhatItSees)
