@@ -71,7 +71,7 @@ void expectRoundTrip(const TJCAMPExportData &data)
 TEST(TJCAMPWriter, readsBackWhatItWrote)
 {
     std::mt19937_64 random(7);
-    const auto number = [&](int limit) { return int(random() % quint64(2 * limit + 1)) - limit; };
+    const auto number = [&](int limit) { return int(qint64(random() % (2 * quint64(limit) + 1)) - limit); };
     const double cNaN = std::numeric_limits<double>::quiet_NaN();
     for (int table = 0; table < 120; ++table) {
         const int limit = table % 3 == 0 ? 2 : table % 3 == 1 ? 5000 : 2147483647;
