@@ -10,16 +10,16 @@ namespace {
 
 struct TForm
 {
-    TCliTarget::TKind fKind;
     const char *fName;
+    TCliTarget::TKind fKind;
     bool fIsText;
 };
 
 // the first of a kind is what a folder gets when nothing else is said
 const TForm cForms[] = {
-    {TCliTarget::cData, "csv", true},     {TCliTarget::cData, "json", true},    {TCliTarget::cData, "klm", false},
-    {TCliTarget::cData, "jdx", true},     {TCliTarget::cData, "dx", true},      {TCliTarget::cPicture, "png", false},
-    {TCliTarget::cPicture, "svg", false}, {TCliTarget::cPicture, "pdf", false},
+    {"csv", TCliTarget::cData, true},     {"json", TCliTarget::cData, true},    {"klm", TCliTarget::cData, false},
+    {"jdx", TCliTarget::cData, true},     {"dx", TCliTarget::cData, true},      {"png", TCliTarget::cPicture, false},
+    {"svg", TCliTarget::cPicture, false}, {"pdf", TCliTarget::cPicture, false},
 };
 
 const TForm *formOf(TCliTarget::TKind kind, const QString &name)

@@ -87,7 +87,7 @@ bool TBinaryParamsParser::needsBlob(const QString &source) const
 
 QString TBinaryParamsParser::value(const QString &source, const QString &key, const QString &path)
 {
-    const QString known = TParamsParser::value(source, key, path);
+    QString known = TParamsParser::value(source, key, path);
     TField field;
     if (!known.isNull() || !parseField(key, field))
         return known;

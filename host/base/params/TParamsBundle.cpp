@@ -30,7 +30,7 @@ QByteArray readSlice(QIODevice &device, qint64 offset, qint64 length)
     if (offset < 0 || left <= 0 || !device.seek(offset))
         return QByteArray();
     const qint64 wanted = length < 0 ? left : qMin(length, left);
-    const QByteArray bytes = device.read(qMin<qint64>(wanted, TParamsBundle::cMaxBlobSize));
+    QByteArray bytes = device.read(qMin<qint64>(wanted, TParamsBundle::cMaxBlobSize));
     device.seek(before);
     return bytes;
 }
