@@ -120,6 +120,11 @@ TEST(TJCAMPDataIterator, announcedNumberBoundsTheValues)
     const TJCAMPFileMarking marking(bomb, "x");
     TJCAMPDatasetInterpreter interpreter(marking.blocks()[0], {});
     EXPECT_EQ(interpreter.nPoints(), 1 << 20);
+    EXPECT_TRUE(interpreter.isCut());
+    const TJCAMPFileMarking whole("##TITLE=\n##XYDATA=(X++(Y..Y))\n1AZ9\n##END=", "x");
+    EXPECT_FALSE(TJCAMPDatasetInterpreter(whole.blocks()[0], {}).isCut());
+    const TJCAMPFileMarking announced(QByteArray(bomb).replace("##XY", "##NPOINTS=3\n##XY"), "x");
+    EXPECT_FALSE(TJCAMPDatasetInterpreter(announced.blocks()[0], {}).isCut());
 }
 
 TEST(TJCAMPDataIterator, rangeIsWorkedOutWhereLabelsAreMissing)
@@ -135,7 +140,16 @@ TEST(TJCAMPDataIterator, rangeIsWorkedOutWhereLabelsAreMissing)
         EXPECT_TRUE(hasFirst && hasLast);
         return found;
     };
+    const auto isAssumed = [](const QByteArray &head) {
+        const TJCAMPFileMarking marking("##TITLE=\n" + head + "\n##XYDATA=(X++(Y..Y))\n10 1 2 3\n", "x");
+        return TJCAMPDatasetInterpreter(marking.blocks()[0], {}).isLastXAssumed();
+    };
     const QByteArray plain = "XYDATA=(X++(Y..Y)";
+    EXPECT_EQ(range("##FIRSTX=10\n##DELTAX=0", plain, "10 1 2\n14 3 4"), QVector<double>({10, 16, 1, 1, 4}));
+    EXPECT_EQ(range("##FIRSTX=10\n##DELTAX=0\n##XFACTOR=-2", plain, "-5 1 2 3"), QVector<double>({10, 6, -2, 1, 3}));
+    EXPECT_TRUE(isAssumed("##FIRSTX=10"));
+    EXPECT_FALSE(isAssumed("##FIRSTX=10\n##DELTAX=1"));
+    EXPECT_FALSE(isAssumed("##FIRSTX=10\n##LASTX=10"));
     EXPECT_EQ(range("##FIRSTX=10\n##LASTX=40\n##DELTAX=-7\n##NPOINTS=4", plain, "1 2"),
               QVector<double>({10, 40, 1, 1, 4}));
     EXPECT_EQ(range("##FIRSTX=10\n##DELTAX=-2\n##YFACTOR=0", plain, "10 1 2 3"), QVector<double>({10, 6, 1, 1, 3}));
@@ -159,7 +173,32 @@ TEST(TJCAMPDataIterator, readsPairs)
     EXPECT_EQ(comma.fX, QVector<double>({176.36, 177.5}));
     EXPECT_EQ(comma.fY, QVector<double>({32822.795, 1}));
     EXPECT_EQ(read("##FIRSTX=1,5\n##LASTX=2,5", "1,5 0,25 0,5\n").fY, QVector<double>({0.25, 0.5}));
-    const TJCAMPFileMarking widths("##TITLE=\n##PEAKTABLE=(XYW..XYW)\n1,2,3;4,5,6\n7,8\n##END=", "x");
+    const TJCAMPFileMarking widths("##TITLE=\n##PEAKTABLE=( XYW .. XYW )\n1,2,3;4,5,6\n7,8\n##END=", "x");
     TJCAMPDatasetInterpreter table(widths.blocks()[0], {});
     EXPECT_EQ(table.pairs(), QVector<QPointF>({{1, 2}, {4, 5}, {7, 8}}));
+}
+
+TEST(TJCAMPDataIterator, keepsAnXThatStandsAloneInAPeakTable)
+{
+    const TJCAMPFileMarking marking("##TITLE=\n##PEAK TABLE=(XY..XY)\n1,2\n3\n4,5 6\n7 $$ x\r\n8,9 10,11\n12", "x");
+    QString problem;
+    EXPECT_EQ(TJCAMPDatasetInterpreter(marking.blocks()[0], {}).pairs(&problem),
+              QVector<QPointF>({{1, 2}, {3, 0}, {4, 5}, {7, 0}, {8, 9}, {10, 11}, {12, 0}}));
+    EXPECT_EQ(problem, "line 5: expected 2 numbers, found 1");
+}
+
+TEST(TJCAMPDataIterator, decimalCommaHoldsForAllBlocksOfAFile)
+{
+    const QByteArray round = "##TITLE=\n##XYPOINTS=(XY..XY)\n1,5, 2,5\n##END=\n";
+    const TJCAMPFileMarking marking(round + "##TITLE=\n##LASTX=176,36\n##END=\n", "x");
+    EXPECT_EQ(TJCAMPDatasetInterpreter(marking.blocks()[0], {}).pairs(), QVector<QPointF>({{1.5, 2.5}}));
+    const TJCAMPFileMarking points(round, "x");
+    EXPECT_EQ(TJCAMPDatasetInterpreter(points.blocks()[0], {}).pairs(), QVector<QPointF>({{1, 5}, {2, 5}}));
+}
+
+TEST(TJCAMPDataIterator, dataInTheLabelsLineBeginWithANumber)
+{
+    const QByteArray head = "##FIRSTX=1\n##LASTX=2";
+    EXPECT_EQ(read(head, "1 7 8", "XYDATA=(X++(Y..Y)), XYDATA").fY, QVector<double>({7, 8}));
+    EXPECT_EQ(read(head, "", "XYDATA=(X++(Y..Y)) ; 1 7 8").fY, QVector<double>({7, 8}));
 }

@@ -100,6 +100,16 @@ TEST(TJCAMPDatasetInterpreter, tellsDataSetsByTypeAndTable)
     EXPECT_FALSE(TJCAMPDatasetInterpreter(tuples.blocks()[0], {"X"}).isValid());
 }
 
+TEST(TJCAMPDatasetInterpreter, takesAnEmptyClassForNone)
+{
+    const TJCAMPFileMarking marking("##TITLE=\n##DATA CLASS= $$ none\n##PEAK TABLE=(XY..XY)\n1,2\n##END=\n"
+                                    "##TITLE=\n##DATA CLASS=\n##END=\n##TITLE=\n##DATA CLASS=XYDATA\n##END=\n",
+                                    "x");
+    EXPECT_EQ(valueOf(marking.blocks()[0], "DATA CLASS"), "PEAK TABLE");
+    EXPECT_EQ(valueOf(marking.blocks()[1], "DATA CLASS"), "");
+    EXPECT_EQ(valueOf(marking.blocks()[2], "DATA CLASS"), "XYDATA");
+}
+
 TEST(TJCAMPParamNameIterator, givesTheLinesOfEachRecord)
 {
     const TJCAMPFileMarking marking("##TITLE=a\n##PEAK TABLE= (XY..XY) $$ none\r\n1,2 $$ c\r\n\r\n3,4\n"
@@ -120,10 +130,12 @@ TEST(TJCAMPParamNameIterator, givesTheLinesOfEachRecord)
 
 TEST(TBaseJCAMPParamsParser, givesValuesAsText)
 {
-    const TJCAMPFileMarking marking("##TITLE=caf\xE9 $$ no\n  two\n##OWNER=a $$ b\nc\n##ORIGIN=\n##END=\n", "x");
+    const TJCAMPFileMarking marking(
+        "##TITLE=caf\xE9 $$ no\n  two\n##OWNER=a $$ b\nc\n##ORIGIN=\n##COMMENT=a\nb\n##END=\n", "x");
     TBaseJCAMPParamsParser parser;
     EXPECT_EQ(parser.value(marking.blocks()[0], "TITLE"), QString::fromLatin1("caf\xE9 two"));
-    EXPECT_EQ(parser.value(marking.blocks()[0], "owner"), "a\nc");
+    EXPECT_EQ(parser.value(marking.blocks()[0], "owner"), "a c") << "a text that was broken";
+    EXPECT_EQ(parser.value(marking.blocks()[0], "COMMENT"), "a\nb");
     EXPECT_FALSE(parser.value(marking.blocks()[0], "ORIGIN").isNull());
     EXPECT_TRUE(parser.value(marking.blocks()[0], "DATE").isNull());
     EXPECT_TRUE(parser.value(nullptr, "TITLE").isNull());
@@ -145,6 +157,8 @@ TEST(JCAMPUtils, unifyCutAndTakeNumbers)
     EXPECT_EQ(headerNumber("176,36", found), 176.36);
     EXPECT_EQ(headerNumber("9.5E-005", found), 9.5e-5);
     EXPECT_TRUE(found);
+    EXPECT_EQ(unifiedFirstLine(" $$ c\n raman spectrum $$ d\nmore"), "RAMANSPECTRUM");
+    EXPECT_EQ(unifiedFirstLine("$$"), "");
     for (const char *bad : {"", "x1", "nan", "1e999", "$$ 5"}) {
         EXPECT_EQ(headerNumber(bad, found), 0) << bad;
         EXPECT_FALSE(found) << bad;

@@ -54,6 +54,9 @@ void addTable(TJCAMPBlock *block, const char *label, TFileNode *row)
         row->add("points announced", QString::number(announced, 'g', 12), "##NPOINTS");
     TJCAMPDataIterator *values = interpreter.dataIterator();
     row->add("points found", QString::number(interpreter.pointsFound()));
+    if (interpreter.isCut())
+        row->addSkipped("further points",
+                        "no NPOINTS tells how many there are, and no file of this size holds so many");
     if (!values)
         return;
     const qint64 most = interpreter.pointsFound() + 1; // the check of the end included
@@ -63,6 +66,9 @@ void addTable(TJCAMPBlock *block, const char *label, TFileNode *row)
     row->add("data form", values->formsFound());
     row->add("X range", numberText(interpreter, Params::FIRSTX) + " to " + numberText(interpreter, Params::LASTX),
              units);
+    if (interpreter.isLastXAssumed())
+        row->addBroken("LASTX", "expected LASTX, DELTAX or a second line with an X of its own, found none: the step is "
+                                "taken to be XFACTOR");
     addCheck(values->problem(), row);
 }
 

@@ -3,6 +3,8 @@
 #include "jcamp/JCAMPConsts.h"
 #include "jcamp/JCAMPUtils.h"
 
+#include <cstring>
+
 using namespace Consts::JCAMP;
 
 namespace {
@@ -66,6 +68,9 @@ QByteArray Utils::JCAMP::tableForm(const QByteArray &text, const TJCAMPRecord &r
 qint64 Utils::JCAMP::tableStart(const QByteArray &text, const TJCAMPRecord &record)
 {
     const TFormPlace place = formPlace(text, record);
-    const QByteArray rest = text.mid(int(place.fEnd), int(place.fLineEnd - place.fEnd));
-    return cutComment(rest).isEmpty() ? place.fLineEnd : place.fEnd;
+    qint64 at = place.fEnd;
+    while (at < place.fLineEnd && std::strchr(" \t,;", text[int(at)]))
+        ++at;
+    const bool isNumber = at < place.fLineEnd && std::strchr("0123456789+-.", text[int(at)]);
+    return isNumber && text[int(at)] != '\0' ? place.fEnd : place.fLineEnd;
 }

@@ -11,8 +11,8 @@ bool isTableLabel(const QByteArray &label);
 /// The form of a table, "(X++(Y..Y))"; empty when none is written. The last bracket may be missing.
 QByteArray tableForm(const QByteArray &text, const TJCAMPRecord &record);
 
-/// The first byte of a table's data: the next line when nothing follows the form but blanks and a comment, else the
-/// byte behind the form.
+/// The first byte of a table's data: the byte behind the form when a number follows it in its line, else the next
+/// line. "(X++(Y..Y)), XYDATA" names the table once more and holds no data.
 qint64 tableStart(const QByteArray &text, const TJCAMPRecord &record);
 
 } // namespace JCAMP

@@ -72,6 +72,17 @@ QString Utils::JCAMP::cutComment(const QString &line)
     return (comment < 0 ? line : line.left(comment)).trimmed();
 }
 
+QByteArray Utils::JCAMP::unifiedFirstLine(const QByteArray &value)
+{
+    QByteArray unified;
+    for (int begin = 0; unified.isEmpty() && begin < value.size();) {
+        const int end = value.indexOf('\n', begin);
+        unified = getUnifiedParamValue(cutComment(value.mid(begin, end < 0 ? -1 : end - begin)));
+        begin = end < 0 ? value.size() : end + 1;
+    }
+    return unified;
+}
+
 double Utils::JCAMP::toDouble(const QByteArray &line, int column, char separator)
 {
     int begin = 0;

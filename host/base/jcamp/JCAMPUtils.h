@@ -15,6 +15,9 @@ QString getUnifiedParamValue(const QString &text);
 QByteArray cutComment(const QByteArray &line);
 QString cutComment(const QString &line);
 
+/// The first line of a value that holds more than a comment, unified; empty when there is none.
+QByteArray unifiedFirstLine(const QByteArray &value);
+
 /// The number in a one-based column of a line; columns are parted by the separator, and what follows the number in its
 /// column is passed over. 0 where the line has no such column or no number stands there.
 double toDouble(const QByteArray &line, int column, char separator);

@@ -4,6 +4,22 @@
 #include "jcamp/JCAMPUtils.h"
 #include "jcamp/TJCAMPBlock.h"
 
+namespace {
+
+/// Whether the lines of a label's value are one text that was broken at column 80.
+bool isOneText(const QByteArray &label)
+{
+    using namespace Consts::JCAMP::Params;
+    const QByteArray unified = Utils::JCAMP::getUnifiedParamValue(label);
+    for (const char *known : {TITLE, OWNER, ORIGIN, SPECTROMETERDATASYSTEM}) {
+        if (unified == Utils::JCAMP::getUnifiedParamValue(QByteArray(known)))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 QString TBaseJCAMPParamsParser::value(TJCAMPBlock *block, const QString &key)
 {
     bool found = false;
@@ -17,8 +33,7 @@ QString TBaseJCAMPParamsParser::value(TJCAMPBlock *block, const QString &key)
         if (!text.isEmpty())
             lines.append(text);
     }
-    const bool isTitle = Utils::JCAMP::getUnifiedParamValue(label) == Consts::JCAMP::Params::TITLE;
-    return QLatin1String("") + Utils::JCAMP::textOf(lines.join(isTitle ? ' ' : '\n'));
+    return QLatin1String("") + Utils::JCAMP::textOf(lines.join(isOneText(label) ? ' ' : '\n'));
 }
 
 QString TBaseJCAMPParamsParser::parseParameterName(const QString &, const QString &key) const

@@ -20,10 +20,14 @@ QByteArray TJCAMPBlock::getString(const char *key, bool &found) const
     const QByteArray unified = Utils::JCAMP::getUnifiedParamValue(QByteArray(key));
     const int index = indexOf(key);
     found = index >= 0;
-    if (found)
-        return fRecords[index].value(fText);
-    return unified == Utils::JCAMP::getUnifiedParamValue(QByteArray(Params::DATACLASS)) ? dataClass(found)
-                                                                                        : QByteArray();
+    const QByteArray value = found ? fRecords[index].value(fText) : QByteArray();
+    const bool isClass = unified == Utils::JCAMP::getUnifiedParamValue(QByteArray(Params::DATACLASS));
+    if (!isClass || !Utils::JCAMP::unifiedFirstLine(value).isEmpty())
+        return value;
+    bool hasData = false;
+    const QByteArray label = dataClass(hasData);
+    found = found || hasData;
+    return hasData ? label : value;
 }
 
 bool TJCAMPBlock::hasLabel(const char *key) const

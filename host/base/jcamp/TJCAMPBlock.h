@@ -19,8 +19,8 @@ public:
     TJCAMPBlock &operator=(const TJCAMPBlock &) = delete;
 
     /// The value of the first record of that label, raw, its lines joined by "\n". Labels are compared unified; those
-    /// of the parent do not count. A block without DATA CLASS answers for it with the label of its data. Where there is
-    /// none, found is false and the result is null.
+    /// of the parent do not count. A block whose DATA CLASS is missing or empty answers for it with the label of its
+    /// data. Where there is none, found is false and the result is null.
     QByteArray getString(const char *key, bool &found) const;
     /// Whether a record of that label stands in this very block.
     bool hasLabel(const char *key) const;
@@ -38,6 +38,8 @@ public:
     /// The whole file's bytes, and the records of this block without those of nested ones, in file order.
     const QByteArray &text() const { return fText; }
     const QVector<TJCAMPRecord> &records() const { return fRecords; }
+    /// Whether a block of the file writes FIRSTX, LASTX or FIRSTY with a decimal comma: then all tables of the file do.
+    bool hasDecimalComma() const { return fHasDecimalComma; }
     /// The line, from 1, in which a byte of the file stands.
     int lineOf(qint64 position) const;
     const std::shared_ptr<TJCAMPLineIndex> &lines() const { return fLines; }
@@ -52,6 +54,7 @@ private:
     qint64 fStartPos;
     qint64 fEndPos;
     bool fHasEnd = false;
+    bool fHasDecimalComma = false;
     TJCAMPBlock *fParent;
     QList<TJCAMPBlock *> fChildren;
     QVector<TJCAMPRecord> fRecords;

@@ -10,6 +10,7 @@
 
 using namespace Consts::JCAMP;
 using Utils::JCAMP::getUnifiedParamValue;
+using Utils::JCAMP::unifiedFirstLine;
 
 namespace {
 
@@ -17,25 +18,19 @@ constexpr qint64 cFreePoints = 1024 * 1024; // that many may be counted in a fil
 constexpr qint64 cPointsOfByte = 8;         // a longer count of repeats is no spectrum
 constexpr int cPiece = 4096;                // values decoded at once where they are only counted
 
-/// The first line of a value, without comment, unified.
-QByteArray unifiedLine(const QByteArray &value)
-{
-    return getUnifiedParamValue(Utils::JCAMP::cutComment(value.split('\n').first()));
-}
-
 } // namespace
 
 TJCAMPDatasetInterpreter::TJCAMPDatasetInterpreter(TJCAMPBlock *block, const QList<const char *> &types)
     : fBlock(block)
 {
     bool found = false;
-    const QByteArray dataClass = unifiedLine(getString(Params::DATACLASS, found));
+    const QByteArray dataClass = unifiedFirstLine(getString(Params::DATACLASS, found));
     for (const char *label : {Params::XYDATA, Params::XYPOINTS, Params::PEAKTABLE}) {
         if (fDataLabel.isEmpty() || isTable(dataClass, label))
             fDataLabel = fBlock && fBlock->hasLabel(label) ? QByteArray(label) : fDataLabel;
     }
     const bool isTuples = dataClass == Values::NTUPLES || (fBlock && fBlock->hasLabel(Params::NTUPLES));
-    const QByteArray type = unifiedLine(getString(Params::DATATYPE, found));
+    const QByteArray type = unifiedFirstLine(getString(Params::DATATYPE, found));
     for (const char *known : types)
         fIsValid = fIsValid || (found && !fDataLabel.isEmpty() && !isTuples && type == known);
 }
@@ -68,12 +63,17 @@ double TJCAMPDatasetInterpreter::getDouble(const char *key, bool &found) const
     return number(key, found);
 }
 
-int TJCAMPDatasetInterpreter::nPoints() const
+bool TJCAMPDatasetInterpreter::hasCount(double &announced) const
 {
     bool found = false;
-    const double announced = number(Params::NPOINTS, found);
-    const bool isUsable = found && announced >= 1 && !bareTable().isPairs();
-    if (isUsable)
+    announced = number(Params::NPOINTS, found);
+    return found && announced >= 1 && !bareTable().isPairs();
+}
+
+int TJCAMPDatasetInterpreter::nPoints() const
+{
+    double announced = 0;
+    if (hasCount(announced))
         return int(qMin(std::round(announced), double(std::numeric_limits<int>::max())));
     return int(qMin(scan().fPoints, qint64(std::numeric_limits<int>::max())));
 }
@@ -81,6 +81,22 @@ int TJCAMPDatasetInterpreter::nPoints() const
 qint64 TJCAMPDatasetInterpreter::pointsFound() const
 {
     return scan().fPoints;
+}
+
+bool TJCAMPDatasetInterpreter::isLastXAssumed() const
+{
+    bool found = false;
+    number(Params::LASTX, found);
+    if (found || bareTable().isPairs() || nPoints() < 2)
+        return false;
+    step(found);
+    return !found;
+}
+
+bool TJCAMPDatasetInterpreter::isCut() const
+{
+    double announced = 0;
+    return !hasCount(announced) && scan().fIsCut;
 }
 
 qint64 TJCAMPDatasetInterpreter::dataBlockStart() const
@@ -97,7 +113,7 @@ TJCAMPDataIterator *TJCAMPDatasetInterpreter::dataIterator()
     return fIterator.get();
 }
 
-QVector<QPointF> TJCAMPDatasetInterpreter::pairs() const
+QVector<QPointF> TJCAMPDatasetInterpreter::pairs(QString *problem) const
 {
     QVector<QPointF> found;
     const TJCAMPTable all = table();
@@ -108,6 +124,8 @@ QVector<QPointF> TJCAMPDatasetInterpreter::pairs() const
     double y = 0;
     while (decoder.decode(&y, &x, 1) == 1)
         found.append(QPointF(x * all.fXFactor, y * all.fYFactor));
+    if (problem)
+        *problem = decoder.problem();
     return found;
 }
 
@@ -145,7 +163,6 @@ double TJCAMPDatasetInterpreter::firstX(bool &found) const
     return found ? scan().fFirstX * factor(Params::XFACTOR) : 0;
 }
 
-/// DELTAX is wrong in sign or size in many files, so it only stands in for an end that is not told.
 double TJCAMPDatasetInterpreter::lastX(bool &found) const
 {
     if (bareTable().isPairs()) {
@@ -155,17 +172,24 @@ double TJCAMPDatasetInterpreter::lastX(bool &found) const
     const double written = number(Params::LASTX, found);
     if (found)
         return written;
-    bool hasFirst = false;
-    const double first = firstX(hasFirst);
-    const double step = number(Params::DELTAX, found);
-    found = found && hasFirst;
+    const double first = firstX(found);
+    const double distance = step(found);
+    found = true;
+    return first + (nPoints() - 1) * distance;
+}
+
+/// The distance of two points where LASTX is missing. DELTAX is wrong in sign or size in many files, so it only stands
+/// in for an end that is not told. XFACTOR, the step of tables that number their points, is what is left when found is
+/// false: an axis without length would be of no use.
+double TJCAMPDatasetInterpreter::step(bool &found) const
+{
+    const double written = number(Params::DELTAX, found);
+    found = found && written != 0;
     if (found)
-        return first + (nPoints() - 1) * step;
-    found = hasFirst && scan().fLastPoint > 0;
-    if (!found)
-        return 0;
-    const double lineStep = (scan().fLastX - scan().fFirstX) * factor(Params::XFACTOR) / double(scan().fLastPoint);
-    return first + (nPoints() - 1) * lineStep;
+        return written;
+    const double ofLines = scan().fLastPoint > 0 ? (scan().fLastX - scan().fFirstX) / double(scan().fLastPoint) : 0;
+    found = ofLines != 0;
+    return factor(Params::XFACTOR) * (found ? ofLines : 1);
 }
 
 /// Decodes the table without keeping its values. A count of repeats may promise any number of points: counting ends
@@ -184,6 +208,8 @@ const TJCAMPDatasetInterpreter::TScan &TJCAMPDatasetInterpreter::scan() const
     while (decoder.position() < limit && decoder.decode(values.data(), nullptr, cPiece) == cPiece) {
     }
     fScan->fPoints = qMin(decoder.position(), limit);
+    fScan->fIsCut =
+        decoder.position() > limit || (decoder.position() == limit && decoder.decode(values.data(), nullptr, 1) == 1);
     fScan->fFirstX = decoder.firstLineX();
     fScan->fLastX = decoder.lastLineX();
     fScan->fLastPoint = decoder.lastLinePoint();
@@ -202,15 +228,15 @@ TJCAMPTable TJCAMPDatasetInterpreter::bareTable() const
     table.fLines = fBlock->lines();
     table.fBegin = Utils::JCAMP::tableStart(table.fText, record);
     table.fEnd = record.fEnd;
-    const QByteArray form = Utils::JCAMP::tableForm(table.fText, record).toUpper();
+    const QByteArray form = getUnifiedParamValue(Utils::JCAMP::tableForm(table.fText, record));
     const bool isXYData = getUnifiedParamValue(fDataLabel) == Params::XYDATA;
+    table.fKeepsLoneX = getUnifiedParamValue(fDataLabel) == Values::PEAKTABLE;
     if (!form.contains("++") && !(form.isEmpty() && isXYData))
         table.fColumns = form.startsWith("(XYW") ? 3 : 2;
-    bool found = false;
-    for (const char *key : {Params::FIRSTX, Params::LASTX, Params::FIRSTY})
-        table.fHasDecimalComma = table.fHasDecimalComma || Utils::JCAMP::hasDecimalComma(getString(key, found));
+    table.fHasDecimalComma = fBlock->hasDecimalComma();
     table.fXFactor = factor(Params::XFACTOR);
     table.fYFactor = factor(Params::YFACTOR);
+    bool found = false;
     const double announced = number(Params::NPOINTS, found);
     if (found && announced >= 0 && announced < std::numeric_limits<int>::max())
         table.fAnnounced = int(std::round(announced));

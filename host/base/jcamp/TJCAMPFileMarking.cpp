@@ -5,6 +5,7 @@
 #include "jcamp/TJCAMPBlock.h"
 #include "jcamp/TJCAMPLineIndex.h"
 
+#include <QByteArrayList>
 #include <QFile>
 #include <QFileInfo>
 #include <cstring>
@@ -85,8 +86,26 @@ void TJCAMPFileMarking::mark()
     }
     for (TJCAMPBlock *open = fOpen; open; open = open->fParent)
         open->fEndPos = fText.size();
+    const bool isWithComma = hasDecimalComma();
+    for (TJCAMPBlock *block : qAsConst(fBlocks))
+        block->fHasDecimalComma = isWithComma;
     if (fBlocks.isEmpty())
         fProblem = QString("expected \"##TITLE=\" at the start of a line, found none");
+}
+
+/// One writer made the file, so what one block tells holds for those that write round numbers or leave the labels out.
+bool TJCAMPFileMarking::hasDecimalComma() const
+{
+    const QByteArrayList labels{Params::FIRSTX, Params::LASTX, Params::FIRSTY};
+    for (const TJCAMPBlock *block : fBlocks) {
+        for (const TJCAMPRecord &record : block->fRecords) {
+            for (const QByteArray &label : labels) {
+                if (record.isLabelled(fText, label) && Utils::JCAMP::hasDecimalComma(record.value(fText)))
+                    return true;
+            }
+        }
+    }
+    return false;
 }
 
 /// Puts a record, whose end is not known yet, into the block that it belongs to or opens.

@@ -39,6 +39,7 @@ private:
     void mark();
     TJCAMPBlock *takeRecord(quint32 start);
     void openBlock(qint64 start);
+    bool hasDecimalComma() const;
 
     QString fPath;
     QString fProblem;

@@ -13,6 +13,7 @@ struct TJCAMPTable
     qint64 fEnd = 0;
     std::shared_ptr<TJCAMPLineIndex> fLines; // null: made when a line is asked for
     int fColumns = 0;                        // numbers of a pair or (XYW..XYW) triple; 0 for (X++(Y..Y))
+    bool fKeepsLoneX = false;                // a line of pairs that holds an X only has Y 0
     bool fHasDecimalComma = false;
     double fFirstX = 0; // real values, factors applied
     double fLastX = 0;

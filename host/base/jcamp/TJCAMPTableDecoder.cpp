@@ -345,19 +345,27 @@ int TJCAMPTableDecoder::decodePairs(double *y, double *x, int count)
     return done;
 }
 
+/// Whether the line at hand holds one number only and is an entry nevertheless.
+bool TJCAMPTableDecoder::isLoneX(int have) const
+{
+    return fTable.fKeepsLoneX && fIsLineStart && have == 1;
+}
+
 /// The numbers of a line, taken in groups; a group that its line leaves unfinished is noted and dropped.
 bool TJCAMPTableDecoder::takePair(double *y, double *x)
 {
     double numbers[3] = {0, 0, 0};
     int have = 0;
+    bool isLone = false;
     while (fAt < fEnd) {
         const char *token = fAt;
         const TClass kind = cCharacters.fClass[quint8(*token)];
         if (kind == cLineEnd) {
             ++fAt;
-            if (have == 2) { // a width is missing
+            isLone = isLoneX(have);
+            fIsLineStart = true;
+            if (have == 2 || isLone) // a width is missing, or a height
                 break;
-            }
             if (have > 0)
                 note(token, QString("%1 numbers").arg(fTable.fColumns), QString::number(have));
             have = 0;
@@ -370,11 +378,13 @@ bool TJCAMPTableDecoder::takePair(double *y, double *x)
                 ++fAt;
             fAt += fAt < fEnd && *fAt == '>';
         } else if (takeNumber(&numbers[have])) {
-            if (++have == fTable.fColumns)
+            if (++have == fTable.fColumns) {
+                fIsLineStart = false;
                 break;
+            }
         }
     }
-    if (have < 2) {
+    if (have < 2 && !isLone && !isLoneX(have)) {
         if (have > 0)
             note(fEnd, QString("%1 numbers").arg(fTable.fColumns), QString::number(have));
         return false;

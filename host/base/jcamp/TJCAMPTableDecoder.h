@@ -42,6 +42,7 @@ private:
 
     int decodePairs(double *y, double *x, int count);
     bool takePair(double *y, double *x);
+    bool isLoneX(int have) const;
     bool takeNumber(double *value);
     bool nextOrdinate();
     bool takeToken(const char *token);
@@ -64,7 +65,7 @@ private:
     TJCAMPNumber fDifference;
     qint64 fRepeats = 0; // of the item before, still to be given
     TKind fLast = cNothing;
-    bool fIsLineStart = true;
+    bool fIsLineStart = true; // of pairs: none was taken of this line yet
     bool fNeedsCheck = false; // the next ordinate repeats the one before
     bool fNeedsX = false;     // the line's X was not compared yet
     double fLineX = 0;
