@@ -28,6 +28,7 @@ namespace {
 const QString cJcampFilter = QStringLiteral("JCAMP-DX (*.jcamp *.dx *.jdx *.jcm)");
 
 constexpr int cSpectrumItem = 115; // item type
+constexpr int cMaxNotes = 50;      // log lines for one file
 
 const IYrexExportView *viewOf(ICanvasItem *item)
 {
@@ -37,7 +38,7 @@ const IYrexExportView *viewOf(ICanvasItem *item)
 QByteArray unifiedValue(const TJCAMPBlock &block, const char *label)
 {
     bool found = false;
-    return Utils::JCAMP::getUnifiedParamValue(Utils::JCAMP::cutComment(block.getString(label, found)));
+    return Utils::JCAMP::unifiedFirstLine(block.getString(label, found));
 }
 
 bool isSpectrumType(const QByteArray &type)
@@ -60,8 +61,9 @@ QString lineText(const TJCAMPBlock &block)
 TYrexDPLib::TYrexDPPeak *newPeak(const QPointF &entry, const TYrexSpectrum &spectrum)
 {
     const int count = spectrum.pointCount();
-    double position =
-        std::round((entry.x() - spectrum.firstX()) * (count - 1) / (spectrum.lastX() - spectrum.firstX()));
+    double position = count - 1; // at lastX, where a spectrum of one point has no range to divide by
+    if (entry.x() != spectrum.lastX())
+        position = std::round((entry.x() - spectrum.firstX()) * (count - 1) / (spectrum.lastX() - spectrum.firstX()));
     if (position == count)
         position -= 1.0;
     const bool isInside = position >= 0.0 && position <= count - 1;
@@ -72,8 +74,61 @@ TYrexDPLib::TYrexDPPeak *newPeak(const QPointF &entry, const TYrexSpectrum &spec
     return peak;
 }
 
-/// Of neighbours with the same x the first stays, for a step of 0 makes no grid.
-void keepFirstOfEqual(QVector<double> &x, QVector<double> &y)
+/// The labels of a block in front of its data. Blocks that stand among them are left out: they have labels of their
+/// own.
+QByteArray headerOf(const TJCAMPBlock &block, qint64 dataStart)
+{
+    QByteArray header;
+    qint64 from = block.startPos();
+    for (const TJCAMPBlock *child : block.children()) {
+        if (child->startPos() >= dataStart)
+            break;
+        header += block.text().mid(int(from), int(child->startPos() - from));
+        from = child->records().last().fEnd; // that is its END, for what stands behind it belongs to this block
+    }
+    return header + block.text().mid(int(from), int(dataStart - from));
+}
+
+/// Why the place of a table's values is of no use; empty when all is well. `before` and `after` are neighbours.
+QString disorderText(double before, double after)
+{
+    return QStringLiteral("expected X in ascending or descending order, found %1 beside %2").arg(before).arg(after);
+}
+
+/// Why a block that is known as a spectrum will not be read, as far as that shows without its memory; empty when it
+/// will.
+QString refusalOf(TJCAMPYrexInterpreter &dataset)
+{
+    const bool isPeakTable = unifiedValue(*dataset.block(), Params::DATACLASS) == Values::PEAKTABLE;
+    if (isPeakTable && !isSpectrumType(unifiedValue(*dataset.block(), Params::DATATYPE)))
+        return QStringLiteral("expected a peak table of a spectrum, found another DATA TYPE");
+    if (isPeakTable != !dataset.dataIterator())
+        return QStringLiteral("expected the table that DATA CLASS names, found another");
+    if (isPeakTable)
+        return QString();
+    const int count = dataset.nPoints();
+    if (count < 1)
+        return QStringLiteral("expected a table of at least one value, found none");
+    if (exceedsReadBound(double(count) * double(sizeof(double)), dataset.block()->text().size()))
+        return QStringLiteral("expected at most 64 times the memory of the file, found NPOINTS %1").arg(count);
+    TJCAMPDataIterator *data = dataset.dataIterator();
+    if (!data->isPairs())
+        return QString();
+    bool found = false;
+    const double direction =
+        dataset.getDouble(Params::FIRSTX, found) > dataset.getDouble(Params::LASTX, found) ? -1 : 1;
+    bool isMore = data->first();
+    while (isMore) {
+        const double before = data->x();
+        isMore = data->next();
+        if (isMore && !(direction * before <= direction * data->x()))
+            return disorderText(before, data->x());
+    }
+    return QString();
+}
+
+/// Of neighbours with the same x the first stays, for a step of 0 makes no grid. Returns how many went.
+int keepFirstOfEqual(QVector<double> &x, QVector<double> &y)
 {
     int kept = 0;
     for (int i = 0; i < x.size(); ++i) {
@@ -82,8 +137,10 @@ void keepFirstOfEqual(QVector<double> &x, QVector<double> &y)
         x[kept] = x.at(i);
         y[kept++] = y.at(i);
     }
+    const int dropped = x.size() - kept;
     x.resize(kept);
     y.resize(kept);
+    return dropped;
 }
 
 } // namespace
@@ -114,6 +171,7 @@ void TJCAMPYrexConverter::clear()
     fLaterSpectra.clear();
     fBytesGranted = 0.0;
     fAsksTooMuch = false;
+    fNotes = 0;
 }
 
 QVariantMap TJCAMPYrexConverter::metaData(TJCAMPBlock *block, const QStringList &keys)
@@ -171,26 +229,65 @@ bool TJCAMPYrexConverter::readPeakTable()
         return false;
     }
     QStringList lines;
-    for (const QByteArray &line : table.lines())
-        lines.append(Utils::JCAMP::textOf(line));
+    for (const QByteArray &line : table.lines()) {
+        if (!Utils::JCAMP::cutComment(line).isEmpty())
+            lines.append(Utils::JCAMP::textOf(line));
+    }
     if (!lines.isEmpty() && !readsHeaderOnly())
         fPeakTables.append({block(), lines});
     return true;
 }
 
-/// Whether memory for that many more values of this file may be taken.
-bool TJCAMPYrexConverter::grants(double values)
+/// Whether that much more memory for this file may be taken; `asked` is what it is for.
+bool TJCAMPYrexConverter::grants(double bytes, const QString &asked)
 {
-    const double bytes = fBytesGranted + values * double(sizeof(double));
-    fAsksTooMuch = exceedsReadBound(bytes, block()->text().size());
+    fAsksTooMuch = exceedsReadBound(fBytesGranted + bytes, block()->text().size());
     if (fAsksTooMuch)
-        setProblem(lineText(*block()) + QStringLiteral("expected at most 64 times the memory of the file's %1 bytes, "
-                                                       "found NPOINTS or an axis for %2 points")
-                                            .arg(block()->text().size())
-                                            .arg(values));
+        setProblem(lineText(*block()) +
+                   QStringLiteral("expected at most 64 times the memory of the file's %1 bytes, found %2")
+                       .arg(block()->text().size())
+                       .arg(asked));
     else
-        fBytesGranted = bytes;
+        fBytesGranted += bytes;
     return !fAsksTooMuch;
+}
+
+bool TJCAMPYrexConverter::grantsValues(double values)
+{
+    return grants(values * double(sizeof(double)), QStringLiteral("NPOINTS or an axis for %1 points").arg(values));
+}
+
+/// Logs what was odd about the current block. A file of very many blocks does not flood the log.
+void TJCAMPYrexConverter::note(const QString &text)
+{
+    ++fNotes;
+    if (fNotes <= cMaxNotes)
+        TLogger::printToLogger("YREX", lineText(*block()) + text);
+    else if (fNotes == cMaxNotes + 1)
+        TLogger::printToLogger("YREX", QStringLiteral("further notes on the blocks of this file are left out"));
+}
+
+/// Tells what was taken for granted in the reading of a table, and the first of its checks that failed.
+void TJCAMPYrexConverter::noteReading(const TJCAMPYrexInterpreter &dataset, const QString &problem)
+{
+    if (!problem.isEmpty())
+        note(problem);
+    if (dataset.isCut())
+        note(QStringLiteral("no NPOINTS tells how many values there are, and those behind the first %1 are left out")
+                 .arg(dataset.nPoints()));
+    if (dataset.isLastXAssumed())
+        note(QStringLiteral("expected LASTX, DELTAX or a second line with an X of its own, found none: the step is "
+                            "taken to be XFACTOR"));
+}
+
+/// The labels for the parameters. They are copied, so they count as memory.
+bool TJCAMPYrexConverter::addHeader(const TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum)
+{
+    const QByteArray header = headerOf(*block(), dataset.dataBlockStart());
+    if (!readsHeaderOnly() && !grants(header.size(), QStringLiteral("%1 bytes of labels").arg(header.size())))
+        return false;
+    spectrum.paramsBundle().addParamsBlob("header", fileName(), block()->startPos(), header);
+    return true;
 }
 
 int TJCAMPYrexConverter::importBlock()
@@ -207,10 +304,7 @@ int TJCAMPYrexConverter::importBlock()
     const auto number = [&](const char *label) { return dataset.getDouble(label, found); };
     spectrum->setAxis(number(Params::FIRSTX), number(Params::LASTX), number(Params::XFACTOR), number(Params::FIRSTY),
                       number(Params::YFACTOR));
-    const qint64 start = block()->startPos();
-    const QByteArray header = block()->text().mid(int(start), int(dataset.dataBlockStart() - start));
-    spectrum->paramsBundle().addParamsBlob("header", fileName(), start, header);
-    if (!readsHeaderOnly() && !readValues(dataset, *spectrum))
+    if (!addHeader(dataset, *spectrum) || (!readsHeaderOnly() && !readValues(dataset, *spectrum)))
         return 0;
     appendSpectrum(spectrum.release());
     return 1;
@@ -225,7 +319,7 @@ bool TJCAMPYrexConverter::readValues(TJCAMPYrexInterpreter &dataset, TYrexSpectr
                    QStringLiteral("expected a table of at least one value, found NPOINTS %1").arg(count));
         return false;
     }
-    if (!grants(count))
+    if (!grantsValues(count))
         return false;
     QVector<double> y(count, 0.0);
     if (data->isPairs()) {
@@ -234,6 +328,7 @@ bool TJCAMPYrexConverter::readValues(TJCAMPYrexInterpreter &dataset, TYrexSpectr
     } else {
         data->readAll(y.data(), count);
     }
+    noteReading(dataset, data->problem());
     for (double &value : y) {
         if (std::isnan(value)) // the file says that it is missing
             value = 0.0;
@@ -250,7 +345,7 @@ bool TJCAMPYrexConverter::readValues(TJCAMPYrexInterpreter &dataset, TYrexSpectr
 /// that only wanders about an even axis counts as even, as in text tables, and the log says so.
 bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum, QVector<double> &y)
 {
-    if (!grants(y.size()))
+    if (!grantsValues(y.size()))
         return false;
     QVector<double> x(y.size(), 0.0);
     const int count = dataset.dataIterator()->readAll(y.data(), y.size(), x.data());
@@ -264,23 +359,20 @@ bool TJCAMPYrexConverter::readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectru
     const auto disorder =
         std::adjacent_find(x.cbegin(), x.cend(), [](double before, double after) { return !(before <= after); });
     if (count == 0 || disorder != x.cend()) {
-        setProblem(lineText(*block()) +
-                   (count == 0 ? QStringLiteral("expected pairs of numbers, found none")
-                               : QStringLiteral("expected X in ascending or descending order, found %1 beside %2")
-                                     .arg(*disorder)
-                                     .arg(*(disorder + 1))));
+        setProblem(lineText(*block()) + (count == 0 ? QStringLiteral("expected pairs of numbers, found none")
+                                                    : disorderText(*disorder, *(disorder + 1))));
         return false;
     }
     if (!isUnevenAxis(x)) {
         if (!isNearEvenGrid(x))
-            TLogger::printToLogger("YREX", lineText(*block()) +
-                                               QStringLiteral("the X of %1 pairs lie beside an even axis and are taken "
-                                                              "as even")
-                                                   .arg(count));
+            note(QStringLiteral("the X of %1 pairs lie beside an even axis and are taken as even").arg(count));
     } else {
-        keepFirstOfEqual(x, y);
+        const int dropped = keepFirstOfEqual(x, y);
+        if (dropped > 0)
+            note(
+                QStringLiteral("%1 of %2 pairs have the X of the one before and are left out").arg(dropped).arg(count));
         const TFinestGrid grid = finestGrid(x);
-        if (!grants(grid.fCount))
+        if (!grantsValues(grid.fCount))
             return false;
         putOnGrid(x, grid.fStep, int(grid.fCount), &y);
     }
@@ -338,20 +430,33 @@ void TJCAMPYrexConverter::applyPeakTables(const TCanvasItemList &items)
 {
     if (fPeakTables.isEmpty())
         return;
-    const TJCAMPYrexInterpreter table(fPeakTables.first().first);
-    const QVector<QPointF> entries = table.pairs();
-    const qint64 fileSize = fPeakTables.first().first->text().size();
-    double bytes = 0.0;
+    setBlock(fPeakTables.first().first, fileName());
+    const TJCAMPYrexInterpreter table(block());
+    QString problem;
+    const QVector<QPointF> entries = table.pairs(&problem);
+    if (!problem.isEmpty())
+        note(problem);
+    TYrexSpectrumList takers;
     for (ICanvasItem *item : items.getByRtti(cSpectrumItem)) {
         const IYrexExportView *view = viewOf(item);
         for (int i = 0; view && i < view->exportSpectrumCount(); ++i) {
-            TYrexSpectrum *spectrum = view->exportRecord(i);
-            bytes += double(entries.size()) * double(sizeof(TYrexDPLib::TYrexDPPeak));
-            if (!spectrum || exceedsReadBound(bytes, fileSize))
-                return;
-            for (const QPointF &entry : entries)
-                spectrum->peaks().append(newPeak(entry, *spectrum));
+            if (TYrexSpectrum *spectrum = view->exportRecord(i))
+                takers.append(spectrum);
         }
+    }
+    const double bytes = double(entries.size()) * double(takers.size()) * double(sizeof(TYrexDPLib::TYrexDPPeak));
+    if (exceedsReadBound(bytes, block()->text().size())) {
+        note(QStringLiteral(
+                 "expected at most 64 times the memory of the file's %1 bytes, found %2 peaks for %3 spectra: "
+                 "none gets them")
+                 .arg(block()->text().size())
+                 .arg(entries.size())
+                 .arg(takers.size()));
+        return;
+    }
+    for (TYrexSpectrum *spectrum : qAsConst(takers)) {
+        for (const QPointF &entry : entries)
+            spectrum->peaks().append(newPeak(entry, *spectrum));
     }
 }
 
@@ -404,6 +509,11 @@ void TJCAMPYrexConverter::inspectBlock(TJCAMPBlock *block, TFileNode &node)
     node.fValue = QString::fromLatin1(unifiedValue(*block, Params::DATACLASS));
     if (!dataset.isValid())
         return;
+    const QString refusal = refusalOf(dataset);
+    if (!refusal.isEmpty()) {
+        node.addBroken(QStringLiteral("refused"), refusal);
+        return;
+    }
     if (!dataset.dataIterator()) {
         node.fNote = QStringLiteral("its peaks go to all spectra of the file, if it is the first peak table");
         return;

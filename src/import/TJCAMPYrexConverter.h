@@ -51,7 +51,11 @@ protected:
 private:
     bool readPeakTable();
     void applyPeakTables(const TCanvasItemList &items);
-    bool grants(double values);
+    bool grants(double bytes, const QString &asked);
+    bool grantsValues(double values);
+    void note(const QString &text);
+    void noteReading(const TJCAMPYrexInterpreter &dataset, const QString &problem);
+    bool addHeader(const TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum);
     bool readValues(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum);
     bool readPairs(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum, QVector<double> &y);
     void finishTransmittance(TJCAMPYrexInterpreter &dataset, TYrexSpectrum &spectrum) const;
@@ -61,6 +65,7 @@ private:
     const char *fExportDataForm;
     QList<QPair<TJCAMPBlock *, QStringList>> fPeakTables; // the blocks live as long as the file is read
     TYrexSpectrumList fLaterSpectra;                      // that join the item at the end of the file; owned
-    double fBytesGranted = 0.0;                           // for the values of this file
+    double fBytesGranted = 0.0;                           // for the labels and values of this file
     bool fAsksTooMuch = false;
+    int fNotes = 0; // logged of this file
 };

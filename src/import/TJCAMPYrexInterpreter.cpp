@@ -6,6 +6,7 @@
 #include "jcamp/TJCAMPBlock.h"
 
 using namespace Consts::JCAMP;
+using Utils::JCAMP::unifiedFirstLine;
 
 namespace {
 
@@ -22,12 +23,6 @@ const QList<const char *> &dataTypes()
                                             Values::PEAKTABLE,
                                             Values::AVASOFT};
     return cTypes;
-}
-
-/// The value without its comment, unified.
-QByteArray unifiedText(const QByteArray &text)
-{
-    return Utils::JCAMP::getUnifiedParamValue(Utils::JCAMP::cutComment(text));
 }
 
 } // namespace
@@ -48,12 +43,12 @@ TJCAMPYrexInterpreter::TJCAMPYrexInterpreter(TJCAMPBlock *block)
 QByteArray TJCAMPYrexInterpreter::unified(const char *label) const
 {
     bool found = false;
-    return unifiedText(getString(label, found));
+    return unifiedFirstLine(getString(label, found));
 }
 
 int TJCAMPYrexInterpreter::yUnitOf(const QByteArray &text)
 {
-    const QByteArray unit = unifiedText(text);
+    const QByteArray unit = unifiedFirstLine(text);
     if (unit.contains(Values::TRANSMITTANCE))
         return cUnitTransmittance;
     if (unit.contains(Values::REFLECTANCE))
@@ -67,7 +62,7 @@ int TJCAMPYrexInterpreter::yUnitOf(const QByteArray &text)
 
 int TJCAMPYrexInterpreter::xUnitOf(const QByteArray &text, bool isRaman)
 {
-    const QByteArray unit = unifiedText(text);
+    const QByteArray unit = unifiedFirstLine(text);
     if (unit == Values::ONECM || unit == "CM1")
         return isRaman ? cUnitRamanShift : cUnitWavenumber;
     if (unit == "UM" || unit.contains("MICROMET") || unit.contains("(UM)"))

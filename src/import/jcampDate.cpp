@@ -14,15 +14,20 @@ constexpr int cFirstYearOf1900 = 70;
 QString timeText(const QString &text)
 {
     static const QRegularExpression cForm("^\\s*T?\\s*(\\d{1,2}):(\\d{2})(?::(\\d{2})(?:[.,](\\d{1,9}))?)?"
-                                          "(?:[.,]\\d+)?\\s*(?:([+-]\\d{2}):?(\\d{2})|(Z))?");
+                                          "(?:[.,]\\d+)?\\s*(?:([AaPp])\\.?[Mm]\\.?(?![A-Za-z]))?\\s*"
+                                          "(?:([+-]\\d{2}):?(\\d{2})|(Z))?");
     const QRegularExpressionMatch match = cForm.match(text);
     const int milliseconds = match.captured(4).leftJustified(3, '0', true).toInt();
-    const QTime time(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(), milliseconds);
+    int hour = match.captured(1).toInt();
+    const QString half = match.captured(5).toUpper();
+    if (!half.isEmpty() && hour <= 12) // some write "18:26 PM"
+        hour = hour % 12 + (half == "P" ? 12 : 0);
+    const QTime time(hour, match.captured(2).toInt(), match.captured(3).toInt(), milliseconds);
     if (!match.hasMatch() || !time.isValid())
         return QString();
-    QString zone = match.captured(7);
-    if (!match.captured(5).isEmpty())
-        zone = match.captured(5) + ':' + match.captured(6);
+    QString zone = match.captured(8);
+    if (!match.captured(6).isEmpty())
+        zone = match.captured(6) + ':' + match.captured(7);
     return time.toString(milliseconds == 0 ? "HH:mm:ss" : "HH:mm:ss.zzz") + zone;
 }
 
@@ -61,6 +66,13 @@ QDate readDate(const QString &text, QString &rest)
     return date;
 }
 
+/// Whether TIME holds a date as well: "10.24.56" is a time for once.
+bool isWholeDate(const QString &text)
+{
+    static const QRegularExpression cForm("^\\s*(\\d{4}\\D|\\d{1,2}\\s*/|[^:]*\\D\\d{4}(?!\\d))");
+    return cForm.match(text).hasMatch();
+}
+
 } // namespace
 
 QString jcampDate(const QStringList &arguments)
@@ -68,15 +80,20 @@ QString jcampDate(const QStringList &arguments)
     QStringList candidates = arguments.mid(0, cTime);
     if (candidates.size() > cLongDate)
         candidates.move(cLongDate, 0);
+    const QString time = arguments.value(cTime);
+    QString rest = time;
+    if (isWholeDate(time) && readDate(time, rest).isValid())
+        candidates.append(time);
+    else
+        rest = time;
+    const QString ownTime = timeText(rest);
     for (const QString &candidate : qAsConst(candidates)) {
-        QString rest;
         const QDate date = readDate(candidate, rest);
         if (!date.isValid())
             continue;
-        QString time = timeText(rest);
-        if (time.isEmpty())
-            time = timeText(arguments.value(cTime));
-        return date.toString(Qt::ISODate) + (time.isEmpty() ? QString() : 'T' + time);
+        const QString told = timeText(rest);
+        const QString text = told.isEmpty() ? ownTime : told;
+        return date.toString(Qt::ISODate) + (text.isEmpty() ? QString() : 'T' + text);
     }
     return QString();
 }

@@ -12,6 +12,8 @@
 #include "jcamp/TJCAMPFileMarking.h"
 #include "jcamp/TJCAMPWriter.h"
 #include "jcampDate.h"
+#include "log/TLogger.h"
+#include "plugin/TFileNode.h"
 
 #include <QBuffer>
 #include <limits>
@@ -48,8 +50,16 @@ public:
 class JcampConverter : public TReaderFixture, public IYrexItemFactory
 {
 protected:
-    void SetUp() override { IYrexItemFactory::setCurrent(this); }
-    void TearDown() override { IYrexItemFactory::setCurrent(nullptr); }
+    void SetUp() override
+    {
+        IYrexItemFactory::setCurrent(this);
+        fSink = TLogger::addSink([this](const TLogEntry &entry) { fLog += entry.fText + '\n'; });
+    }
+    void TearDown() override
+    {
+        TLogger::removeSink(fSink);
+        IYrexItemFactory::setCurrent(nullptr);
+    }
     ICanvasItem *createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *) override
     {
         fItems.push_back(std::make_unique<TItem>(spectra));
@@ -66,6 +76,7 @@ protected:
         const TJCAMPFileMarking marking(fileOf(text, "data.jdx"));
         int code = -1;
         fItems.clear();
+        fLog.clear();
         fConverter.clear();
         for (TJCAMPBlock *block : marking.blocks()) {
             fConverter.setBlock(block, marking.path());
@@ -99,7 +110,19 @@ protected:
         ASSERT_EQ(read(fWritten), 0) << fConverter.problem().toStdString();
     }
 
+    /// What the view of a file says of its first block.
+    QString seen(const QByteArray &text)
+    {
+        const TJCAMPFileMarking marking(text, "x");
+        TFileNode node;
+        node.fName = "block";
+        fConverter.inspectBlock(marking.blocks().first(), node);
+        return node.text();
+    }
+
     TJCAMPYrexConverter fConverter;
+    QString fLog;
+    int fSink = 0;
     std::vector<std::unique_ptr<TItem>> fItems;
     QByteArray fWritten;
 };
@@ -262,6 +285,7 @@ TEST_F(JcampConverter, putsUnevenPairsOntoAnEvenGrid)
     EXPECT_NEAR(first().values().at(100), 3 * 450.0, 1e-9);
     ASSERT_EQ(read(block(cInfrared, "##XYPOINTS=(XY..XY)\n" + down + down.mid(down.lastIndexOf('\n', -2) + 1))), 0)
         << "an x that comes twice";
+    EXPECT_TRUE(fLog.contains("1 of 21 pairs have the X of the one before")) << fLog.toStdString();
     EXPECT_EQ(first().pointCount(), 361);
     EXPECT_EQ(first().firstX(), 580.5);
     EXPECT_NEAR(first().values().last(), 1200.0, 1e-9);
@@ -280,6 +304,84 @@ TEST_F(JcampConverter, refusesWhatItCannotRead)
     EXPECT_EQ(spectra().size(), 1);
 }
 
+TEST_F(JcampConverter, blocksAmongLabelsKeepTheirOwn)
+{
+    const QByteArray peaks = "##TITLE=peaks\n##OWNER=other\n##DATA TYPE=INFRARED SPECTRUM\n"
+                             "##PEAK TABLE=(XY..XY)\n402,5\n##END=\nnothing\n";
+    ASSERT_EQ(read(block(cInfrared + peaks + "##ORIGIN=here\n")), 0);
+    ASSERT_EQ(spectra().size(), 1);
+    EXPECT_EQ(first().title(), "one");
+    EXPECT_EQ(param(first(), 1002), "here");
+    EXPECT_EQ(param(first(), 1003), QString());
+    EXPECT_EQ(first().peaks().size(), 1);
+    // each block among the labels of the one before; a copy from its start on would be the square of the file
+    constexpr int cDepth = 3000;
+    const QByteArray labels = "##TITLE=t\n##DATA TYPE=INFRARED SPECTRUM\n##COMMENT=" + QByteArray(40, 'x') + "\n";
+    const QByteArray table = "##NPOINTS=1\n##XYDATA=(X++(Y..Y))\n1 2\n##END=\n";
+    ASSERT_EQ(read(labels.repeated(cDepth) + table.repeated(cDepth)), 0);
+    ASSERT_EQ(spectra().size(), cDepth);
+    qint64 bytes = 0;
+    for (const TYrexSpectrum *spectrum : spectra())
+        bytes += spectrum->paramsBundle().blobs().first().size();
+    EXPECT_LT(bytes, cDepth * 200);
+}
+
+TEST_F(JcampConverter, logsWhatWasOdd)
+{
+    ASSERT_EQ(read(block(cInfrared, "##NPOINTS=4\n##XYDATA=(X++(Y..Y))\n400A0J\n402A5\n")), 0);
+    EXPECT_TRUE(fLog.contains("block at line 1: line 11: expected the check value 11, found 15")) << fLog.toStdString();
+    ASSERT_EQ(read(block(cInfrared, "##XYDATA=(X++(Y..Y))\n400AZ99999999\n")), 0);
+    EXPECT_TRUE(fLog.contains("behind the first 1048576")) << fLog.toStdString();
+    ASSERT_EQ(read("##TITLE=\n" + cInfrared + "##XYDATA=(X++(Y..Y))\n400 1 2 3\n##END=\n"), 0);
+    EXPECT_TRUE(fLog.contains("taken to be XFACTOR")) << fLog.toStdString();
+    EXPECT_EQ(first().lastX(), 402.0);
+    const QByteArray peaks = "##TITLE=\n" + cInfrared + "##PEAK TABLE=(XY..XY)\n";
+    ASSERT_EQ(read(block(cInfrared) + peaks + "$$ none\n##END=\n" + peaks + "402,1 404\n##END=\n"), 0);
+    EXPECT_EQ(first().peaks().size(), 1) << "a table of comments only is none";
+    EXPECT_TRUE(fLog.contains("expected 2 numbers, found 1")) << fLog.toStdString();
+    const QByteArray odd = block(cInfrared, "##NPOINTS=3\n##XYDATA=(X++(Y..Y))\n400 1\n");
+    read(odd.repeated(60));
+    EXPECT_EQ(fLog.count("expected 3 values"), 50);
+    ASSERT_EQ(read(block(cInfrared)), 0);
+    EXPECT_TRUE(fLog.isEmpty()) << fLog.toStdString();
+}
+
+TEST_F(JcampConverter, givesPeaksToAllSpectraOrNone)
+{
+    QByteArray peaks = "##TITLE=\n##DATA TYPE=INFRARED SPECTRUM\n##PEAK TABLE=(XY..XY)\n";
+    peaks += QByteArray("404,1 ").repeated(10000) + "\n##END=\n";
+    const QByteArray one = block(cInfrared, "##NPOINTS=1\n##XYDATA=(X++(Y..Y))\n404 1\n");
+    ASSERT_EQ(read(one + peaks), 0);
+    ASSERT_EQ(first().peaks().size(), 10000);
+    EXPECT_EQ(first().peaks().first()->position, 0.0);
+    EXPECT_EQ(first().peaks().first()->intensity, 1.0) << "at the X of a single point";
+    ASSERT_EQ(read(one.repeated(200) + peaks), 0);
+    for (const TYrexSpectrum *spectrum : spectra())
+        ASSERT_TRUE(spectrum->peaks().isEmpty());
+    EXPECT_TRUE(fLog.contains("10000 peaks for 200 spectra")) << fLog.toStdString();
+}
+
+TEST_F(JcampConverter, readsTheFirstLineOfBrokenLabels)
+{
+    ASSERT_EQ(read(block("##DATA TYPE=RAMAN SPECTRUM $$ x\nof a crystal\n##XUNITS=1/CM\nmore\n##YUNITS=COUNTS\n"
+                         "##DATA CLASS=XYDATA\nmore\n")),
+              0);
+    EXPECT_EQ(first().xUnits(), cUnitRamanShift);
+}
+
+TEST_F(JcampConverter, viewsTellWhichBlocksAreRefused)
+{
+    EXPECT_TRUE(seen(block(cInfrared)).contains("a spectrum"));
+    for (const char *data :
+         {"##NPOINTS=0\n##XYDATA=(X++(Y..Y))\n", "##XYPOINTS=(XY..XY)\n1,1 3,1 2,1\n",
+          "##NPOINTS=99999999\n##XYDATA=(X++(Y..Y))\n1 2\n", "##DATA CLASS=XYDATA\n##PEAK TABLE=(XY..XY)\n1,2\n"}) {
+        const QString text = seen(block(cInfrared, data));
+        EXPECT_TRUE(text.contains("refused") && !text.contains("a spectrum")) << text.toStdString();
+    }
+    EXPECT_TRUE(seen("##TITLE=p\n##DATA TYPE=PEAK TABLE\n##PEAK TABLE=(XY..XY)\n1,2\n").contains("refused"));
+    EXPECT_TRUE(seen("##TITLE=p\n" + cInfrared + "##PEAK TABLE=(XY..XY)\n1,2\n").contains("its peaks go"));
+}
+
 TEST_F(JcampConverter, ordersDatesByTrust)
 {
     const QMap<QString, QString> texts{{"2020/06/16", "2020-06-16"},
@@ -290,12 +392,19 @@ TEST_F(JcampConverter, ordersDatesByTrust)
                                        {"03/30/90", "1990-03-30"},
                                        {"28/8/2023", "2023-08-28"},
                                        {"69/01/02", "2069-01-02"},
+                                       {"3/30/90 12:26:16 am", "1990-03-30T00:26:16"},
+                                       {"3/30/90 6:26 P.M.", "1990-03-30T18:26:00"},
+                                       {"3/30/90 18:26 PM", "1990-03-30T18:26:00"},
                                        {"March 2017", QString()},
                                        {"2017", QString()},
                                        {"2017/13/40", QString()}};
     for (auto it = texts.begin(); it != texts.end(); ++it)
         EXPECT_EQ(jcampDate({it.key()}), it.value()) << it.key().toStdString();
     EXPECT_EQ(jcampDate({"95/11/30", "", "", "", "", "14:47"}), "1995-11-30T14:47:00");
+    EXPECT_EQ(jcampDate({"95/11/30", "", "", "", "", "6:26:16 PM"}), "1995-11-30T18:26:16");
+    EXPECT_EQ(jcampDate({"", "", "", "", "", "2020/06/16 10:11"}), "2020-06-16T10:11:00") << "a TIME with a date";
+    EXPECT_EQ(jcampDate({"95/11/30", "", "", "", "", "2020/06/16 10:11"}), "1995-11-30T10:11:00");
+    EXPECT_TRUE(jcampDate({"", "", "", "", "", "10.24.56"}).isNull());
     EXPECT_EQ(jcampDate({"no", "", "28/8/2023", "", "", "25:00"}), "2023-08-28");
     EXPECT_EQ(jcampDate({"95/11/30", "", "", "", "1996/01/02 03:04", "14:47"}), "1996-01-02T03:04:00");
     EXPECT_TRUE(jcampDate({"", ""}).isNull());

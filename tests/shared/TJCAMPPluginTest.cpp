@@ -6,6 +6,7 @@
 #include "jcamp/TBaseJCAMPConverter.h"
 #include "jcamp/TJCAMPBlock.h"
 #include "jcamp/TJCAMPExportData.h"
+#include "log/TLogger.h"
 #include "plugin/IConverter.h"
 #include "plugin/TBaseConverter.h"
 #include "services/TImportDriver.h"
@@ -168,6 +169,22 @@ TEST_F(JcampPlugin, failsWhenNoBlockGaveData)
     EXPECT_TRUE(fConverter->inspect(fileOf("no labels")).isEmpty());
     const QString seen = fConverter->inspect(fileOf(block("1", "NMR SPECTRUM"))).text();
     EXPECT_TRUE(seen.contains("NMR SPECTRUM") && seen.contains("no spectral data")) << seen.toStdString();
+}
+
+TEST_F(JcampPlugin, logsWhatWasLeftOutOfAFileThatIsRead)
+{
+    QStringList log;
+    const int sink = TLogger::addSink([&log](const TLogEntry &entry) { log.append(entry.fText); });
+    registerTypes({"A"});
+    EXPECT_EQ(fConverter->importFile(fileOf(block("bad", "A") + block("1", "A")), nullptr), 0);
+    EXPECT_EQ(log.filter("bad block").size(), 1) << log.join('\n').toStdString();
+    log.clear();
+    EXPECT_EQ(fConverter->importFile(fileOf(block("bad", "A")), nullptr), 50);
+    EXPECT_EQ(log.filter("not read: bad block").size(), 0) << "the problem of the file";
+    log.clear();
+    fConverter->importFile(fileOf(block("1", "A") + QByteArray("##TITLE=\n").repeated(100001)), nullptr);
+    EXPECT_EQ(log.filter("100000 blocks").size(), 1) << log.join('\n').toStdString();
+    TLogger::removeSink(sink);
 }
 
 TEST_F(JcampPlugin, writesWhatModulesHand)

@@ -8,6 +8,7 @@
 #include "jcamp/TJCAMPExportData.h"
 #include "jcamp/TJCAMPFileMarking.h"
 #include "jcamp/TJCAMPWriter.h"
+#include "log/TLogger.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -18,6 +19,7 @@ const QString cJcampFilter = QStringLiteral("JCAMP-DX (*.jcamp *.dx *.jdx *.jcm)
 
 constexpr qint64 cHeadBytes = 128 * 1024; // that much decides on a file
 constexpr int cTypesNamed = 5;            // in a message
+constexpr int cMaxLogged = 50;            // refused blocks of one file
 
 QString dataTypeOf(const TJCAMPBlock &block)
 {
@@ -37,6 +39,18 @@ QString unknownTypes(const TJCAMPFileMarking &marking)
     }
     return QStringLiteral("expected a block with spectral data of a known DATA TYPE, found %1")
         .arg(types.isEmpty() ? QStringLiteral("none") : types.join(", "));
+}
+
+/// Logs what no code of the file tells, for it was read otherwise.
+void logProblems(const TJCAMPFileMarking &marking, const QStringList &problems)
+{
+    const auto log = [](const QString &text) { TLogger::printToLogger("Kelmora", text, TLogger::cError); };
+    for (const QString &problem : problems.mid(0, cMaxLogged))
+        log(QStringLiteral("%1: not read: %2").arg(marking.path(), problem));
+    if (problems.size() > cMaxLogged)
+        log(QStringLiteral("%1: %2 more blocks are not read").arg(marking.path()).arg(problems.size() - cMaxLogged));
+    if (!marking.problem().isEmpty())
+        log(QStringLiteral("%1: %2").arg(marking.path(), marking.problem()));
 }
 
 } // namespace
@@ -104,6 +118,7 @@ int TJCAMPFileConverter::convertBlocks(const TJCAMPFileMarking &marking, ICanvas
     bool isOffered = false;
     bool isRead = false;
     int code = cConverterContentUnusable;
+    QStringList problems;
     for (TJCAMPBlock *block : marking.blocks()) {
         QVariantMap unused;
         const TEntry *taker = takerOf(block, marking.path(), {}, unused);
@@ -114,11 +129,16 @@ int TJCAMPFileConverter::convertBlocks(const TJCAMPFileMarking &marking, ICanvas
         code = taker->fConverter->importFile(marking.path(), parent);
         all = taker->fPart->allImportedItems();
         isRead = isRead || code == cConverterOk;
-        if (code != cConverterOk)
+        if (code != cConverterOk) {
             setProblem(taker->fConverter->problem());
+            problems.append(taker->fConverter->problem());
+        }
     }
     if (!isOffered)
         setProblem(unknownTypes(marking));
+    else if (!isRead)
+        problems.removeLast(); // the file's own, then
+    logProblems(marking, problems);
     return isRead ? int(cConverterOk) : code;
 }
 
