@@ -1,12 +1,12 @@
 #include "TYrexParamsParsers.h"
 
 #include "TASCIIYrexParamsParser.h"
+#include "TJCAMPYrexParamsParser.h"
 #include "TYrexGalacticSpcParamsParser.h"
 #include "TYrexOmnicSpaParamsParser.h"
-#include "TYrexSPParamsParser.h"
-#include "TJCAMPYrexParamsParser.h"
 #include "TYrexOpusParamsParser.h"
 #include "TYrexSERSBTParamsParser.h"
+#include "TYrexSPParamsParser.h"
 #include "params/TParamsParsers.h"
 #include "utils/TFileFormat.h"
 

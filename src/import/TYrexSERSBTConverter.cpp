@@ -56,7 +56,9 @@ void addBlock(const TSersbtBlock &block, const QString &title, TFileNode *root)
                                QStringLiteral("the spectra \"%1\" and so on").arg(title.arg(1)));
     row.fLine = block.fLine;
     row.add("rows", QString::number(block.fRowCount),
-            block.fX.size() < block.fRowCount ? QStringLiteral("%1 used: announced, and of different x").arg(block.fX.size()) : QString());
+            block.fX.size() < block.fRowCount
+                ? QStringLiteral("%1 used: announced, and of different x").arg(block.fX.size())
+                : QString());
     if (!block.fX.isEmpty())
         row.add("x axis", QStringLiteral("%1 to %2").arg(block.fX.first()).arg(block.fX.last()),
                 QStringLiteral("taken as even between its ends"));
