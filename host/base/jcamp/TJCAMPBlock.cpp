@@ -20,7 +20,7 @@ QByteArray TJCAMPBlock::getString(const char *key, bool &found) const
     const QByteArray unified = Utils::JCAMP::getUnifiedParamValue(QByteArray(key));
     const int index = indexOf(key);
     found = index >= 0;
-    const QByteArray value = found ? fRecords[index].value(fText) : QByteArray();
+    QByteArray value = found ? fRecords[index].value(fText) : QByteArray();
     const bool isClass = unified == Utils::JCAMP::getUnifiedParamValue(QByteArray(Params::DATACLASS));
     if (!isClass || !Utils::JCAMP::unifiedFirstLine(value).isEmpty())
         return value;
