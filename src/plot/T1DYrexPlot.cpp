@@ -10,26 +10,6 @@
 
 namespace {
 
-QString horzLabel(int units)
-{
-    switch (units) {
-    case cUnitMicrometers:
-        return QCoreApplication::translate("T1DYrexPlot", "Wavelength [μm]");
-    case cUnitNanometers:
-        return QCoreApplication::translate("T1DYrexPlot", "Wavelength [nm]");
-    case cUnitRamanShift:
-        return QCoreApplication::translate("T1DYrexPlot", "Raman Shift [cm^-1]");
-    case cUnitFieldGauss:
-        return QCoreApplication::translate("T1DYrexPlot", "Field (G)");
-    case cUnitFieldTesla:
-        return QCoreApplication::translate("T1DYrexPlot", "Field (T)");
-    case cUnitArbitrary:
-        return QCoreApplication::translate("T1DYrexPlot", "Arbitrary Units");
-    default:
-        return QCoreApplication::translate("T1DYrexPlot", "Wavenumber [cm^-1]");
-    }
-}
-
 QString vertLabel(int units)
 {
     switch (units) {
@@ -55,6 +35,26 @@ QString vertLabel(int units)
 }
 
 } // namespace
+
+QString T1DYrexPlot::horzLabel(int units)
+{
+    switch (units) {
+    case cUnitMicrometers:
+        return QCoreApplication::translate("T1DYrexPlot", "Wavelength [μm]");
+    case cUnitNanometers:
+        return QCoreApplication::translate("T1DYrexPlot", "Wavelength [nm]");
+    case cUnitRamanShift:
+        return QCoreApplication::translate("T1DYrexPlot", "Raman Shift [cm^-1]");
+    case cUnitFieldGauss:
+        return QCoreApplication::translate("T1DYrexPlot", "Field (G)");
+    case cUnitFieldTesla:
+        return QCoreApplication::translate("T1DYrexPlot", "Field (T)");
+    case cUnitArbitrary:
+        return QCoreApplication::translate("T1DYrexPlot", "Arbitrary Units");
+    default:
+        return QCoreApplication::translate("T1DYrexPlot", "Wavenumber [cm^-1]");
+    }
+}
 
 T1DYrexPlot::T1DYrexPlot(int kind, const QUuid &dataId, IYrexPlotable *plotable)
     : T1DStackedPlot(cPlotType, dataId)

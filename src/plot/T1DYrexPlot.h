@@ -10,6 +10,7 @@
 
 #include <QList>
 #include <QMap>
+#include <QSet>
 #include <QUuid>
 
 class IYrexPlotable;
@@ -46,14 +47,32 @@ public:
     void fitStackAxis() override;
     QMap<int, QRectF> stackedLabelRects() const override { return fStackedLabelRects; }
     QStringList numberedLabels() const override;
+    QStringList rowTitles() const override { return fRowTitles; }
+    int drawnRows() const override;
+    bool isFaded(int order) const override { return fDeselected.contains(order); }
+    bool hasSecondAxis() const override;
+    QString secondAxisTitle() const override;
+    double toSecondAxis(double value) const override;
+    double fromSecondAxis(double value) const override;
+    /// The curve that a baseline correction would take away, and the points that it runs through.
     void drawBaseline(QPainter &painter) override;
+    /// The labels of the current spectrum's peaks.
+    void drawPeaks(QPainter &painter) override;
+    /// Segments, curves and labels of the current spectrum's integrals.
+    void drawIntegrals(QPainter &painter) override;
+    /// Tints the highlighted integrals and shows their handles; on the screen only, over everything else.
+    void drawHighlights(QPainter &painter) override;
+    /// Marks beside the rows of selected spectra.
+    void drawSelectedStackedMark(QPainter &painter);
 
     int xUnits() const { return fXUnits; }
     int yUnits() const { return fYUnits; }
     TTitleProperties &titleProperties() { return fTitleProperties; }
     const TTitleProperties &titleProperties() const { return fTitleProperties; }
     TYrexPeakPlotProperties &peakProperties() { return fPeakProperties; }
+    const TYrexPeakPlotProperties &peakProperties() const { return fPeakProperties; }
     TYrexIntegralPlotProperties &integralProperties() { return fIntegralProperties; }
+    const TYrexIntegralPlotProperties &integralProperties() const { return fIntegralProperties; }
     int axisLabelFlags() const { return fAxisLabelFlags; }
     void setAxisLabelFlags(int flags) { fAxisLabelFlags = flags; }
 
@@ -78,6 +97,21 @@ public:
     const TPlotHotAreas &hotAreas() const { return fHotAreas; }
     const TPlotHotArea &hitTest(const QPointF &itemPoint) const { return fHotAreas.hit(itemPoint); }
 
+    /// The hot areas with that identifier: of a peak, or of an integral.
+    QVector<TPlotHotArea> hotAreasOf(const QUuid &areaId) const;
+
+    /// Subtypes of the hot areas of an integral.
+    enum TIntegralArea {
+        cSegmentArea = 0x001,
+        cCurveArea = 0x002,
+        cSegmentMiddle = 0x008,
+        cSegmentLeft = 0x010,
+        cSegmentRight = 0x020,
+        cCurveTop = 0x040,
+        cCurveBottom = 0x080,
+        cLabelArea = 0x100
+    };
+
     IYrexPlotData *data() const;
 
 protected:
@@ -86,6 +120,24 @@ protected:
 private:
     using TSeries = T1DPlotData<double>;
 
+    struct TRowTitle
+    {
+        QString text;
+        int order; // plot index
+    };
+
+    static TSeries plotSeries(const TYrexDataView &view);
+    static QString horzLabel(int units);
+    bool keepsAreas() const { return stateWord() & cKeepHotAreas; }
+    bool showsMarks() const;
+    void prepareDraw();
+    void reserveLabelStrips();
+    QStringList peakTexts(const TYrexPeakPainter::TPeaks &peaks) const;
+    void addIntegralHotAreas(const TYrexIntegralHits &hits);
+    QVector<int> displayOrder(const IYrexPlotData &data) const;
+    bool hasRowTitles() const;
+    QVector<TRowTitle> titlesOfRows(const IYrexPlotData &data) const;
+    void drawLegend(QPainter &painter, IYrexPlotData &data);
     TSeries xSeries(IYrexPlotData &data, int index) const;
     TSeries ySeries(IYrexPlotData &data, int index) const;
     void showUnits(IYrexPlotData &data, TAxisDir axis, int units, bool useOriginal, bool converts);
@@ -113,4 +165,10 @@ private:
     QMap<int, QRectF> fStackedLabelRects;
     TPlotHotAreas fHotAreas;
     QList<QUuid> fHighlightedIntegrals;
+
+    // of the last draw
+    QVector<int> fDrawn; // plot indices of the curves
+    QSet<int> fDeselected;
+    QStringList fRowTitles;
+    QVector<QRectF> fMarkRects; // what a legend keeps clear of
 };

@@ -1,7 +1,23 @@
 #include "T1DYrexPlotter.h"
 
 #include "T1DYrexPlot.h"
+#include "TSimple1DYrexPlotter.h"
 #include "TYrexUnits.h"
+#include "plot/ColorUtils.h"
+#include "plot/PainterUtils.h"
+#include "plot/TTypesetter.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr double cRing = 60.0;       // width of the ring around a pointed peak
+constexpr double cTextGap = 6.0;     // between that ring and its text
+constexpr double cLargestStrip = 0.5; // of the height; more is left to the curves
+
+enum TCursorMode { cUprightLine = 1, cRingAndLine = 2 };
+
+} // namespace
 
 T1DYrexPlotter::T1DYrexPlotter(T1DYrexPlot *plot)
     : T1DStackedBasePlotter(plot)
@@ -17,12 +33,91 @@ QUuid T1DYrexPlotter::id() const
 
 QRectF T1DYrexPlotter::getPlotCurvesRect() const
 {
+    if (isLayoutHeld())
+        return heldCurvesRect();
     return adjustPlotCurvesRectToTitle(T1DStackedBasePlotter::getPlotCurvesRect(), fYrexPlot->titleProperties());
+}
+
+void T1DYrexPlotter::setLabelStrips(double top, double bottom)
+{
+    fTopStrip = top;
+    fBottomStrip = bottom;
+}
+
+QRectF T1DYrexPlotter::adjustedPlotArea() const
+{
+    const QRectF area = T1DStackedBasePlotter::adjustedPlotArea();
+    if (fTopStrip + fBottomStrip > cLargestStrip * area.height())
+        return area;
+    return area.adjusted(0.0, fTopStrip, 0.0, -fBottomStrip);
+}
+
+double T1DYrexPlotter::baselineOf(int yUnits)
+{
+    if (yUnits == cUnitTransmittance)
+        return 1.0;
+    return yUnits == cUnitPercentTransmittance ? 100.0 : 0.0;
 }
 
 double T1DYrexPlotter::baselineScaleValue() const
 {
-    if (fYrexPlot->yUnits() == cUnitTransmittance)
-        return 1.0;
-    return fYrexPlot->yUnits() == cUnitPercentTransmittance ? 100.0 : 0.0;
+    return baselineOf(fYrexPlot->yUnits());
+}
+
+TBasePlotter *T1DYrexPlotter::createSimplePlotter() const
+{
+    return new TSimple1DYrexPlotter(*this, fYrexPlot->yUnits());
+}
+
+QVector<TYrexVisiblePiece> T1DYrexPlotter::visiblePieces(TAxisDir dir) const
+{
+    const QRectF curves = getPlotCurvesRect();
+    const TRanges visible = drawnRanges(dir).adjustTo(axis(dir).drawnScale());
+    const QVector<TRange> places = dir == horzDir ? rangesToCanvasUnits(dir, visible, curves.left(), curves.right())
+                                                  : rangesToCanvasUnits(dir, visible, curves.top(), curves.bottom());
+    QVector<TYrexVisiblePiece> pieces;
+    for (int i = 0; i < visible.count(); ++i)
+        pieces.append({visible.at(i), places.at(i)});
+    return pieces;
+}
+
+void T1DYrexPlotter::drawIntegrals(QPainter &painter, const TYrexIntegrationRegions &regions,
+                                   const T1DPlotData<double> &y, const TRange &xRange,
+                                   const TYrexIntegralPlotProperties &properties, int yUnits, TYrexIntegralHits *hits,
+                                   int storedXUnits, int xUnits) const
+{
+    const TYrexIntegralCurve::TSource source{y, xRange, storedXUnits, xUnits, yUnits};
+    TYrexIntegralPainter(*this, properties, source).draw(painter, regions, hits);
+}
+
+void T1DYrexPlotter::drawPeaks(QPainter &painter, const TYrexPeakPainter::TPeaks &peaks, const QStringList &texts,
+                               TYrexPeakPainter::THits *hits, bool sortAscending) const
+{
+    TYrexPeakPainter(*this, fYrexPlot->peakProperties()).draw(painter, peaks, texts, hits, sortAscending);
+}
+
+void T1DYrexPlotter::drawHighlightCursor(QPainter &painter, const QPointF &scalePos, const QString &text,
+                                         int mode) const
+{
+    double x = 0.0;
+    double y = 0.0;
+    if (mode == 0 || !scale2Canvas(horzDir, scalePos.x(), x))
+        return;
+    const QRectF curves = stackRow().row >= 0 ? adjustedPlotArea() : getPlotCurvesRect();
+    painter.save();
+    painter.setPen(QPen(Utils::Color::cSelectionColors.first(), TBasePlotProperties::cDefPenWidth));
+    painter.setBrush(Qt::NoBrush);
+    if (mode & cUprightLine) {
+        const double more = horzAxis().isVisible() ? properties().plotAreaMargin : 0.0;
+        painter.drawLine(QPointF(x, curves.top()), QPointF(x, curves.bottom() + more));
+    }
+    if ((mode & cRingAndLine) && scale2Canvas(vertDir, scalePos.y(), y)) {
+        const QRectF ring(x - cRing / 2, y - cRing / 2, cRing, cRing);
+        painter.drawEllipse(ring);
+        painter.drawLine(QPointF(ring.left(), y), QPointF(ring.right(), y));
+        if (!text.isEmpty())
+            TTypesetter(Utils::Painter::fontSizeInPixels(properties().axesFont))
+                .draw(painter, QPointF(ring.right() + cTextGap, ring.top() - cTextGap), text);
+    }
+    painter.restore();
 }

@@ -17,6 +17,8 @@ public:
     }
     QRectF getPlotCurvesRect() const override
     {
+        if (isLayoutHeld())
+            return heldCurvesRect();
         return adjustPlotCurvesRectToTitle(T1DStackedBasePlotter::getPlotCurvesRect(), *fTitle);
     }
 

@@ -33,6 +33,7 @@ TCurveStyle T1DBasePlotter::styleOf(const QPen &pen) const
 {
     TCurveStyle style;
     style.pen = pen;
+    style.pen.setColor(ink(pen.color()));
     style.antialiasing = properties().antialiasing;
     return style;
 }
@@ -78,7 +79,7 @@ void T1DBasePlotter::plot1DXYCommon(QPainter &painter, const T1DPlotData<double>
     TCurveStyle style = styleOf(pen);
     double base = 0.0;
     if (fill && scale2Canvas(vertDir, baselineScaleValue(), base)) {
-        style.fill = pen.color();
+        style.fill = style.pen.color();
         style.fill.setAlphaF(properties().fillAlpha > 0.0 ? properties().fillAlpha : cAreaAlpha);
         style.fillBase = base;
     }
@@ -102,7 +103,7 @@ void T1DBasePlotter::drawMarkers(QPainter &painter, const T1DPlotData<double> &x
         return;
     painter.save();
     painter.setPen(Qt::NoPen);
-    painter.setBrush(pen.color());
+    painter.setBrush(ink(pen.color()));
     const double radius = cMarkerSize * pen.widthF() / 2;
     for (const QPointF &pos : qAsConst(points))
         painter.drawEllipse(pos, radius, radius);
@@ -115,7 +116,7 @@ void T1DBasePlotter::plotBaseline(QPainter &painter, double value) const
     double place = 0.0;
     if (!scale2Canvas(vertDir, value, place) || place < area.top() || place > area.bottom())
         return;
-    QColor color = properties().axesColor;
+    QColor color = ink(properties().axesColor);
     color.setAlphaF(0.5);
     for (const TAxisMap::TPiece &piece : axisMap(horzDir).pieces())
         Utils::Painter::drawCrispLine(painter, QLineF(piece.places.a, place, piece.places.b, place), cBaselineWidth,
@@ -137,7 +138,7 @@ void T1DBasePlotter::plotTitle(QPainter &painter, const QString &text, const TTi
     QRectF rect = getTitleRect(title);
     const bool isTurned = title.position == titleAtLeft || title.position == titleAtRight;
     painter.save();
-    painter.setPen(title.color);
+    painter.setPen(ink(title.color));
     if (isTurned) {
         painter.translate(rect.left(), rect.bottom());
         painter.rotate(-90.0);
@@ -160,7 +161,7 @@ QVector<QRectF> T1DBasePlotter::drawBaselinePoints(QPainter &painter, const T1DP
 {
     QVector<QRectF> rects;
     const QRectF clip = curveClip();
-    const QColor color = Qt::blue;
+    const QColor color = ink(Qt::blue);
     painter.save();
     painter.setPen(QPen(color, TBasePlotProperties::cDefPenWidth));
     for (int i = 0; i < std::min(x.count, y.count); ++i) {
@@ -171,7 +172,7 @@ QVector<QRectF> T1DBasePlotter::drawBaselinePoints(QPainter &painter, const T1DP
         }
         const double size = i == highlighted ? 1.5 * cPointSize : cPointSize;
         const QRectF rect(pos.x() - size / 2, pos.y() - size / 2, size, size);
-        painter.setBrush(flags.value(i, 0) ? QBrush(color) : QBrush(properties().background));
+        painter.setBrush(flags.value(i, 0) ? QBrush(color) : QBrush(paper().isValid() ? paper() : QColor(Qt::white)));
         painter.drawEllipse(rect);
         rects.append(rect);
     }

@@ -8,17 +8,31 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
 const QUuid cPlotterId(QStringLiteral("{b7a0c0c3-3a0b-5f6b-8f43-6d8d2c9f1d03}"));
 constexpr double cDegree = 3.14159265358979323846 / 180.0;
 constexpr double cMarkSize = 24.0;      // of the mark beside the active row
+constexpr double cSmallMarkSize = 14.0; // of those beside the other selected rows
+constexpr double cTitleOverrun = 1.6;   // by which a title over a column may be shortened
 constexpr double cTitleInset = 8.0;     // between a row's title and the right end
 constexpr double cMaxTitleShare = 0.25; // of the item's width, for titles beside rows
-constexpr double cPaperAlpha = 0.7;     // behind a title inside the plot
 constexpr double cFadedAlpha = 0.45;    // of curves that are not selected
+// lengths of dash and gap, then dot and gap; one pen width counts as 3.5
+const QVector<qreal> cDashCues[] = {{}, {12.0 / 3.5, 6.0 / 3.5}, {3.0 / 3.5, 5.0 / 3.5}, {12.0 / 3.5, 5.0 / 3.5, 3.0 / 3.5, 5.0 / 3.5}};
+constexpr int cDashCueCount = 4;
 constexpr double cWideColumn = 4.0;     // widths of a number, under which a column goes without numbers
+
+void setDashCue(QPen &pen, int number)
+{
+    const QVector<qreal> &cue = cDashCues[number % cDashCueCount];
+    if (cue.isEmpty())
+        return;
+    pen.setDashPattern(cue);
+    pen.setCapStyle(Qt::FlatCap);
+}
 
 } // namespace
 
@@ -65,9 +79,13 @@ QMarginsF T1DStackedBasePlotter::titleMargins(const TTitleProperties &title) con
     if (!hasTitlePerCurve(title) || !title.visible)
         return T1DBasePlotter::titleMargins(title);
     const TTypesetter typesetter(Utils::Painter::fontSizeInPixels(title.font));
-    double widest = 0.0;
-    for (const QString &text : fStackedPlot->rowTitles())
-        widest = std::max(widest, typesetter.width(text));
+    const QStringList texts = fStackedPlot->rowTitles();
+    if (fTitleWidth.texts != texts || fTitleWidth.font != title.font) {
+        fTitleWidth = {texts, title.font, 0.0};
+        for (const QString &text : texts)
+            fTitleWidth.widest = std::max(fTitleWidth.widest, typesetter.width(text));
+    }
+    const double widest = fTitleWidth.widest;
     if (widest == 0.0)
         return QMarginsF();
     if (fStackedPlot->isQueued())
@@ -157,14 +175,15 @@ QRectF T1DStackedBasePlotter::getArrayedCurveRect(int row) const
     return fStackedPlot->isStacked() || fStackedPlot->isGrouped() ? rowRect(row, true) : getPlotCurvesRect();
 }
 
-/// The rank of each order among them.
-QVector<int> T1DStackedBasePlotter::ranked(const QVector<int> &orders) const
+/// The rank of each place among them, of equal ones the first first.
+QVector<int> T1DStackedBasePlotter::ranked(const QVector<int> &places) const
 {
-    QVector<int> sorted = orders;
-    std::sort(sorted.begin(), sorted.end());
-    QVector<int> ranks;
-    for (const int order : orders)
-        ranks.append(int(std::lower_bound(sorted.cbegin(), sorted.cend(), order) - sorted.cbegin()));
+    QVector<int> sorted(places.size());
+    std::iota(sorted.begin(), sorted.end(), 0);
+    std::stable_sort(sorted.begin(), sorted.end(), [&](int l, int r) { return places.at(l) < places.at(r); });
+    QVector<int> ranks(places.size());
+    for (int rank = 0; rank < sorted.size(); ++rank)
+        ranks[sorted.at(rank)] = rank;
     return ranks;
 }
 
@@ -172,27 +191,33 @@ void T1DStackedBasePlotter::beginRows(int count)
 {
     unsetStackMatrix();
     fRowCount = count;
+    fDrawnIds = fStackedPlot->drawnIds();
     if (!(fStackedPlot->stateWord() & TBasePlot::cKeepHotAreas))
         fPointable.clear();
 }
 
-QPen T1DStackedBasePlotter::penOf(int order, double widthFactor) const
+QPen T1DStackedBasePlotter::arrayedPen(int order, double widthFactor) const
 {
     QPen pen = properties().curvePen;
     const QColor own = stackedProperties().arrayedColor(order);
     if (own.isValid())
         pen.setColor(own);
+    const bool isPalette = Utils::Color::paletteIndex(pen.color()) >= 0 &&
+                           stackedProperties().colorSetting() == hueSetting &&
+                           stackedProperties().colorMode() == paletteColors;
+    const bool inBlack = fStackedPlot->stateWord() & TBasePlot::cBlackAndWhite;
+    if (pen.style() == Qt::SolidLine && order >= 0 && (inBlack || isPalette))
+        setDashCue(pen, inBlack ? order : order / Utils::Color::cPaletteSize);
     pen.setWidthF(pen.widthF() * widthFactor);
     return pen;
 }
 
 TCurveChange T1DStackedBasePlotter::changeOf(int curve) const
 {
-    const QVector<quint32> ids = fStackedPlot->drawnIds();
     TCurveChange change;
-    if (curve >= 0 && curve < ids.size()) {
-        change.factorY = stackedProperties().factor(ids.at(curve));
-        change.offset = stackedProperties().offset(ids.at(curve));
+    if (curve >= 0 && curve < fDrawnIds.size()) {
+        change.factorY = stackedProperties().factor(fDrawnIds.at(curve));
+        change.offset = stackedProperties().offset(fDrawnIds.at(curve));
     }
     return change;
 }
@@ -222,34 +247,35 @@ void T1DStackedBasePlotter::drawOverlay(QPainter &painter, const TSeries &xs, co
         if (orders.at(i) == active)
             last = i;
         else
-            drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), styleOf(penOf(orders.at(i), 1.0)));
+            drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), styleOf(arrayedPen(orders.at(i), 1.0)));
     }
     if (last >= 0)
         drawMember(painter, xs.at(last), ys.at(last), last, active,
-                   styleOf(penOf(active, stackedProperties().activePenWidthFactor())));
+                   styleOf(arrayedPen(active, stackedProperties().activePenWidthFactor())));
 }
 
 void T1DStackedBasePlotter::drawActive(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
                                        int active)
 {
     beginRows(0);
-    drawMember(painter, x, y, -1, active, styleOf(penOf(active, 1.0)));
+    drawMember(painter, x, y, -1, active, styleOf(arrayedPen(active, 1.0)));
 }
 
 void T1DStackedBasePlotter::drawStack(QPainter &painter, const TSeries &xs, const TSeries &ys,
-                                      const QVector<int> &orders, bool whiteWash)
+                                      const QVector<int> &orders, bool whiteWash, const QVector<int> &places)
 {
     const int count = std::min({xs.size(), ys.size(), orders.size()});
     beginRows(count);
-    const QVector<int> rows = ranked(orders.mid(0, count));
+    const QVector<int> rows = ranked((places.size() < count ? orders : places).mid(0, count));
     QVector<int> curveOfRow(count);
     for (int i = 0; i < count; ++i)
         curveOfRow[rows.at(i)] = i;
     for (int row = count - 1; row >= 0; --row) { // the lowest row stands at the front
         const int i = curveOfRow.at(row);
-        TCurveStyle style = styleOf(penOf(orders.at(i), 1.0));
+        TCurveStyle style = styleOf(arrayedPen(orders.at(i), 1.0));
         if (whiteWash) {
-            style.fill = properties().background.isValid() ? properties().background : QColor(Qt::white);
+            style.fill = textPaper();
+            style.fill.setAlpha(255);
             style.fillBase = getPlotCurvesRect().bottom(); // below everything that a row may cover
         }
         setStackMatrix(row);
@@ -259,14 +285,14 @@ void T1DStackedBasePlotter::drawStack(QPainter &painter, const TSeries &xs, cons
 }
 
 void T1DStackedBasePlotter::drawQueue(QPainter &painter, const TSeries &xs, const TSeries &ys,
-                                      const QVector<int> &orders)
+                                      const QVector<int> &orders, const QVector<int> &places)
 {
     const int count = std::min({xs.size(), ys.size(), orders.size()});
     beginRows(count);
-    const QVector<int> columns = ranked(orders.mid(0, count));
+    const QVector<int> columns = ranked((places.size() < count ? orders : places).mid(0, count));
     for (int i = 0; i < count; ++i) {
         setStackMatrix(columns.at(i));
-        drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), styleOf(penOf(orders.at(i), 1.0)));
+        drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), styleOf(arrayedPen(orders.at(i), 1.0)));
     }
     unsetStackMatrix();
 }
@@ -274,23 +300,29 @@ void T1DStackedBasePlotter::drawQueue(QPainter &painter, const TSeries &xs, cons
 void T1DStackedBasePlotter::drawGroupedStack(QPainter &painter, const TGroups &groups)
 {
     beginRows(groups.size());
+    int curve = 0; // behind the last one of the row
+    for (const QVector<TGroupMember> &group : groups)
+        curve += group.size();
     for (int row = groups.size() - 1; row >= 0; --row) {
         setStackMatrix(row);
-        for (const TGroupMember &member : groups.at(row))
-            drawMember(painter, member.x, member.y, -1, -1, styleOf(member.pen));
+        curve -= groups.at(row).size();
+        for (int i = 0; i < groups.at(row).size(); ++i) {
+            const TGroupMember &member = groups.at(row).at(i);
+            drawMember(painter, member.x, member.y, curve + i, member.order, styleOf(member.pen));
+        }
     }
     unsetStackMatrix();
 }
 
 void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringList &texts, const QVector<int> &orders,
                                               const TTitleProperties &title, const QColor &color,
-                                              QMap<int, QRectF> &rects) const
+                                              QMap<int, QRectF> &rects, const QVector<int> &places) const
 {
     const int count = std::min(texts.size(), orders.size());
     if (!title.visible || count == 0 || fRowCount == 0)
         return;
     const TTypesetter typesetter(Utils::Painter::fontSizeInPixels(title.font));
-    const QVector<int> rows = ranked(orders.mid(0, count));
+    const QVector<int> rows = ranked((places.size() < count ? orders : places).mid(0, count));
     const QRectF whole = getPlotCurvesRect();
     const double height = typesetter.height();
     const QMarginsF room = titleMargins(title);
@@ -319,7 +351,9 @@ void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringLi
     for (const T1DLabelInfo &label : arranger.labels()) {
         const QRectF own = getArrayedCurveRect(rows.at(label.index));
         const double widest = !isQueue && room.right() > 0.0 ? room.right() : own.width() - 2 * cTitleInset;
-        const QStringList lines = typesetter.wrapped(label.text, widest, 1);
+        QStringList lines = typesetter.wrapped(label.text, widest, 1);
+        if (isQueue && lines.value(0) != label.text && typesetter.width(label.text) > cTitleOverrun * widest)
+            lines = QStringList(QString::number(rows.at(label.index) + 1));
         if ((!isQueue && !label.hasRoom) || lines.isEmpty())
             continue;
         const double width = typesetter.width(lines.first());
@@ -329,11 +363,9 @@ void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringLi
         const QRectF rect(left, label.pos - height / 2, width, height);
         const int order = orders.at(label.index);
         if (room.isNull()) {
-            QColor paper = properties().background.isValid() ? properties().background : QColor(Qt::white);
-            paper.setAlphaF(cPaperAlpha);
-            painter.fillRect(rect, paper);
+            painter.fillRect(rect, textPaper());
         }
-        painter.setPen(color.isValid() ? color : penOf(order, 1.0).color());
+        painter.setPen(ink(color.isValid() ? color : arrayedPen(order, 1.0).color()));
         typesetter.draw(painter, rect, Qt::AlignLeft | Qt::AlignTop, lines.first());
         rects.insert(order, rect);
     }
@@ -367,27 +399,46 @@ void T1DStackedBasePlotter::drawQueueAxes(QPainter &painter, int columns) const
     drawAxisTitle(painter, horzDir);
 }
 
+/// A mark beside each selected row, filled for the active one; a row of which only some are selected has a hollow one.
 void T1DStackedBasePlotter::drawSelectedStackedMark(QPainter &painter, int active, const QVector<int> &deselected,
-                                                    const QVector<int> &) const
+                                                    const QVector<int> &groupSizes) const
 {
-    if (active < 0 || active >= fRowCount || deselected.contains(active))
-        return;
-    const QRectF band = getArrayedCurveRect(active);
-    const bool isQueue = fStackedPlot->isQueued();
+    QVector<int> missing(fRowCount, 0); // deselected members of each row
+    QVector<int> members(fRowCount, 1);
+    for (int i = 0; i < deselected.size(); ++i) {
+        const int row = deselected.at(i);
+        if (row < 0 || row >= fRowCount)
+            continue;
+        ++missing[row];
+        members[row] = std::max(1, groupSizes.value(i, 1));
+    }
+    const QColor color = Utils::Color::cSelectionColors.first();
+    painter.save();
+    painter.setPen(QPen(color, TBasePlotProperties::cDefPenWidth));
+    for (int row = 0; row < fRowCount; ++row) {
+        if (missing.at(row) >= members.at(row))
+            continue;
+        const bool isActive = row == active;
+        painter.setBrush(missing.at(row) > 0 ? QBrush(textPaper()) : QBrush(color));
+        painter.drawPolygon(selectionMark(row, isActive ? cMarkSize : cSmallMarkSize));
+    }
+    painter.restore();
+}
+
+/// A triangle that points at the foot of a row or the head of a column.
+QPolygonF T1DStackedBasePlotter::selectionMark(int row, double size) const
+{
+    const QRectF band = getArrayedCurveRect(row);
     const double margin = properties().plotAreaMargin;
     QPolygonF mark;
-    if (isQueue) {
+    if (fStackedPlot->isQueued()) {
         const QPointF tip(band.center().x(), band.top() - margin);
-        mark << tip << tip + QPointF(-cMarkSize / 2, -cMarkSize) << tip + QPointF(cMarkSize / 2, -cMarkSize);
+        mark << tip << tip + QPointF(-size / 2, -size) << tip + QPointF(size / 2, -size);
     } else {
         const QPointF tip(getPlotCurvesRect().left() - margin, band.bottom());
-        mark << tip << tip + QPointF(-cMarkSize, -cMarkSize / 2) << tip + QPointF(-cMarkSize, cMarkSize / 2);
+        mark << tip << tip + QPointF(-size, -size / 2) << tip + QPointF(-size, size / 2);
     }
-    painter.save();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Utils::Color::cSelectionColors.first());
-    painter.drawPolygon(mark);
-    painter.restore();
+    return mark;
 }
 
 int T1DStackedBasePlotter::indexOfPointedStackedCurve(const QPointF &pos) const

@@ -9,8 +9,9 @@ class T1DStackedPlotProperties;
 
 /// Draws several curves: over each other, in rows, side by side or in grouped rows.
 ///
-/// `orders` name curves by their place in the display order: it decides the colour (arrayedColor) and, by its rank
-/// among the curves drawn, the row. Row 0 is the lowest.
+/// `orders` name curves by their plot index: it decides the colour (arrayedColor) and is what hot areas and the search
+/// for the pointed curve answer. `rows`, one per curve, are places in the display order, of which the rank among the
+/// curves drawn is the row; without them the orders decide. Row 0 is the lowest.
 class T1DStackedBasePlotter : public T1DBasePlotter
 {
 public:
@@ -20,6 +21,7 @@ public:
         T1DPlotData<double> x;
         T1DPlotData<double> y;
         QPen pen;
+        int order = -1;
     };
     using TGroups = QVector<QVector<TGroupMember>>;
     static constexpr double cQueueGap = 40.0;   // between two columns
@@ -43,15 +45,28 @@ public:
     /// The active curve alone, in its own colour.
     void drawActive(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y, int active);
     /// In rows; with `whiteWash` each curve hides what lies behind it.
-    void drawStack(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders, bool whiteWash);
+    void drawStack(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders, bool whiteWash,
+                   const QVector<int> &rows = {});
     /// Side by side.
-    void drawQueue(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders);
+    void drawQueue(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders,
+                   const QVector<int> &rows = {});
     /// A row per group, its members over each other.
     void drawGroupedStack(QPainter &painter, const TGroups &groups);
     /// A title per curve at the right end of its row (over its column), moved apart where they would overlap, the
-    /// rectangle of each under its order. An invalid colour means the curve's own.
+    /// rectangle of each under its order. An invalid colour means the curve's own. Over a column too narrow for its
+    /// title stands the number of the column.
     void drawStackedTitles(QPainter &painter, const QStringList &texts, const QVector<int> &orders,
-                           const TTitleProperties &title, const QColor &color, QMap<int, QRectF> &rects) const;
+                           const TTitleProperties &title, const QColor &color, QMap<int, QRectF> &rects,
+                           const QVector<int> &rows = {}) const;
+    /// Line samples and titles of the curves of a frame in the corner that curves and `obstacles` leave emptiest; more
+    /// than 12 curves get a bar of their colours. Orders as in drawOverlay.
+    void drawLegend(QPainter &painter, const TSeries &xs, const TSeries &ys, const QStringList &texts,
+                    const QVector<int> &orders, int active, const QVector<QRectF> &obstacles) const;
+    /// A line of small text at the upper right end of the curves, paper behind it.
+    void drawNotice(QPainter &painter, const QString &text) const;
+    /// The pen of the curve with that order as it is stored, colours not yet mapped for the paper. Dashes tell curves
+    /// apart when the palette begins anew, and in black and white.
+    QPen arrayedPen(int order, double widthFactor) const;
     /// The axis under each column of a queue: in the first only where columns are narrow.
     void drawQueueAxes(QPainter &painter, int columns) const;
 
@@ -74,13 +89,16 @@ private:
     };
     const T1DStackedPlotProperties &stackedProperties() const;
     void beginRows(int count);
-    QVector<int> ranked(const QVector<int> &orders) const;
+    QVector<int> ranked(const QVector<int> &places) const;
     QRectF rowRect(int row, bool pitchOnly) const;
     QRectF columnRect(int column) const;
-    QPen penOf(int order, double widthFactor) const;
+    QPolygonF selectionMark(int row, double size) const;
     TCurveChange changeOf(int curve) const;
     void drawMember(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y, int curve, int order,
                     TCurveStyle style);
+    QRectF emptiestPlace(const QVector<QRectF> &places, const TSeries &xs, const TSeries &ys,
+                         const QVector<QRectF> &obstacles) const;
+    void drawColorBar(QPainter &painter, const QRectF &rect, const QVector<int> &orders) const;
     bool hasTitlePerCurve(const TTitleProperties &title) const;
     TRange shownRows(int rows) const;
     double rowPitch(int rows) const;
@@ -88,5 +106,13 @@ private:
 
     T1DStackedPlot *fStackedPlot;
     int fRowCount = 0;
+    QVector<quint32> fDrawnIds; // by curve, of the present draw
+    struct TTitleWidth
+    {
+        QStringList texts;
+        QFont font;
+        double widest = 0.0;
+    };
+    mutable TTitleWidth fTitleWidth; // measuring hundreds of titles takes longer than drawing them
     QVector<TPointable> fPointable; // in drawing order
 };

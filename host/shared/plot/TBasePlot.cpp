@@ -67,11 +67,14 @@ void TBasePlot::draw(QPainter &painter, const QRectF &rect)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, fProperties.antialiasing);
     painter.setRenderHint(QPainter::TextAntialiasing, true);
-    if (fProperties.background.isValid())
-        painter.fillRect(rect, fProperties.background);
+    const QColor paper = plotter()->paper();
+    if (paper.isValid())
+        painter.fillRect(rect, paper);
+    plotter()->holdLayout();
     drawAxes(painter);
     drawCurves(painter);
     drawTitle(painter);
+    plotter()->releaseLayout();
     painter.restore();
 }
 
@@ -81,6 +84,7 @@ void TBasePlot::drawAxes(QPainter &painter)
     plotter()->drawAxis(painter, horzDir);
     plotter()->drawAxis(painter, vertDir);
     plotter()->drawFrame(painter);
+    plotter()->drawSecondAxis(painter);
 }
 
 void TBasePlot::drawCurves(QPainter &) {}

@@ -29,7 +29,10 @@ class TBasePlot
 {
 public:
     static constexpr double cDefIntensityFactor = 1.1;
-    static constexpr quint32 cKeepHotAreas = 1; // state: a picture, print or thumbnail that leaves hot areas alone
+    // bits of the state word, for one way of looking at a plot; none is stored
+    static constexpr quint32 cKeepHotAreas = 1;  // a picture, print or thumbnail that leaves hot areas alone
+    static constexpr quint32 cDarkPaper = 2;     // colours are mapped for dark paper while drawing
+    static constexpr quint32 cBlackAndWhite = 4; // black and grey, curves told apart by dashes
     static constexpr double cDefReach = 5.0;    // how near a hot area the mouse must be, canvas units, without a view
 
     TBasePlot(int plotType, const QUuid &id);
@@ -71,6 +74,12 @@ public:
     virtual QString axisTitle(TAxisDir dir) const { return axis(dir).label(); }
     /// Whether the axis has numbers and ticks; rows of a stack have none.
     virtual bool hasNumbers(TAxisDir dir) const;
+    /// Whether the horizontal axis is shown a second time on the other side, in another unit: that unit's title, and
+    /// its values from those of the axis and back. Either way may be falling, and is monotonic over the scale.
+    virtual bool hasSecondAxis() const { return false; }
+    virtual QString secondAxisTitle() const { return QString(); }
+    virtual double toSecondAxis(double value) const { return value; }
+    virtual double fromSecondAxis(double value) const { return value; }
 
     virtual int storagePlotType() const { return fPlotType; }
     virtual int kind() const { return 0; }

@@ -22,6 +22,11 @@ void TBasePlotProperties::store(TDataStream &stream) const
     stream << axesColor << axesFont << axesTitleFont << axesLineWidth << qint32(tickDirection);
     horzAxis.store(stream);
     vertAxis.store(stream);
+    {
+        TDataStreamAdaptor more(stream);
+        more.startStore();
+        stream << quint8(showLegend) << qint32(secondAxis);
+    }
     block.endStore();
 }
 
@@ -47,6 +52,15 @@ void TBasePlotProperties::load(TDataStream &stream)
         stream >> read.axesLineWidth >> ticks;
         read.horzAxis.load(stream);
         read.vertAxis.load(stream);
+        TDataStreamAdaptor more(stream); // older documents end here
+        if (more.hasData()) {
+            quint8 legend = 0;
+            qint32 second = cNoSecondAxis;
+            stream >> legend >> second;
+            read.showLegend = legend != 0;
+            read.secondAxis = second;
+        }
+        more.skipData();
         read.showMarkers = markers != 0;
         read.isBaseLineShown = baseLine != 0;
         read.keepFitting = fitting != 0;
@@ -71,5 +85,6 @@ bool TBasePlotProperties::operator==(const TBasePlotProperties &other) const
            marginBottom == other.marginBottom && plotAreaMargin == other.plotAreaMargin &&
            keepFitting == other.keepFitting && antialiasing == other.antialiasing && axesColor == other.axesColor &&
            axesFont == other.axesFont && axesTitleFont == other.axesTitleFont && axesLineWidth == other.axesLineWidth &&
-           tickDirection == other.tickDirection && horzAxis == other.horzAxis && vertAxis == other.vertAxis;
+           tickDirection == other.tickDirection && showLegend == other.showLegend && secondAxis == other.secondAxis &&
+           horzAxis == other.horzAxis && vertAxis == other.vertAxis;
 }

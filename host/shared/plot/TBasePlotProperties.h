@@ -26,6 +26,7 @@ struct TBasePlotProperties
     static constexpr double cDefPenWidth = 3.0; // of marks
     static constexpr double cDefPlotAreaMargin = 15.0;
     static constexpr double cAutoMargin = -1.0;
+    static constexpr int cNoSecondAxis = -1;
 
     QPen curvePen;
     double fillAlpha = 0.0;   // area between curve and base line, 0 (none) to 1
@@ -41,6 +42,8 @@ struct TBasePlotProperties
     double plotAreaMargin = cDefPlotAreaMargin; // between the curves rectangle and the axis lines
     bool keepFitting = false;
     bool antialiasing = true;
+    bool showLegend = false;
+    int secondAxis = cNoSecondAxis; // unit of the horizontal axis on the other side, in the plug-in's numbers
 
     QColor axesColor = Qt::black;
     QFont axesFont; // of the numbers

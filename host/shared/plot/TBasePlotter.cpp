@@ -112,9 +112,39 @@ TPlotPlace TBasePlotter::whereIsMouse(const QPointF &pos) const
     return fPlot->rect().contains(pos) ? placeOnRim : placeOutside;
 }
 
+void TBasePlotter::holdLayout()
+{
+    fIsHeld = false;
+    fHeldRect = getPlotCurvesRect();
+    fIsHeld = true;
+}
+
+QColor TBasePlotter::ink(const QColor &color) const
+{
+    if (fPlot->stateWord() & TBasePlot::cDarkPaper)
+        return Utils::Color::onDarkPaper(color);
+    return fPlot->stateWord() & TBasePlot::cBlackAndWhite ? Utils::Color::inBlack(color) : color;
+}
+
+QColor TBasePlotter::paper() const
+{
+    const QColor &background = properties().background;
+    return background.isValid() && fPlot->stateWord() & TBasePlot::cDarkPaper ? Utils::Color::cDarkPaper : background;
+}
+
+QColor TBasePlotter::textPaper() const
+{
+    constexpr double cPaperAlpha = 0.7;
+    QColor color = paper();
+    if (!color.isValid())
+        color = fPlot->stateWord() & TBasePlot::cDarkPaper ? Utils::Color::cDarkPaper : QColor(Qt::white);
+    color.setAlphaF(cPaperAlpha);
+    return color;
+}
+
 QRectF TBasePlotter::getPlotCurvesRect() const
 {
-    return untitledCurvesRect();
+    return isLayoutHeld() ? heldCurvesRect() : untitledCurvesRect();
 }
 
 bool TBasePlotter::TLayoutKey::operator==(const TLayoutKey &other) const
@@ -125,7 +155,7 @@ bool TBasePlotter::TLayoutKey::operator==(const TLayoutKey &other) const
             numbers[i] != other.numbers[i])
             return false;
     }
-    return rect == other.rect && properties == other.properties;
+    return rect == other.rect && secondTitle == other.secondTitle && properties == other.properties;
 }
 
 QRectF TBasePlotter::untitledCurvesRect() const
@@ -135,6 +165,7 @@ QRectF TBasePlotter::untitledCurvesRect() const
                          {fPlot->horzRanges(), fPlot->vertRanges()},
                          {fPlot->axisTitle(horzDir), fPlot->axisTitle(vertDir)},
                          {fPlot->hasNumbers(horzDir), fPlot->hasNumbers(vertDir)},
+                         fPlot->hasSecondAxis() ? fPlot->secondAxisTitle() : QString(),
                          fPlot->properties()};
     if (!(key == fLayoutKey)) {
         fLayoutKey = key;
@@ -210,7 +241,7 @@ QRectF TBasePlotter::getTitleRect(const TTitleProperties &title) const
         const bool axisAbove = fPlot->horzAxis().posPolicy() == axisAtTop && !strip.isEmpty();
         double bottom = (axisAbove ? strip.top() : area.top()) - cTitleGap;
         if (!axisAbove)
-            bottom -= exponentRoom();
+            bottom -= std::max(exponentRoom(), secondStripThickness());
         rect = QRectF(area.left(), bottom - (space - cTitleGap), area.width(), space - cTitleGap);
     }
     }

@@ -68,7 +68,7 @@ public:
     /// The rectangles in which curves show: one for each pair of visible pieces.
     virtual QVector<QRectF> clippingRanges() const;
     virtual TPlotPlace whereIsMouse(const QPointF &pos) const;
-    /// Inside of the axes: the scales fill it exactly.
+    /// Inside of the axes: the scales fill it exactly. An override answers heldCurvesRect while the layout is held.
     virtual QRectF getPlotCurvesRect() const;
     /// Crosshair through an item point: bit 0 vertical line, bit 1 horizontal line.
     virtual void drawCrosshairs(QPainter &painter, const QPointF &pos, int mode) const;
@@ -113,6 +113,20 @@ public:
     /// Ticks and numbers as they stand on the axis; those of hidden values included.
     TAxisTicks axisTicks(TAxisDir dir) const;
 
+    /// The horizontal axis in its second unit, on the other side; nothing for a plot without one.
+    void drawSecondAxis(QPainter &painter) const;
+
+    /// A colour as the paper takes it: mapped for dark paper, or to black and grey.
+    QColor ink(const QColor &color) const;
+    /// What is painted under everything; invalid for none.
+    QColor paper() const;
+    /// The paper at 70 %, behind a text that stands over curves.
+    QColor textPaper() const;
+
+    /// While it is held, the layout is not computed anew for each place that is asked for.
+    void holdLayout();
+    void releaseLayout() { fIsHeld = false; }
+
     TBasePlot *plot() const { return fPlot; }
     const TBasePlotProperties &properties() const;
 
@@ -125,6 +139,9 @@ protected:
     };
     const TStackRow &stackRow() const { return fRow; }
     void setStackRow(const TStackRow &row) { fRow = row; }
+    /// Whether a draw is going on, and the curves rectangle that it began with.
+    bool isLayoutHeld() const { return fIsHeld; }
+    const QRectF &heldCurvesRect() const { return fHeldRect; }
     /// The curves rectangle before a title takes its part.
     QRectF untitledCurvesRect() const;
     /// What the title takes from the curves rectangle, side by side.
@@ -148,6 +165,7 @@ private:
         TRanges ranges[2];
         QString titles[2];
         bool numbers[2];
+        QString secondTitle;
         TBasePlotProperties properties;
         bool operator==(const TLayoutKey &other) const;
     };
@@ -166,6 +184,7 @@ private:
     QRectF computedCurvesRect() const;
     double roughLength(TAxisDir dir) const;
     double stripThickness(TAxisDir dir) const;
+    double secondStripThickness() const;
     double numbersWidth(double length) const;
     TAxisTicks ticksFor(TAxisDir dir, double length) const;
     double exponentRoom() const; // at the end of the vertical axis
@@ -178,6 +197,8 @@ private:
 
     TBasePlot *fPlot;
     TStackRow fRow;
+    bool fIsHeld = false;
+    QRectF fHeldRect;
     mutable TLayoutKey fLayoutKey;
     mutable QRectF fLayoutRect;
     mutable TMapKey fMapKeys[2];

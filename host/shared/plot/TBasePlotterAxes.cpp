@@ -132,10 +132,11 @@ QRectF TBasePlotter::computedCurvesRect() const
     const double right = margin(given.marginRight, vertStrip, atRight);
     double top = margin(given.marginTop, horzStrip, onTop);
     double bottom = margin(given.marginBottom, horzStrip, !onTop);
+    const double otherSide = std::max(exponentRoom(), secondStripThickness());
     if (onTop)
-        bottom += given.marginBottom < 0.0 ? exponentRoom() : 0.0;
+        bottom += given.marginBottom < 0.0 ? otherSide : 0.0;
     else
-        top += given.marginTop < 0.0 ? exponentRoom() : 0.0;
+        top += given.marginTop < 0.0 ? otherSide : 0.0;
     QRectF curves = rect.adjusted(left, top, -right, -bottom);
     curves.setWidth(std::max(cMinCurves, curves.width()));
     curves.setHeight(std::max(cMinCurves, curves.height()));
@@ -193,9 +194,9 @@ void TBasePlotter::drawGrid(QPainter &painter) const
                 const QLineF line = dir == horzDir ? QLineF(place, area.top(), place, area.bottom())
                                                    : QLineF(area.left(), place, area.right(), place);
                 if (looks.gridStyle == Qt::SolidLine) {
-                    Utils::Painter::drawCrispLine(painter, line, width, looks.gridColor);
+                    Utils::Painter::drawCrispLine(painter, line, width, ink(looks.gridColor));
                 } else {
-                    painter.setPen(QPen(looks.gridColor, width, looks.gridStyle, Qt::FlatCap));
+                    painter.setPen(QPen(ink(looks.gridColor), width, looks.gridStyle, Qt::FlatCap));
                     painter.drawLine(line);
                 }
             }
@@ -227,7 +228,7 @@ void TBasePlotter::drawAxisLine(QPainter &painter, TAxisDir dir, const TRange &s
     const double half = properties().axesLineWidth / 2; // more at either end, which closes the corners
     const auto drawPart = [&](double first, double last) {
         const QLineF line = dir == horzDir ? QLineF(first, pos, last, pos) : QLineF(pos, first, pos, last);
-        Utils::Painter::drawCrispLine(painter, line, properties().axesLineWidth, properties().axesColor);
+        Utils::Painter::drawCrispLine(painter, line, properties().axesLineWidth, ink(properties().axesColor));
     };
     QVector<TAxisMap::TPiece> pieces = axisMap(dir).pieces();
     std::sort(pieces.begin(), pieces.end(),
@@ -251,7 +252,7 @@ void TBasePlotter::drawTicks(QPainter &painter, TAxisDir dir, const QRectF &room
         if (scale2Canvas(dir, value, place))
             drawTick(painter, dir, place, cAxes2aryTickLength);
     }
-    painter.setPen(properties().axesColor);
+    painter.setPen(ink(properties().axesColor));
     for (int i = 0; i < ticks.major().size(); ++i) {
         if (!scale2Canvas(dir, ticks.major().at(i), place))
             continue;
@@ -268,7 +269,7 @@ void TBasePlotter::drawCutMark(QPainter &painter, TAxisDir dir, double place) co
     const double along = cCutStroke / 2 * std::cos(cCutAngle * cDegree);
     const double across = cCutStroke / 2 * std::sin(cCutAngle * cDegree);
     const double pos = adjustedAxisPos(dir);
-    painter.setPen(QPen(properties().axesColor, properties().axesLineWidth, Qt::SolidLine, Qt::FlatCap));
+    painter.setPen(QPen(ink(properties().axesColor), properties().axesLineWidth, Qt::SolidLine, Qt::FlatCap));
     if (dir == horzDir)
         painter.drawLine(QPointF(place - along, pos + across), QPointF(place + along, pos - across));
     else
@@ -283,7 +284,7 @@ void TBasePlotter::drawTick(QPainter &painter, TAxisDir dir, double place, doubl
     const double inner = tickLength(properties(), false) > 0.0 ? -length * outwards : 0.0;
     const QLineF line = dir == horzDir ? QLineF(place, pos + inner, place, pos + outer)
                                        : QLineF(pos + inner, place, pos + outer, place);
-    Utils::Painter::drawCrispLine(painter, line, properties().axesLineWidth, properties().axesColor);
+    Utils::Painter::drawCrispLine(painter, line, properties().axesLineWidth, ink(properties().axesColor));
 }
 
 /// A number is drawn only if it is whole.
@@ -340,7 +341,7 @@ void TBasePlotter::drawAxisTitle(QPainter &painter, TAxisDir dir) const
     if (lines.isEmpty())
         return;
     painter.save();
-    painter.setPen(properties().axesColor);
+    painter.setPen(ink(properties().axesColor));
     const double block = lines.size() * typesetter.height();
     if (dir == vertDir) {
         // turned, so that the text runs upwards; at either side the first line is the one further left
@@ -369,7 +370,7 @@ void TBasePlotter::drawFrame(QPainter &painter) const
     const QRectF area = plotArea();
     const double half = properties().axesLineWidth / 2;
     const auto drawSide = [&](const QLineF &line) {
-        Utils::Painter::drawCrispLine(painter, line, properties().axesLineWidth, properties().axesColor);
+        Utils::Painter::drawCrispLine(painter, line, properties().axesLineWidth, ink(properties().axesColor));
     };
     // sides that an axis drew already are left to it
     const bool horzDrawn = fPlot->horzAxis().isVisible();
