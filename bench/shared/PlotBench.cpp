@@ -56,6 +56,8 @@ BENCHMARK(drawPlot)
     ->Args({1, 1000000, 400, 1})
     ->Args({50, 6000, 4, 0})
     ->Args({50, 6000, 4, 1})
+    ->Args({1000, 2000, 1, 0})
+    ->Args({1000, 2000, 1, 1})
     ->Unit(benchmark::kMillisecond);
 
 /// A view of a hundredth of a million points that moves with every draw, as a pan does.

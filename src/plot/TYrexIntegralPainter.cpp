@@ -27,7 +27,7 @@ TYrexIntegralPainter::TYrexIntegralPainter(const T1DYrexPlotter &plotter, const 
     , fProperties(properties)
     , fCurve(source)
     , fTypesetter(Utils::Painter::fontSizeInPixels(properties.font))
-    , fCurves(plotter.getPlotCurvesRect())
+    , fCurves(plotter.adjustedPlotArea()) // less the strip of peak labels
     , fPen(properties.pen)
 {
     fPen.setColor(plotter.ink(fPen.color()));

@@ -16,6 +16,12 @@ constexpr double cPointSize = 18.0; // of a baseline point
 constexpr double cBaselineWidth = 1.5;
 constexpr int cTitleLines = 2;
 
+/// A place of a hidden value is NaN, which QRectF takes for one inside.
+bool isWithin(const QRectF &rect, const QPointF &pos)
+{
+    return std::isfinite(pos.x()) && std::isfinite(pos.y()) && rect.contains(pos);
+}
+
 } // namespace
 
 T1DBasePlotter::T1DBasePlotter(TBasePlot *plot)
@@ -96,7 +102,7 @@ void T1DBasePlotter::drawMarkers(QPainter &painter, const T1DPlotData<double> &x
     QVector<QPointF> points;
     for (int i = 0; i < std::min(x.count, y.count) && points.size() < cMaxMarkers; ++i) {
         const QPointF pos = scale2Canvas(QPointF(x.at(i), y.at(i)));
-        if (clip.contains(pos)) // not for NaN
+        if (isWithin(clip, pos))
             points.append(pos);
     }
     if (points.size() >= cMaxMarkers)
@@ -166,7 +172,7 @@ QVector<QRectF> T1DBasePlotter::drawBaselinePoints(QPainter &painter, const T1DP
     painter.setPen(QPen(color, TBasePlotProperties::cDefPenWidth));
     for (int i = 0; i < std::min(x.count, y.count); ++i) {
         const QPointF pos = scale2Canvas(QPointF(x.at(i), y.at(i)));
-        if (!clip.contains(pos)) {
+        if (!isWithin(clip, pos)) {
             rects.append(QRectF());
             continue;
         }

@@ -21,7 +21,8 @@ constexpr double cTitleInset = 8.0;     // between a row's title and the right e
 constexpr double cMaxTitleShare = 0.25; // of the item's width, for titles beside rows
 constexpr double cFadedAlpha = 0.45;    // of curves that are not selected
 // lengths of dash and gap, then dot and gap; one pen width counts as 3.5
-const QVector<qreal> cDashCues[] = {{}, {12.0 / 3.5, 6.0 / 3.5}, {3.0 / 3.5, 5.0 / 3.5}, {12.0 / 3.5, 5.0 / 3.5, 3.0 / 3.5, 5.0 / 3.5}};
+const QVector<qreal> cDashCues[] = {
+    {}, {12.0 / 3.5, 6.0 / 3.5}, {3.0 / 3.5, 5.0 / 3.5}, {12.0 / 3.5, 5.0 / 3.5, 3.0 / 3.5, 5.0 / 3.5}};
 constexpr int cDashCueCount = 4;
 constexpr double cWideColumn = 4.0;     // widths of a number, under which a column goes without numbers
 
@@ -206,7 +207,9 @@ QPen T1DStackedBasePlotter::arrayedPen(int order, double widthFactor) const
                            stackedProperties().colorSetting() == hueSetting &&
                            stackedProperties().colorMode() == paletteColors;
     const bool inBlack = fStackedPlot->stateWord() & TBasePlot::cBlackAndWhite;
-    if (pen.style() == Qt::SolidLine && order >= 0 && (inBlack || isPalette))
+    // beyond that every pair of colour and dashes has been used
+    const bool isFew = stackedProperties().colors().size() <= cDashCueCount * Utils::Color::cPaletteSize;
+    if (pen.style() == Qt::SolidLine && order >= 0 && isFew && (inBlack || isPalette))
         setDashCue(pen, inBlack ? order : order / Utils::Color::cPaletteSize);
     pen.setWidthF(pen.widthF() * widthFactor);
     return pen;

@@ -60,8 +60,10 @@ QRectF T1DStackedBasePlotter::emptiestPlace(const QVector<QRectF> &places, const
     for (int i = 0; i < curves; ++i) {
         for (int k = 0; k < std::min(xs.at(i).count, ys.at(i).count); k += stride) {
             const QPointF pos = scale2Canvas(QPointF(xs.at(i).at(k), ys.at(i).at(k)));
+            if (!std::isfinite(pos.x()) || !std::isfinite(pos.y()))
+                continue; // hidden
             for (int place = 0; place < places.size(); ++place) {
-                if (places.at(place).contains(pos)) // not for NaN
+                if (places.at(place).contains(pos))
                     load[place] += 1.0;
             }
         }

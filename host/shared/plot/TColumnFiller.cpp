@@ -6,12 +6,33 @@
 
 namespace {
 
-constexpr int cChunk = 32; // pixel columns that are handed to the painter at once
+constexpr int cChunk = 16; // pixel columns that are handed to the painter at once
 constexpr float cNone = std::numeric_limits<float>::max();
 
 float within(float value, int low, int high)
 {
     return std::max(float(low), std::min(value, float(high)));
+}
+
+/// Of heights that are not negative; the library's floor and ceil take several times as long.
+int floored(float value)
+{
+    return int(value);
+}
+
+int ceiled(float value)
+{
+    const int whole = int(value);
+    return whole + (float(whole) < value ? 1 : 0);
+}
+
+/// The share of a row that the parts of a pixel column cover.
+inline float coverage(const float *tops, const float *bottoms, int row)
+{
+    float sum = 0.0f;
+    for (int k = 0; k < TColumnFiller::cParts; ++k)
+        sum += std::max(0.0f, std::min(bottoms[k], float(row + 1)) - std::max(tops[k], float(row)));
+    return sum / TColumnFiller::cParts;
 }
 
 } // namespace
@@ -23,17 +44,9 @@ TColumnFiller::TColumnFiller(const QRect &clip, double penWidth)
 {
     const int reach = int(std::ceil(fRadius)) + 1;
     fFirst = (clip.left() - reach) * cParts;
-    fSpans.fill({cNone, -cNone}, std::max(0, clip.width() + 2 * reach) * cParts);
-}
-
-void TColumnFiller::take(int column, double y1, double y2)
-{
-    // heights far outside are held where the pen cannot be seen any more
-    const double above = -2.0 * fRadius - 4.0;
-    const double below = fClip.height() + 2.0 * fRadius + 4.0;
-    TSpan &span = fSpans[column - fFirst];
-    span.top = std::min(span.top, float(std::max(above, std::min(below, std::min(y1, y2) - fClip.top()))));
-    span.bottom = std::max(span.bottom, float(std::max(above, std::min(below, std::max(y1, y2) - fClip.top()))));
+    const int count = std::max(0, clip.width() + 2 * reach) * cParts;
+    fSpans.tops.fill(cNone, count);
+    fSpans.bottoms.fill(-cNone, count);
 }
 
 void TColumnFiller::takeSegment(const QPointF &p, const QPointF &q)
@@ -41,29 +54,41 @@ void TColumnFiller::takeSegment(const QPointF &p, const QPointF &q)
     const bool rises = p.x() <= q.x();
     const double x1 = (rises ? p.x() : q.x()) * cParts;
     const double x2 = (rises ? q.x() : p.x()) * cParts;
-    const double y1 = rises ? p.y() : q.y();
-    const double y2 = rises ? q.y() : p.y();
-    const int last = fFirst + fSpans.size() - 1;
+    const double y1 = (rises ? p.y() : q.y()) - fClip.top();
+    const double y2 = (rises ? q.y() : p.y()) - fClip.top();
+    const int last = fFirst + fSpans.tops.size() - 1;
     if (x2 < fFirst || x1 >= last + 1)
         return;
     const int from = std::max(fFirst, int(std::floor(std::max(x1, double(fFirst)))));
     const int to = std::min(last, int(std::floor(std::min(x2, double(last)))));
+    // heights far outside are held where the pen cannot be seen any more
+    const double above = -2.0 * fRadius - 4.0;
+    const double below = fClip.height() + 2.0 * fRadius + 4.0;
+    const auto held = [above, below](double y) { return float(std::max(above, std::min(below, y))); };
+    float *tops = fSpans.tops.data() - fFirst;
+    float *bottoms = fSpans.bottoms.data() - fFirst;
+    const auto take = [tops, bottoms](int column, float entry, float exit) {
+        tops[column] = std::min(tops[column], std::min(entry, exit));
+        bottoms[column] = std::max(bottoms[column], std::max(entry, exit));
+    };
     if (x2 - x1 < 1e-9) {
-        take(from, y1, y2);
+        take(from, held(y1), held(y2));
         return;
     }
     const double slope = (y2 - y1) / (x2 - x1);
-    double entry = y1 + slope * (std::max(x1, double(from)) - x1);
-    for (int column = from; column <= to; ++column) {
-        const double exit = column + 1 >= x2 ? y2 : y1 + slope * (column + 1 - x1);
+    float entry = held(y1 + slope * (std::max(x1, double(from)) - x1));
+    for (int column = from; column < to; ++column) {
+        const float exit = held(y1 + slope * (column + 1 - x1));
         take(column, entry, exit);
         entry = exit;
     }
+    take(to, entry, held(to + 1 >= x2 ? y2 : y1 + slope * (to + 1 - x1)));
 }
 
 void TColumnFiller::addLine(const QVector<QPointF> &points)
 {
-    fSpans.fill({cNone, -cNone});
+    fSpans.tops.fill(cNone);
+    fSpans.bottoms.fill(-cNone);
     if (points.size() == 1)
         takeSegment(points.first(), points.first());
     for (int i = 1; i < points.size(); ++i)
@@ -72,77 +97,70 @@ void TColumnFiller::addLine(const QVector<QPointF> &points)
 }
 
 /// The pen's span at a column is the union over the columns within its radius; as the curve is connected that is from
-/// the highest top to the lowest bottom.
+/// the highest top to the lowest bottom. An empty span is never the highest or lowest, so none is asked for, and the
+/// loops run over several columns at once.
 void TColumnFiller::dilate()
 {
     const int reach = int(std::floor(fRadius * cParts - 0.5));
-    QVector<float> rise(reach + 1);
-    for (int d = 0; d <= reach; ++d) {
-        // on a slope the point that reaches furthest into this column stands at the far border of the other one
-        const double distance = d == 0 ? 0.0 : (d + 0.5) / cParts;
-        rise[d] = float(std::sqrt(std::max(0.0, fRadius * fRadius - distance * distance)));
-    }
-    const float share = float(fRadius * cParts - 0.5) - reach; // of the next column that the pen still reaches
+    const float share = float(fRadius * cParts - 0.5) - float(reach); // of the next column that the pen still reaches
     const int before = fClip.left() * cParts - fFirst;
-    fStroked.resize(fClip.width() * cParts);
-    for (int i = 0; i < fStroked.size(); ++i) {
-        const TSpan *centre = fSpans.constData() + before + i;
-        float top = cNone;
-        float bottom = -cNone;
-        for (int d = -reach; d <= reach; ++d) {
-            const float roundness = rise.at(std::abs(d));
-            if (centre[d].isEmpty())
-                continue;
-            top = std::min(top, centre[d].top - roundness);
-            bottom = std::max(bottom, centre[d].bottom + roundness);
+    const int count = fClip.width() * cParts;
+    fStroked.tops.fill(cNone, count);
+    fStroked.bottoms.fill(-cNone, count);
+    float *tops = fStroked.tops.data();
+    float *bottoms = fStroked.bottoms.data();
+    for (int d = -reach; d <= reach; ++d) {
+        // on a slope the point that reaches furthest into this column stands at the far border of the other one
+        const double distance = d == 0 ? 0.0 : (std::abs(d) + 0.5) / cParts;
+        const float rise = float(std::sqrt(std::max(0.0, fRadius * fRadius - distance * distance)));
+        const float *top = fSpans.tops.constData() + before + d;
+        const float *bottom = fSpans.bottoms.constData() + before + d;
+        for (int i = 0; i < count; ++i) {
+            tops[i] = std::min(tops[i], top[i] - rise);
+            bottoms[i] = std::max(bottoms[i], bottom[i] + rise);
         }
-        for (const int side : {-1, 1}) {
-            const TSpan &outer = centre[side * (reach + 1)];
-            const TSpan &inner = centre[side * reach];
-            if (outer.isEmpty() || inner.isEmpty())
-                continue;
-            const float part = share * (outer.bottom - outer.top);
-            if (outer.top + outer.bottom < inner.top + inner.bottom) // the line goes up from here
-                top = std::min(top, outer.bottom - part);
-            else
-                bottom = std::max(bottom, outer.top + part);
+    }
+    for (const int side : {-1, 1}) {
+        const float *top = fSpans.tops.constData() + before + side * (reach + 1);
+        const float *bottom = fSpans.bottoms.constData() + before + side * (reach + 1);
+        const float *innerTop = fSpans.tops.constData() + before + side * reach;
+        const float *innerBottom = fSpans.bottoms.constData() + before + side * reach;
+        for (int i = 0; i < count; ++i) {
+            const bool isThere = top[i] <= bottom[i] && innerTop[i] <= innerBottom[i];
+            const bool goesUp = top[i] + bottom[i] < innerTop[i] + innerBottom[i]; // the line, from here
+            const float part = share * (bottom[i] - top[i]);
+            tops[i] = isThere && goesUp ? std::min(tops[i], bottom[i] - part) : tops[i];
+            bottoms[i] = isThere && !goesUp ? std::max(bottoms[i], top[i] + part) : bottoms[i];
         }
-        fStroked[i] = {top, bottom};
     }
 }
 
 void TColumnFiller::addArea(const QVector<QPointF> &points, double base)
 {
-    fSpans.fill({cNone, -cNone});
+    fSpans.tops.fill(cNone);
+    fSpans.bottoms.fill(-cNone);
     for (int i = 1; i < points.size(); ++i)
         takeSegment(points.at(i - 1), points.at(i));
     const float height = float(base - fClip.top());
     const int before = fClip.left() * cParts - fFirst;
-    fStroked.resize(fClip.width() * cParts);
-    for (int i = 0; i < fStroked.size(); ++i) {
-        const TSpan &span = fSpans.at(before + i);
-        if (span.isEmpty()) {
-            fStroked[i] = span;
-            continue;
-        }
+    const int count = fClip.width() * cParts;
+    fStroked.tops.resize(count);
+    fStroked.bottoms.resize(count);
+    for (int i = 0; i < count; ++i) {
+        const float top = fSpans.tops.at(before + i);
+        const float bottom = fSpans.bottoms.at(before + i);
         // the middle of the column's part of the line, or steep lines would widen the area
-        const float middle = (span.top + span.bottom) / 2;
-        fStroked[i] = {std::min(middle, height), std::max(middle, height)};
+        const float middle = (top + bottom) / 2;
+        fStroked.tops[i] = top <= bottom ? std::min(middle, height) : cNone;
+        fStroked.bottoms[i] = top <= bottom ? std::max(middle, height) : -cNone;
     }
-}
-
-float TColumnFiller::coverage(const TSpan *parts, int row) const
-{
-    float sum = 0.0f;
-    for (int k = 0; k < cParts; ++k)
-        sum += std::max(0.0f, std::min(parts[k].bottom, float(row + 1)) - std::max(parts[k].top, float(row)));
-    return sum / cParts;
 }
 
 void TColumnFiller::paint(QPainter &painter, const QColor &color)
 {
     const QRgb full = color.rgba();
-    QVector<QRgb> shades(256);
+    QRgb shades[256];
+    static thread_local QVector<QRgb> tBuffer; // a large one would be fetched from the system for every curve
     for (int i = 0; i < 256; ++i)
         shades[i] = qPremultiply(qRgba(qRed(full), qGreen(full), qBlue(full), (qAlpha(full) * i + 127) / 255));
     // device pixels are addressed directly; an image is then laid on them one to one
@@ -150,53 +168,61 @@ void TColumnFiller::paint(QPainter &painter, const QColor &color)
     painter.resetTransform();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     for (int from = 0; from < fClip.width(); from += cChunk)
-        paintChunk(painter, from, std::min(from + cChunk, fClip.width()), shades);
+        paintChunk(painter, from, std::min(from + cChunk, fClip.width()), shades, tBuffer);
     painter.restore();
 }
 
-void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QVector<QRgb> &shades)
+void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QRgb *shades,
+                               QVector<QRgb> &buffer) const
 {
+    const float *allTops = fStroked.tops.constData();
+    const float *allBottoms = fStroked.bottoms.constData();
     float highest = cNone;
     float lowest = -cNone;
     for (int i = from * cParts; i < to * cParts; ++i) {
-        highest = std::min(highest, fStroked.at(i).top);
-        lowest = std::max(lowest, fStroked.at(i).bottom);
+        highest = std::min(highest, allTops[i]);
+        lowest = std::max(lowest, allBottoms[i]);
     }
-    const int top = int(std::floor(within(highest, 0, fClip.height())));
-    const int bottom = int(std::ceil(within(lowest, 0, fClip.height())));
+    const int top = floored(within(highest, 0, fClip.height()));
+    const int bottom = ceiled(within(lowest, 0, fClip.height()));
     if (top >= bottom)
         return;
     const int width = to - from;
-    fPixels.fill(0, width * (bottom - top));
+    const int size = width * (bottom - top);
+    if (buffer.size() < size)
+        buffer.resize(size);
+    QRgb *pixels = buffer.data();
+    std::fill(pixels, pixels + size, 0u);
     for (int x = 0; x < width; ++x) {
-        const TSpan *parts = fStroked.constData() + (from + x) * cParts;
+        const float *tops = allTops + (from + x) * cParts;
+        const float *bottoms = allBottoms + (from + x) * cParts;
         float first = cNone;
         float last = -cNone;
         float solidFrom = -cNone; // rows that every part covers whole
         float solidTo = cNone;
         for (int k = 0; k < cParts; ++k) {
-            first = std::min(first, parts[k].top);
-            last = std::max(last, parts[k].bottom);
-            solidFrom = std::max(solidFrom, parts[k].top);
-            solidTo = std::min(solidTo, parts[k].bottom);
+            first = std::min(first, tops[k]);
+            last = std::max(last, bottoms[k]);
+            solidFrom = std::max(solidFrom, tops[k]);
+            solidTo = std::min(solidTo, bottoms[k]);
         }
         if (!(first <= last)) // a gap of the curve
             continue;
-        const int begin = int(std::floor(within(first, top, bottom)));
-        const int end = int(std::ceil(within(last, begin, bottom)));
-        const int solidBegin = int(std::ceil(within(solidFrom, begin, end)));
-        const int solidEnd = int(std::floor(within(solidTo, solidBegin, end)));
-        QRgb *pixel = fPixels.data() + (begin - top) * width + x;
+        const int begin = floored(within(first, top, bottom));
+        const int end = ceiled(within(last, begin, bottom));
+        const int solidBegin = ceiled(within(solidFrom, begin, end));
+        const int solidEnd = floored(within(solidTo, solidBegin, end));
+        QRgb *pixel = pixels + (begin - top) * width + x;
         for (int row = begin; row < end; ++row, pixel += width) {
             if (row >= solidBegin && row < solidEnd) {
-                *pixel = shades.at(255);
+                *pixel = shades[255];
                 continue;
             }
-            const float share = coverage(parts, row);
-            *pixel = shades.at(fSoft ? std::min(255, int(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0));
+            const float share = coverage(tops, bottoms, row);
+            *pixel = shades[fSoft ? std::min(255, int(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0)];
         }
     }
-    QImage image(reinterpret_cast<const uchar *>(fPixels.constData()), width, bottom - top, width * int(sizeof(QRgb)),
+    QImage image(reinterpret_cast<const uchar *>(pixels), width, bottom - top, width * int(sizeof(QRgb)),
                  QImage::Format_ARGB32_Premultiplied);
     const QTransform device = painter.deviceTransform();
     image.setDevicePixelRatio(device.m11());

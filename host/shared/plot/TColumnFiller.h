@@ -30,23 +30,20 @@ public:
     void paint(QPainter &painter, const QColor &color);
 
 private:
-    struct TSpan
+    /// From top to bottom in each column; empty where the top lies below.
+    struct TSpans
     {
-        float top;
-        float bottom;
-        bool isEmpty() const { return !(top <= bottom); }
+        QVector<float> tops;
+        QVector<float> bottoms;
     };
     void takeSegment(const QPointF &p, const QPointF &q);
-    void take(int column, double y1, double y2);
     void dilate();
-    float coverage(const TSpan *parts, int row) const;
-    void paintChunk(QPainter &painter, int from, int to, const QVector<QRgb> &shades);
+    void paintChunk(QPainter &painter, int from, int to, const QRgb *shades, QVector<QRgb> &buffer) const;
 
     QRect fClip;
     double fRadius;
     bool fSoft = true;
     int fFirst;              // first column: x of the left border in parts of a pixel, half a pen left of the clip
-    QVector<TSpan> fSpans;   // of the line itself, heights from the clip's top
-    QVector<TSpan> fStroked; // of the pen, of the clip's columns only
-    QVector<QRgb> fPixels;
+    TSpans fSpans;   // of the line itself, heights from the clip's top
+    TSpans fStroked; // of the pen, of the clip's columns only
 };

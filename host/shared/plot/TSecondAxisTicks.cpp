@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int cEnough = 5;           // numbers
+constexpr int cEnough = 4;           // numbers
 constexpr int cMostLevels = 4;       // decades below the span
 constexpr int cMostIntervals = 1000; // of one level; a span within one decade has ten
 constexpr double cLabelGap = 1.8;    // label widths per number
@@ -30,7 +30,8 @@ TSecondAxisTicks::TSecondAxisTicks(const TRange &span, const TPlace &place, cons
     for (int i = 0; (first + i) * top < fSpan.b && i < cMostIntervals; ++i)
         intervals.append({(first + i) * top, (first + i + 1) * top, top});
     for (int level = 0; level < cMostLevels && inView(intervals).size() < cEnough; ++level)
-        intervals = refined(intervals);
+        intervals = refined(intervals, true);
+    intervals = refined(intervals, false); // where there is room for the whole steps of this decade
     fMajor = inView(intervals);
     double finest = top;
     for (const TInterval &each : qAsConst(intervals)) {
@@ -75,14 +76,14 @@ bool TSecondAxisTicks::fits(const TInterval &interval, int parts, double leastGa
     return isAnyShown;
 }
 
-QVector<TSecondAxisTicks::TInterval> TSecondAxisTicks::refined(const QVector<TInterval> &intervals) const
+QVector<TSecondAxisTicks::TInterval> TSecondAxisTicks::refined(const QVector<TInterval> &intervals, bool alsoDecades) const
 {
     QVector<TInterval> result;
     for (const TInterval &each : intervals) {
         int parts = 1;
         const int unit = mantissa(each.step);
         for (const int tried : {10, 5, 2}) {
-            const bool isRound = unit == 1 || (unit == 5 && tried == 5) || (unit == 2 && tried == 2);
+            const bool isRound = (unit == 1 && alsoDecades) || (unit == 5 && tried == 5) || (unit == 2 && tried == 2);
             if (parts == 1 && isRound && fits(each, tried, 0.0, true))
                 parts = tried;
         }
