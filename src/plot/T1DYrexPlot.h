@@ -158,8 +158,6 @@ private:
     qint32 fXUnits = 50;
     qint32 fYUnits = 50;
     qint32 fAxisLabelFlags = 3; // bit 0 horizontal, bit 1 vertical: the label comes from the data
-    qint32 fHorzAxisPosPolicy = 0;
-    qint32 fVertAxisPosPolicy = 2;
     TYrexPeakPlotProperties fPeakProperties;
     TYrexIntegralPlotProperties fIntegralProperties;
     QMap<int, QRectF> fStackedLabelRects;

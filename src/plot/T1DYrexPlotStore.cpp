@@ -23,7 +23,8 @@ void T1DYrexPlot::resetFullView(TDataStream &stream)
 void T1DYrexPlot::store(TDataStream &stream) const
 {
     T1DStackedPlot::store(stream);
-    stream << fXUnits << fYUnits << fAxisLabelFlags << fHorzAxisPosPolicy << fVertAxisPosPolicy;
+    stream << fXUnits << fYUnits << fAxisLabelFlags << qint32(horzAxis().posPolicy())
+           << qint32(intensityAxis().posPolicy());
     stream << qint8(fPlotKind);
     fTitleProperties.store(stream);
     fPeakProperties.store(stream);
@@ -41,8 +42,14 @@ void T1DYrexPlot::load(TDataStream &stream)
 {
     T1DStackedPlot::load(stream);
     qint8 kind = 0;
-    stream >> fXUnits >> fYUnits >> fAxisLabelFlags >> fHorzAxisPosPolicy >> fVertAxisPosPolicy >> kind;
+    qint32 horzPolicy = axisAtBottom;
+    qint32 vertPolicy = axisAtLeft;
+    stream >> fXUnits >> fYUnits >> fAxisLabelFlags >> horzPolicy >> vertPolicy >> kind;
     fPlotKind = kind;
+    if (stream.isGood()) {
+        setAxisPosPolicy(horzDir, horzPolicy);
+        setAxisPosPolicy(vertDir, vertPolicy);
+    }
     fTitleProperties.load(stream);
     fPeakProperties.load(stream);
     TDataStreamAdaptor outer(stream);

@@ -118,6 +118,75 @@ TEST(T1DYrexPlot, storesAndLoadsTheSame)
     EXPECT_EQ(again, bytes);
 }
 
+TEST(T1DYrexPlot, aDocumentWithoutIntegralPropertiesGetsTheDefaults)
+{
+    TCanvasYrexSpectrum item({band()}, nullptr, nullptr);
+    QByteArray with;
+    QByteArray integrals;
+    {
+        TDataStream out(&with, QIODevice::WriteOnly);
+        item.activeYrexPlot()->store(out);
+        TDataStream own(&integrals, QIODevice::WriteOnly);
+        item.activeYrexPlot()->integralProperties().store(own);
+    }
+    constexpr int cBlockHeader = 12;
+    const int tail = integrals.size() + 2 * cBlockHeader; // the section around them and the empty one before them
+    TCanvasYrexSpectrum older({band()}, nullptr, nullptr);
+    older.activeYrexPlot()->integralProperties().decimals = 5;
+    TDataStream in(with.left(with.size() - tail));
+    older.activeYrexPlot()->load(in);
+    EXPECT_TRUE(in.isGood());
+    EXPECT_EQ(older.activeYrexPlot()->peakProperties().flags, 0x700u);
+    EXPECT_EQ(older.activeYrexPlot()->integralProperties().flags, 23u);
+}
+
+TEST(T1DYrexPlot, theSecondAxisTakesRoomAndStandsForLengthsOnly)
+{
+    TCanvasYrexSpectrum item({band()}, nullptr, nullptr);
+    T1DYrexPlot *plot = item.activeYrexPlot();
+    drawn(item);
+    const double top = plot->plotter()->getPlotCurvesRect().top();
+    plot->properties().secondAxis = cUnitMicrometers;
+    EXPECT_TRUE(plot->hasSecondAxis());
+    EXPECT_GT(plot->plotter()->getPlotCurvesRect().top(), top + 80);
+    EXPECT_EQ(plot->secondAxisTitle(), "Wavelength [μm]");
+    EXPECT_NEAR(plot->toSecondAxis(2000), 5.0, 1e-12);
+    EXPECT_NEAR(plot->fromSecondAxis(5.0), 2000, 1e-9);
+    plot->setAxisUnits(horzDir, cUnitMicrometers);
+    EXPECT_FALSE(plot->hasSecondAxis()) << "the same unit twice";
+    plot->setAxisUnits(horzDir, cUnitRamanShift);
+    EXPECT_FALSE(plot->hasSecondAxis());
+}
+
+TEST(T1DYrexPlot, stackedTitlesAnswerWithTheIndexOfTheSpectrum)
+{
+    TYrexSpectrumList spectra;
+    for (int i = 0; i < 3; ++i) {
+        spectra.append(band(1.0 + i));
+        spectra.last()->params().append(TSpectrumParam(1001, QString(), QString(), -1));
+        spectra.last()->setParamValue(1001, 1, QString("number %1").arg(i));
+    }
+    TCanvasYrexSpectrum item(spectra, nullptr, nullptr);
+    T1DYrexPlot *plot = item.activeYrexPlot();
+    plot->setStackedDisplayMode(stackedMode);
+    item.stack().setOrder({item.stack().idOf(2), item.stack().idOf(0), item.stack().idOf(1)});
+    drawn(item);
+    EXPECT_EQ(plot->rowTitles(), (QStringList{"number 2", "number 0", "number 1"}));
+    QMap<int, double> tops;
+    for (const TPlotHotArea &area : plot->hotAreas().hotAreasBy(TPlotHotArea::stackedTitle))
+        tops.insert(area.index(), area.rect().top());
+    ASSERT_EQ(tops.size(), 3);
+    EXPECT_GT(tops.value(2), tops.value(0)) << "the first of the order stands lowest";
+    EXPECT_GT(tops.value(0), tops.value(1));
+    const QRectF axis = plot->plotter()->getAxisRect(vertDir, plot->plotter()->getPlotCurvesRect());
+    EXPECT_NE(plot->hitTest(axis.center()).type(), TPlotHotArea::axis) << "the axis of rows is none to drag";
+
+    plot->setState(TBasePlot::cKeepHotAreas, true);
+    plot->setStackedDisplayMode(overlayMode);
+    drawn(item);
+    EXPECT_EQ(plot->hotAreas().hotAreasBy(TPlotHotArea::stackedTitle).size(), 3) << "left alone by a picture";
+}
+
 TEST(T1DYrexPlot, theOverviewHidesMarksAndComesBack)
 {
     TCanvasYrexSpectrum item({band()}, nullptr, nullptr);

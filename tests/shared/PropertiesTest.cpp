@@ -45,6 +45,8 @@ TBasePlotProperties unusualPlot()
     properties.frame = boxFrame;
     properties.marginLeft = 120.0;
     properties.tickDirection = ticksIn;
+    properties.showLegend = true;
+    properties.secondAxis = 2;
     properties.axesFont.setPointSize(24);
     properties.horzAxis.majorGrid = true;
     properties.horzAxis.ticks.step = 250.0;

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QHash>
 #include <QImage>
@@ -23,7 +24,10 @@ using namespace GallerySpectra;
 constexpr int cWidth = 1000; // pixels
 constexpr int cHeight = 625;
 constexpr double cCanvasWidth = 1700.0; // canvas units: the width of a printed page between its margins
-constexpr int cSmallest = 0; // of the qualities of PNG files
+constexpr int cSmallest = 0;         // of the qualities of PNG files
+constexpr int cLargestFile = 60000;  // bytes
+constexpr int cMostColors = 256;
+constexpr int cFewestColors = 32;
 
 struct TPicture
 {
@@ -254,11 +258,10 @@ QVector<TPicture> looks()
     };
 }
 
-/// The picture with its 256 most frequent colours, finer steps taken together; every other colour becomes the nearest
+/// The picture with its most frequent colours, finer steps taken together; every other colour becomes the nearest
 /// of them.
-QImage withPalette(const QImage &image)
+QImage withPalette(const QImage &image, int colorCount)
 {
-    constexpr int cColors = 256;
     constexpr QRgb cCoarse = 0xFFF8F8F8;
     QHash<QRgb, int> counts;
     QHash<QRgb, QRgb> shown; // of the coarse colour, the first of its fine ones
@@ -274,7 +277,7 @@ QImage withPalette(const QImage &image)
         return counts.value(l) != counts.value(r) ? counts.value(l) > counts.value(r) : l < r;
     });
     QVector<QRgb> palette;
-    for (const QRgb color : order.mid(0, cColors))
+    for (const QRgb color : order.mid(0, colorCount))
         palette.append(shown.value(color));
     QImage result(image.size(), QImage::Format_Indexed8);
     result.setColorTable(palette);
@@ -314,7 +317,12 @@ void draw(const TPicture &picture, const QString &folder)
     painter.scale(scale, scale);
     item.paint(painter);
     painter.end();
-    withPalette(image).save(folder + '/' + picture.name + ".png", "PNG", cSmallest);
+    const QString fileName = folder + '/' + picture.name + ".png";
+    for (int colors = cMostColors; colors >= cFewestColors; colors /= 2) {
+        withPalette(image, colors).save(fileName, "PNG", cSmallest);
+        if (QFileInfo(fileName).size() <= cLargestFile)
+            break;
+    }
 }
 
 } // namespace
