@@ -14,7 +14,7 @@ namespace {
 
 constexpr int cHorzSubType = 1;
 constexpr int cVertSubType = 2;
-constexpr int cMostCurves = 1000;      // of one plot; more are neither seen nor drawn in time
+constexpr int cMostCurves = 1000;    // of one plot; more are neither seen nor drawn in time
 constexpr double cReachPixels = 4.0; // how near the mouse must be to hit an area
 
 /// Items in number evenly spread over a list, a certain one always among them.
@@ -111,9 +111,7 @@ QVector<T1DYrexPlot::TRowTitle> T1DYrexPlot::titlesOfRows(const IYrexPlotData &p
     QVector<TRowTitle> titles;
     if (!hasRowTitles() || !fPlotable)
         return titles;
-    const auto textOf = [&](int index, const QString &format) {
-        return fPlotable->titleText(id(), format, 0, index);
-    };
+    const auto textOf = [&](int index, const QString &format) { return fPlotable->titleText(id(), format, 0, index); };
     if (isGrouped()) {
         for (const QVector<int> &group : plotData.displayGroups(true)) {
             const QString name = textOf(group.first(), QStringLiteral("{Class}"));
@@ -193,8 +191,7 @@ void T1DYrexPlot::drawGroups(QPainter &painter, IYrexPlotData &plotData)
         QVector<T1DStackedBasePlotter::TGroupMember> curves;
         for (const int index : members) {
             const bool isActive = index == plotData.currentIndex();
-            const QPen pen =
-                fPlotter.arrayedPen(index, isActive ? stackedProperties().activePenWidthFactor() : 1.0);
+            const QPen pen = fPlotter.arrayedPen(index, isActive ? stackedProperties().activePenWidthFactor() : 1.0);
             curves.append({xSeries(plotData, index), ySeries(plotData, index), pen, index});
         }
         groups.append(curves);
@@ -243,8 +240,9 @@ void T1DYrexPlot::drawArrayed(QPainter &painter, IYrexPlotData &plotData)
     }
     const int visible = plotData.visibleIndices().size();
     if (fDrawn.size() < visible)
-        fPlotter.drawNotice(painter, QCoreApplication::translate("T1DYrexPlot", "%1 of %2 shown")
-                                         .arg(grouped(fDrawn.size()), grouped(visible)));
+        fPlotter.drawNotice(
+            painter,
+            QCoreApplication::translate("T1DYrexPlot", "%1 of %2 shown").arg(grouped(fDrawn.size()), grouped(visible)));
 }
 
 /// In the order in which the spectra stand. The series are asked for again: marks may have used the same buffers.

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double cHandleSide = 1.5;  // of the host's handle size
+constexpr double cHandleSide = 1.5;   // of the host's handle size
 constexpr double cHandleShift = 0.67; // from the anchor to the handle's corner
 constexpr double cHighlightAlpha = 0.4;
 constexpr int cHandlePriority = 2;
@@ -30,8 +30,7 @@ QRectF handleAt(const QPointF &anchor)
 bool T1DYrexPlot::showsMarks() const
 {
     const int mode = stackedProperties().displayMode();
-    return isArrayed() ? mode == activeOnlyMode || mode == overlayMode
-                       : mode != stackedMode && mode != hiddenLinesMode;
+    return isArrayed() ? mode == activeOnlyMode || mode == overlayMode : mode != stackedMode && mode != hiddenLinesMode;
 }
 
 void T1DYrexPlot::drawMarks(QPainter &painter)

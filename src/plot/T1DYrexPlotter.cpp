@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr double cRing = 60.0;       // width of the ring around a pointed peak
-constexpr double cTextGap = 6.0;     // between that ring and its text
+constexpr double cRing = 60.0;        // width of the ring around a pointed peak
+constexpr double cTextGap = 6.0;      // between that ring and its text
 constexpr double cLargestStrip = 0.5; // of the height; more is left to the curves
 
 enum TCursorMode { cUprightLine = 1, cRingAndLine = 2 };

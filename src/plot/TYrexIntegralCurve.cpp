@@ -45,9 +45,9 @@ void TYrexIntegralCurve::build(const TRange &region, double value, const TBand &
     fLines.clear();
     fRect = QRectF();
     const int count = fSource.y.count;
-    const TRange bounds = TRange(yrexConvertX(region.a, fSource.xUnits, fGridUnit),
-                                 yrexConvertX(region.b, fSource.xUnits, fGridUnit))
-                              .sorted();
+    const TRange bounds =
+        TRange(yrexConvertX(region.a, fSource.xUnits, fGridUnit), yrexConvertX(region.b, fSource.xUnits, fGridUnit))
+            .sorted();
     if (!(fStep > 0.0) || !bounds.isFinite())
         return;
     const auto sampleAt = [&](double way) { return std::round(qBound(-2.0 * count, way / fStep, 2.0 * count)); };
@@ -65,23 +65,23 @@ void TYrexIntegralCurve::build(const TRange &region, double value, const TBand &
     }
     for (const QLineF &line : qAsConst(fLines)) {
         const QRectF box = QRectF(line.p1(), line.p2()).normalized();
-        fRect = fRect.isNull() ? box : QRectF(QPointF(std::min(fRect.left(), box.left()),
-                                                      std::min(fRect.top(), box.top())),
-                                              QPointF(std::max(fRect.right(), box.right()),
-                                                      std::max(fRect.bottom(), box.bottom())));
+        fRect = fRect.isNull()
+                    ? box
+                    : QRectF(QPointF(std::min(fRect.left(), box.left()), std::min(fRect.top(), box.top())),
+                             QPointF(std::max(fRect.right(), box.right()), std::max(fRect.bottom(), box.bottom())));
     }
     if (!fRect.isNull())
         fRect &= curves;
 }
 
 /// The sum starts anew in every piece, but runs over all samples of the region: what is hidden counts as well.
-void TYrexIntegralCurve::appendPiece(const TAxisMap::TPiece &piece, const TRange &samples, double scale,
-                                     double base, const QRectF &clip)
+void TYrexIntegralCurve::appendPiece(const TAxisMap::TPiece &piece, const TRange &samples, double scale, double base,
+                                     const QRectF &clip)
 {
     const int start = int(samples.a);
     const int end = int(samples.b);
-    const bool isDown = fSource.storedUnit == cUnitWavenumber &&
-                        (fSource.y.reversed || fSource.xUnits == cUnitWavenumber);
+    const bool isDown =
+        fSource.storedUnit == cUnitWavenumber && (fSource.y.reversed || fSource.xUnits == cUnitWavenumber);
     const int way = isDown ? -1 : 1;
     const int first = isDown ? end : start;
     const int last = isDown ? start : end;

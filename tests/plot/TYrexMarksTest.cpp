@@ -254,9 +254,8 @@ TEST_F(TMarksTest, stripsHaveTheirPlacesAndKeepClearOfTheCurve)
             const double x = place(300);
             ASSERT_EQ(rectsOf(peak.id, 1).size(), 1) << position;
             expectNear(rectsOf(peak.id, 1).first(),
-                       orientation == 1
-                           ? QRectF(x - width / 2, foot - text.height(), width, text.height())
-                           : QRectF(x + text.height() / 4 - high, foot - width, high, width));
+                       orientation == 1 ? QRectF(x - width / 2, foot - text.height(), width, text.height())
+                                        : QRectF(x + text.height() / 4 - high, foot - width, high, width));
             const QRectF area = plot.plotter()->adjustedPlotArea();
             EXPECT_NEAR(isBelow ? r.bottom() - area.bottom() : area.top() - r.top(), depth, 1e-6);
             EXPECT_FALSE(rectsOf(peak.id, 1).first().intersects(area));

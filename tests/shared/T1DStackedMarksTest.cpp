@@ -125,6 +125,41 @@ TEST(T1DStackedBasePlotter, dashesTellCurvesApartWhenColoursDoNot)
     EXPECT_EQ(plotter->arrayedPen(8, 1.0).style(), Qt::SolidLine) << "a ramp needs no second cue";
 }
 
+TEST(T1DStackedBasePlotter, manyCurvesLookAsIfDrawnOneByOne)
+{
+    TTestPlot plot;
+    plot.x = SeriesBuilder::evenSteps(4000, 400, 700);
+    QVector<int> orders;
+    for (int i = 0; i < TCurveLayer::cWorthIt + 1; ++i) {
+        plot.ys.append(SeriesBuilder::absorbance(plot.x, 0.02, i));
+        orders.append(i);
+    }
+    plot.title.visible = false;
+    plot.fit();
+    plot.setRect(cItem);
+    plot.setStackedDisplayMode(overlayMode);
+    plot.stackedProperties().generateColorsVector({QString(), QColor(), sequentialColors}, orders);
+    QImage together = canvas();
+    QImage single = canvas();
+    {
+        QPainter painter(&together);
+        plot.plotter()->drawOverlay(painter, sameX(plot), seriesOf(plot.ys), orders, -1);
+        QPainter other(&single);
+        for (const int i : qAsConst(orders))
+            plot.plotter()->drawActive(other, sameX(plot).first(), seriesOf(plot.ys).at(i), i);
+    }
+    int largest = 0;
+    for (int y = 0; y < together.height(); ++y) {
+        for (int x = 0; x < together.width(); ++x) {
+            const QColor l = together.pixelColor(x, y);
+            const QColor r = single.pixelColor(x, y);
+            largest = std::max(
+                {largest, std::abs(l.red() - r.red()), std::abs(l.green() - r.green()), std::abs(l.blue() - r.blue())});
+        }
+    }
+    EXPECT_LE(largest, 6) << "roundings of half-covered pixels, layer upon layer";
+}
+
 TEST(T1DStackedBasePlotter, theLegendTakesTheEmptiestCorner)
 {
     for (const bool obstacle : {false, true}) {
@@ -205,7 +240,8 @@ TEST(TSecondAxisTicks, wavelengthsBesideWavenumbersHaveRoundNumbersWithRoom)
     }
     const auto nowhere = [](double, double &) { return false; };
     EXPECT_TRUE(TSecondAxisTicks(TRange(2.5, 25), nowhere, [](const QString &) { return 10.0; }).major().isEmpty());
-    EXPECT_TRUE(TSecondAxisTicks(TRange(2.5, HUGE_VAL), nowhere, [](const QString &) { return 10.0; }).major().isEmpty());
+    EXPECT_TRUE(
+        TSecondAxisTicks(TRange(2.5, HUGE_VAL), nowhere, [](const QString &) { return 10.0; }).major().isEmpty());
 }
 
 TEST(T1DLabelArranger, noTwoLabelsOverlapAndTheDroppedAreTheWeakest)

@@ -43,12 +43,11 @@ inline TYrexSpectrum *spectrumOf(const QVector<double> &y, double first, double 
 /// A film of a polymer, in absorbance over wavenumbers; variants differ in the heights of the bands.
 inline TYrexSpectrum *film(int variant, const QString &title, double drift = 0.0, const QString &className = QString())
 {
-    static const TBand cBands[] = {{3082, 9, 0.22}, {3060, 8, 0.32},  {3026, 8, 0.62},  {2923, 14, 0.88},
-                                   {2850, 10, 0.48}, {1943, 12, 0.08}, {1871, 12, 0.07}, {1802, 12, 0.06},
-                                   {1601, 6, 0.42},  {1583, 5, 0.14},  {1493, 6, 0.78},  {1452, 8, 0.82},
-                                   {1371, 9, 0.16},  {1181, 6, 0.09},  {1154, 6, 0.10},  {1069, 8, 0.19},
-                                   {1028, 7, 0.33},  {907, 8, 0.17},   {842, 9, 0.08},   {757, 8, 0.92},
-                                   {698, 7, 1.18},   {540, 10, 0.40}};
+    static const TBand cBands[] = {
+        {3082, 9, 0.22},  {3060, 8, 0.32},  {3026, 8, 0.62}, {2923, 14, 0.88}, {2850, 10, 0.48}, {1943, 12, 0.08},
+        {1871, 12, 0.07}, {1802, 12, 0.06}, {1601, 6, 0.42}, {1583, 5, 0.14},  {1493, 6, 0.78},  {1452, 8, 0.82},
+        {1371, 9, 0.16},  {1181, 6, 0.09},  {1154, 6, 0.10}, {1069, 8, 0.19},  {1028, 7, 0.33},  {907, 8, 0.17},
+        {842, 9, 0.08},   {757, 8, 0.92},   {698, 7, 1.18},  {540, 10, 0.40}};
     QRandomGenerator random(quint32(variant) + 11u);
     constexpr int cCount = 3601;
     QVector<double> y(cCount);
@@ -88,9 +87,9 @@ inline TYrexSpectrum *dye(double share, const QString &title)
 /// A Raman spectrum on a fluorescent background.
 inline TYrexSpectrum *raman(const QString &title)
 {
-    static const TBand cBands[] = {{620, 5, 180}, {795, 6, 160},  {1001, 4, 900}, {1031, 5, 350}, {1155, 5, 130},
-                                   {1199, 6, 120}, {1450, 9, 170}, {1583, 6, 140}, {1602, 6, 420}, {2904, 16, 320},
-                                   {3054, 9, 560}};
+    static const TBand cBands[] = {{620, 5, 180},  {795, 6, 160},   {1001, 4, 900}, {1031, 5, 350},
+                                   {1155, 5, 130}, {1199, 6, 120},  {1450, 9, 170}, {1583, 6, 140},
+                                   {1602, 6, 420}, {2904, 16, 320}, {3054, 9, 560}};
     QRandomGenerator random(5);
     QVector<double> y(1700);
     for (int i = 0; i < y.size(); ++i) {

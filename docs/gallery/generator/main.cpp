@@ -24,8 +24,8 @@ using namespace GallerySpectra;
 constexpr int cWidth = 1000; // pixels
 constexpr int cHeight = 625;
 constexpr double cCanvasWidth = 1700.0; // canvas units: the width of a printed page between its margins
-constexpr int cSmallest = 0;         // of the qualities of PNG files
-constexpr int cLargestFile = 60000;  // bytes
+constexpr int cSmallest = 0;            // of the qualities of PNG files
+constexpr int cLargestFile = 60000;     // bytes
 constexpr int cMostColors = 256;
 constexpr int cFewestColors = 32;
 
@@ -85,8 +85,8 @@ void integrate(TCanvasYrexSpectrum &item, const QVector<QPair<double, double>> &
                                               spectrum, spectrum.yUnits());
 }
 
-const QVector<QPair<double, double>> cRegions = {{3120, 2990}, {2960, 2815}, {1520, 1470}, {1470, 1425}, {780, 735},
-                                                 {720, 675}};
+const QVector<QPair<double, double>> cRegions = {{3120, 2990}, {2960, 2815}, {1520, 1470},
+                                                 {1470, 1425}, {780, 735},   {720, 675}};
 
 QVector<TPicture> modes()
 {
@@ -248,7 +248,8 @@ QVector<TPicture> looks()
              plot.properties().tickDirection = ticksIn;
              plot.titleProperties().visible = false;
          }},
-        {"thousand", "Of 1200 spectra 1000 are drawn, and the plot says so.", [] {
+        {"thousand", "Of 1200 spectra 1000 are drawn, and the plot says so.",
+         [] {
              TYrexSpectrumList spectra;
              for (int i = 0; i < 1200; ++i)
                  spectra.append(dye(0.2 + 0.0008 * i, QString("%1").arg(i + 1)));
@@ -265,7 +266,9 @@ QImage withPalette(const QImage &image, int colorCount)
     constexpr QRgb cCoarse = 0xFFF8F8F8;
     QHash<QRgb, int> counts;
     QHash<QRgb, QRgb> shown; // of the coarse colour, the first of its fine ones
-    const auto at = [&](int x, int y) { return reinterpret_cast<const QRgb *>(image.constScanLine(y))[x] | 0xFF000000; };
+    const auto at = [&](int x, int y) {
+        return reinterpret_cast<const QRgb *>(image.constScanLine(y))[x] | 0xFF000000;
+    };
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             ++counts[at(x, y) & cCoarse];
@@ -292,9 +295,8 @@ QImage withPalette(const QImage &image, int colorCount)
                     const int blue = qBlue(color) - qBlue(other);
                     return red * red + green * green + blue * blue;
                 };
-                const auto best = std::min_element(palette.cbegin(), palette.cend(), [&](QRgb l, QRgb r) {
-                    return distance(l) < distance(r);
-                });
+                const auto best = std::min_element(palette.cbegin(), palette.cend(),
+                                                   [&](QRgb l, QRgb r) { return distance(l) < distance(r); });
                 nearest.insert(color, uchar(best - palette.cbegin()));
             }
             result.scanLine(y)[x] = nearest.value(color);

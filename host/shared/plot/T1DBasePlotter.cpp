@@ -65,7 +65,7 @@ void T1DBasePlotter::drawCurve(QPainter &painter, const T1DPlotData<double> &x, 
         for (const TAxisMap::TPiece &horz : axisMap(horzDir).pieces()) {
             const QRectF clip(QPointF(horz.places.a, heights.a), QPointF(horz.places.b, heights.b));
             const TDrawnCurve result =
-                curvePainter.draw(painter, x, y, ownX.then(horz.map), ownY.then(vert.map), clip, style);
+                curvePainter.draw(painter, x, y, ownX.then(horz.map), ownY.then(vert.map), clip, style, fLayer);
             if (drawn && result.curve)
                 drawn->append(result);
         }

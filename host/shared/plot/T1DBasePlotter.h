@@ -47,6 +47,8 @@ protected:
                    const TCurveStyle &style, const TCurveChange &change = TCurveChange(),
                    QVector<TDrawnCurve> *drawn = nullptr);
     TCurveStyle styleOf(const QPen &pen) const;
+    /// While there is one, solid curves go into the layer, and to the painter when it is painted.
+    void setLayer(TCurveLayer *layer) { fLayer = layer; }
     /// Clips curves of a row: a curve that leaves its row goes on to the border of the plot.
     virtual QRectF curveClip() const;
 
@@ -54,5 +56,6 @@ private:
     void drawMarkers(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
                      const QPen &pen) const;
 
+    TCurveLayer *fLayer = nullptr;      // that takes the curves up, while many are drawn
     QSharedPointer<TCurveCache> fCache; // copies of a plotter share it
 };

@@ -24,7 +24,7 @@ constexpr double cFadedAlpha = 0.45;    // of curves that are not selected
 const QVector<qreal> cDashCues[] = {
     {}, {12.0 / 3.5, 6.0 / 3.5}, {3.0 / 3.5, 5.0 / 3.5}, {12.0 / 3.5, 5.0 / 3.5, 3.0 / 3.5, 5.0 / 3.5}};
 constexpr int cDashCueCount = 4;
-constexpr double cWideColumn = 4.0;     // widths of a number, under which a column goes without numbers
+constexpr double cWideColumn = 4.0; // widths of a number, under which a column goes without numbers
 
 void setDashCue(QPen &pen, int number)
 {
@@ -246,12 +246,17 @@ void T1DStackedBasePlotter::drawOverlay(QPainter &painter, const TSeries &xs, co
     beginRows(0);
     const int count = std::min({xs.size(), ys.size(), orders.size()});
     int last = -1;
+    TCurveLayer layer;
+    if (count >= TCurveLayer::cWorthIt)
+        setLayer(&layer);
     for (int i = 0; i < count; ++i) {
         if (orders.at(i) == active)
             last = i;
         else
             drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), styleOf(arrayedPen(orders.at(i), 1.0)));
     }
+    setLayer(nullptr);
+    layer.paint(painter);
     if (last >= 0)
         drawMember(painter, xs.at(last), ys.at(last), last, active,
                    styleOf(arrayedPen(active, stackedProperties().activePenWidthFactor())));

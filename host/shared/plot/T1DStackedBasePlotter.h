@@ -114,5 +114,5 @@ private:
         double widest = 0.0;
     };
     mutable TTitleWidth fTitleWidth; // measuring hundreds of titles takes longer than drawing them
-    QVector<TPointable> fPointable; // in drawing order
+    QVector<TPointable> fPointable;  // in drawing order
 };

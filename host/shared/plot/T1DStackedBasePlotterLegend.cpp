@@ -11,12 +11,12 @@
 namespace {
 
 constexpr int cMostEntries = 12;
-constexpr double cInset = 12.0;      // between the legend and the border of the curves
-constexpr double cPadding = 10.0;    // of the paper behind it
-constexpr double cSample = 64.0;     // length of a line sample
-constexpr double cSampleGap = 14.0;  // between sample and title
-constexpr double cMostWidth = 0.42;  // of the curves
-constexpr double cBarWidth = 220.0;  // of the bar of colours
+constexpr double cInset = 12.0;     // between the legend and the border of the curves
+constexpr double cPadding = 10.0;   // of the paper behind it
+constexpr double cSample = 64.0;    // length of a line sample
+constexpr double cSampleGap = 14.0; // between sample and title
+constexpr double cMostWidth = 0.42; // of the curves
+constexpr double cBarWidth = 220.0; // of the bar of colours
 constexpr double cBarHeight = 18.0;
 constexpr int cMostPoints = 100000;  // that are looked at to find the emptiest corner
 constexpr int cObstacleWeight = 200; // points that a mark counts for
@@ -98,19 +98,17 @@ void T1DStackedBasePlotter::drawLegend(QPainter &painter, const TSeries &xs, con
         widest = std::max(widest, typesetter.width(lines.last()));
     }
     const double sample = isBar ? cBarWidth : cSample;
-    const QSizeF size(2.0 * cPadding + sample + cSampleGap + widest,
-                      2.0 * cPadding + lines.size() * plain.height());
+    const QSizeF size(2.0 * cPadding + sample + cSampleGap + widest, 2.0 * cPadding + lines.size() * plain.height());
     const QRectF place = emptiestPlace(corners(area, size), xs, ys, obstacles);
     painter.save();
     painter.fillRect(place, textPaper());
     for (int i = 0; i < lines.size(); ++i) {
-        const QRectF line(place.left() + cPadding, place.top() + cPadding + i * plain.height(), sample,
-                          plain.height());
+        const QRectF line(place.left() + cPadding, place.top() + cPadding + i * plain.height(), sample, plain.height());
         if (isBar) {
             drawColorBar(painter, QRectF(line.left(), line.center().y() - cBarHeight / 2, sample, cBarHeight), orders);
         } else {
-            QPen pen = arrayedPen(orders.at(i), orders.at(i) == active ? stackedProperties().activePenWidthFactor()
-                                                                       : 1.0);
+            QPen pen =
+                arrayedPen(orders.at(i), orders.at(i) == active ? stackedProperties().activePenWidthFactor() : 1.0);
             pen.setColor(ink(pen.color()));
             pen.setCapStyle(Qt::FlatCap);
             painter.setPen(pen);

@@ -33,7 +33,7 @@ public:
     static constexpr quint32 cKeepHotAreas = 1;  // a picture, print or thumbnail that leaves hot areas alone
     static constexpr quint32 cDarkPaper = 2;     // colours are mapped for dark paper while drawing
     static constexpr quint32 cBlackAndWhite = 4; // black and grey, curves told apart by dashes
-    static constexpr double cDefReach = 5.0;    // how near a hot area the mouse must be, canvas units, without a view
+    static constexpr double cDefReach = 5.0;     // how near a hot area the mouse must be, canvas units, without a view
 
     TBasePlot(int plotType, const QUuid &id);
     virtual ~TBasePlot();

@@ -156,13 +156,79 @@ void TColumnFiller::addArea(const QVector<QPointF> &points, double base)
     }
 }
 
-void TColumnFiller::paint(QPainter &painter, const QColor &color)
+/// Calls `set` with each pixel of a column that the pen covers and how far, 1 to 255. `place` gives the address of a
+/// pixel by column and row, `stride` the way to the row below.
+template <class TPlace, class TSet>
+void TColumnFiller::fillColumn(int x, const TPlace &place, qptrdiff stride, const TSet &set) const
+{
+    const float *tops = fStroked.tops.constData() + x * cParts;
+    const float *bottoms = fStroked.bottoms.constData() + x * cParts;
+    float first = cNone;
+    float last = -cNone;
+    float solidFrom = -cNone; // rows that every part covers whole
+    float solidTo = cNone;
+    for (int k = 0; k < cParts; ++k) {
+        first = std::min(first, tops[k]);
+        last = std::max(last, bottoms[k]);
+        solidFrom = std::max(solidFrom, tops[k]);
+        solidTo = std::min(solidTo, bottoms[k]);
+    }
+    if (!(first <= last)) // a gap of the curve
+        return;
+    const int height = fClip.height();
+    const int begin = floored(within(first, 0, height));
+    const int end = ceiled(within(last, begin, height));
+    const int solidBegin = ceiled(within(solidFrom, begin, end));
+    const int solidEnd = floored(within(solidTo, solidBegin, end));
+    QRgb *pixel = place(x, begin);
+    for (int row = begin; row < end; ++row, pixel += stride) {
+        if (row >= solidBegin && row < solidEnd) {
+            set(*pixel, 255);
+            continue;
+        }
+        const float share = coverage(tops, bottoms, row);
+        const int level = fSoft ? std::min(255, int(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0);
+        if (level > 0)
+            set(*pixel, level);
+    }
+}
+
+void TColumnFiller::makeShades(const QColor &color, QRgb *shades)
 {
     const QRgb full = color.rgba();
-    QRgb shades[256];
-    static thread_local QVector<QRgb> tBuffer; // a large one would be fetched from the system for every curve
     for (int i = 0; i < 256; ++i)
         shades[i] = qPremultiply(qRgba(qRed(full), qGreen(full), qBlue(full), (qAlpha(full) * i + 127) / 255));
+}
+
+void TColumnFiller::blend(const TTarget &target, const QColor &color) const
+{
+    QRgb shades[256];
+    makeShades(color, shades);
+    QRgb *corner = target.pixels + (fClip.top() - target.origin.y()) * target.stride + fClip.left() - target.origin.x();
+    const auto place = [corner, &target](int x, int row) { return corner + row * target.stride + x; };
+    const auto over = [&shades](QRgb &pixel, int share) {
+        const QRgb source = shades[share];
+        const uint rest = 255u - uint(qAlpha(source));
+        if (rest == 0) {
+            pixel = source;
+            return;
+        }
+        // two channels at a time, each rounded
+        uint odd = (pixel >> 8 & 0xFF00FFu) * rest;
+        uint even = (pixel & 0xFF00FFu) * rest;
+        odd = (odd + (odd >> 8 & 0xFF00FFu) + 0x800080u) & 0xFF00FF00u;
+        even = (even + (even >> 8 & 0xFF00FFu) + 0x800080u) >> 8 & 0xFF00FFu;
+        pixel = source + (odd | even);
+    };
+    for (int x = 0; x < fClip.width(); ++x)
+        fillColumn(x, place, target.stride, over);
+}
+
+void TColumnFiller::paint(QPainter &painter, const QColor &color)
+{
+    QRgb shades[256];
+    makeShades(color, shades);
+    static thread_local QVector<QRgb> tBuffer; // a large one would be fetched from the system for every curve
     // device pixels are addressed directly; an image is then laid on them one to one
     painter.save();
     painter.resetTransform();
@@ -172,8 +238,7 @@ void TColumnFiller::paint(QPainter &painter, const QColor &color)
     painter.restore();
 }
 
-void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QRgb *shades,
-                               QVector<QRgb> &buffer) const
+void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QRgb *shades, QVector<QRgb> &buffer) const
 {
     const float *allTops = fStroked.tops.constData();
     const float *allBottoms = fStroked.bottoms.constData();
@@ -193,35 +258,9 @@ void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QRgb *
         buffer.resize(size);
     QRgb *pixels = buffer.data();
     std::fill(pixels, pixels + size, 0u);
-    for (int x = 0; x < width; ++x) {
-        const float *tops = allTops + (from + x) * cParts;
-        const float *bottoms = allBottoms + (from + x) * cParts;
-        float first = cNone;
-        float last = -cNone;
-        float solidFrom = -cNone; // rows that every part covers whole
-        float solidTo = cNone;
-        for (int k = 0; k < cParts; ++k) {
-            first = std::min(first, tops[k]);
-            last = std::max(last, bottoms[k]);
-            solidFrom = std::max(solidFrom, tops[k]);
-            solidTo = std::min(solidTo, bottoms[k]);
-        }
-        if (!(first <= last)) // a gap of the curve
-            continue;
-        const int begin = floored(within(first, top, bottom));
-        const int end = ceiled(within(last, begin, bottom));
-        const int solidBegin = ceiled(within(solidFrom, begin, end));
-        const int solidEnd = floored(within(solidTo, solidBegin, end));
-        QRgb *pixel = pixels + (begin - top) * width + x;
-        for (int row = begin; row < end; ++row, pixel += width) {
-            if (row >= solidBegin && row < solidEnd) {
-                *pixel = shades[255];
-                continue;
-            }
-            const float share = coverage(tops, bottoms, row);
-            *pixel = shades[fSoft ? std::min(255, int(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0)];
-        }
-    }
+    const auto put = [pixels, width, from, top](int x, int row) { return pixels + (row - top) * width + x - from; };
+    for (int x = from; x < to; ++x)
+        fillColumn(x, put, width, [shades](QRgb &pixel, int share) { pixel = shades[share]; });
     QImage image(reinterpret_cast<const uchar *>(pixels), width, bottom - top, width * int(sizeof(QRgb)),
                  QImage::Format_ARGB32_Premultiplied);
     const QTransform device = painter.deviceTransform();

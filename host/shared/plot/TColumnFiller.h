@@ -26,8 +26,18 @@ public:
     void addLine(const QVector<QPointF> &points);
     /// The area between the line and a height.
     void addArea(const QVector<QPointF> &points, double base);
-    /// Draws what was added last and forgets it.
+    /// Draws what was added last.
     void paint(QPainter &painter, const QColor &color);
+
+    /// Premultiplied pixels; `stride` in pixels, `origin` the device place of the first one.
+    struct TTarget
+    {
+        QRgb *pixels;
+        qptrdiff stride;
+        QPoint origin;
+    };
+    /// Lays what was added last over the pixels of a target that holds the clip.
+    void blend(const TTarget &target, const QColor &color) const;
 
 private:
     /// From top to bottom in each column; empty where the top lies below.
@@ -38,12 +48,15 @@ private:
     };
     void takeSegment(const QPointF &p, const QPointF &q);
     void dilate();
+    template <class TPlace, class TSet>
+    void fillColumn(int x, const TPlace &place, qptrdiff stride, const TSet &set) const;
+    static void makeShades(const QColor &color, QRgb *shades);
     void paintChunk(QPainter &painter, int from, int to, const QRgb *shades, QVector<QRgb> &buffer) const;
 
     QRect fClip;
     double fRadius;
     bool fSoft = true;
-    int fFirst;              // first column: x of the left border in parts of a pixel, half a pen left of the clip
+    int fFirst;      // first column: x of the left border in parts of a pixel, half a pen left of the clip
     TSpans fSpans;   // of the line itself, heights from the clip's top
     TSpans fStroked; // of the pen, of the clip's columns only
 };

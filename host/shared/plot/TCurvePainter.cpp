@@ -125,7 +125,7 @@ double TDrawnCurve::distance(const QPointF &pos) const
 
 TDrawnCurve TCurvePainter::draw(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
                                 const TLinearMap &mapX, const TLinearMap &mapY, const QRectF &clip,
-                                const TCurveStyle &style) const
+                                const TCurveStyle &style, TCurveLayer *layer) const
 {
     if (x.isEmpty() || y.isEmpty() || clip.isEmpty())
         return TDrawnCurve();
@@ -150,7 +150,10 @@ TDrawnCurve TCurvePainter::draw(QPainter &painter, const T1DPlotData<double> &x,
                                        1.0 / TColumnFiller::cParts);
     TCurveStyle inPixels = style;
     inPixels.fillBase = device.map(QPointF(0.0, style.fillBase)).y();
-    drawColumns(painter, *curve, pixels, penWidth, inPixels);
+    if (layer && curve->monotonic && !style.fill.isValid() && style.pen.style() == Qt::SolidLine)
+        layer->append(curve, pixels, penWidth, style.pen.color(), style.antialiasing);
+    else
+        drawColumns(painter, *curve, pixels, penWidth, inPixels);
     return {curve, device, clip};
 }
 

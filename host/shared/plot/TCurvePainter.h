@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plot/TCurveCache.h"
+#include "plot/TCurveLayer.h"
 #include <QColor>
 #include <QPen>
 #include <QRectF>
@@ -40,10 +41,10 @@ public:
     }
 
     /// `mapX` and `mapY` take the data to item canvas units. The answer has no curve where nothing was drawn or where
-    /// the output has no pixels.
+    /// the output has no pixels. A curve that goes into the `layer` is drawn when that is painted.
     TDrawnCurve draw(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
-                     const TLinearMap &mapX, const TLinearMap &mapY, const QRectF &clip,
-                     const TCurveStyle &style) const;
+                     const TLinearMap &mapX, const TLinearMap &mapY, const QRectF &clip, const TCurveStyle &style,
+                     TCurveLayer *layer = nullptr) const;
 
 private:
     void drawColumns(QPainter &painter, const TReducedCurve &curve, const QRect &pixels, double penWidth,

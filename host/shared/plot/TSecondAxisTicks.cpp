@@ -76,7 +76,8 @@ bool TSecondAxisTicks::fits(const TInterval &interval, int parts, double leastGa
     return isAnyShown;
 }
 
-QVector<TSecondAxisTicks::TInterval> TSecondAxisTicks::refined(const QVector<TInterval> &intervals, bool alsoDecades) const
+QVector<TSecondAxisTicks::TInterval> TSecondAxisTicks::refined(const QVector<TInterval> &intervals,
+                                                               bool alsoDecades) const
 {
     QVector<TInterval> result;
     for (const TInterval &each : intervals) {
@@ -102,7 +103,9 @@ QVector<double> TSecondAxisTicks::inView(const QVector<TInterval> &intervals) co
 {
     QVector<double> values;
     for (int i = 0; i <= intervals.size(); ++i) {
-        const double value = i < intervals.size() ? intervals.at(i).from : intervals.isEmpty() ? 0.0 : intervals.last().to;
+        const double value = i < intervals.size()  ? intervals.at(i).from
+                             : intervals.isEmpty() ? 0.0
+                                                   : intervals.last().to;
         double at = 0.0;
         if (!intervals.isEmpty() && fSpan.contains(value) && fPlace(value, at))
             values.append(value);
