@@ -132,12 +132,11 @@ void T1DYrexPlot::drawIntegrals(QPainter &painter)
     const int stored = plotData->origXUnits();
     const TSeries x = xSeries(*plotData, -1);
     const bool isShownDown = x.count > 1 && x.at(0) > x.at(x.count - 1);
-    const TSeries storedX = plotSeries(plotData->axisData(0, stored, -1));
     const TSeries y = ySeries(*plotData, -1);
-    const int count = std::min(storedX.count, y.count);
+    const int count = std::min(x.count, y.count);
     if (count < 2)
         return;
-    const TRange xRange(storedX.at(0), storedX.at(count - 1));
+    const TRange xRange(yrexConvertX(x.at(0), fXUnits, stored), yrexConvertX(x.at(count - 1), fXUnits, stored));
     QVector<double> values(y.data, y.data + count);
     bool isReversed = isShownDown;
     if (xRange.a > xRange.b) {

@@ -420,7 +420,7 @@ void T1DStackedBasePlotter::drawSelectedStackedMark(QPainter &painter, int activ
         ++missing[row];
         members[row] = std::max(1, groupSizes.value(i, 1));
     }
-    const QColor color = Utils::Color::cSelectionColors.first();
+    const QColor &color = Utils::Color::cSelectionColors.first();
     painter.save();
     painter.setPen(QPen(color, TBasePlotProperties::cDefPenWidth));
     for (int row = 0; row < fRowCount; ++row) {

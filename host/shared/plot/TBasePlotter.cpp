@@ -349,7 +349,7 @@ void TBasePlotter::appendCorrectedLine(QVector<QLineF> &lines, const QPointF &p,
 void TBasePlotter::drawHandlers(QPainter &painter, const QVector<QRectF> &rects, bool filled) const
 {
     painter.save();
-    const QColor color = Utils::Color::cSelectionColors.first();
+    const QColor &color = Utils::Color::cSelectionColors.first();
     painter.setPen(QPen(color, TBasePlotProperties::cDefPenWidth));
     painter.setBrush(filled ? QBrush(color) : QBrush(Qt::white));
     painter.drawRects(rects);

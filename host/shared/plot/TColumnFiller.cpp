@@ -187,7 +187,7 @@ void TColumnFiller::fillColumn(int x, const TPlace &place, qptrdiff stride, cons
             continue;
         }
         const float share = coverage(tops, bottoms, row);
-        const int level = fSoft ? std::min(255, int(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0);
+        const int level = fSoft ? std::min(255, floored(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0);
         if (level > 0)
             set(*pixel, level);
     }
