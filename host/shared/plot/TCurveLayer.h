@@ -12,7 +12,7 @@ class QPainter;
 class TCurveLayer
 {
 public:
-    static constexpr int cWorthIt = 64; // curves from which a layer is faster
+    static constexpr int cWorthIt = 24; // curves from which a layer is faster
 
     /// `clip` in device pixels, `penWidth` in pixels; the curve's x must never turn back.
     void append(const QSharedPointer<const TReducedCurve> &curve, const QRect &clip, double penWidth,
