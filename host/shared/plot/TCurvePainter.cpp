@@ -150,10 +150,13 @@ TDrawnCurve TCurvePainter::draw(QPainter &painter, const T1DPlotData<double> &x,
                                        1.0 / TColumnFiller::cParts);
     TCurveStyle inPixels = style;
     inPixels.fillBase = device.map(QPointF(0.0, style.fillBase)).y();
-    if (layer && curve->monotonic && !style.fill.isValid() && style.pen.style() == Qt::SolidLine)
+    if (layer && curve->monotonic && !style.fill.isValid() && style.pen.style() == Qt::SolidLine) {
         layer->append(curve, pixels, penWidth, style.pen.color(), style.antialiasing);
-    else
+    } else {
+        if (layer) // what came before lies below
+            layer->paint(painter);
         drawColumns(painter, *curve, pixels, penWidth, inPixels);
+    }
     return {curve, device, clip};
 }
 
