@@ -92,7 +92,7 @@ TEST(T1DStackedBasePlotter, selectedRowsHaveMarksFilledOrHollow)
         const double foot = plot.plotter()->getArrayedCurveRect(row).bottom();
         return image.pixelColor(QPointF(left - distance, foot).toPoint());
     };
-    const QColor mark = Utils::Color::cSelectionColors.first();
+    const QColor &mark = Utils::Color::cSelectionColors.first();
     EXPECT_EQ(colorBeside(1, 20), mark) << "the active row";
     EXPECT_EQ(colorBeside(3, 10), mark);
     EXPECT_NE(colorBeside(3, 20), mark) << "smaller than that of the active row";
