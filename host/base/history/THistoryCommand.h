@@ -33,6 +33,9 @@ public:
     /// Whether the command that it tells of is undone at present.
     bool isUndone() const { return fUndone; }
     void setUndone(bool undone) { fUndone = undone; }
+    /// Whether it tells of a change of the view alone; lists may fold such entries.
+    bool isViewOnly() const { return fViewOnly; }
+    void setViewOnly(bool viewOnly) { fViewOnly = viewOnly; }
 
 private:
     QString fDescription;
@@ -42,4 +45,5 @@ private:
     QList<THistoryParameter> fParams;
     QDateTime fTime;
     bool fUndone = false;
+    bool fViewOnly = false;
 };

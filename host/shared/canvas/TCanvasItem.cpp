@@ -1,13 +1,17 @@
 #include "canvas/TCanvasItem.h"
 
+#include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "stream/TDataStream.h"
 #include "utils/CommonUtils.h"
+
+const QByteArray TCanvasItem::cCopyRole = QByteArrayLiteral("copyOf");
 
 TCanvasItem::TCanvasItem(int rtti, TPage *page, const QString &name)
     : fRtti(rtti)
     , fId(Utils::Common::createUuid())
     , fName(name)
+    , fProperties(*this)
 {
     setCanvas(page);
 }
@@ -36,11 +40,51 @@ void TCanvasItem::update()
         canvas()->itemChanged(this);
 }
 
+bool TCanvasItem::pushView(const QString &text, bool mergeable)
+{
+    auto *document = canvas() ? qobject_cast<TDocument *>(canvas()->parent()) : nullptr;
+    TViewHistoryEntry view;
+    captureView(view);
+    return fViewHistory.push(view, text, mergeable, document ? document->history().gesture() : 0);
+}
+
+bool TCanvasItem::goToFormerView()
+{
+    TViewHistoryEntry view;
+    captureView(view);
+    if (!fViewHistory.goBack(TViewHistoryEntry(view), view))
+        return false;
+    restoreView(view);
+    update();
+    return true;
+}
+
+bool TCanvasItem::goToLaterView()
+{
+    TViewHistoryEntry view;
+    captureView(view);
+    if (!fViewHistory.goForward(TViewHistoryEntry(view), view))
+        return false;
+    restoreView(view);
+    update();
+    return true;
+}
+
 void TCanvasItem::link(TCanvasItem *item, const QByteArray &role, const QUuid &id)
 {
     QList<QUuid> &ids = item->fLinks[role];
     if (!ids.contains(id))
         ids.append(id);
+}
+
+void TCanvasItem::followCopies(const QMap<QUuid, QUuid> &copies)
+{
+    for (auto it = fLinks.begin(); it != fLinks.end(); ++it) {
+        if (it.key() == cCopyRole)
+            continue;
+        for (QUuid &id : it.value())
+            id = copies.value(id, id);
+    }
 }
 
 quint8 TCanvasItem::stateFlags() const

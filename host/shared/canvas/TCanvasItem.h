@@ -3,7 +3,9 @@
 #include "canvas/ICanvasItem.h"
 #include "canvas/QtCanvasItem.h"
 #include "canvas/TSecurePtr.h"
+#include "canvas/TViewHistory.h"
 #include "history/THistoryItem.h"
+#include "properties/TItemProperties.h"
 
 #include <QByteArray>
 #include <QList>
@@ -13,9 +15,9 @@
 #include <QVariantMap>
 #include <QVector>
 
+class IStackedItemCtx;
 class TBasePlot;
 class TDataStream;
-class TViewHistoryEntry;
 
 /// An item of a document.
 class TCanvasItem : public QtCanvasItem, public ICanvasItem, public THistoryItem, public TSecurePtrData
@@ -23,6 +25,8 @@ class TCanvasItem : public QtCanvasItem, public ICanvasItem, public THistoryItem
 public:
     enum TLayoutPolicy { cOwnRect = 0, cFollowsPage = 1 };
     enum TItemFlag : quint8 { cActive = 1, cSelected = 2, cLocked = 4 };
+
+    static const QByteArray cCopyRole; // of the link from a copy to what it was made from
 
     TCanvasItem(int rtti, TPage *page, const QString &name);
     ~TCanvasItem() override;
@@ -68,6 +72,24 @@ public:
     QList<QByteArray> roles() const { return fLinks.keys(); }
     QList<QUuid> links(const QByteArray &role) const { return fLinks.value(role); }
     static void link(TCanvasItem *item, const QByteArray &role, const QUuid &id);
+    bool answersTo(const QUuid &id) const override { return fId == id || links(cCopyRole).contains(id); }
+    /// Links to items that were copied together with this one go to their copies.
+    void followCopies(const QMap<QUuid, QUuid> &copies);
+    /// The item's spectra as a stack; null for an item that is none. The item owns it.
+    virtual IStackedItemCtx *stackedContext() { return nullptr; }
+
+    TItemProperties &properties() { return fProperties; }
+    const TItemProperties &properties() const { return fProperties; }
+    /// Remembers the present view as one to come back to; within a gesture only the first of mergeable ones with the
+    /// same text. Whether it was.
+    bool pushView(const QString &text, bool mergeable);
+    /// Forgets the view that was remembered last; nothing is applied.
+    void popView() { fViewHistory.pop(); }
+    /// Goes back to the view that was remembered last, or forth again; false at the end of the list.
+    bool goToFormerView();
+    bool goToLaterView();
+    const TViewHistory &viewHistory() const { return fViewHistory; }
+
     /// Where the item came from: "Filename", "md5sum".
     QVariantMap &provenance() { return fProvenance; }
     const QVariantMap &provenance() const { return fProvenance; }
@@ -91,6 +113,8 @@ private:
     bool fLocked = false;
     QMap<QByteArray, QList<QUuid>> fLinks;
     QVariantMap fProvenance;
+    TItemProperties fProperties;
+    TViewHistory fViewHistory;
 };
 
 /// The item behind an interface pointer; items have this one implementation.

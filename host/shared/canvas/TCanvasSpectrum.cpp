@@ -1,12 +1,15 @@
 #include "canvas/TCanvasSpectrum.h"
 
 #include "canvas/DocumentBytes.h"
+#include "canvas/TPage.h"
 #include "plot/TBasePlot.h"
+#include "properties/TPropertiesBag.h"
 #include "stream/StreamUtils.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -52,6 +55,24 @@ QList<TBasePlot *> TCanvasSpectrum::plots() const
     return plots;
 }
 
+QPointF TCanvasSpectrum::canvasWnd2Item(const QPoint &windowPoint) const
+{
+    const QTransform toWindow = canvas() ? canvas()->windowTransform() : QTransform();
+    return toWindow.inverted().map(QPointF(windowPoint)) - rect().topLeft();
+}
+
+QPoint TCanvasSpectrum::canvasItem2Wnd(const QPointF &itemPoint) const
+{
+    const QTransform toWindow = canvas() ? canvas()->windowTransform() : QTransform();
+    return toWindow.map(itemPoint + rect().topLeft()).toPoint();
+}
+
+TBasePlot *TCanvasSpectrum::pointedPlot(const QPoint &windowPoint) const
+{
+    const QRectF place(QPointF(0, 0), rect().size());
+    return place.contains(canvasWnd2Item(windowPoint)) ? activePlot() : nullptr;
+}
+
 void TCanvasSpectrum::paint(QPainter &painter)
 {
     if (TBasePlot *plot = activePlot())
@@ -74,6 +95,30 @@ void TCanvasSpectrum::storePlots(TDataStream &stream) const
     stream << qint32(fActive);
 }
 
+void TCanvasSpectrum::storeBags(TDataStream &stream) const
+{
+    std::vector<TRawBag> bags = fBags;
+    for (const std::unique_ptr<TPropertiesBag> &own : properties().bags()) {
+        const auto isOfType = [&own](const TRawBag &bag) { return bag.fType == own->itemType(); };
+        const bool isListed = std::any_of(bags.begin(), bags.end(), isOfType);
+        // a document that came without the bag keeps coming without it until there is something to keep
+        if (!isListed && (!fWasLoaded || !own->isEmpty()))
+            bags.push_back({own->itemType(), QByteArray()});
+    }
+    stream << qint32(bags.size());
+    for (const TRawBag &bag : bags) {
+        stream << qint32(bag.fType);
+        if (const TPropertiesBag *own = properties().bag(bag.fType)) {
+            own->store(stream);
+            continue;
+        }
+        TDataStreamAdaptor block(stream);
+        block.startStore();
+        writeRawBytes(stream, bag.fBytes);
+        block.endStore();
+    }
+}
+
 void TCanvasSpectrum::store(TDataStream &stream) const
 {
     TDataStreamAdaptor block(stream);
@@ -82,14 +127,7 @@ void TCanvasSpectrum::store(TDataStream &stream) const
     stream << uniqueId() << name() << place.x() << place.y() << place.width() << place.height();
     stream << qint32(layoutPolicy()) << stateFlags() << subtypeText();
     storeLinks(stream);
-    stream << qint32(fBags.size());
-    for (const TRawBag &bag : fBags) {
-        stream << qint32(bag.fType);
-        TDataStreamAdaptor bagBlock(stream);
-        bagBlock.startStore();
-        writeRawBytes(stream, bag.fBytes);
-        bagBlock.endStore();
-    }
+    storeBags(stream);
     storePlots(stream);
     stream << QVariant(provenance());
     writeRawBytes(stream, fTail);
@@ -100,16 +138,21 @@ void TCanvasSpectrum::loadBags(TDataStream &stream)
 {
     constexpr int cMinBagSize = 16; // type and an empty block
     fBags.clear();
+    fWasLoaded = true;
     const int count = stream.readCount(cMinBagSize);
     for (int i = 0; i < count && stream.isGood(); ++i) {
         TRawBag bag;
         qint32 type = 0;
         stream >> type;
         bag.fType = type;
-        TDataStreamAdaptor block(stream);
-        if (block.hasData())
-            bag.fBytes = readRestOfBlock(stream);
-        block.skipData();
+        if (TPropertiesBag *own = properties().bag(type)) {
+            own->load(stream);
+        } else {
+            TDataStreamAdaptor block(stream);
+            if (block.hasData())
+                bag.fBytes = readRestOfBlock(stream);
+            block.skipData();
+        }
         fBags.push_back(bag);
     }
 }

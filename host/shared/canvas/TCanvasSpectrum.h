@@ -23,6 +23,12 @@ public:
     TBasePlot *activePlot() const;
     TBasePlotter *activePlotter() const;
     QList<TBasePlot *> plots() const;
+    /// Between pixels of the window and item coordinates (canvas units from the item's top left corner). Without a view
+    /// the window is the page.
+    QPointF canvasWnd2Item(const QPoint &windowPoint) const;
+    QPoint canvasItem2Wnd(const QPointF &itemPoint) const;
+    /// The plot under a point of the window; null outside of the item.
+    TBasePlot *pointedPlot(const QPoint &windowPoint) const;
     IProgress *progress() const { return fProgress; }
 
     void paint(QPainter &painter) override;
@@ -42,6 +48,7 @@ private:
         int fType = 0;
         QByteArray fBytes;
     };
+    void storeBags(TDataStream &stream) const;
 
     void storePlots(TDataStream &stream) const;
     void loadPlots(TDataStream &stream);
@@ -50,7 +57,8 @@ private:
 
     IProgress *fProgress;
     std::vector<TPlotEntry> fPlots;
-    std::vector<TRawBag> fBags;
+    std::vector<TRawBag> fBags; // of the document; bytes only of those that the item does not know
+    bool fWasLoaded = false;
     int fActive = 0;
     QByteArray fTail; // what a newer writer put behind the fields
 };

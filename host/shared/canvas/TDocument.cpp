@@ -13,19 +13,24 @@ TDocument::TDocument(QObject *parent)
     , fFormat(1)
     , fWriter("Kelmora")
 {
-    connect(fHistory.stack(), &QUndoStack::cleanChanged, this, [this](bool clean) { emit modifiedChanged(!clean); });
+    fHistory.setChangedHandler([this] {
+        const bool wasModified = fModified;
+        fModified = fHistory.isModified();
+        if (fModified != wasModified)
+            emit modifiedChanged(fModified);
+    });
 }
 
 TDocument::~TDocument()
 {
-    fHistory.stack()->disconnect(this);
+    fHistory.setChangedHandler({});
     fHistory.stack()->clear();
     qDeleteAll(fPages);
 }
 
 bool TDocument::isModified() const
 {
-    return !const_cast<TCommandHistory &>(fHistory).stack()->isClean();
+    return fHistory.isModified();
 }
 
 void TDocument::watch(TPage *page)
@@ -48,6 +53,7 @@ void TDocument::insertPage(TPage *page, int index)
     watch(page);
     if (!fCurrentPage)
         fCurrentPage = page;
+    emit pagesChanged();
 }
 
 void TDocument::takePage(TPage *page)
@@ -58,6 +64,16 @@ void TDocument::takePage(TPage *page)
     page->setParent(nullptr);
     if (fCurrentPage == page)
         fCurrentPage = fPages.isEmpty() ? nullptr : fPages.first();
+    emit pagesChanged();
+}
+
+void TDocument::movePage(TPage *page, int index)
+{
+    const int from = fPages.indexOf(page);
+    if (from < 0)
+        return;
+    fPages.move(from, qBound(0, index, fPages.size() - 1));
+    emit pagesChanged();
 }
 
 TPage *TDocument::currentPage() const

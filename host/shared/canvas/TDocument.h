@@ -31,6 +31,8 @@ public:
 
     /// How items are made from their type numbers; without a factory, or where it gives null, they are kept as bytes.
     static void setItemFactory(const TItemFactory &factory);
+    /// A new item of a type; null where none can be made. The caller owns it.
+    static TCanvasItem *createItem(int rtti);
     /// Whether a file begins like a document.
     static bool isDocument(const QString &path);
 
@@ -43,6 +45,7 @@ public:
     void insertPage(TPage *page, int index);
     /// Gives a page up without deleting it.
     void takePage(TPage *page);
+    void movePage(TPage *page, int index);
     /// The page that new items go to; null for a document without pages.
     TPage *currentPage() const;
     void setCurrentPage(TPage *page) { fCurrentPage = page; }
@@ -72,6 +75,8 @@ signals:
     void itemAdded(TCanvasItem *item);
     void itemRemoved(TCanvasItem *item);
     void modifiedChanged(bool modified);
+    /// Pages came, went or changed places.
+    void pagesChanged();
 
 private:
     void watch(TPage *page);
@@ -94,5 +99,6 @@ private:
     QByteArray fHistoryTail;
     QList<TStoredHistoryEntry> fStoredHistory;
     QString fPath;
+    bool fModified = false;
     TCommandHistory fHistory; // last, so that its commands go while the pages still stand
 };

@@ -64,6 +64,11 @@ void TDocument::setItemFactory(const TItemFactory &factory)
     gItemFactory = factory;
 }
 
+TCanvasItem *TDocument::createItem(int rtti)
+{
+    return gItemFactory ? gItemFactory(rtti) : nullptr;
+}
+
 bool TDocument::isDocument(const QString &path)
 {
     QFile file(path);
@@ -147,7 +152,7 @@ bool TDocument::saveTo(const QString &path, QString *error)
         return false;
     }
     fPath = path;
-    fHistory.stack()->setClean();
+    fHistory.setClean();
     return true;
 }
 
@@ -168,7 +173,7 @@ bool TDocument::loadItem(TDataStream &stream, TPage &page, int itemNumber, TLoad
     stream >> rtti >> id;
     if (!stream.isGood())
         return false;
-    TCanvasItem *item = gItemFactory ? gItemFactory(rtti) : nullptr;
+    TCanvasItem *item = createItem(rtti);
     if (!item) {
         item = new TUnknownItem(rtti);
         report.fWarnings.append(tr("An item of the unknown type %1 is kept as it is.").arg(rtti));
@@ -334,6 +339,6 @@ bool TDocument::loadFrom(const QString &path, TLoadReport &report)
     if (!load(stream, report))
         return false;
     fPath = path;
-    fHistory.stack()->setClean();
+    fHistory.setClean();
     return true;
 }

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QRectF>
 #include <QSizeF>
+#include <QTransform>
 #include <QUuid>
 
 class QPaintDevice;
@@ -49,6 +50,9 @@ public:
     QRectF offeredRect(const TCanvasItem *item) const;
     /// Draws the whole page so that it fills the device.
     void render(QPaintDevice *device) const;
+    /// From canvas units to pixels of the window that shows the page; views keep it up to date. The identity without.
+    QTransform windowTransform() const { return fWindowTransform; }
+    void setWindowTransform(const QTransform &transform) { fWindowTransform = transform; }
     void itemChanged(TCanvasItem *item) { emit changed(item); }
 
 signals:
@@ -62,5 +66,6 @@ private:
     QMarginsF fMargins{cMargin, cMargin, cMargin, cMargin};
     QString fTitle;
     QByteArray fTail;
+    QTransform fWindowTransform;
     QList<TCanvasItem *> fItems;
 };

@@ -1,5 +1,13 @@
 #include "commands/TCmdList.h"
 
+#include <algorithm>
+
+bool TCmdList::isViewOnly() const
+{
+    const auto isView = [](const TCommand *command) { return command->isViewOnly(); };
+    return std::all_of(fCommands.begin(), fCommands.end(), isView);
+}
+
 QList<THistoryCommand *> TCmdList::historyCmdList() const
 {
     QList<THistoryCommand *> entries;

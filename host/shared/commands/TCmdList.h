@@ -19,6 +19,7 @@ public:
     int count() const { return fCommands.size(); }
 
     bool isVoid() const override { return TCommand::isVoid() || isEmpty(); }
+    bool isViewOnly() const override;
     QList<THistoryCommand *> historyCmdList() const override;
     void doHistoryCommand() override;
     void undoHistoryCommand() override;

@@ -37,6 +37,8 @@ public:
     /// The command goes; its entries with it.
     virtual void removeHistoryCommand();
     virtual bool isVoid() const { return fVoid; }
+    /// Whether it changes no more than how things are seen. Such a step can be undone, but leaves nothing to save.
+    virtual bool isViewOnly() const { return false; }
     virtual QList<THistoryCommand *> historyCmdList() const { return fHistory; }
     virtual void doCmd() = 0;
     virtual void undoCmd() = 0;

@@ -4,42 +4,101 @@
 #include "history/THistoryCommand.h"
 
 #include <QUndoCommand>
-#include <memory>
+#include <vector>
 
-/// A command's place on the stack. It was run before it got there, so the first redo does nothing.
+/// A command's place on the stack, with those that joined it. They were run before they got there, so the first redo
+/// does nothing.
 class TCommandHistory::TStackEntry : public QUndoCommand
 {
 public:
-    TStackEntry(TCommandHistory &history, TCommand *command)
+    TStackEntry(TCommandHistory &history, std::unique_ptr<TCommand> command)
         : QUndoCommand(command->description())
         , fHistory(history)
-        , fCommand(command)
+        , fGesture(history.gesture())
     {
         fHistory.fEntries.append(this);
+        take(std::move(command));
     }
     ~TStackEntry() override
     {
         fHistory.fEntries.removeOne(this);
-        fCommand->removeHistoryCommand();
+        last().removeHistoryCommand();
     }
     void undo() override
     {
-        fCommand->revert();
-        fCommand->undoHistoryCommand();
+        for (auto it = fCommands.rbegin(); it != fCommands.rend(); ++it)
+            (*it)->revert();
+        last().undoHistoryCommand();
+        fHistory.changed();
     }
     void redo() override
     {
-        if (fCommand->isDone())
+        if (isDone())
             return;
-        fCommand->execute();
-        fCommand->redoHistoryCommand();
+        for (const std::unique_ptr<TCommand> &command : fCommands)
+            command->execute();
+        last().redoHistoryCommand();
+        fHistory.changed();
     }
-    const TCommand &command() const { return *fCommand; }
+    /// Takes over a command that was run.
+    void take(std::unique_ptr<TCommand> command)
+    {
+        if (!command->isViewOnly())
+            fStamp = ++fHistory.fLastStamp;
+        fCommands.push_back(std::move(command));
+    }
+    bool isDone() const { return last().isDone(); }
+    int gesture() const { return fGesture; }
+    /// 0 for a step that changed views only.
+    qint64 stamp() const { return fStamp; }
+    TCommand &last() const { return *fCommands.back(); }
 
 private:
     TCommandHistory &fHistory;
-    std::unique_ptr<TCommand> fCommand;
+    std::vector<std::unique_ptr<TCommand>> fCommands;
+    int fGesture;
+    qint64 fStamp = 0;
 };
+
+void TCommandHistory::changed()
+{
+    if (fChanged)
+        fChanged();
+}
+
+qint64 TCommandHistory::stamp() const
+{
+    for (int i = fEntries.size() - 1; i >= 0; --i) {
+        if (fEntries.at(i)->isDone() && fEntries.at(i)->stamp() != 0)
+            return fEntries.at(i)->stamp();
+    }
+    return 0;
+}
+
+void TCommandHistory::setClean()
+{
+    fCleanStamp = stamp();
+    fStack.setClean();
+    changed();
+}
+
+void TCommandHistory::beginGesture()
+{
+    ++fGesture;
+    fInGesture = true;
+}
+
+bool TCommandHistory::joinGesture(std::unique_ptr<TCommand> &command)
+{
+    if (!fInGesture || fMergeDepth > 0 || fEntries.isEmpty())
+        return false;
+    TStackEntry *newest = fEntries.last();
+    if (!newest->isDone() || newest->gesture() != fGesture || !newest->last().mergeCommand(command.get()))
+        return false;
+    newest->last().removeHistoryCommand(); // one entry, with the last parameters
+    newest->take(std::move(command));
+    return true;
+}
 
 bool TCommandHistory::push(TCommand *command)
 {
@@ -50,11 +109,14 @@ bool TCommandHistory::push(TCommand *command)
     if (command->isVoid()) // running it showed that there was nothing to do
         return false;
     command->doHistoryCommand();
-    if (fMergeDepth > 0 && !fMergedAny) {
-        fMergedAny = true;
-        fStack.beginMacro(fMergedText.isEmpty() ? command->description() : fMergedText);
+    if (!joinGesture(owned)) {
+        if (fMergeDepth > 0 && !fMergedAny) {
+            fMergedAny = true;
+            fStack.beginMacro(fMergedText.isEmpty() ? command->description() : fMergedText);
+        }
+        fStack.push(new TStackEntry(*this, std::move(owned)));
     }
-    fStack.push(new TStackEntry(*this, owned.release()));
+    changed();
     return true;
 }
 
@@ -78,6 +140,6 @@ QList<THistoryCommand *> TCommandHistory::entries() const
 {
     QList<THistoryCommand *> entries;
     for (const TStackEntry *entry : fEntries)
-        entries += entry->command().historyCmdList();
+        entries += entry->last().historyCmdList();
     return entries;
 }

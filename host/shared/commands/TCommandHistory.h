@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 #include <QUndoStack>
+#include <functional>
+#include <memory>
 
 class TCommand;
 class THistoryCommand;
@@ -21,6 +23,19 @@ public:
     /// Everything pushed in between is one undo step. Groups do not nest into view; an empty one leaves nothing.
     void beginMerged(const QString &text = QString());
     void endMerged();
+    /// A press to its release, a key held, a run of wheel events: within one, commands that accept each other
+    /// (TCommand::mergeCommand) make one undo step. Outside of gestures nothing merges.
+    void beginGesture();
+    void endGesture() { fInGesture = false; }
+    /// The number of the present gesture; 0 outside of gestures.
+    int gesture() const { return fInGesture ? fGesture : 0; }
+
+    /// Whether anything but views changed since setClean.
+    bool isModified() const { return stamp() != fCleanStamp; }
+    /// What the document holds now is saved.
+    void setClean();
+    /// Called after every step, its undo and redo.
+    void setChangedHandler(const std::function<void()> &handler) { fChanged = handler; }
 
     QUndoStack *stack() { return &fStack; }
     /// The entries of all commands on the stack, in the order in which they were done.
@@ -29,6 +44,16 @@ public:
 private:
     class TStackEntry;
 
+    bool joinGesture(std::unique_ptr<TCommand> &command);
+    void changed();
+    /// Names the state of the document: the last step done that changed more than views; 0 without one.
+    qint64 stamp() const;
+
+    std::function<void()> fChanged; // stands before the stack, whose end calls it no more
+    qint64 fLastStamp = 0;
+    qint64 fCleanStamp = 0;
+    int fGesture = 0;
+    bool fInGesture = false;
     QList<TStackEntry *> fEntries; // owned by the stack; stands before it, since its entries sign off here
     QUndoStack fStack;
     int fMergeDepth = 0;

@@ -17,6 +17,8 @@ public:
     TRanges &vRanges() override { return hasRows() ? fStackRanges : intensityRanges(); }
     const TAxis &vertAxis() const override { return hasRows() ? fStackAxis : intensityAxis(); }
     const TRanges &vertRanges() const override { return hasRows() ? fStackRanges : intensityRanges(); }
+    TAxis &curveAxis() override { return intensityAxis(); }
+    TRanges &curveRanges() override { return intensityRanges(); }
     QVector<TAxis *> axesOf(TAxisDir dir) override;
 
     TAxis &stackIndexAxis() { return fStackAxis; }

@@ -245,16 +245,17 @@ void TBasePlot::changeIntensity(bool up, double factor)
         used = 1.0 / used;
     if (!(used > 0.0) || !std::isfinite(used))
         return;
+    TAxis &measured = curveAxis();
     const double base = plotter()->baselineScaleValue();
-    const TRange before = vAxis().getFullScale();
-    TAxis scaled = vAxis();
+    const TRange before = measured.getFullScale();
+    TAxis scaled = measured;
     scaled.setFullScale(before.a - base, before.b - base);
-    scaled.setScale(vAxis().getScale().a - base, vAxis().getScale().b - base);
+    scaled.setScale(measured.getScale().a - base, measured.getScale().b - base);
     scaled.applyScaleFactor(used);
     fIntensityFactor *= used;
-    vAxis().setFullScale(scaled.getFullScale().a + base, scaled.getFullScale().b + base);
-    vAxis().setScale(scaled.getScale().a + base, scaled.getScale().b + base);
-    vRanges().encloseIn(before, vAxis().getFullScale());
+    measured.setFullScale(scaled.getFullScale().a + base, scaled.getFullScale().b + base);
+    measured.setScale(scaled.getScale().a + base, scaled.getScale().b + base);
+    curveRanges().encloseIn(before, measured.getFullScale());
 }
 
 void TBasePlot::saveIntensityScale(TDataStream &stream) const

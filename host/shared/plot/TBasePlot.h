@@ -56,6 +56,9 @@ public:
     const TAxis &axis(TAxisDir dir) const { return dir == horzDir ? horzAxis() : vertAxis(); }
     TRanges &ranges(TAxisDir dir) { return dir == horzDir ? hRanges() : vRanges(); }
     const TRanges &ranges(TAxisDir dir) const { return dir == horzDir ? horzRanges() : vertRanges(); }
+    /// The axis on which curves are measured; in a stack the rows stand on another one.
+    virtual TAxis &curveAxis() { return vAxis(); }
+    virtual TRanges &curveRanges() { return vRanges(); }
     /// Every axis of a direction, standing or not.
     virtual QVector<TAxis *> axesOf(TAxisDir dir);
 

@@ -1,0 +1,172 @@
+#include "commands/TCmdPages.h"
+
+#include "canvas/TCanvasItem.h"
+#include "canvas/TCanvasItemList.h"
+#include "canvas/TDocument.h"
+#include "canvas/TItemFragment.h"
+#include "canvas/TPage.h"
+#include "history/THistoryCommand.h"
+
+TCmdPages::TCmdPages(const QString &description, TDocument *document)
+    : TCommand(description)
+    , fDocument(document)
+{
+    fBefore.pages = document->pages();
+    fBefore.current = document->currentPage();
+    for (TPage *page : document->pages())
+        fBefore.states.insert(page, stateOf(*page));
+    fAfter = fBefore;
+}
+
+TCmdPages::~TCmdPages()
+{
+    for (TPage *page : isDone() ? fBefore.pages : fAfter.pages) {
+        const QList<TPage *> &kept = isDone() ? fAfter.pages : fBefore.pages;
+        if (!kept.contains(page))
+            delete page;
+    }
+}
+
+TCmdPages::TPageState TCmdPages::stateOf(const TPage &page)
+{
+    return {page.title(), page.size(), page.margins()};
+}
+
+TCmdPages *TCmdPages::newPage(TDocument *document, int index)
+{
+    auto *command = new TCmdPages(tr("New Page"), document);
+    auto *page = new TPage;
+    const int place = qBound(0, index, document->pages().size());
+    if (const TPage *neighbour = document->pages().value(qMax(0, place - 1))) {
+        page->setSize(neighbour->size());
+        page->setMargins(neighbour->margins());
+    }
+    command->fAfter.pages.insert(place, page);
+    command->fAfter.states.insert(page, stateOf(*page));
+    command->fAfter.current = page;
+    return command;
+}
+
+TCmdPages *TCmdPages::deletePages(TDocument *document, const QList<TPage *> &pages)
+{
+    auto *command = new TCmdPages(tr("Delete Page"), document);
+    TState &after = command->fAfter;
+    const int first = pages.isEmpty() ? -1 : after.pages.indexOf(pages.first());
+    for (TPage *page : pages) {
+        after.pages.removeAll(page);
+        after.states.remove(page);
+    }
+    if (after.pages.isEmpty()) {
+        after = command->fBefore;
+        return command;
+    }
+    if (!after.pages.contains(after.current))
+        after.current = after.pages.at(qBound(0, first, after.pages.size() - 1));
+    return command;
+}
+
+TCmdPages *TCmdPages::duplicatePages(TDocument *document, const QList<TPage *> &pages)
+{
+    auto *command = new TCmdPages(tr("Duplicate Page"), document);
+    TState &after = command->fAfter;
+    for (TPage *page : pages) {
+        if (!document->pages().contains(page))
+            continue;
+        auto *copy = new TPage;
+        copy->setSize(page->size());
+        copy->setMargins(page->margins());
+        copy->setTitle(page->title());
+        TCanvasItemList items;
+        for (TCanvasItem *item : page->items())
+            items.append(item);
+        for (TCanvasItem *item : TItemFragment::load(TItemFragment::store(items)))
+            copy->insertItem(item);
+        after.pages.insert(after.pages.indexOf(page) + 1, copy);
+        after.states.insert(copy, stateOf(*copy));
+        after.current = copy;
+    }
+    return command;
+}
+
+TCmdPages *TCmdPages::movePage(TDocument *document, TPage *page, int index)
+{
+    auto *command = new TCmdPages(tr("Reorder Pages"), document);
+    QList<TPage *> &pages = command->fAfter.pages;
+    if (pages.removeOne(page))
+        pages.insert(qBound(0, index, pages.size()), page);
+    return command;
+}
+
+TCmdPages *TCmdPages::renamePage(TDocument *document, TPage *page, const QString &title)
+{
+    auto *command = new TCmdPages(tr("Rename Page"), document);
+    if (command->fAfter.states.contains(page))
+        command->fAfter.states[page].title = title;
+    return command;
+}
+
+TCmdPages *TCmdPages::resizePages(TDocument *document, const QList<TPage *> &pages, const QSizeF &size,
+                                  const QMarginsF &margins)
+{
+    auto *command = new TCmdPages(tr("Page Size"), document);
+    const QRectF inside = QRectF(QPointF(0, 0), size).marginsRemoved(margins);
+    for (TPage *page : pages) {
+        if (!command->fAfter.states.contains(page) || inside.isEmpty())
+            continue;
+        TPageState &state = command->fAfter.states[page];
+        state.size = size;
+        state.margins = margins;
+        for (TCanvasItem *item : page->items()) {
+            if (item->layoutPolicy() == TCanvasItem::cFollowsPage)
+                command->fOldRects.insert(item, item->rect());
+        }
+    }
+    return command;
+}
+
+void TCmdPages::apply(const TState &state)
+{
+    const QList<TPage *> present = fDocument->pages();
+    for (TPage *page : present) {
+        if (!state.pages.contains(page))
+            fDocument->takePage(page);
+    }
+    for (int i = 0; i < state.pages.size(); ++i) {
+        TPage *page = state.pages.at(i);
+        if (!fDocument->pages().contains(page))
+            fDocument->insertPage(page, i);
+        else if (fDocument->pages().at(i) != page)
+            fDocument->movePage(page, i);
+        const TPageState wanted = state.states.value(page);
+        if (stateOf(*page) == wanted)
+            continue;
+        page->setTitle(wanted.title);
+        page->setSize(wanted.size);
+        page->setMargins(wanted.margins);
+    }
+    fDocument->setCurrentPage(state.current);
+}
+
+void TCmdPages::followPages()
+{
+    for (auto it = fOldRects.constBegin(); it != fOldRects.constEnd(); ++it)
+        it.key()->setRect(it.key()->canvas()->offeredRect(it.key()));
+}
+
+void TCmdPages::doCmd()
+{
+    apply(fAfter);
+    followPages();
+}
+
+void TCmdPages::undoCmd()
+{
+    apply(fBefore);
+    for (auto it = fOldRects.constBegin(); it != fOldRects.constEnd(); ++it)
+        it.key()->setRect(it.value());
+}
+
+void TCmdPages::doHistoryCommand()
+{
+    appendHistoryCommand(new THistoryCommand(description(), nullptr, QString()), nullptr);
+}

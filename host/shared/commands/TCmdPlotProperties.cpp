@@ -1,0 +1,66 @@
+#include "commands/TCmdPlotProperties.h"
+
+#include "canvas/TCanvasItem.h"
+#include "contexts/IStackedItemCtx.h"
+#include "history/THistoryCommand.h"
+#include "properties/TPropertiesBag.h"
+
+namespace {
+
+QVariantMap fieldsOf(const TPropertiesBag &kind, const TCanvasItem &item)
+{
+    const std::unique_ptr<TPropertiesBag> bag = kind.create();
+    bag->fillFrom(item);
+    return bag->values();
+}
+
+} // namespace
+
+TCmdPlotProperties::TCmdPlotProperties(const TCanvasItemList &items, std::unique_ptr<TPropertiesBag> bag)
+    : TCanvasItemsCommand(tr("Set Plot Properties"), items)
+    , fBag(std::move(bag))
+    , fBefore(items.size())
+{
+    setMergeableFlag(true);
+}
+
+TCmdPlotProperties::~TCmdPlotProperties() = default;
+
+bool TCmdPlotProperties::cmdItemApplicable(TCanvasItem *item) const
+{
+    return fBag && fBag->isApplicable(*item);
+}
+
+void TCmdPlotProperties::doCmd()
+{
+    fChanged = false;
+    TCanvasItemsCommand::doCmd();
+    setVoidFlag(!fChanged);
+}
+
+void TCmdPlotProperties::doCmdItem(TCanvasItem *item, int index)
+{
+    TBefore &before = fBefore[index];
+    before.fields = fieldsOf(*fBag, *item);
+    before.plots.capture(item);
+    if (const IStackedItemCtx *stack = item->stackedContext())
+        before.displayMode = stack->displayMode();
+    fBag->applyTo(*item);
+    fChanged = fChanged || fieldsOf(*fBag, *item) != before.fields;
+}
+
+void TCmdPlotProperties::undoCmdItem(TCanvasItem *item, int index)
+{
+    const TBefore &before = fBefore.at(index);
+    if (IStackedItemCtx *stack = item->stackedContext())
+        stack->setDisplayMode(before.displayMode); // the grouping of the spectra goes with the mode
+    before.plots.restore(item);
+}
+
+THistoryCommand *TCmdPlotProperties::itemHistoryCommand(TCanvasItem *item)
+{
+    auto *entry = new THistoryCommand(description(), item, QString());
+    entry->addParamMapDiff(tr("Properties"), fieldsOf(*fBag, *item), fBefore.at(items().indexOf(item)).fields,
+                           QString());
+    return entry;
+}

@@ -1,0 +1,45 @@
+#include "commands/TCmdSpectraCuts.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "contexts/TSpectrumItemCtx.h"
+#include "history/THistoryCommand.h"
+
+namespace {
+
+QString descriptionOf(TCmdSpectraCuts::TMode mode)
+{
+    switch (mode) {
+    case TCmdSpectraCuts::cHide:
+        return TCmdSpectraCuts::tr("Hide Range");
+    case TCmdSpectraCuts::cShow:
+        return TCmdSpectraCuts::tr("Show Range");
+    default:
+        return TCmdSpectraCuts::tr("Show All Ranges");
+    }
+}
+
+} // namespace
+
+TCmdSpectraCuts::TCmdSpectraCuts(const TCanvasItemList &items, TMode mode, const TRange &range)
+    : TViewCommand(descriptionOf(mode), items)
+    , fMode(mode)
+    , fRange(range)
+{
+}
+
+void TCmdSpectraCuts::changeView(TCanvasSpectrum &item, TBasePlot &activePlot)
+{
+    TSpectrumItemCtx context(&item, &activePlot);
+    if (fMode == cHide)
+        context.hideRange(fRange);
+    else if (fMode == cShow)
+        context.showRange(fRange);
+    else
+        context.restoreRanges();
+}
+
+void TCmdSpectraCuts::describe(THistoryCommand &entry) const
+{
+    if (fMode != cRestoreAll)
+        entry.addParam("Range", QVariantList({fRange.lo(), fRange.hi()}), QString());
+}

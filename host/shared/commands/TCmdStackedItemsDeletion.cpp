@@ -1,0 +1,92 @@
+#include "commands/TCmdStackedItemsDeletion.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "contexts/IStackedItemCtx.h"
+#include "history/THistoryCommand.h"
+#include "plot/T1DStackedPlot.h"
+
+#include <algorithm>
+
+TCmdStackedItemsDeletion::TCmdStackedItemsDeletion(const TCanvasItemList &items, const QVector<int> &indices)
+    : TCanvasItemsCommand(tr("Delete Spectra"), items)
+    , fIndices(indices)
+    , fBefore(items.size())
+{
+    std::sort(fIndices.begin(), fIndices.end(), std::greater<int>());
+    fIndices.erase(std::unique(fIndices.begin(), fIndices.end()), fIndices.end());
+}
+
+bool TCmdStackedItemsDeletion::cmdItemApplicable(TCanvasItem *item) const
+{
+    return item->stackedContext() != nullptr;
+}
+
+void TCmdStackedItemsDeletion::doCmd()
+{
+    fChanged = false;
+    TCanvasItemsCommand::doCmd();
+    setVoidFlag(!fChanged);
+}
+
+void TCmdStackedItemsDeletion::doCmdItem(TCanvasItem *item, int index)
+{
+    IStackedItemCtx &stack = *item->stackedContext();
+    TBefore &before = fBefore[index];
+    before.stack.capture(stack);
+    before.plots.capture(item);
+    before.taken.clear();
+    QVector<int> indices;
+    for (const int each : qAsConst(fIndices)) {
+        if (each >= 0 && each < stack.count())
+            indices.append(each);
+    }
+    if (indices.size() == stack.count())
+        indices.removeAll(stack.activeIndex());
+    for (const int each : qAsConst(indices)) {
+        TTaken taken{each, stack.idOf(each), QByteArray()};
+        if (stack.take(each, taken.bytes))
+            before.taken.append(taken);
+    }
+    if (before.taken.isEmpty())
+        return;
+    fChanged = true;
+    stack.update();
+}
+
+void TCmdStackedItemsDeletion::undoCmdItem(TCanvasItem *item, int index)
+{
+    IStackedItemCtx &stack = *item->stackedContext();
+    const TBefore &before = fBefore.at(index);
+    if (before.taken.isEmpty())
+        return;
+    for (int i = before.taken.size() - 1; i >= 0; --i)
+        stack.insert(before.taken.at(i).index, before.taken.at(i).bytes);
+    before.stack.restore(stack);
+    before.plots.restore(item);
+    auto *spectrum = dynamic_cast<TCanvasSpectrum *>(item);
+    auto *plot = spectrum ? dynamic_cast<T1DStackedPlot *>(spectrum->activePlot()) : nullptr;
+    if (!plot)
+        return;
+    T1DStackedPlotProperties &properties = plot->stackedProperties();
+    const QMap<quint32, double> factors = properties.factors();
+    const QMap<quint32, double> offsets = properties.offsets();
+    for (const TTaken &taken : before.taken) {
+        properties.setFactor(quint32(taken.id), 1.0);
+        properties.setOffset(quint32(taken.id), 0.0);
+    }
+    for (const TTaken &taken : before.taken) {
+        const auto id = quint32(stack.idOf(taken.index));
+        properties.setFactor(id, factors.value(quint32(taken.id), 1.0));
+        properties.setOffset(id, offsets.value(quint32(taken.id), 0.0));
+    }
+}
+
+THistoryCommand *TCmdStackedItemsDeletion::itemHistoryCommand(TCanvasItem *item)
+{
+    auto *entry = new THistoryCommand(description(), item, QString());
+    QVariantList numbers;
+    for (int i = fIndices.size() - 1; i >= 0; --i)
+        numbers.append(fIndices.at(i) + 1);
+    entry->addParam("Spectra", numbers, QString());
+    return entry;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QVector>
+
+class IStackedItemCtx;
+
+/// Order, visibility, selection and active spectrum of a stack, by index, so that it fits again after spectra were
+/// taken out and put back. For undo.
+class TStackState
+{
+public:
+    void capture(const IStackedItemCtx &stack);
+    void restore(IStackedItemCtx &stack) const;
+
+private:
+    QVector<int> fOrder;
+    QVector<int> fHidden; // in the order in which they were hidden
+    QVector<int> fSelected;
+    int fActive = -1;
+};

@@ -1,0 +1,59 @@
+#include "commands/TViewCommand.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "history/THistoryCommand.h"
+
+TViewCommand::TViewCommand(const QString &description, const TCanvasItemList &items)
+    : TCanvasItemsCommand(description, items)
+    , fViews(items.size())
+    , fPushed(items.size(), false)
+{
+    for (int i = 0; i < items.size(); ++i) {
+        if (const TCanvasItem *item = canvasItem(items.at(i)))
+            item->captureView(fViews[i]);
+    }
+}
+
+bool TViewCommand::cmdItemApplicable(TCanvasItem *item) const
+{
+    const auto *spectrum = dynamic_cast<const TCanvasSpectrum *>(item);
+    return spectrum && spectrum->activePlot();
+}
+
+void TViewCommand::doCmd()
+{
+    fChanged = false;
+    TCanvasItemsCommand::doCmd();
+    setVoidFlag(!fChanged);
+}
+
+void TViewCommand::doCmdItem(TCanvasItem *item, int index)
+{
+    auto *spectrum = static_cast<TCanvasSpectrum *>(item);
+    fPushed[index] = item->pushView(description(), isMergeable());
+    changeView(*spectrum, *spectrum->activePlot());
+    TViewHistoryEntry now;
+    item->captureView(now);
+    if (now != fViews.at(index)) {
+        fChanged = true;
+        return;
+    }
+    if (fPushed.at(index))
+        item->popView(); // a view that did not change is none to come back to
+    fPushed[index] = false;
+}
+
+void TViewCommand::undoCmdItem(TCanvasItem *item, int index)
+{
+    item->restoreView(fViews.at(index));
+    if (fPushed.at(index))
+        item->popView();
+}
+
+THistoryCommand *TViewCommand::itemHistoryCommand(TCanvasItem *item)
+{
+    auto *entry = new THistoryCommand(description(), item, QString());
+    entry->setViewOnly(true);
+    describe(*entry);
+    return entry;
+}

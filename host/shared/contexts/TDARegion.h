@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <QUuid>
+
+/// A stretch of the x axis from which data analysis takes one number per spectrum.
+struct TDARegion
+{
+    enum TKind { cNone = 0, cSum = 51, cHighestPeak = 52 };
+
+    QUuid id;
+    QString name;
+    int kind = cNone;
+    // wavenumbers in 1/cm; of a spectrum without a wavelength axis the axis' own values
+    double from = 0.0;
+    double to = 0.0;
+};
