@@ -283,6 +283,18 @@ void TYrexSpectrum::setSpectrumClass(const QString &text)
     setParamValue(cClassId, 1, text);
 }
 
+void TYrexSpectrum::resetSpectrumClass()
+{
+    TSpectrumParam *param = fParams.getParam(cClassId);
+    if (!param)
+        return;
+    const bool isOwn = param->dim() == 1 && !param->hasExpression() && param->source().isEmpty();
+    if (isOwn && fParams.at(fParams.count() - 1).id() == cClassId)
+        fParams.removeLast(); // setSpectrumClass put it there
+    else
+        param->unset();
+}
+
 QDateTime TYrexSpectrum::acquisitionDate() const
 {
     return QDateTime::fromString(paramText(cDateId, 1), Qt::ISODate);

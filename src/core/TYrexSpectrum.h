@@ -117,6 +117,8 @@ public:
     /// The class by which a stack groups its spectra; empty when there is none.
     QString spectrumClass() const;
     void setSpectrumClass(const QString &text);
+    /// As if the spectrum had never had a class.
+    void resetSpectrumClass();
     /// Invalid when the file gave none.
     QDateTime acquisitionDate() const;
     QString descriptiveText() const { return fParam1007Text; }

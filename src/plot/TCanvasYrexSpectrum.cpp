@@ -1,7 +1,9 @@
 #include "TCanvasYrexSpectrum.h"
 
 #include "T1DYrexPlot.h"
+#include "TDAYrexItemCtx.h"
 #include "TYrexPlotTitleParser.h"
+#include "TYrexSpectrumPropertiesBag.h"
 #include "TYrexUnits.h"
 #include "plot/TStackedClassProperties.h"
 #include "plot/TTypesetter.h"
@@ -29,10 +31,19 @@ TCanvasYrexSpectrum *yrexItem(ICanvasItem *item)
 TCanvasYrexSpectrum::TCanvasYrexSpectrum(const TYrexSpectrumList &spectra, TPage *page, IProgress *progress)
     : TCanvasSpectrum(cRtti, page, QString(), progress)
     , fDataObj(new TYrexSpecDataObj(Utils::Common::createUuid(), spectra))
+    , fStackedCtx(this)
+    , fRegionHelper(this)
+    , fDaCtx(new TDAYrexItemCtx(this))
 {
     fDataObj->stack().addNotifier(this);
     listChanged();
     buildPlot();
+    properties().addBag(new TYrexSpectrumPropertiesBag);
+    properties().applyDefaultProperties();
+    if (isStacked() && activeYrexPlot()) { // many spectra begin as an overlay, whatever the defaults say
+        stack().setGrouped(overlayMode);
+        activeYrexPlot()->setStackedDisplayMode(overlayMode);
+    }
     setup();
 }
 
@@ -196,7 +207,10 @@ void TCanvasYrexSpectrum::listChanged()
 QColor TCanvasYrexSpectrum::curveColor() const
 {
     const T1DYrexPlot *plot = activeYrexPlot();
-    return plot ? plot->curveColor() : QColor();
+    if (!plot)
+        return QColor();
+    const QColor own = isStacked() ? plot->stackedProperties().arrayedColor(stack().current()) : QColor();
+    return own.isValid() ? own : plot->properties().curvePen.color();
 }
 
 void TCanvasYrexSpectrum::refreshAxes()
@@ -258,6 +272,35 @@ double TCanvasYrexSpectrum::lastXIn(int unit, int index) const
 TBasePlot *TCanvasYrexSpectrum::createPlot(int plotType, const QUuid &id)
 {
     return plotType == cPlotType ? new T1DYrexPlot(T1DYrexPlot::cPlainKind, id, this) : nullptr;
+}
+
+void TCanvasYrexSpectrum::captureView(TViewHistoryEntry &view) const
+{
+    for (const TBasePlot *plot : plots()) {
+        if (plot->plotType() == cPlotType)
+            view.addPlotData(plot->id(), plot->getPlotData());
+    }
+}
+
+void TCanvasYrexSpectrum::restoreView(const TViewHistoryEntry &view)
+{
+    for (TBasePlot *plot : plots()) {
+        const TPlotData data = view.getPlotData(plot->id());
+        if (plot->plotType() == cPlotType && data.isValid())
+            plot->setPlotData(data);
+    }
+}
+
+const TPlotHotArea &TCanvasYrexSpectrum::hotAreaAt(const QPoint &windowPoint) const
+{
+    const T1DYrexPlot *plot = activeYrexPlot();
+    if (!plot)
+        return TPlotHotAreas::nullArea;
+    const QPointF itemPoint = canvasWnd2Item(windowPoint);
+    const TPlotHotArea &region = fRegionHotAreas.hit(activePlotter()->canvasItem2Plot(itemPoint));
+    if (region.isValid())
+        return region;
+    return pointedPlot(windowPoint) == plot ? plot->hitTest(itemPoint) : TPlotHotAreas::nullArea;
 }
 
 void TCanvasYrexSpectrum::store(TDataStream &stream) const

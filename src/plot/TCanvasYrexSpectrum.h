@@ -2,14 +2,19 @@
 
 #include "IYrexExportView.h"
 #include "IYrexPlotable.h"
+#include "TYrexDARegPlotHelper.h"
 #include "TYrexSpecDataObj.h"
+#include "TYrexStackedItemCtx.h"
 #include "canvas/TCanvasSpectrum.h"
 #include "data/IStackedListNotifier.h"
+#include "plot/TPlotHotAreas.h"
 
 #include <QColor>
+#include <QPoint>
 #include <memory>
 
 class T1DYrexPlot;
+class TDAYrexItemCtx;
 
 /// The document item of the module: one data object with one or many spectra, and one plot that shows it.
 class TCanvasYrexSpectrum : public TCanvasSpectrum,
@@ -32,6 +37,9 @@ public:
     void store(TDataStream &stream) const override;
     void load(TDataStream &stream) override;
     TBasePlot *createPlot(int plotType, const QUuid &id) override;
+    void captureView(TViewHistoryEntry &view) const override;
+    void restoreView(const TViewHistoryEntry &view) override;
+    IStackedItemCtx *stackedContext() override { return &fStackedCtx; }
 
     IYrexPlotData *plotData(const QUuid &id) override;
     QString titleText(const QUuid &plotId, const QString &format, int option, int index) override;
@@ -65,6 +73,12 @@ public:
     void addSpectra(const TYrexSpectrumList &spectra);
     /// Gives the spectra of a stack the colours that the plot's colour setting asks for.
     void updateStackedColors();
+    /// The hot area under a point of the window: those of data-analysis regions go before those of the plot. nullArea
+    /// for none, and outside of the active plot.
+    const TPlotHotArea &hotAreaAt(const QPoint &windowPoint) const;
+    TPlotHotAreas &regionHotAreas() { return fRegionHotAreas; }
+    const TYrexDARegPlotHelper &regionHelper() const { return fRegionHelper; }
+    TDAYrexItemCtx *daContext() const { return fDaCtx.get(); }
     /// First and last x of a spectrum in a unit.
     double firstXIn(int unit, int index) const;
     double lastXIn(int unit, int index) const;
@@ -81,6 +95,10 @@ private:
     void showAsStack(T1DYrexPlot *plot);
 
     std::unique_ptr<TYrexSpecDataObj> fDataObj;
+    TPlotHotAreas fRegionHotAreas;
+    TYrexStackedItemCtx fStackedCtx;
+    TYrexDARegPlotHelper fRegionHelper;
+    std::unique_ptr<TDAYrexItemCtx> fDaCtx;
 };
 
 /// The item as one of this module, or null for another type.

@@ -70,6 +70,8 @@ public:
     QString value(int index = 0) const { return fValues.value(index); }
     /// Indexes below 0 or from cMaxDimensions on are ignored.
     void setValue(int index, const QString &text);
+    /// As if no value had ever been set.
+    void unset() { fValues.clear(); }
     int valueCount() const { return fValues.size(); }
     /// Whether no value was ever set.
     bool isUnset() const;

@@ -15,6 +15,7 @@ public:
     int count() const { return fParams.size(); }
     bool isEmpty() const { return fParams.isEmpty(); }
     void clear() { fParams.clear(); }
+    void removeLast() { fParams.removeLast(); }
     const TSpectrumParam &at(int index) const { return fParams.at(index); }
     QVector<TSpectrumParam>::const_iterator begin() const { return fParams.begin(); }
     QVector<TSpectrumParam>::const_iterator end() const { return fParams.end(); }

@@ -2,7 +2,9 @@
 
 #include "TASCIIYrexConverter.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TDAYrexItemCtx.h"
 #include "TJCAMPYrexConverter.h"
+#include "TMultiYrexSpectrumPropertiesBag.h"
 #include "TYrexCommandLine.h"
 #include "TYrexGalacticSpcConverter.h"
 #include "TYrexOmnicSpaConverter.h"
@@ -15,6 +17,7 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "consts/Consts.h"
+#include "contexts/TStackedSpectrumItemCtx.h"
 #include "params/TParamsParser.h"
 #include "params/TParamsParsers.h"
 #include "plugin/IDAPlugin.h"
@@ -125,6 +128,16 @@ void TYrexPlugin::addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra
         qDeleteAll(spectra);
 }
 
+TPropertiesBag *TYrexPlugin::createPropertiesBag(int rtti)
+{
+    return rtti == TYrexSpectrumPropertiesBag::cItemType ? new TYrexSpectrumPropertiesBag : nullptr;
+}
+
+TPropertiesBag *TYrexPlugin::createMultiPropertiesBag(int rtti, int, int)
+{
+    return rtti == TYrexSpectrumPropertiesBag::cItemType ? new TMultiYrexSpectrumPropertiesBag : nullptr;
+}
+
 void TYrexPlugin::hostEvent(const QByteArray &name)
 {
     if (name != Consts::Events::cDocLoaded || !fHost || !fHost->document())
@@ -149,9 +162,10 @@ QString TYrexPlugin::tableReport(TTableProperties *properties, TCanvasItem *item
     return TBasePluginEx::tableReport(properties, item, format);
 }
 
-IDAItemCtx *TYrexPlugin::daContext(TCanvasItem *)
+IDAItemCtx *TYrexPlugin::daContext(TCanvasItem *item)
 {
-    return nullptr;
+    const TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
+    return spectrumItem ? spectrumItem->daContext() : nullptr;
 }
 
 TCommand *TYrexPlugin::editArrayedDataCommand(const TCanvasItemList &, const QVariantMap &)
@@ -190,14 +204,19 @@ TSpectrumParamsTemplate TYrexPlugin::paramsTemplate(TCanvasItem *item) const
     return parser ? parser->templates() : TSpectrumParamsTemplate();
 }
 
-ISpectrumItemCtx *TYrexPlugin::spectrumContext(TCanvasItem *)
+ISpectrumItemCtx *TYrexPlugin::spectrumContext(TCanvasItem *item)
 {
-    return nullptr;
+    TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
+    if (!spectrumItem)
+        return nullptr;
+    return new TStackedSpectrumItemCtx<TYrexSpectrumList>(spectrumItem, &spectrumItem->stack(),
+                                                          spectrumItem->activePlot());
 }
 
-IStackedItemCtx *TYrexPlugin::stackedContext(TCanvasItem *)
+IStackedItemCtx *TYrexPlugin::stackedContext(TCanvasItem *item)
 {
-    return nullptr;
+    TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
+    return spectrumItem ? spectrumItem->stackedContext() : nullptr;
 }
 
 void TYrexPlugin::adjustStackedItems(const TCanvasItemList &) {}

@@ -41,6 +41,8 @@ public:
     TCanvasItem *createItem(int rtti) override;
     ICanvasItem *createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *parent) override;
     void addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra) override;
+    TPropertiesBag *createPropertiesBag(int rtti) override;
+    TPropertiesBag *createMultiPropertiesBag(int rtti, int a, int b) override;
     void hostEvent(const QByteArray &name) override;
 
     TCanvasItem *stackItems(TPage *page, TCanvasItem *item, TCmdList *&commands, bool keep) override;
