@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QMap>
+#include <QVariant>
+#include <QVector>
+
+class TCanvasItem;
+class TCommand;
+
+/// What a plug-in adds to the table of stacked spectra: facts, and commands on its own spectra. Commands belong to the
+/// caller; null where there is nothing to do.
+class IStackedItemsEdits
+{
+public:
+    enum TFact { cDate, cPoints, cFormat };
+
+    virtual ~IStackedItemsEdits() = default;
+    virtual QVariant fact(TCanvasItem *item, int index, TFact fact) const = 0;
+    virtual TCommand *activeCommand(TCanvasItem *item, int index) = 0;
+    virtual TCommand *titleCommand(TCanvasItem *item, int index, const QString &title) = 0;
+    /// Series values by index.
+    virtual TCommand *valuesCommand(TCanvasItem *item, const QMap<int, double> &values) = 0;
+    /// One colour per spectrum.
+    virtual TCommand *colorsCommand(TCanvasItem *item, const QVector<QColor> &colors) = 0;
+    virtual TCommand *splitByClassCommand(TCanvasItem *item) = 0;
+};

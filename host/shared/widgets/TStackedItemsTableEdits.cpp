@@ -1,0 +1,259 @@
+// The edits of TStackedItemsTableModel.
+#include "widgets/TStackedItemsTableModel.h"
+
+#include "commands/TCmdChangeSpectraIntensity.h"
+#include "commands/TCmdEditSpectrumClass.h"
+#include "commands/TCmdPanSpectra.h"
+#include "commands/TCmdPlotProperties.h"
+#include "commands/TCmdStackedItemsArrange.h"
+#include "commands/TCmdStackedItemsDeletion.h"
+#include "commands/TCommandHistory.h"
+#include "contexts/IStackedItemCtx.h"
+#include "plot/T1DStackedPlotProperties.h"
+#include "properties/TPropertiesBag.h"
+#include "widgets/IStackedItemsEdits.h"
+
+#include <QCollator>
+#include <QDateTime>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QString cDisplayModeKey = QStringLiteral("stack.displayMode");
+const QString cColorSettingKey = QStringLiteral("stack.colorSetting");
+
+/// Both the point and the comma, as they are typed.
+bool toNumber(QString text, double &number)
+{
+    bool isNumber = false;
+    number = text.replace(',', '.').toDouble(&isNumber);
+    return isNumber && std::isfinite(number);
+}
+
+} // namespace
+
+bool TStackedItemsTableModel::push(TCommand *command)
+{
+    if (fHistory)
+        return fHistory->push(command);
+    delete command;
+    return false;
+}
+
+TCanvasItemList TStackedItemsTableModel::items() const
+{
+    TCanvasItemList list;
+    if (fItem)
+        list.append(fItem.get());
+    return list;
+}
+
+bool TStackedItemsTableModel::setCheck(int spectrum, int column, bool checked)
+{
+    if (column == cShow)
+        return push(new TCmdStackedItemsArrange(items(), {spectrum}, checked));
+    QVector<int> used;
+    const QList<quint32> ids = stack()->ids(false, true);
+    for (int i = 0; i < stack()->count(); ++i) {
+        if (i == spectrum ? checked : ids.contains(quint32(stack()->idOf(i))))
+            used.append(i);
+    }
+    if (used.isEmpty()) // the selection is never emptied by hand
+        return false;
+    stack()->setSelected(used);
+    fItem->update();
+    return true;
+}
+
+bool TStackedItemsTableModel::setNumber(int spectrum, int column, double number)
+{
+    const T1DStackedPlotProperties *own = stackedProperties();
+    if (column == cValue)
+        return push(fEdits->valuesCommand(fItem.get(), {{spectrum, number}}));
+    if (!own)
+        return false;
+    const int active = stack()->activeIndex();
+    if (column == cFactor)
+        return number != 0.0 && push(new TCmdChangeSpectraIntensity(
+                                    items(), QMap<int, double>{{spectrum, number * stack()->factor(active)}}));
+    const double base = own->offset(quint32(stack()->idOf(active)));
+    return push(new TCmdPanSpectra(items(), QMap<int, double>{{spectrum, base + number}}));
+}
+
+bool TStackedItemsTableModel::setText(int spectrum, int column, const QString &text)
+{
+    if (column == cTitle)
+        return push(fEdits->titleCommand(fItem.get(), spectrum, text));
+    if (column == cClass) {
+        TStackedClassProperties properties = stack()->classes().value(text.trimmed());
+        properties.name = text.trimmed();
+        return push(new TCmdEditSpectrumClass(items(), {spectrum}, properties));
+    }
+    double number = 0.0;
+    return toNumber(text, number) && setNumber(spectrum, column, number);
+}
+
+bool TStackedItemsTableModel::setData(const QModelIndex &place, const QVariant &value, int role)
+{
+    const int spectrum = place.isValid() ? indexOfRow(place.row()) : -1;
+    if (!stack() || spectrum < 0)
+        return false;
+    bool changed = false;
+    if (role == Qt::CheckStateRole && (place.column() == cShow || place.column() == cUse))
+        changed = setCheck(spectrum, place.column(), value.toInt() == Qt::Checked);
+    else if (role == Qt::EditRole && isEditable(spectrum, place.column()))
+        changed = setText(spectrum, place.column(), value.toString());
+    if (changed)
+        refresh();
+    return changed;
+}
+
+void TStackedItemsTableModel::activate(int row)
+{
+    const int spectrum = indexOfRow(row);
+    if (!stack() || spectrum < 0 || spectrum == stack()->activeIndex())
+        return;
+    if (fEdits) {
+        push(fEdits->activeCommand(fItem.get(), spectrum));
+    } else {
+        stack()->makeCurrent(spectrum);
+        fItem->update();
+    }
+    refresh();
+}
+
+void TStackedItemsTableModel::setColor(int row, const QColor &color)
+{
+    const int spectrum = indexOfRow(row);
+    if (!stack() || !fEdits || spectrum < 0 || !color.isValid())
+        return;
+    QVector<QColor> colors = stack()->colors();
+    colors[spectrum] = color;
+    push(fEdits->colorsCommand(fItem.get(), colors));
+    refresh();
+}
+
+void TStackedItemsTableModel::showAll()
+{
+    push(new TCmdStackedItemsArrange(items(), fOrder, true));
+    refresh();
+}
+
+void TStackedItemsTableModel::deleteSpectra(const QVector<int> &rows)
+{
+    QVector<int> indices;
+    for (const int row : rows)
+        indices.append(indexOfRow(row));
+    push(new TCmdStackedItemsDeletion(items(), indices));
+    refresh();
+}
+
+void TStackedItemsTableModel::moveRowsTo(QVector<int> rows, int target)
+{
+    std::sort(rows.begin(), rows.end());
+    QVector<int> before;
+    QVector<int> moved;
+    QVector<int> after;
+    for (int row = 0; row < fOrder.size(); ++row)
+        (rows.contains(row) ? moved : row < target ? before : after).append(fOrder.at(row));
+    push(new TCmdStackedItemsArrange(items(), before + moved + after));
+    refresh();
+}
+
+void TStackedItemsTableModel::sortBy(TSortKey key)
+{
+    if (!stack())
+        return;
+    QCollator collator;
+    collator.setNumericMode(true);
+    QVector<int> order = fOrder;
+    const auto isBefore = [&](int a, int b) {
+        switch (key) {
+        case cByTitle:
+            return collator.compare(stack()->title(a), stack()->title(b)) < 0;
+        case cByClass:
+            return collator.compare(stack()->className(a), stack()->className(b)) < 0;
+        case cByDate:
+            return factOf(a, cDate).toDateTime() < factOf(b, cDate).toDateTime();
+        default:
+            return stack()->arrayedValue(a) < stack()->arrayedValue(b);
+        }
+    };
+    std::stable_sort(order.begin(), order.end(), isBefore);
+    push(new TCmdStackedItemsArrange(items(), order));
+    refresh();
+}
+
+bool TStackedItemsTableModel::pasteValues(int row, const QStringList &texts)
+{
+    QMap<int, double> values;
+    for (int i = 0; i < texts.size() && indexOfRow(row + i) >= 0; ++i) {
+        double number = 0.0;
+        if (!toNumber(texts.at(i), number))
+            return false;
+        values.insert(indexOfRow(row + i), number);
+    }
+    const bool changed = fEdits && stack() && !values.isEmpty() && push(fEdits->valuesCommand(fItem.get(), values));
+    refresh();
+    return changed;
+}
+
+void TStackedItemsTableModel::resetFactorsAndOffsets()
+{
+    if (!stack() || !fHistory)
+        return;
+    QMap<int, double> ones;
+    QMap<int, double> zeros;
+    for (int i = 0; i < stack()->count(); ++i) {
+        ones.insert(i, 1.0);
+        zeros.insert(i, 0.0);
+    }
+    fHistory->beginMerged(tr("Reset Factors and Offsets"));
+    push(new TCmdChangeSpectraIntensity(items(), ones));
+    push(new TCmdPanSpectra(items(), zeros));
+    fHistory->endMerged();
+    refresh();
+}
+
+void TStackedItemsTableModel::editProperty(const QString &key, const QVariant &value)
+{
+    if (!fItem || fItem->properties().bags().empty())
+        return;
+    for (const std::unique_ptr<TPropertiesBag> &kind : fItem->properties().bags()) {
+        std::unique_ptr<TPropertiesBag> bag = kind->create();
+        bag->fillFrom(*fItem.get());
+        if (!bag->value(key).isValid())
+            continue;
+        bag->setValue(key, value);
+        push(new TCmdPlotProperties(items(), std::move(bag)));
+    }
+    refresh();
+}
+
+int TStackedItemsTableModel::displayMode() const
+{
+    return stack() ? stack()->displayMode() : int(activeOnlyMode);
+}
+
+void TStackedItemsTableModel::setDisplayMode(int mode)
+{
+    editProperty(cDisplayModeKey, mode);
+}
+
+int TStackedItemsTableModel::colorSetting() const
+{
+    return stack() ? stack()->colorSetting() : int(hueSetting);
+}
+
+void TStackedItemsTableModel::setColorSetting(int setting)
+{
+    editProperty(cColorSettingKey, setting);
+}
+
+void TStackedItemsTableModel::splitByClass()
+{
+    if (fEdits && stack())
+        push(fEdits->splitByClassCommand(fItem.get()));
+    refresh();
+}

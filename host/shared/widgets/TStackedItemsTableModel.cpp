@@ -1,0 +1,234 @@
+// What the table shows. The edits stand in TStackedItemsTableEdits.cpp.
+#include "widgets/TStackedItemsTableModel.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "contexts/IStackedItemCtx.h"
+#include "plot/T1DStackedPlot.h"
+#include "widgets/IStackedItemsEdits.h"
+
+#include <QDateTime>
+#include <QFont>
+#include <QMimeData>
+
+namespace {
+
+const QString cRowsMime = QStringLiteral("application/x-kelmora-stacked-rows");
+constexpr int cOffsetDecimals = 6;
+
+/// The text without the zeros that say nothing.
+QString trimmedNumber(QString text)
+{
+    if (!text.contains('.'))
+        return text;
+    while (text.endsWith('0'))
+        text.chop(1);
+    if (text.endsWith('.'))
+        text.chop(1);
+    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
+
+} // namespace
+
+TStackedItemsTableModel::TStackedItemsTableModel(QObject *parent)
+    : QAbstractTableModel(parent)
+{
+}
+
+void TStackedItemsTableModel::setItem(TCanvasItem *item)
+{
+    if (item && item == fItem.get())
+        return;
+    if (fPage)
+        fPage->disconnect(this);
+    fItem = TSecurePtr<TCanvasItem>(item);
+    fPage = item ? item->canvas() : nullptr;
+    if (fPage) {
+        connect(fPage, &TPage::changed, this, [this](TCanvasItem *changed) {
+            if (changed == fItem.get())
+                refresh();
+        });
+    }
+    beginResetModel();
+    fOrder = stack() ? stack()->order() : QVector<int>();
+    endResetModel();
+}
+
+void TStackedItemsTableModel::setEdits(IStackedItemsEdits *edits)
+{
+    fEdits = edits;
+    refresh();
+}
+
+void TStackedItemsTableModel::refresh()
+{
+    const QVector<int> order = stack() ? stack()->order() : QVector<int>();
+    if (order == fOrder) {
+        if (!order.isEmpty())
+            emit dataChanged(index(0, 0), index(order.size() - 1, cColumnCount - 1));
+        return;
+    }
+    beginResetModel();
+    fOrder = order;
+    endResetModel();
+}
+
+IStackedItemCtx *TStackedItemsTableModel::stack() const
+{
+    return fItem ? fItem->stackedContext() : nullptr;
+}
+
+const T1DStackedPlotProperties *TStackedItemsTableModel::stackedProperties() const
+{
+    const auto *spectrum = dynamic_cast<const TCanvasSpectrum *>(fItem.get());
+    const auto *plot = spectrum ? dynamic_cast<const T1DStackedPlot *>(spectrum->activePlot()) : nullptr;
+    return plot ? &plot->stackedProperties() : nullptr;
+}
+
+int TStackedItemsTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !stack() ? 0 : fOrder.size();
+}
+
+int TStackedItemsTableModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : cColumnCount;
+}
+
+QStringList TStackedItemsTableModel::classNames() const
+{
+    return stack() ? stack()->classNames() : QStringList();
+}
+
+QVariant TStackedItemsTableModel::factOf(int spectrum, int column) const
+{
+    if (!fEdits)
+        return QVariant();
+    const auto fact = IStackedItemsEdits::TFact(column - cDate + IStackedItemsEdits::cDate);
+    return fEdits->fact(fItem.get(), spectrum, fact);
+}
+
+QVariant TStackedItemsTableModel::textOf(int spectrum, int column) const
+{
+    switch (column) {
+    case cNumber:
+        return spectrum + 1;
+    case cTitle:
+        return stack()->title(spectrum);
+    case cClass:
+        return stack()->className(spectrum).trimmed();
+    case cValue:
+        return QString::number(stack()->arrayedValue(spectrum), 'g', 10);
+    case cFactor:
+        return QString::number(stack()->relativeFactor(spectrum), 'g', 6);
+    case cOffset:
+        return trimmedNumber(stack()->offsetText(spectrum, cOffsetDecimals));
+    case cDate:
+    case cPoints:
+    case cFormat:
+        return factOf(spectrum, column);
+    default:
+        return QVariant();
+    }
+}
+
+QVariant TStackedItemsTableModel::data(const QModelIndex &place, int role) const
+{
+    const int spectrum = place.isValid() ? indexOfRow(place.row()) : -1;
+    if (!stack() || spectrum < 0 || spectrum >= stack()->count())
+        return QVariant();
+    const bool isActive = spectrum == stack()->activeIndex();
+    const int column = place.column();
+    if (role == Qt::DisplayRole && column == cActive)
+        return isActive ? QStringLiteral("\u25B6") : QString();
+    if (role == Qt::DisplayRole || role == Qt::EditRole)
+        return textOf(spectrum, column);
+    if (role == Qt::CheckStateRole && column == cShow)
+        return stack()->isVisible(spectrum) ? Qt::Checked : Qt::Unchecked;
+    if (role == Qt::CheckStateRole && column == cUse) {
+        const bool isUsed = stack()->ids(false, true).contains(quint32(stack()->idOf(spectrum)));
+        return isUsed ? Qt::Checked : Qt::Unchecked;
+    }
+    if (role == Qt::DecorationRole && column == cSwatch) {
+        const QColor color = stack()->color(spectrum);
+        return color.isValid() ? QVariant(color) : QVariant();
+    }
+    if (role == Qt::FontRole && column == cTitle && isActive) {
+        QFont bold;
+        bold.setBold(true);
+        return bold;
+    }
+    if (role == Qt::TextAlignmentRole && (column == cNumber || (column >= cValue && column <= cOffset)))
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    return QVariant();
+}
+
+QVariant TStackedItemsTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= cColumnCount)
+        return QVariant();
+    const QString names[cColumnCount] = {QString(),    tr("Show"),  tr("Use"),    tr("#"),      QString(),
+                                         tr("Title"),  tr("Class"), tr("Value"),  tr("Factor"), tr("Offset"),
+                                         tr("Date"),   tr("Points"), tr("Format")};
+    return names[section];
+}
+
+Qt::ItemFlags TStackedItemsTableModel::flags(const QModelIndex &place) const
+{
+    if (!place.isValid())
+        return Qt::ItemIsDropEnabled; // rows are dropped between rows
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    if (fHistory)
+        flags |= Qt::ItemIsDragEnabled;
+    if (place.column() == cShow || place.column() == cUse)
+        return flags | Qt::ItemIsUserCheckable;
+    return isEditable(indexOfRow(place.row()), place.column()) ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool TStackedItemsTableModel::isEditable(int spectrum, int column) const
+{
+    if (!stack() || !fHistory || spectrum < 0)
+        return false;
+    switch (column) {
+    case cTitle:
+    case cValue:
+        return fEdits != nullptr;
+    case cClass:
+        return true;
+    case cFactor:
+    case cOffset:
+        return spectrum != stack()->activeIndex(); // what the others are measured by
+    default:
+        return false;
+    }
+}
+
+QStringList TStackedItemsTableModel::mimeTypes() const
+{
+    return {cRowsMime};
+}
+
+QMimeData *TStackedItemsTableModel::mimeData(const QModelIndexList &places) const
+{
+    QStringList rows;
+    for (const QModelIndex &place : places) {
+        const QString row = QString::number(place.row());
+        if (!rows.contains(row))
+            rows.append(row);
+    }
+    auto *mime = new QMimeData;
+    mime->setData(cRowsMime, rows.join(' ').toLatin1());
+    return mime;
+}
+
+bool TStackedItemsTableModel::dropMimeData(const QMimeData *mime, Qt::DropAction action, int row, int,
+                                           const QModelIndex &parent)
+{
+    if (!mime || action != Qt::MoveAction || !mime->hasFormat(cRowsMime))
+        return false;
+    QVector<int> rows;
+    for (const QByteArray &text : mime->data(cRowsMime).split(' '))
+        rows.append(text.toInt());
+    const int onto = parent.isValid() ? parent.row() : rowCount();
+    moveRowsTo(rows, row < 0 ? onto : row);
+    return false; // the command moved them; the view has nothing to remove
+}

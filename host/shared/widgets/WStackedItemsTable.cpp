@@ -1,0 +1,229 @@
+#include "widgets/WStackedItemsTable.h"
+
+#include "plot/T1DStackedPlotProperties.h"
+#include "widgets/IStackedItemsEdits.h"
+#include "widgets/TStackedItemsTableModel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace {
+
+/// Offers the classes in use; any other text makes a new one.
+class TClassDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &place) const override
+    {
+        auto *box = new QComboBox(parent);
+        box->setEditable(true);
+        box->addItems(static_cast<const TStackedItemsTableModel *>(place.model())->classNames());
+        return box;
+    }
+    void setEditorData(QWidget *editor, const QModelIndex &place) const override
+    {
+        static_cast<QComboBox *>(editor)->setCurrentText(place.data(Qt::EditRole).toString());
+    }
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &place) const override
+    {
+        model->setData(place, static_cast<QComboBox *>(editor)->currentText(), Qt::EditRole);
+    }
+};
+
+} // namespace
+
+WStackedItemsTable::WStackedItemsTable(QWidget *parent)
+    : QWidget(parent)
+    , fModel(new TStackedItemsTableModel(this))
+    , fView(new QTableView(this))
+    , fMode(new QComboBox(this))
+    , fColors(new QComboBox(this))
+    , fSort(new QToolButton(this))
+    , fEmpty(new QLabel(tr("One spectrum. Drop another on the plot to make a stack."), this))
+{
+    auto *tools = new QHBoxLayout;
+    tools->addWidget(fMode);
+    tools->addWidget(fColors);
+    tools->addWidget(fSort);
+    tools->addStretch();
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(tools);
+    column->addWidget(fView);
+    column->addWidget(fEmpty);
+    fEmpty->setAlignment(Qt::AlignCenter);
+    fEmpty->setWordWrap(true);
+    makeToolRow();
+    makeView();
+    makeShortcuts();
+    connect(fModel, &QAbstractItemModel::modelReset, this, &WStackedItemsTable::showState);
+    connect(fModel, &QAbstractItemModel::dataChanged, this, &WStackedItemsTable::showState);
+    showState();
+}
+
+void WStackedItemsTable::makeToolRow()
+{
+    fMode->addItem(tr("Active Only"), activeOnlyMode);
+    fMode->addItem(tr("Stacked"), stackedMode);
+    fMode->addItem(tr("Overlay"), overlayMode);
+    fMode->addItem(tr("Stacked, Hidden Lines"), hiddenLinesMode);
+    fMode->addItem(tr("Queued"), queuedMode);
+    fMode->addItem(tr("Grouped"), groupedMode);
+    fColors->addItem(tr("Single Color"), singleColorSetting);
+    fColors->addItem(tr("Gradient"), gradientSetting);
+    fColors->addItem(tr("Hue Color"), hueSetting);
+    const auto activated = QOverload<int>::of(&QComboBox::activated);
+    connect(fMode, activated, this, [this](int at) { fModel->setDisplayMode(fMode->itemData(at).toInt()); });
+    connect(fColors, activated, this, [this](int at) { fModel->setColorSetting(fColors->itemData(at).toInt()); });
+
+    auto *menu = new QMenu(this);
+    const auto sort = [this, menu](const QString &text, TStackedItemsTableModel::TSortKey key) {
+        menu->addAction(text, this, [this, key] { fModel->sortBy(key); });
+    };
+    sort(tr("Title"), TStackedItemsTableModel::cByTitle);
+    sort(tr("Value"), TStackedItemsTableModel::cByValue);
+    sort(tr("Class"), TStackedItemsTableModel::cByClass);
+    sort(tr("Date"), TStackedItemsTableModel::cByDate);
+    menu->addSeparator();
+    QAction *split = menu->addAction(tr("Split by Class"), fModel, &TStackedItemsTableModel::splitByClass);
+    menu->addAction(tr("Reset Factors and Offsets"), fModel, &TStackedItemsTableModel::resetFactorsAndOffsets);
+    connect(menu, &QMenu::aboutToShow, this, [this, split] { split->setEnabled(fModel->edits() != nullptr); });
+    fSort->setText(tr("Sort by"));
+    fSort->setMenu(menu);
+    fSort->setPopupMode(QToolButton::InstantPopup);
+}
+
+void WStackedItemsTable::makeView()
+{
+    fView->setModel(fModel);
+    fView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    fView->setDragDropMode(QAbstractItemView::InternalMove);
+    fView->setDragDropOverwriteMode(false);
+    fView->setItemDelegateForColumn(TStackedItemsTableModel::cClass, new TClassDelegate(this));
+    fView->verticalHeader()->hide();
+    for (int column = TStackedItemsTableModel::cDate; column < TStackedItemsTableModel::cColumnCount; ++column)
+        fView->setColumnHidden(column, true);
+    QHeaderView *header = fView->horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(TStackedItemsTableModel::cTitle, QHeaderView::Interactive);
+    header->setSectionsClickable(true);
+    header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QHeaderView::sectionClicked, this, &WStackedItemsTable::onHeaderClicked);
+    connect(header, &QHeaderView::customContextMenuRequested, this, &WStackedItemsTable::onHeaderMenu);
+    connect(fView, &QTableView::clicked, this, &WStackedItemsTable::onClicked);
+}
+
+void WStackedItemsTable::makeShortcuts()
+{
+    const auto add = [this](const QKeySequence &keys, const auto &action) {
+        auto *shortcut = new QShortcut(keys, fView);
+        shortcut->setContext(Qt::WidgetShortcut); // an editor in a cell keeps its keys
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    add(Qt::Key_Space, [this] { toggleChecks(TStackedItemsTableModel::cShow); });
+    add(Qt::CTRL + Qt::Key_Space, [this] { toggleChecks(TStackedItemsTableModel::cUse); });
+    add(Qt::ALT + Qt::Key_Up, [this] { moveSelected(-1); });
+    add(Qt::ALT + Qt::Key_Down, [this] { moveSelected(1); });
+    add(Qt::Key_Delete, [this] {
+        if (!selectedRows().isEmpty())
+            fModel->deleteSpectra(selectedRows());
+    });
+    add(QKeySequence::Paste, [this] { pasteValues(); });
+}
+
+void WStackedItemsTable::showState()
+{
+    const bool isStack = fModel->rowCount() >= 2;
+    fView->setVisible(isStack);
+    fEmpty->setVisible(!isStack);
+    for (QWidget *tool : {static_cast<QWidget *>(fMode), static_cast<QWidget *>(fColors), static_cast<QWidget *>(fSort)})
+        tool->setEnabled(isStack);
+    const QSignalBlocker modeBlocker(fMode);
+    const QSignalBlocker colorsBlocker(fColors);
+    fMode->setCurrentIndex(fMode->findData(fModel->displayMode()));
+    fColors->setCurrentIndex(fColors->findData(fModel->colorSetting()));
+}
+
+QVector<int> WStackedItemsTable::selectedRows() const
+{
+    QVector<int> rows;
+    for (const QModelIndex &place : fView->selectionModel()->selectedRows())
+        rows.append(place.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void WStackedItemsTable::onClicked(const QModelIndex &place)
+{
+    if (place.column() == TStackedItemsTableModel::cActive)
+        fModel->activate(place.row());
+    if (place.column() != TStackedItemsTableModel::cSwatch || !fModel->edits())
+        return;
+    const QColor color = QColorDialog::getColor(place.data(Qt::DecorationRole).value<QColor>(), this);
+    fModel->setColor(place.row(), color);
+}
+
+void WStackedItemsTable::onHeaderClicked(int column)
+{
+    if (column == TStackedItemsTableModel::cShow && QApplication::keyboardModifiers() & Qt::ControlModifier)
+        fModel->showAll();
+}
+
+void WStackedItemsTable::onHeaderMenu(const QPoint &point)
+{
+    QMenu menu;
+    for (int column = TStackedItemsTableModel::cTitle; column < TStackedItemsTableModel::cColumnCount; ++column) {
+        QAction *action = menu.addAction(fModel->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        action->setCheckable(true);
+        action->setChecked(!fView->isColumnHidden(column));
+        connect(action, &QAction::toggled, this,
+                [this, column](bool shown) { fView->setColumnHidden(column, !shown); });
+    }
+    menu.exec(fView->horizontalHeader()->mapToGlobal(point));
+}
+
+void WStackedItemsTable::toggleChecks(int column)
+{
+    const QVector<int> rows = selectedRows();
+    if (rows.isEmpty())
+        return;
+    const bool isOn = fModel->index(rows.first(), column).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    for (const int row : rows)
+        fModel->setData(fModel->index(row, column), isOn ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+void WStackedItemsTable::moveSelected(int step)
+{
+    const QVector<int> rows = selectedRows();
+    if (rows.isEmpty() || rows.first() + step < 0 || rows.last() + step >= fModel->rowCount())
+        return;
+    fModel->moveRowsTo(rows, step < 0 ? rows.first() - 1 : rows.last() + 2);
+    QItemSelection selection; // the order is another one, so the view forgot it
+    for (const int row : rows)
+        selection.select(fModel->index(row + step, 0), fModel->index(row + step, fModel->columnCount() - 1));
+    fView->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void WStackedItemsTable::pasteValues()
+{
+    const QModelIndex place = fView->currentIndex();
+    if (place.column() != TStackedItemsTableModel::cValue)
+        return;
+    const QString text = QApplication::clipboard()->text();
+    fModel->pasteValues(place.row(), text.split('\n', Qt::SkipEmptyParts));
+}
