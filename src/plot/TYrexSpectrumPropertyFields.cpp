@@ -137,8 +137,7 @@ TFields plotFields()
             number("plot.marginLeft", -1.0, cMaxMargin, [](P &p) -> double & { return p.properties().marginLeft; }),
             number("plot.marginTop", -1.0, cMaxMargin, [](P &p) -> double & { return p.properties().marginTop; }),
             number("plot.marginRight", -1.0, cMaxMargin, [](P &p) -> double & { return p.properties().marginRight; }),
-            number("plot.marginBottom", -1.0, cMaxMargin,
-                   [](P &p) -> double & { return p.properties().marginBottom; }),
+            number("plot.marginBottom", -1.0, cMaxMargin, [](P &p) -> double & { return p.properties().marginBottom; }),
             flag("plot.keepFitting", [](P &p) -> bool & { return p.properties().keepFitting; })};
 }
 
@@ -197,9 +196,7 @@ TFields axisFields(TAxisDir dir)
             own(
                 key + "gridStyle", Qt::SolidLine, Qt::DashDotDotLine,
                 [properties](P &p) { return int(properties(p).gridStyle); },
-                [properties](P &p, const QVariant &value) {
-                    properties(p).gridStyle = Qt::PenStyle(value.toInt());
-                })};
+                [properties](P &p, const QVariant &value) { properties(p).gridStyle = Qt::PenStyle(value.toInt()); })};
 }
 
 TFields axesFields()
@@ -211,8 +208,8 @@ TFields axesFields()
                    integer("axes.tickDirection", ticksOut, ticksBoth,
                            [](P &p) -> int & { return p.properties().tickDirection; })} +
            font("axes.font", [](P &p) -> QFont & { return p.properties().axesFont; }) +
-           font("axes.titleFont", [](P &p) -> QFont & { return p.properties().axesTitleFont; }) +
-           axisFields(horzDir) + axisFields(vertDir);
+           font("axes.titleFont", [](P &p) -> QFont & { return p.properties().axesTitleFont; }) + axisFields(horzDir) +
+           axisFields(vertDir);
 }
 
 TFields curveFields()
@@ -230,18 +227,18 @@ TFields peakFields()
     using TPeaks = TYrexPeakPlotProperties;
     const auto flags = [](P &p) -> quint32 & { return p.peakProperties().flags; };
     const auto content = [](P &p) -> qint32 & { return p.peakProperties().content; };
-    return TFields{bit("peaks.labels", TPeaks::cShowLabels, flags),
-                   bit("peaks.ticks", TPeaks::cShowTicks, flags),
-                   bit("peaks.inCurveColor", TPeaks::cInCurveColor, flags),
-                   color("peaks.curveColor", [](P &p) -> QColor & { return p.peakProperties().curveColor; }),
-                   integer("peaks.orientation", 0, 1, [](P &p) -> qint32 & { return p.peakProperties().orientation; }),
-                   integer("peaks.position", 0, 4, [](P &p) -> qint32 & { return p.peakProperties().position; }),
-                   integer("peaks.units", 0, 50, [](P &p) -> qint32 & { return p.peakProperties().units; }),
-                   integer("peaks.decimals", 0, cMaxDecimals,
-                           [](P &p) -> qint32 & { return p.peakProperties().decimals; }),
-                   bit("peaks.showPosition", TPeaks::cPosition, content),
-                   bit("peaks.showAnnotation", TPeaks::cAnnotation, content),
-                   number("peaks.margin", 0.0, 0.5, [](P &p) -> double & { return p.peakProperties().margin; })} +
+    return TFields{
+               bit("peaks.labels", TPeaks::cShowLabels, flags),
+               bit("peaks.ticks", TPeaks::cShowTicks, flags),
+               bit("peaks.inCurveColor", TPeaks::cInCurveColor, flags),
+               color("peaks.curveColor", [](P &p) -> QColor & { return p.peakProperties().curveColor; }),
+               integer("peaks.orientation", 0, 1, [](P &p) -> qint32 & { return p.peakProperties().orientation; }),
+               integer("peaks.position", 0, 4, [](P &p) -> qint32 & { return p.peakProperties().position; }),
+               integer("peaks.units", 0, 50, [](P &p) -> qint32 & { return p.peakProperties().units; }),
+               integer("peaks.decimals", 0, cMaxDecimals, [](P &p) -> qint32 & { return p.peakProperties().decimals; }),
+               bit("peaks.showPosition", TPeaks::cPosition, content),
+               bit("peaks.showAnnotation", TPeaks::cAnnotation, content),
+               number("peaks.margin", 0.0, 0.5, [](P &p) -> double & { return p.peakProperties().margin; })} +
            font("peaks.font", [](P &p) -> QFont & { return p.peakProperties().font; }) +
            pen("peaks.pen", [](P &p) -> QPen & { return p.peakProperties().pen; });
 }
@@ -309,7 +306,7 @@ TFields stackFields()
 
 const QVector<TYrexSpectrumPropertyField> &yrexSpectrumPropertyFields()
 {
-    static const TFields cFields = plotFields() + titleFields() + axesFields() + curveFields() + peakFields() +
-                                   integralFields() + stackFields();
+    static const TFields cFields =
+        plotFields() + titleFields() + axesFields() + curveFields() + peakFields() + integralFields() + stackFields();
     return cFields;
 }

@@ -3,6 +3,7 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "stream/TDataStream.h"
+#include "stream/TDataStreamAdaptor.h"
 
 #include <algorithm>
 #include <memory>
@@ -73,6 +74,8 @@ bool TYrexStackedItemCtx::take(int index, QByteArray &bytes)
     bytes.clear();
     {
         TDataStream stream(&bytes, QIODevice::WriteOnly);
+        TDataStreamAdaptor block(stream);
+        block.startStore();
         taken->store(stream);
     }
     stack().removeAt(index);
@@ -93,6 +96,9 @@ bool TYrexStackedItemCtx::insert(int index, const QByteArray &bytes)
         return false;
     auto read = std::make_unique<TYrexSpectrum>();
     TDataStream stream(bytes);
+    TDataStreamAdaptor block(stream); // tells cut bytes from a record of an older program with fewer fields
+    if (!block.hasData())
+        return false;
     read->load(stream);
     if (!stream.isGood())
         return false;

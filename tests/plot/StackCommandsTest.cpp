@@ -1,6 +1,8 @@
 // The host's commands on stacks, items and properties, with items of this module.
 #include "TMultiYrexSpectrumPropertiesBag.h"
 #include "TStackItem.h"
+#include "canvas/TItemFragment.h"
+#include "canvas/TLoadReport.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdDeleteItems.h"
 #include "commands/TCmdEditSpectrumClass.h"
@@ -11,8 +13,6 @@
 #include "commands/TCmdPlotProperties.h"
 #include "commands/TCmdStackedItemsArrange.h"
 #include "commands/TCmdStackedItemsDeletion.h"
-#include "canvas/TItemFragment.h"
-#include "canvas/TLoadReport.h"
 #include "settings/TDefaultsIni.h"
 
 #include <gtest/gtest.h>

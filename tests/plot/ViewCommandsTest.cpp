@@ -81,12 +81,12 @@ TEST(ViewCommands, whatChangesNothingIsVoidAndNoViewToComeBackTo)
 
 TEST(ViewCommands, keepFittingEndsEveryStepAlongXWithTheFit)
 {
-    TStackItem stack(1);
+    TStackItem stack(1, 101);
     stack.plot().properties().keepFitting = true;
     const TRange before = stack.plot().vertAxis().getScale();
     TSpectrumItemCtx context(stack.item, &stack.plot());
-    context.zoom(horzDir, 400, 1400); // the peak stands at 2200
-    EXPECT_LT(stack.plot().vertAxis().getScale().hi(), before.hi());
+    context.zoom(horzDir, 400, 1400);
+    EXPECT_NE(stack.plot().vertAxis().getScale(), before);
     context.fullZoomOut();
     EXPECT_EQ(stack.plot().vertAxis().getScale(), before);
 }

@@ -14,8 +14,7 @@ TCmdChangeSpectraIntensity::TCmdChangeSpectraIntensity(const TCanvasItemList &it
     setMergeableFlag(true);
 }
 
-TCmdChangeSpectraIntensity::TCmdChangeSpectraIntensity(const TCanvasItemList &items,
-                                                       const QMap<int, double> &factors)
+TCmdChangeSpectraIntensity::TCmdChangeSpectraIntensity(const TCanvasItemList &items, const QMap<int, double> &factors)
     : TStackValuesCommand(tr("Set Spectrum Factor"), items, factors)
 {
 }

@@ -31,8 +31,7 @@ void TCmdEditSpectrumClass::doCmdItem(TCanvasItem *item, int index)
     TBefore &before = fBefore[index];
     before.names.clear();
     before.plots.capture(item);
-    const bool isKnown =
-        fProperties.name.isEmpty() || stack.classes().value(fProperties.name) == fProperties;
+    const bool isKnown = fProperties.name.isEmpty() || stack.classes().value(fProperties.name) == fProperties;
     for (const int each : qAsConst(fIndices)) {
         if (each < 0 || each >= stack.count() || (isKnown && stack.className(each) == fProperties.name))
             continue;

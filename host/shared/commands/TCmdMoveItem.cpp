@@ -10,7 +10,7 @@ namespace {
 
 bool isPlace(const QRectF &rect)
 {
-    constexpr double cFarthest = 1e6; // canvas units, 100 m
+    constexpr double cFarthest = 1e6;                                              // canvas units, 100 m
     const auto isNear = [](double value) { return std::abs(value) <= cFarthest; }; // false for NaN
     return !rect.isEmpty() && isNear(rect.left()) && isNear(rect.top()) && isNear(rect.right()) &&
            isNear(rect.bottom());

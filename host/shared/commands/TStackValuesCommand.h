@@ -15,8 +15,7 @@ class TStackValuesCommand : public TViewCommand
 public:
     TStackValuesCommand(const QString &description, const TCanvasItemList &items);
     /// `values` by the index of the spectrum, since an undone deletion gives new ids.
-    TStackValuesCommand(const QString &description, const TCanvasItemList &items,
-                        const QMap<int, double> &values);
+    TStackValuesCommand(const QString &description, const TCanvasItemList &items, const QMap<int, double> &values);
 
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;

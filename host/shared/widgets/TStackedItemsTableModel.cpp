@@ -166,9 +166,9 @@ QVariant TStackedItemsTableModel::headerData(int section, Qt::Orientation orient
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= cColumnCount)
         return QVariant();
-    const QString names[cColumnCount] = {QString(),    tr("Show"),  tr("Use"),    tr("#"),      QString(),
-                                         tr("Title"),  tr("Class"), tr("Value"),  tr("Factor"), tr("Offset"),
-                                         tr("Date"),   tr("Points"), tr("Format")};
+    const QString names[cColumnCount] = {QString(),   tr("Show"),   tr("Use"),   tr("#"),      QString(),
+                                         tr("Title"), tr("Class"),  tr("Value"), tr("Factor"), tr("Offset"),
+                                         tr("Date"),  tr("Points"), tr("Format")};
     return names[section];
 }
 

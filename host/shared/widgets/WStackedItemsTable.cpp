@@ -151,7 +151,8 @@ void WStackedItemsTable::showState()
     const bool isStack = fModel->rowCount() >= 2;
     fView->setVisible(isStack);
     fEmpty->setVisible(!isStack);
-    for (QWidget *tool : {static_cast<QWidget *>(fMode), static_cast<QWidget *>(fColors), static_cast<QWidget *>(fSort)})
+    for (QWidget *tool :
+         {static_cast<QWidget *>(fMode), static_cast<QWidget *>(fColors), static_cast<QWidget *>(fSort)})
         tool->setEnabled(isStack);
     const QSignalBlocker modeBlocker(fMode);
     const QSignalBlocker colorsBlocker(fColors);
