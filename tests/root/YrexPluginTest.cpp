@@ -5,6 +5,8 @@
 #include "canvas/TPage.h"
 #include "canvas/TStoredHistoryEntry.h"
 #include "consts/Consts.h"
+#include "contexts/IDAItemCtx.h"
+#include "contexts/ISpectrumItemCtx.h"
 #include "log/TLogger.h"
 #include "plugin/IConverter.h"
 #include "plugin/IPluginAdjustStackedItems.h"
@@ -20,6 +22,7 @@
 #include "plugin/IPluginSpectrumItemsContext.h"
 #include "plugin/IPluginStackedItemsContext.h"
 #include "plugin/IYrexPlugin.h"
+#include "properties/TPropertiesBag.h"
 #include "services/TImportDriver.h"
 #include "services/TKelmoraHost.h"
 
@@ -115,6 +118,17 @@ TEST_F(YrexPlugin, makesItsItemsAndNoOthers)
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(item->rtti(), 115);
     EXPECT_EQ(factory->createItem(114), nullptr);
+    const std::unique_ptr<TPropertiesBag> bag(factory->createPropertiesBag(14));
+    const std::unique_ptr<TPropertiesBag> multiBag(factory->createMultiPropertiesBag(14, 0, 0));
+    EXPECT_TRUE(bag && multiBag);
+    auto *stacks = qobject_cast<IPluginStackedItemsContext *>(fPlugin);
+    EXPECT_EQ(stacks->stackedContext(item.get()), item->stackedContext());
+    EXPECT_EQ(stacks->stackedContext(nullptr), nullptr);
+    EXPECT_NE(qobject_cast<IPluginDAItems *>(fPlugin)->daContext(item.get()), nullptr);
+    const std::unique_ptr<ISpectrumItemCtx> steps(
+        qobject_cast<IPluginSpectrumItemsContext *>(fPlugin)->spectrumContext(item.get()));
+    ASSERT_NE(steps, nullptr);
+    steps->fullZoomOut(); // an item without spectra has no plot
     EXPECT_EQ(factory->createPropertiesBag(15), nullptr);
 }
 

@@ -8,10 +8,6 @@ TViewCommand::TViewCommand(const QString &description, const TCanvasItemList &it
     , fViews(items.size())
     , fPushed(items.size(), false)
 {
-    for (int i = 0; i < items.size(); ++i) {
-        if (const TCanvasItem *item = canvasItem(items.at(i)))
-            item->captureView(fViews[i]);
-    }
 }
 
 bool TViewCommand::cmdItemApplicable(TCanvasItem *item) const
@@ -30,6 +26,8 @@ void TViewCommand::doCmd()
 void TViewCommand::doCmdItem(TCanvasItem *item, int index)
 {
     auto *spectrum = static_cast<TCanvasSpectrum *>(item);
+    if (fViews.at(index).isEmpty())
+        item->captureView(fViews[index]);
     fPushed[index] = item->pushView(description(), isMergeable());
     changeView(*spectrum, *spectrum->activePlot());
     TViewHistoryEntry now;
