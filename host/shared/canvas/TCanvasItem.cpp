@@ -27,11 +27,17 @@ QString TCanvasItem::title(bool) const
     return fName;
 }
 
+void TCanvasItem::setRect(const QRectF &rect)
+{
+    fRect = rect;
+    refreshGraphics();
+}
+
 void TCanvasItem::setLayoutPolicy(int policy, bool update)
 {
     fPolicy = policy;
     if (update && policy == cFollowsPage && canvas())
-        fRect = canvas()->offeredRect(this);
+        setRect(canvas()->offeredRect(this));
 }
 
 void TCanvasItem::update()

@@ -47,7 +47,8 @@ public:
     QString name() const { return fName; }
     /// The item's place on its page, in canvas units.
     QRectF rect() const { return fRect; }
-    void setRect(const QRectF &rect) { fRect = rect; }
+    void setRect(const QRectF &rect);
+    QRectF canvasRect() const override { return fRect; }
     int layoutPolicy() const { return fPolicy; }
     void setLayoutPolicy(int policy, bool update);
     QString subtypeText() const { return fSubtype; }

@@ -79,6 +79,17 @@ void TCanvasSpectrum::paint(QPainter &painter)
         plot->draw(painter, QRectF(QPointF(0, 0), rect().size()));
 }
 
+void TCanvasSpectrum::paintPicture(QPainter &painter)
+{
+    TBasePlot *plot = activePlot();
+    if (!plot)
+        return;
+    const bool kept = plot->stateWord() & TBasePlot::cKeepHotAreas;
+    plot->setState(TBasePlot::cKeepHotAreas, true);
+    paint(painter);
+    plot->setState(TBasePlot::cKeepHotAreas, kept);
+}
+
 void TCanvasSpectrum::storePlots(TDataStream &stream) const
 {
     stream << qint32(fPlots.size());

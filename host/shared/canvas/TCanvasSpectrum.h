@@ -32,6 +32,7 @@ public:
     IProgress *progress() const { return fProgress; }
 
     void paint(QPainter &painter) override;
+    void paintPicture(QPainter &painter) override;
     void store(TDataStream &stream) const override;
     void load(TDataStream &stream) override;
 

@@ -3,6 +3,8 @@
 #include "canvas/TCanvasItem.h"
 #include "utils/CommonUtils.h"
 
+#include <QGraphicsItem>
+#include <QGraphicsScene>
 #include <QPainter>
 
 TPage::TPage(QObject *parent)
@@ -16,9 +18,51 @@ TPage::~TPage()
     const QList<TCanvasItem *> items = fItems;
     fItems.clear();
     for (TCanvasItem *item : items) {
+        item->hide(); // while there is a scene to leave
         item->setCanvas(nullptr);
         delete item;
     }
+}
+
+void TPage::setSize(const QSizeF &size)
+{
+    fSize = size;
+    if (fScene)
+        fScene->setSceneRect(QRectF(QPointF(0, 0), fSize));
+    emit pageChanged();
+}
+
+void TPage::setTitle(const QString &title)
+{
+    fTitle = title;
+    emit pageChanged();
+}
+
+QGraphicsScene *TPage::scene()
+{
+    if (!fScene) {
+        fScene = std::make_unique<QGraphicsScene>();
+        fScene->setItemIndexMethod(QGraphicsScene::NoIndex); // a few large items that move
+        fScene->setSceneRect(QRectF(QPointF(0, 0), fSize));
+        for (TCanvasItem *item : qAsConst(fItems))
+            item->setup();
+        orderScene();
+    }
+    return fScene.get();
+}
+
+void TPage::orderScene()
+{
+    for (int i = 0; i < fItems.size(); ++i) {
+        if (QGraphicsItem *graphics = fItems.at(i)->graphics())
+            graphics->setZValue(i);
+    }
+}
+
+void TPage::itemChanged(TCanvasItem *item)
+{
+    item->refreshGraphics();
+    emit changed(item);
 }
 
 void TPage::insertItem(TCanvasItem *item, int index)
@@ -30,6 +74,7 @@ void TPage::insertItem(TCanvasItem *item, int index)
     fItems.insert(index < 0 ? fItems.size() : qMin(index, fItems.size()), item);
     item->setCanvas(this);
     item->setup();
+    orderScene();
     emit itemAdded(item);
 }
 
@@ -51,10 +96,15 @@ void TPage::render(QPaintDevice *device) const
 {
     QPainter painter(device);
     painter.scale(device->width() / fSize.width(), device->height() / fSize.height());
+    paintItems(painter);
+}
+
+void TPage::paintItems(QPainter &painter) const
+{
     for (TCanvasItem *item : fItems) {
         painter.save();
         painter.translate(item->rect().topLeft());
-        item->paint(painter);
+        item->paintPicture(painter);
         painter.restore();
     }
 }

@@ -10,8 +10,11 @@
 #include <QSizeF>
 #include <QTransform>
 #include <QUuid>
+#include <memory>
 
+class QGraphicsScene;
 class QPaintDevice;
+class QPainter;
 class TCanvasItem;
 
 /// A page of a document, and what stands on it. Lengths are canvas units of 0.1 mm. The page owns its items.
@@ -30,11 +33,11 @@ public:
     QUuid id() const { return fId; }
     void setId(const QUuid &id) { fId = id; }
     QSizeF size() const { return fSize; }
-    void setSize(const QSizeF &size) { fSize = size; }
+    void setSize(const QSizeF &size);
     QMarginsF margins() const { return fMargins; }
     void setMargins(const QMarginsF &margins) { fMargins = margins; }
     QString title() const { return fTitle; }
-    void setTitle(const QString &title) { fTitle = title; }
+    void setTitle(const QString &title);
     /// What a newer writer put behind the page's items.
     QByteArray tail() const { return fTail; }
     void setTail(const QByteArray &tail) { fTail = tail; }
@@ -53,14 +56,23 @@ public:
     /// From canvas units to pixels of the window that shows the page; views keep it up to date. The identity without.
     QTransform windowTransform() const { return fWindowTransform; }
     void setWindowTransform(const QTransform &transform) { fWindowTransform = transform; }
-    void itemChanged(TCanvasItem *item) { emit changed(item); }
+    /// Draws the page's items as a picture, with a painter scaled to canvas units.
+    void paintItems(QPainter &painter) const;
+    void itemChanged(TCanvasItem *item);
+    /// The scene that views show. It is made when first asked for; a program without windows never asks.
+    QGraphicsScene *scene();
+    bool hasScene() const { return fScene != nullptr; }
 
 signals:
     void changed(TCanvasItem *item);
     void itemAdded(TCanvasItem *item);
     void itemRemoved(TCanvasItem *item);
+    /// Size or title are others now.
+    void pageChanged();
 
 private:
+    void orderScene();
+
     QUuid fId;
     QSizeF fSize{cLongSide, cShortSide};
     QMarginsF fMargins{cMargin, cMargin, cMargin, cMargin};
@@ -68,4 +80,5 @@ private:
     QByteArray fTail;
     QTransform fWindowTransform;
     QList<TCanvasItem *> fItems;
+    std::unique_ptr<QGraphicsScene> fScene;
 };
