@@ -43,8 +43,19 @@ protected:
 
 struct TNoWindows : IGuiHost
 {
+    QWidget *mainWindow() override { return nullptr; }
     void setWaitCursor() override {}
     void restoreCursor() override {}
+    void statusMessage(const QString &, int) override {}
+    WPluginDockWidget *dock(const QString &) override { return nullptr; }
+    void showDock(const QString &, bool) override {}
+    void refreshTable(const QString &) override {}
+    void updateActions() override {}
+    QUuid mouseMode() const override { return QUuid(); }
+    void setMouseMode(const QUuid &) override {}
+    void itemInUse(TCanvasItem *) override {}
+    QAction *action(const QString &) override { return nullptr; }
+    IReportService *reports() override { return nullptr; }
 };
 
 } // namespace

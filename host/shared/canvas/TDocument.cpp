@@ -58,12 +58,14 @@ void TDocument::insertPage(TPage *page, int index)
 
 void TDocument::takePage(TPage *page)
 {
-    if (!fPages.removeOne(page))
+    const int place = fPages.indexOf(page);
+    if (place < 0)
         return;
+    fPages.removeAt(place);
     page->disconnect(this);
     page->setParent(nullptr);
     if (fCurrentPage == page)
-        fCurrentPage = fPages.isEmpty() ? nullptr : fPages.first();
+        fCurrentPage = fPages.isEmpty() ? nullptr : fPages.at(qMin(place, fPages.size() - 1));
     emit pagesChanged();
 }
 

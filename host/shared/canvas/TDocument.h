@@ -74,6 +74,8 @@ public:
 signals:
     void itemAdded(TCanvasItem *item);
     void itemRemoved(TCanvasItem *item);
+    /// Pages came or went.
+    void pagesChanged();
     void modifiedChanged(bool modified);
     /// Pages came, went or changed places.
     void pagesChanged();

@@ -1,11 +1,39 @@
 #pragma once
 
+#include <QUuid>
+
+class IReportService;
+class QAction;
+class QString;
+class QWidget;
+class TCanvasItem;
+class WPluginDockWidget;
+
 /// What a host with windows gives to plug-ins.
 class IGuiHost
 {
 public:
     virtual ~IGuiHost() = default;
+    virtual QWidget *mainWindow() = 0;
     /// Counted: every setWaitCursor needs its restoreCursor.
     virtual void setWaitCursor() = 0;
     virtual void restoreCursor() = 0;
+    /// Shows a text in the status bar for a time in milliseconds, and keeps it in the log.
+    virtual void statusMessage(const QString &text, int ms = 5000) = 0;
+    /// The dock with that name, or null.
+    virtual WPluginDockWidget *dock(const QString &name) = 0;
+    virtual void showDock(const QString &name, bool show) = 0;
+    /// The table in the dock with that name shows its item anew.
+    virtual void refreshTable(const QString &name) = 0;
+    /// Asks all actions anew whether they can be used; many calls in one turn of the event loop make one update.
+    virtual void updateActions() = 0;
+    /// The mouse mode of the active view; the null id is none.
+    virtual QUuid mouseMode() const = 0;
+    virtual void setMouseMode(const QUuid &mode) = 0;
+    /// Docks that follow the item in use turn to this one.
+    virtual void itemInUse(TCanvasItem *item) = 0;
+    /// The action with that name, or null.
+    virtual QAction *action(const QString &name) = 0;
+    /// Null while the program has no reports.
+    virtual IReportService *reports() = 0;
 };

@@ -53,9 +53,15 @@ void TKelmoraHost::setDocument(std::unique_ptr<TDocument> document)
     fDocument = std::move(document);
 }
 
+void TKelmoraHost::setActiveDocument(TDocument *document)
+{
+    fSelection.clear();
+    fActiveDocument = document;
+}
+
 TCommandHistory &TKelmoraHost::history()
 {
-    return fDocument->history();
+    return document()->history();
 }
 
 QObject *TKelmoraHost::pluginByBaseId(const QUuid &id) const

@@ -32,6 +32,8 @@ public:
     void setGui(IGuiHost *gui) { fGui = gui; }
     void setProgress(IProgressBar *progress) { fProgress = progress; }
     void setDocument(std::unique_ptr<TDocument> document) override;
+    /// The document of the active window, which its window owns; null goes back to the host's own.
+    void setActiveDocument(TDocument *document);
 
     QList<QObject *> plugins() const override { return fLoader.plugins(); }
     const TPluginLoader &loader() const { return fLoader; }
@@ -42,7 +44,7 @@ public:
     QObject *pluginByBaseId(const QUuid &id) const override;
     void registerScriptFactory(IScriptObjectFactory *factory) override;
     void registerScriptObject(const QString &name, QObject *object, int flag) override;
-    TDocument *document() const override { return fDocument.get(); }
+    TDocument *document() const override { return fActiveDocument ? fActiveDocument : fDocument.get(); }
     TCanvasItemList &itemList() override { return fSelection; }
     TCommandHistory &history() override;
     IConverterHost *converterHost() override { return &fConverterHost; }
@@ -61,6 +63,7 @@ private:
     TPluginLoader fLoader; // first, so that the libraries go last
     TConverterHost fConverterHost;
     std::unique_ptr<TDocument> fDocument;
+    TDocument *fActiveDocument = nullptr; // of a window
     std::unique_ptr<TImportDriver> fDriver;
     TCanvasItemList fSelection;
     std::vector<std::unique_ptr<IScriptObjectFactory>> fFactories;
