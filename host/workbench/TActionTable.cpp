@@ -1,0 +1,175 @@
+#include "TActionTable.h"
+
+#include "log/TLogger.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QIcon>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTimer>
+
+namespace {
+
+constexpr char cPlotContext[] = "plot";
+
+} // namespace
+
+TActionTable::TActionTable(const TMarkup &markup, QObject *parent)
+    : QObject(parent)
+    , fMarkup(markup)
+{
+    for (const TMarkupAction &action : qAsConst(fMarkup.fActions))
+        makeAction(action);
+}
+
+void TActionTable::makeAction(const TMarkupAction &markup)
+{
+    auto *action = new QAction(markupText(markup.fText), this);
+    action->setObjectName(markup.fName);
+    action->setCheckable(markup.fCheckable);
+    if (!markup.fIconText.isEmpty())
+        action->setIconText(markup.fIconText);
+    if (!markup.fIcon.isEmpty())
+        action->setIcon(QIcon(markup.fIcon));
+    QList<QKeySequence> keys;
+    for (const QString &text : markup.fShortcuts)
+        keys.append(QKeySequence(text, QKeySequence::PortableText));
+    action->setShortcuts(keys);
+    TEntry entry;
+    entry.fAction = action;
+    entry.fIsPlotKey = markup.fContext == QLatin1String(cPlotContext);
+    entry.fToolTip = action->toolTip();
+    if (entry.fIsPlotKey)
+        action->setShortcutContext(Qt::WidgetShortcut);
+    fEntries.insert(markup.fName, entry);
+}
+
+void TActionTable::on(const QString &name, const TRun &run, const TWhyNot &whyNot, const TIsChecked &isChecked)
+{
+    const auto entry = fEntries.find(name);
+    if (entry == fEntries.end()) {
+        TLogger::printToLogger("Kelmora", QString("there is no action %1").arg(name), TLogger::cError);
+        return;
+    }
+    entry->fIsUsed = true;
+    entry->fWhyNot = whyNot;
+    entry->fIsChecked = isChecked;
+    connect(entry->fAction, &QAction::triggered, this, [this, run] {
+        run();
+        scheduleUpdate();
+    });
+}
+
+QAction *TActionTable::action(const QString &name) const
+{
+    return fEntries.value(name).fAction;
+}
+
+QList<QAction *> TActionTable::actions() const
+{
+    QList<QAction *> actions;
+    for (const TMarkupAction &markup : fMarkup.fActions) {
+        const TEntry entry = fEntries.value(markup.fName);
+        if (entry.fIsUsed)
+            actions.append(entry.fAction);
+    }
+    return actions;
+}
+
+QMenu *TActionTable::makeMenu(const QString &name, const QString &text, QWidget *parent)
+{
+    auto *menu = new QMenu(markupText(text), parent);
+    menu->setObjectName(name);
+    menu->setToolTipsVisible(true); // they say why an entry is grey
+    fMenus.insert(name, menu);
+    return menu;
+}
+
+void TActionTable::fill(QMenu *menu, const QVector<TMarkupItem> &items)
+{
+    for (const TMarkupItem &item : items) {
+        switch (item.fKind) {
+        case TMarkupItem::cAction: {
+            const TEntry entry = fEntries.value(item.fName);
+            if (entry.fIsUsed)
+                menu->addAction(entry.fAction);
+            break;
+        }
+        case TMarkupItem::cSeparator:
+            menu->addSeparator(); // two that meet are shown as one
+            break;
+        case TMarkupItem::cSubMenu: {
+            QMenu *sub = makeMenu(item.fName, item.fText, menu);
+            fill(sub, item.fItems);
+            menu->addMenu(sub);
+            break;
+        }
+        case TMarkupItem::cGroup: {
+            auto *group = new QActionGroup(menu);
+            fill(menu, item.fItems);
+            for (const TMarkupItem &member : item.fItems) {
+                if (QAction *action = fEntries.value(member.fName).fAction)
+                    group->addAction(action);
+            }
+            break;
+        }
+        case TMarkupItem::cActions:
+            fillContextMenu(item.fName, menu);
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+void TActionTable::buildMenus(QMenuBar *bar, QWidget *window)
+{
+    for (const TMarkupMenu &markup : qAsConst(fMarkup.fMenus)) {
+        QMenu *menu = makeMenu(markup.fName, markup.fText, bar);
+        fill(menu, markup.fItems);
+        bar->addMenu(menu);
+    }
+    for (const TEntry &entry : qAsConst(fEntries)) {
+        if (entry.fIsUsed && !entry.fIsPlotKey)
+            window->addAction(entry.fAction);
+    }
+}
+
+void TActionTable::fillContextMenu(const QString &name, QMenu *menu)
+{
+    for (const TMarkupMenu &markup : qAsConst(fMarkup.fContextMenus)) {
+        if (markup.fName == name)
+            fill(menu, markup.fItems);
+    }
+}
+
+void TActionTable::addPlotKeys(QWidget *view)
+{
+    for (const TEntry &entry : qAsConst(fEntries)) {
+        if (entry.fIsUsed && entry.fIsPlotKey)
+            view->addAction(entry.fAction);
+    }
+}
+
+void TActionTable::updateStates()
+{
+    fUpdateIsDue = false;
+    for (const TEntry &entry : qAsConst(fEntries)) {
+        const QString why = entry.fWhyNot ? entry.fWhyNot() : QString();
+        entry.fAction->setEnabled(why.isEmpty());
+        entry.fAction->setToolTip(why.isEmpty() ? entry.fToolTip : why);
+        entry.fAction->setStatusTip(why);
+        if (entry.fIsChecked)
+            entry.fAction->setChecked(entry.fIsChecked());
+    }
+    emit updated();
+}
+
+void TActionTable::scheduleUpdate()
+{
+    if (fUpdateIsDue)
+        return;
+    fUpdateIsDue = true;
+    QTimer::singleShot(0, this, &TActionTable::updateStates);
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "ui/TMarkup.h"
+
+#include <QHash>
+#include <QObject>
+#include <functional>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class QWidget;
+
+/// The actions of the program by name, as the mark-up describes them, with what they do and when they can. An action
+/// that nothing was said about with `on` stands in no menu.
+class TActionTable : public QObject
+{
+    Q_OBJECT
+
+public:
+    using TRun = std::function<void()>;
+    using TWhyNot = std::function<QString()>; // why the action cannot be used; empty when it can
+    using TIsChecked = std::function<bool()>;
+
+    explicit TActionTable(const TMarkup &markup, QObject *parent = nullptr);
+
+    /// Says what an action does. Names that the mark-up does not have are logged and passed over.
+    void on(const QString &name, const TRun &run, const TWhyNot &whyNot = {}, const TIsChecked &isChecked = {});
+    /// The action with that name, or null.
+    QAction *action(const QString &name) const;
+    /// All actions that do something, in the order of the mark-up.
+    QList<QAction *> actions() const;
+    /// The menu with that name, or null.
+    QMenu *menu(const QString &name) const { return fMenus.value(name); }
+
+    /// Fills the menu bar; the actions get to `window`, so that their shortcuts work in it.
+    void buildMenus(QMenuBar *bar, QWidget *window);
+    /// Appends the entries of a context menu to a menu.
+    void fillContextMenu(const QString &name, QMenu *menu);
+    /// Lets the keys of the plot work while that widget has the focus.
+    void addPlotKeys(QWidget *view);
+
+    /// Asks all actions whether they can be used and are checked.
+    void updateStates();
+    /// The same at the end of this turn of the event loop, however often it was asked for.
+    void scheduleUpdate();
+
+signals:
+    /// The states were asked for anew.
+    void updated();
+
+private:
+    struct TEntry
+    {
+        QAction *fAction = nullptr;
+        bool fIsPlotKey = false;
+        bool fIsUsed = false;
+        QString fToolTip;
+        TWhyNot fWhyNot;
+        TIsChecked fIsChecked;
+    };
+
+    void makeAction(const TMarkupAction &markup);
+    void fill(QMenu *menu, const QVector<TMarkupItem> &items);
+    QMenu *makeMenu(const QString &name, const QString &text, QWidget *parent);
+
+    TMarkup fMarkup;
+    QHash<QString, TEntry> fEntries;
+    QHash<QString, QMenu *> fMenus; // owned by the menu bar
+    bool fUpdateIsDue = false;
+};

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class QWidget;
+class TDocumentController;
+class TKelmoraHost;
+
+/// What became of a file that was to be opened.
+struct TOpenResult
+{
+    QString fPath;
+    bool fOk = false;
+    QString fReason; // in words, when it failed
+    int fCode = 0;
+};
+
+/// Opens files: documents in tabs of their own, data files on pages of the document that is shown.
+class TFileController : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int cMaxRecent = 12;
+
+    TFileController(TKelmoraHost &host, TDocumentController &documents, QWidget *window);
+
+    /// Asks for files and opens them.
+    void openDialog();
+    /// Opens files in order; failed ones never stop the others, and are told of behind the last.
+    QList<TOpenResult> open(const QStringList &paths);
+    /// Documents and data files opened last, the latest first.
+    QStringList recentDocuments() const;
+    QStringList recentFiles() const;
+    void forgetRecent(const QString &path);
+    /// The program's own sample spectra.
+    static QStringList samples();
+    void addRecentDocument(const QString &path);
+
+signals:
+    void recentChanged();
+    /// A text for the status bar.
+    void told(const QString &text);
+
+private:
+    TOpenResult openOne(const QString &path);
+    TOpenResult importOne(const QString &path);
+    void reportFailures(const QList<TOpenResult> &results);
+    QString dialogFilters() const;
+    void addRecent(const QString &key, const QString &path);
+
+    TKelmoraHost &fHost;
+    TDocumentController &fDocuments;
+    QWidget *fWindow;
+};

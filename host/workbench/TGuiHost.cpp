@@ -1,0 +1,72 @@
+#include "TGuiHost.h"
+
+#include "TActionTable.h"
+#include "WMainWindow.h"
+#include "log/TLogger.h"
+#include "widgets/WPluginDockWidget.h"
+
+#include <QGuiApplication>
+#include <QStatusBar>
+
+TGuiHost::TGuiHost(WMainWindow &window)
+    : fWindow(window)
+{
+}
+
+QWidget *TGuiHost::mainWindow()
+{
+    return &fWindow;
+}
+
+void TGuiHost::setWaitCursor()
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor); // Qt counts
+}
+
+void TGuiHost::restoreCursor()
+{
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void TGuiHost::statusMessage(const QString &text, int ms)
+{
+    fWindow.statusBar()->showMessage(text, ms);
+    TLogger::printToLogger("Kelmora", text);
+}
+
+WPluginDockWidget *TGuiHost::dock(const QString &name)
+{
+    return fWindow.findChild<WPluginDockWidget *>(name);
+}
+
+void TGuiHost::showDock(const QString &name, bool show)
+{
+    WPluginDockWidget *found = dock(name);
+    if (!found)
+        return;
+    found->setVisible(show);
+    if (show)
+        found->raise(); // the focus stays where it is
+}
+
+void TGuiHost::refreshTable(const QString &name)
+{
+    if (WPluginDockWidget *found = dock(name))
+        found->refresh();
+}
+
+void TGuiHost::updateActions()
+{
+    fWindow.actionTable().scheduleUpdate();
+}
+
+void TGuiHost::itemInUse(TCanvasItem *item)
+{
+    for (WPluginDockWidget *dock : fWindow.findChildren<WPluginDockWidget *>())
+        dock->setItem(item);
+}
+
+QAction *TGuiHost::action(const QString &name)
+{
+    return fWindow.actionTable().action(name);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "services/IGuiHost.h"
+
+#include <QHash>
+
+class TActionTable;
+class WMainWindow;
+
+/// What the window gives to plug-ins.
+class TGuiHost : public IGuiHost
+{
+public:
+    explicit TGuiHost(WMainWindow &window);
+
+    QWidget *mainWindow() override;
+    void setWaitCursor() override;
+    void restoreCursor() override;
+    void statusMessage(const QString &text, int ms) override;
+    WPluginDockWidget *dock(const QString &name) override;
+    void showDock(const QString &name, bool show) override;
+    void refreshTable(const QString &name) override;
+    void updateActions() override;
+    QUuid mouseMode() const override { return fMouseMode; }
+    void setMouseMode(const QUuid &mode) override { fMouseMode = mode; }
+    void itemInUse(TCanvasItem *item) override;
+    QAction *action(const QString &name) override;
+    IReportService *reports() override { return nullptr; }
+
+private:
+    WMainWindow &fWindow;
+    QUuid fMouseMode;
+};

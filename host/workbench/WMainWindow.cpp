@@ -1,0 +1,260 @@
+#include "WMainWindow.h"
+
+#include "TDocumentController.h"
+#include "TFileController.h"
+#include "TGuiHost.h"
+#include "TPageController.h"
+#include "TViewController.h"
+#include "WDocumentView.h"
+#include "WPageNavigator.h"
+#include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "services/TKelmoraHost.h"
+#include "settings/TDefaultsIni.h"
+#include "ui/TMarkupLoader.h"
+#include "widgets/GuiUtils.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTabWidget>
+
+/// The resources of a static library are linked only where they are asked for, and that cannot be inside a namespace.
+static void initResources()
+{
+    Q_INIT_RESOURCE(kelmora);
+}
+
+namespace {
+
+constexpr char cGeometryKey[] = "Kelmora/Window/Geometry";
+constexpr char cStateKey[] = "Kelmora/Window/State";
+constexpr int cStateVersion = 1;
+constexpr double cFirstShare = 0.8; // of the screen
+constexpr int cPagesWidth = 190;
+
+/// Of the set of screens: a window comes back where it was when the same screens are there.
+QString screenSet()
+{
+    QStringList sizes;
+    for (const QScreen *screen : QGuiApplication::screens())
+        sizes.append(QString("%1x%2").arg(screen->geometry().width()).arg(screen->geometry().height()));
+    return "/" + sizes.join('+');
+}
+
+} // namespace
+
+WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
+    : QMainWindow(parent)
+    , fHost(host)
+    , fTabs(new QTabWidget(this))
+{
+    initResources();
+    setObjectName("kelmora");
+    setMinimumSize(640, 480);
+    fActions = new TActionTable(TMarkupLoader::loadFile(":/kelmora/ui/kelmora.mui"), this);
+    fDocuments = std::make_unique<TDocumentController>(host, fTabs);
+    fFiles = new TFileController(host, *fDocuments, this);
+    fGui = std::make_unique<TGuiHost>(*this);
+    fHost.setGui(fGui.get());
+    setCentralWidget(fTabs);
+    makeDocks();
+    connectActions();
+    fActions->buildMenus(menuBar(), this);
+    connectDocuments();
+    statusBar();
+    fDocuments->newDocument();
+    fActions->updateStates();
+}
+
+WMainWindow::~WMainWindow()
+{
+    fHost.setGui(nullptr);
+    fDocuments.reset(); // before the tabs in which the views stand
+}
+
+void WMainWindow::makeDocks()
+{
+    fPages = new WPageNavigator(this);
+    addDockWidget(Qt::LeftDockWidgetArea, fPages);
+    connect(fPages, &WPageNavigator::pageChosen, fDocuments.get(), &TDocumentController::setPage);
+}
+
+void WMainWindow::connectActions()
+{
+    TDocumentController *documents = fDocuments.get();
+    fActions->on("newDocument", [documents] { documents->newDocument(); });
+    fActions->on("open", [this] { fFiles->openDialog(); });
+    fActions->on("save", [documents] { documents->save(); });
+    fActions->on("saveAs", [documents] { documents->saveAs(); });
+    fActions->on("close", [documents] { documents->closeCurrent(); });
+    fActions->on("quit", [this] { close(); });
+    const auto stack = [documents] { return documents->document()->history().stack(); };
+    fActions->on(
+        "undo", [stack] { stack()->undo(); },
+        [stack] { return stack()->canUndo() ? QString() : tr("There is nothing to undo."); });
+    fActions->on(
+        "redo", [stack] { stack()->redo(); },
+        [stack] { return stack()->canRedo() ? QString() : tr("There is nothing to redo."); });
+    fActions->on("resetLayout", [this] { setFirstLayout(); });
+    fActions->on(
+        "hideDocks", [this] { hideDocks(fStateBeforeHiding.isEmpty()); }, {},
+        [this] { return !fStateBeforeHiding.isEmpty(); });
+    fActions->on(
+        "fullScreen", [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); }, {},
+        [this] { return isFullScreen(); });
+    fActions->on("about", [this] { about(); });
+    new TPageController(*fActions, *fDocuments, this);
+    new TViewController(*fActions, *fDocuments, this);
+}
+
+void WMainWindow::connectDocuments()
+{
+    TDocumentController *documents = fDocuments.get();
+    connect(documents, &TDocumentController::viewAdded, this,
+            [this](WDocumentView *view) { fActions->addPlotKeys(view); });
+    connect(documents, &TDocumentController::documentShown, fPages, &WPageNavigator::setDocument);
+    connect(documents, &TDocumentController::pageShown, fPages, &WPageNavigator::setPage);
+    connect(documents, &TDocumentController::contentChanged, this, [this] {
+        updateTitle();
+        fActions->scheduleUpdate();
+    });
+    connect(fActions, &TActionTable::updated, this, &WMainWindow::updateUndoTexts);
+    connect(fFiles, &TFileController::told, this,
+            [this](const QString &text) { statusBar()->showMessage(text, 5000); });
+    connect(fActions->menu("recent"), &QMenu::aboutToShow, this, &WMainWindow::fillRecentMenu);
+    connect(fActions->menu("samples"), &QMenu::aboutToShow, this, &WMainWindow::fillSamplesMenu);
+    connect(fActions->menu("window"), &QMenu::aboutToShow, this, &WMainWindow::fillWindowMenu);
+    for (QDockWidget *dock : findChildren<QDockWidget *>())
+        fActions->menu("docks")->addAction(dock->toggleViewAction());
+}
+
+void WMainWindow::updateTitle()
+{
+    const TDocument *document = fDocuments->document();
+    if (!document)
+        return;
+    setWindowTitle(QString("%1[*] - Kelmora").arg(TDocumentController::titleOf(*document)));
+    setWindowModified(document->isModified());
+    setWindowFilePath(document->path());
+}
+
+void WMainWindow::updateUndoTexts()
+{
+    const QUndoStack *stack = fDocuments->document()->history().stack();
+    const auto withText = [](const QString &verb, QString text) { return verb + ' ' + text.replace('&', "&&"); };
+    fActions->action("undo")->setText(withText(tr("&Undo"), stack->undoText()).trimmed());
+    fActions->action("redo")->setText(withText(tr("&Redo"), stack->redoText()).trimmed());
+}
+
+void WMainWindow::fillRecentMenu()
+{
+    QMenu *menu = fActions->menu("recent");
+    menu->clear();
+    const auto add = [this, menu](const QStringList &paths) {
+        for (const QString &path : paths) {
+            const QFileInfo info(path);
+            QAction *action = menu->addAction(info.fileName(), this, [this, path] { fFiles->open({path}); });
+            action->setEnabled(info.exists());
+            action->setToolTip(path);
+        }
+    };
+    add(fFiles->recentDocuments());
+    menu->addSeparator();
+    add(fFiles->recentFiles());
+    if (menu->actions().size() == 1)
+        menu->addAction(tr("Nothing yet"))->setEnabled(false);
+}
+
+void WMainWindow::fillSamplesMenu()
+{
+    QMenu *menu = fActions->menu("samples");
+    menu->clear();
+    for (const QString &path : TFileController::samples())
+        menu->addAction(QFileInfo(path).completeBaseName(), this, [this, path] { fFiles->open({path}); });
+    if (menu->isEmpty())
+        menu->addAction(tr("The samples are not installed"))->setEnabled(false);
+}
+
+void WMainWindow::fillWindowMenu()
+{
+    QMenu *menu = fActions->menu("window");
+    menu->clear();
+    for (int i = 0; i < fDocuments->count(); ++i) {
+        WDocumentView *view = fDocuments->viewAt(i);
+        QAction *action =
+            menu->addAction(TDocumentController::titleOf(*view->document()), this, [this, i] { fDocuments->show(i); });
+        action->setCheckable(true);
+        action->setChecked(view == fDocuments->view());
+    }
+}
+
+void WMainWindow::setFirstLayout()
+{
+    for (QDockWidget *dock : findChildren<QDockWidget *>())
+        dock->setFloating(false);
+    addDockWidget(Qt::LeftDockWidgetArea, fPages);
+    fPages->show();
+    resizeDocks({fPages}, {cPagesWidth}, Qt::Horizontal);
+    fStateBeforeHiding.clear();
+}
+
+void WMainWindow::restoreLayout()
+{
+    const TDefaultsIni settings;
+    const QString screens = screenSet();
+    const QByteArray geometry = settings.value(cGeometryKey + screens).toByteArray();
+    const QByteArray state = settings.value(cStateKey + screens).toByteArray();
+    if (geometry.isEmpty() || !restoreGeometry(geometry)) {
+        const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+        resize(QSizeF(room.size() * cFirstShare).toSize());
+        move(room.center() - rect().center());
+    }
+    if (state.isEmpty() || !restoreState(state, cStateVersion))
+        setFirstLayout();
+}
+
+void WMainWindow::saveLayout() const
+{
+    TDefaultsIni settings;
+    const QString screens = screenSet();
+    settings.setValue(cGeometryKey + screens, saveGeometry());
+    settings.setValue(cStateKey + screens,
+                      fStateBeforeHiding.isEmpty() ? saveState(cStateVersion) : fStateBeforeHiding);
+    TDefaultsIni::sync();
+}
+
+void WMainWindow::hideDocks(bool hide)
+{
+    if (!hide) {
+        restoreState(fStateBeforeHiding, cStateVersion);
+        fStateBeforeHiding.clear();
+        return;
+    }
+    fStateBeforeHiding = saveState(cStateVersion);
+    for (QDockWidget *dock : findChildren<QDockWidget *>())
+        dock->hide();
+}
+
+void WMainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!fDocuments->mayCloseAll()) {
+        event->ignore();
+        return;
+    }
+    saveLayout();
+    event->accept();
+}
+
+void WMainWindow::about()
+{
+    Utils::Gui::message(
+        this, QMessageBox::Information, tr("About"),
+        tr("Kelmora %1\n\nA workbench for optical spectroscopy.").arg(QCoreApplication::applicationVersion()));
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "TActionTable.h"
+
+#include <QMainWindow>
+#include <memory>
+
+class QTabWidget;
+class TDocumentController;
+class TFileController;
+class TGuiHost;
+class TKelmoraHost;
+class WPageNavigator;
+
+/// The window: menus, the documents in the middle, docks around them. What actions do stands in the controllers.
+class WMainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// `host` is not owned, lives longer and has its plug-ins loaded.
+    explicit WMainWindow(TKelmoraHost &host, QWidget *parent = nullptr);
+    ~WMainWindow() override;
+
+    TActionTable &actionTable() { return *fActions; }
+    TDocumentController &documents() { return *fDocuments; }
+    TFileController &files() { return *fFiles; }
+    TKelmoraHost &host() { return fHost; }
+    /// Places the window and its docks as they were left, or as at the first start.
+    void restoreLayout();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectActions();
+    void connectDocuments();
+    void makeDocks();
+    void setFirstLayout();
+    void saveLayout() const;
+    void hideDocks(bool hide);
+    void updateTitle();
+    void updateUndoTexts();
+    void fillRecentMenu();
+    void fillSamplesMenu();
+    void fillWindowMenu();
+    void about();
+
+    TKelmoraHost &fHost;
+    TActionTable *fActions;
+    QTabWidget *fTabs;
+    std::unique_ptr<TDocumentController> fDocuments;
+    TFileController *fFiles;
+    std::unique_ptr<TGuiHost> fGui;
+    WPageNavigator *fPages;
+    QByteArray fStateBeforeHiding;
+};

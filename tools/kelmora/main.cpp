@@ -1,0 +1,57 @@
+#include "TFileController.h"
+#include "WMainWindow.h"
+#include "log/TLogger.h"
+#include "services/TKelmoraHost.h"
+#include "settings/TDefaultsIni.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QStandardPaths>
+
+namespace {
+
+/// What Qt has to say goes to the log.
+void logQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    const bool isGrave = type == QtCriticalMsg || type == QtFatalMsg;
+    TLogger::printToLogger("Qt", text, isGrave ? TLogger::cError : TLogger::cInformation);
+}
+
+QString settingsPath()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    QDir().mkpath(folder);
+    return QDir(folder).filePath("kelmora.ini");
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName("kelmora");
+    QCoreApplication::setApplicationVersion(YREX_VERSION);
+    QGuiApplication::setApplicationDisplayName("Kelmora");
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription("A workbench for optical spectroscopy.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument("FILE", "documents (.klm) and spectrometer files to open", "[FILE...]");
+    parser.process(application);
+
+    qInstallMessageHandler(logQtMessage);
+    TDefaultsIni::setStore(settingsPath());
+    TKelmoraHost host;
+    host.start();
+    WMainWindow window(host);
+    window.restoreLayout();
+    window.show();
+    if (!parser.positionalArguments().isEmpty())
+        window.files().open(parser.positionalArguments());
+    return QApplication::exec();
+}
