@@ -95,7 +95,10 @@ public:
     /// Whether there were any.
     bool clearHighlightedIntegrals();
     const TPlotHotAreas &hotAreas() const { return fHotAreas; }
-    const TPlotHotArea &hitTest(const QPointF &itemPoint) const { return fHotAreas.hit(itemPoint); }
+    const TPlotHotArea &hitTest(const QPointF &itemPoint) const override { return fHotAreas.hit(itemPoint); }
+    /// The values of the curve under the point, else of the current spectrum at that x.
+    TPlotReadout readout(const QPointF &itemPos) const override;
+    bool curvePoint(int index, double x, int step, QPointF &point) const override;
 
     /// The hot areas with that identifier: of a peak, or of an integral.
     QVector<TPlotHotArea> hotAreasOf(const QUuid &areaId) const;

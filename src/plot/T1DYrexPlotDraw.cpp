@@ -180,7 +180,7 @@ void T1DYrexPlot::drawSingle(QPainter &painter, IYrexPlotData &plotData)
                            plotData.visibleIndices(), mode == hiddenLinesMode);
         return;
     }
-    fPlotter.plot1DXY(painter, xSeries(plotData, -1), ySeries(plotData, -1));
+    fPlotter.drawLone(painter, xSeries(plotData, -1), ySeries(plotData, -1), plotData.currentIndex());
     drawMarks(painter);
 }
 

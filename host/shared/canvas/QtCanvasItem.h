@@ -37,6 +37,9 @@ public:
     /// The same for a picture, print or thumbnail: what the mouse finds on the screen stays as it was.
     virtual void paintPicture(QPainter &painter) { paint(painter); }
 
+    /// Draws what the mouse points at over the item as it was drawn last.
+    virtual void paintHighlight(QPainter &) {}
+
 private:
     QPointer<TPage> fCanvas; // an item may outlive the page that it was meant for
     std::unique_ptr<TItemGraphics> fGraphics;

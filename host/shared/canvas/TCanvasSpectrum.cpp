@@ -2,7 +2,7 @@
 
 #include "canvas/DocumentBytes.h"
 #include "canvas/TPage.h"
-#include "plot/TBasePlot.h"
+#include "plot/T1DStackedPlot.h"
 #include "properties/TPropertiesBag.h"
 #include "stream/StreamUtils.h"
 #include "stream/TDataStream.h"
@@ -88,6 +88,12 @@ void TCanvasSpectrum::paintPicture(QPainter &painter)
     plot->setState(TBasePlot::cKeepHotAreas, true);
     paint(painter);
     plot->setState(TBasePlot::cKeepHotAreas, kept);
+}
+
+void TCanvasSpectrum::paintHighlight(QPainter &painter)
+{
+    if (const auto *plot = dynamic_cast<T1DStackedPlot *>(activePlot()))
+        plot->drawPointedCurve(painter);
 }
 
 void TCanvasSpectrum::storePlots(TDataStream &stream) const

@@ -74,8 +74,6 @@ public:
 signals:
     void itemAdded(TCanvasItem *item);
     void itemRemoved(TCanvasItem *item);
-    /// Pages came or went.
-    void pagesChanged();
     void modifiedChanged(bool modified);
     /// Pages came, went or changed places.
     void pagesChanged();

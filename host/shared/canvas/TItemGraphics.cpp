@@ -27,18 +27,23 @@ void TItemGraphics::follow(const QRectF &rect)
     update();
 }
 
-void TItemGraphics::render(const QTransform &device, double ratio, const QRect &pixels)
+void TItemGraphics::setHighlighted(bool highlighted)
 {
-    fPixels = QPixmap(pixels.size());
-    fPixels.fill(Qt::transparent);
-    fPixels.setDevicePixelRatio(ratio);
-    QPainter painter(&fPixels);
+    fIsHighlighted = highlighted;
+    fHighlight = QPixmap();
+    update();
+}
+
+QPixmap TItemGraphics::render(const QTransform &device, double ratio, const QSize &size, const TDraw &draw) const
+{
+    QPixmap pixels(size);
+    pixels.fill(Qt::transparent);
+    pixels.setDevicePixelRatio(ratio);
+    QPainter painter(&pixels);
     // the painter of a pixmap already multiplies by the ratio
     painter.setTransform(device * QTransform::fromScale(1.0 / ratio, 1.0 / ratio));
-    fItem->paint(painter);
-    fDevice = device;
-    fRatio = ratio;
-    ++fDrawCount;
+    draw(painter);
+    return pixels;
 }
 
 void TItemGraphics::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
@@ -55,11 +60,20 @@ void TItemGraphics::paint(QPainter *painter, const QStyleOptionGraphicsItem *, Q
     const bool isSame = !fPixels.isNull() && fPixels.size() == pixels.size() && qFuzzyCompare(fRatio, ratio) &&
                         std::abs(local.m11() - fDevice.m11()) < 1e-9 && std::abs(local.dx() - fDevice.dx()) < 0.01 &&
                         std::abs(local.dy() - fDevice.dy()) < 0.01;
-    if (!isSame)
-        render(local, ratio, pixels);
+    if (!isSame) {
+        fPixels = render(local, ratio, pixels.size(), [this](QPainter &to) { fItem->paint(to); });
+        fHighlight = QPixmap();
+        fDevice = local;
+        fRatio = ratio;
+        ++fDrawCount;
+    }
+    if (fIsHighlighted && fHighlight.isNull())
+        fHighlight = render(fDevice, ratio, pixels.size(), [this](QPainter &to) { fItem->paintHighlight(to); });
     painter->save();
     painter->setWorldTransform(QTransform());
     const QPointF origin = painter->deviceTransform().inverted().map(QPointF(pixels.topLeft()));
     painter->drawPixmap(origin, fPixels);
+    if (fIsHighlighted)
+        painter->drawPixmap(origin, fHighlight);
     painter->restore();
 }

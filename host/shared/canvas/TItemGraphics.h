@@ -2,6 +2,7 @@
 
 #include <QGraphicsItem>
 #include <QPixmap>
+#include <functional>
 
 class QtCanvasItem;
 
@@ -21,15 +22,20 @@ public:
     void follow(const QRectF &rect);
     QRectF boundingRect() const override { return QRectF(QPointF(0, 0), fSize); }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+    /// The item points at something else; what it points at is drawn over the kept pixels.
+    void setHighlighted(bool highlighted);
     /// How often the item itself was drawn; the other draws came from the kept pixels.
     int drawCount() const { return fDrawCount; }
 
 private:
-    void render(const QTransform &device, double ratio, const QRect &pixels);
+    using TDraw = std::function<void(QPainter &)>;
+    QPixmap render(const QTransform &device, double ratio, const QSize &size, const TDraw &draw) const;
 
     QtCanvasItem *fItem;
     QSizeF fSize;
     QPixmap fPixels;
+    QPixmap fHighlight; // what is drawn over them
+    bool fIsHighlighted = false;
     QTransform fDevice; // for which the pixels are good, without the place on the device
     double fRatio = 0.0;
     int fDrawCount = 0;

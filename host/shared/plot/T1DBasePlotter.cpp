@@ -72,15 +72,16 @@ void T1DBasePlotter::drawCurve(QPainter &painter, const T1DPlotData<double> &x, 
     }
 }
 
-void T1DBasePlotter::plot1DXY(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y)
+void T1DBasePlotter::plot1DXY(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                              QVector<TDrawnCurve> *drawn)
 {
-    plot1DXYCommon(painter, x, y, properties().curvePen, QPointF(1.0, 1.0), properties().fillAlpha > 0.0);
+    plot1DXYCommon(painter, x, y, properties().curvePen, QPointF(1.0, 1.0), properties().fillAlpha > 0.0, drawn);
     if (properties().showMarkers)
         drawMarkers(painter, x, y, properties().curvePen);
 }
 
 void T1DBasePlotter::plot1DXYCommon(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
-                                    const QPen &pen, const QPointF &sizeFactor, bool fill)
+                                    const QPen &pen, const QPointF &sizeFactor, bool fill, QVector<TDrawnCurve> *drawn)
 {
     TCurveStyle style = styleOf(pen);
     double base = 0.0;
@@ -92,7 +93,7 @@ void T1DBasePlotter::plot1DXYCommon(QPainter &painter, const T1DPlotData<double>
     TCurveChange change;
     change.factorX = sizeFactor.x();
     change.factorY = sizeFactor.y();
-    drawCurve(painter, x, y, style, change);
+    drawCurve(painter, x, y, style, change, drawn);
 }
 
 void T1DBasePlotter::drawMarkers(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,

@@ -25,11 +25,13 @@ public:
     QUuid id() const override;
 
     /// A curve with the plot's curve pen, its area and its points as the properties ask.
-    void plot1DXY(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y);
+    /// What was drawn onto pixels is appended to `drawn`.
+    void plot1DXY(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                  QVector<TDrawnCurve> *drawn = nullptr);
     /// A curve with any pen. `sizeFactor` scales it, in y around the baseline value, in x around the axis' first limit;
     /// `fill` paints the area down to the baseline value in the pen's colour.
     void plot1DXYCommon(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y, const QPen &pen,
-                        const QPointF &sizeFactor, bool fill);
+                        const QPointF &sizeFactor, bool fill, QVector<TDrawnCurve> *drawn = nullptr);
     /// A thin line across the curves at a value of the vertical axis; nothing when it is out of view.
     void plotBaseline(QPainter &painter, double value) const;
     /// The title in its place, in at most two lines; an empty text draws nothing.

@@ -240,6 +240,28 @@ void T1DStackedBasePlotter::drawMember(QPainter &painter, const T1DPlotData<doub
         fPointable.append(pointable);
 }
 
+void T1DStackedBasePlotter::drawLone(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
+                                     int order)
+{
+    const bool isView = !(fStackedPlot->stateWord() & TBasePlot::cKeepHotAreas);
+    beginRows(0);
+    TPointable pointable{order, {}};
+    plot1DXY(painter, x, y, isView ? &pointable.parts : nullptr);
+    if (isView)
+        fPointable.append(pointable);
+}
+
+void T1DStackedBasePlotter::drawPointedCurve(QPainter &painter, int order) const
+{
+    const QPen pen = penOf(order, stackedProperties().activePenWidthFactor());
+    for (const TPointable &pointable : fPointable) {
+        if (pointable.order != order)
+            continue;
+        for (const TDrawnCurve &part : pointable.parts)
+            TCurvePainter::drawAgain(painter, part, pen);
+    }
+}
+
 void T1DStackedBasePlotter::drawOverlay(QPainter &painter, const TSeries &xs, const TSeries &ys,
                                         const QVector<int> &orders, int active)
 {

@@ -40,6 +40,8 @@ public:
     void drawSelectedStackedMark(QPainter &painter, int active, const QVector<int> &deselected,
                                  const QVector<int> &groupSizes) const override;
 
+    /// The one curve of a plot that holds no others.
+    void drawLone(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y, int order);
     /// All in one frame, the curve with the order `active` last and wider.
     void drawOverlay(QPainter &painter, const TSeries &xs, const TSeries &ys, const QVector<int> &orders, int active);
     /// The active curve alone, in its own colour.
@@ -76,6 +78,8 @@ public:
     /// The order of the curve of the last draw that is vertically nearest to an item point within reach, of equals the
     /// one on top; -1 for none.
     int indexOfPointedStackedCurve(const QPointF &pos) const;
+    /// The curve with that order as the last draw left it, as wide as the active one; only onto the same pixels.
+    void drawPointedCurve(QPainter &painter, int order) const;
 
 protected:
     QRectF curveClip() const override;

@@ -79,6 +79,13 @@ int T1DStackedPlot::drawnRows() const
     return labelled > 0 ? labelled : qRound(qBound(1.0, fStackAxis.getFullScale().span(), cMostRows));
 }
 
+void T1DStackedPlot::drawPointedCurve(QPainter &painter) const
+{
+    const auto *stackedPlotter = dynamic_cast<const T1DStackedBasePlotter *>(plotter());
+    if (stackedPlotter && fPointedIndex >= 0)
+        stackedPlotter->drawPointedCurve(painter, fPointedIndex);
+}
+
 void T1DStackedPlot::drawAxes(QPainter &painter)
 {
     const auto *stackedPlotter = dynamic_cast<const T1DStackedBasePlotter *>(plotter());

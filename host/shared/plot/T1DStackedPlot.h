@@ -69,6 +69,13 @@ public:
     /// Whether the curve with that display order is not selected; such curves are faded on the screen.
     virtual bool isFaded(int) const { return false; }
 
+    /// The curve under the mouse, which is drawn wider over the others; -1 for none. Never stored.
+    int pointedIndex() const { return fPointedIndex; }
+    void setPointedIndex(int index) { fPointedIndex = index; }
+    void drawPointedCurve(QPainter &painter) const;
+    /// The point of a spectrum next to x, or so many points further along the data; false without such a spectrum.
+    virtual bool curvePoint(int, double, int, QPointF &) const { return false; }
+
     void drawAxes(QPainter &painter) override;
 
 protected:
@@ -77,6 +84,7 @@ protected:
     void loadMore(TDataStream &stream) override;
 
 private:
+    int fPointedIndex = -1;
     T1DStackedPlotProperties fStacked;
     TAxis fStackAxis{axisAtLeft};
     TRanges fStackRanges;

@@ -1,6 +1,7 @@
 #include "plot/TBasePlot.h"
 #include "plot/PainterUtils.h"
 #include "plot/TBasePlotter.h"
+#include "plot/TPlotHotAreas.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 #include <QPaintDevice>
@@ -76,6 +77,35 @@ void TBasePlot::draw(QPainter &painter, const QRectF &rect)
     drawTitle(painter);
     plotter()->releaseLayout();
     painter.restore();
+}
+
+int TBasePlot::viewDecimals(TAxisDir dir) const
+{
+    constexpr double cMostDecimals = 8.0;
+    const QRectF curves = plotter()->getPlotCurvesRect();
+    const double length = dir == horzDir ? curves.width() : curves.height();
+    const double pixels = length * (fViewScale > 0.0 ? fViewScale : 1.0);
+    const double span = axis(dir).drawnScale().span();
+    if (!(pixels > 0.0) || !(span > 0.0))
+        return 0;
+    return int(std::clamp(std::ceil(-std::log10(span / pixels)) + 1.0, 0.0, cMostDecimals));
+}
+
+TPlotReadout TBasePlot::readout(const QPointF &itemPos) const
+{
+    TPlotReadout readout;
+    if (!plotter()->getPlotCurvesRect().contains(itemPos))
+        return readout;
+    readout.fIsValid = true;
+    readout.fPoint = plotter()->canvas2Scale(itemPos);
+    readout.fX = QString::number(readout.fPoint.x(), 'f', viewDecimals(horzDir));
+    readout.fY = QString::number(readout.fPoint.y(), 'f', viewDecimals(vertDir));
+    return readout;
+}
+
+const TPlotHotArea &TBasePlot::hitTest(const QPointF &) const
+{
+    return TPlotHotAreas::nullArea;
 }
 
 void TBasePlot::drawAxes(QPainter &painter)

@@ -4,6 +4,7 @@
 #include "plot/TAxisDir.h"
 #include "plot/TBasePlotProperties.h"
 #include "plot/TPlotData.h"
+#include "plot/TPlotReadout.h"
 #include "plot/TRanges.h"
 #include <QRectF>
 #include <QString>
@@ -13,6 +14,7 @@
 class QPainter;
 class TBasePlotter;
 class TDataStream;
+class TPlotHotArea;
 
 /// Scale and full scale of both directions.
 struct TScaleInfo
@@ -138,6 +140,13 @@ public:
     /// The vertical scales and the intensity factor, in one block.
     virtual void saveIntensityScale(TDataStream &stream) const;
     virtual void loadIntensityScale(TDataStream &stream);
+
+    /// Decimals by which values on two neighbouring pixels of the view differ, and one more; 0 to 8.
+    int viewDecimals(TAxisDir dir) const;
+    /// What stands at an item point: here the values of the axes.
+    virtual TPlotReadout readout(const QPointF &itemPos) const;
+    /// The mark or other area at an item point; TPlotHotAreas::nullArea where there is none.
+    virtual const TPlotHotArea &hitTest(const QPointF &itemPos) const;
 
     /// Positions are stored in scale units, so both ways are the identity.
     virtual QPointF persistUnits2Scale(const QPointF &pos) const { return pos; }

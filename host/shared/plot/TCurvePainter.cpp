@@ -160,6 +160,22 @@ TDrawnCurve TCurvePainter::draw(QPainter &painter, const T1DPlotData<double> &x,
     return {curve, device, clip};
 }
 
+void TCurvePainter::drawAgain(QPainter &painter, const TDrawnCurve &drawn, const QPen &pen)
+{
+    if (!drawn.curve || painter.deviceTransform() != drawn.device)
+        return;
+    const double penWidth = std::max(1.0, pen.widthF() * Utils::Painter::deviceScale(painter));
+    const QRectF visible =
+        drawn.device.mapRect(drawn.clip).adjusted(0.0, -penWidth / 2, 0.0, penWidth / 2) & deviceBounds(painter);
+    const QRect pixels = visible.toAlignedRect();
+    if (pixels.isEmpty())
+        return;
+    const TCurvePainter curvePainter(nullptr); // nothing is reduced here
+    TCurveStyle style;
+    style.pen = QPen(pen.color(), pen.widthF());
+    curvePainter.drawColumns(painter, *drawn.curve, pixels, penWidth, style);
+}
+
 void TCurvePainter::drawColumns(QPainter &painter, const TReducedCurve &curve, const QRect &pixels, double penWidth,
                                 const TCurveStyle &style) const
 {

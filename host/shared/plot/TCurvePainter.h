@@ -46,6 +46,9 @@ public:
                      const TLinearMap &mapX, const TLinearMap &mapY, const QRectF &clip, const TCurveStyle &style,
                      TCurveLayer *layer = nullptr) const;
 
+    /// A curve of an earlier draw once more, with another pen. Nothing when the painter maps to other pixels by now.
+    static void drawAgain(QPainter &painter, const TDrawnCurve &drawn, const QPen &pen);
+
 private:
     void drawColumns(QPainter &painter, const TReducedCurve &curve, const QRect &pixels, double penWidth,
                      const TCurveStyle &style) const;
