@@ -1,0 +1,286 @@
+#include "ui/TPlotHand.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "commands/TCmdChangeSpectraIntensity.h"
+#include "commands/TCmdPanSpectra.h"
+#include "commands/TCmdZoomSpectra.h"
+#include "commands/TCommandHistory.h"
+#include "contexts/IStackedItemCtx.h"
+#include "plot/T1DStackedBasePlotter.h"
+#include "plot/T1DStackedPlot.h"
+#include "ui/PlotSteps.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <cmath>
+
+namespace {
+
+constexpr double cWheelZoom = 1.25; // a notch
+constexpr double cNotch = 120.0;    // of Qt's angle
+constexpr int cWheelPause = 800;    // milliseconds that end a run of wheel events
+constexpr double cKeyPan = 0.1;     // of the axis
+
+} // namespace
+
+TPlotHand::TPlotHand()
+    : TMMAct(QUuid())
+{
+    fWheelEnd.setSingleShot(true);
+    fWheelEnd.setInterval(cWheelPause);
+    connect(&fWheelEnd, &QTimer::timeout, this, &TPlotHand::endWheel);
+}
+
+QCursor TPlotHand::cursor(const TMouseSpot &spot) const
+{
+    if (fPan.isActive())
+        return QCursor(Qt::ClosedHandCursor);
+    const bool onAxis = spot.place == placeOnHorzAxis || spot.place == placeOnVertAxis;
+    return QCursor(onAxis || (fSpaceHeld && spot.inCurves) ? Qt::OpenHandCursor : Qt::ArrowCursor);
+}
+
+QString TPlotHand::hint() const
+{
+    switch (fPlace) {
+    case placeInCurves:
+        return tr("Drag zooms, wheel zooms x (Ctrl: intensity), middle button pans, double click: full view.");
+    case placeOnHorzAxis:
+    case placeOnVertAxis:
+        return tr("Drag pans, wheel zooms.");
+    case placeOnRim:
+        return tr("Drag moves the item, handles resize it.");
+    default:
+        return QString();
+    }
+}
+
+bool TPlotHand::startPan(const TMouseSpot &spot)
+{
+    int mask = 0;
+    if (spot.inCurves)
+        mask = cBothDirs;
+    else if (spot.place == placeOnHorzAxis)
+        mask = horzDir;
+    else if (spot.place == placeOnVertAxis)
+        mask = vertDir;
+    if (mask != 0)
+        fPan.start(spot, mask);
+    return mask != 0;
+}
+
+bool TPlotHand::mousePress(QMouseEvent *event, const TMouseSpot &spot)
+{
+    endWheel();
+    if (event->button() == Qt::RightButton)
+        return cancelGesture();
+    if (!spot.plot || event->modifiers() & Qt::AltModifier)
+        return false;
+    if (event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && fSpaceHeld))
+        return startPan(spot);
+    if (event->button() != Qt::LeftButton)
+        return false;
+    if (spot.inCurves) {
+        fBox.start(spot);
+        return true;
+    }
+    if (spot.place != placeOnHorzAxis && spot.place != placeOnVertAxis)
+        return false;
+    view()->selectItem(spot.item, event->modifiers() & Qt::ControlModifier);
+    return startPan(spot);
+}
+
+void TPlotHand::hover(const TMouseSpot &spot)
+{
+    fPlace = spot.place;
+    const auto *plotter = spot.inCurves ? dynamic_cast<T1DStackedBasePlotter *>(spot.plot->plotter()) : nullptr;
+    view()->pointAt(spot.spectrum, plotter ? plotter->indexOfPointedStackedCurve(spot.itemPos) : -1);
+    view()->showReadout(spot.inCurves ? spot.plot->readout(spot.itemPos) : TPlotReadout());
+}
+
+bool TPlotHand::mouseMove(QMouseEvent *event, const TMouseSpot &spot)
+{
+    if (fPan.isActive()) {
+        fPan.moveTo(view()->itemToView(*fPan.item()).inverted().map(spot.viewPos));
+        return true;
+    }
+    if (fBox.isActive()) {
+        fBox.moveTo(view()->itemToView(*fBox.item()).inverted().map(spot.viewPos), event->modifiers());
+        view()->showReadout(spot.inCurves ? spot.plot->readout(spot.itemPos) : TPlotReadout());
+        view()->updateOverlay();
+        return true;
+    }
+    hover(spot);
+    return false;
+}
+
+void TPlotHand::click(QMouseEvent *event, const TMouseSpot &spot)
+{
+    const bool toggles = event->modifiers() & Qt::ControlModifier;
+    const bool extends = event->modifiers() & Qt::ShiftModifier;
+    const auto *plotter = spot.inCurves ? dynamic_cast<T1DStackedBasePlotter *>(spot.plot->plotter()) : nullptr;
+    const int index = plotter ? plotter->indexOfPointedStackedCurve(spot.itemPos) : -1;
+    IStackedItemCtx *stack = spot.item ? spot.item->stackedContext() : nullptr;
+    if (index < 0 || !stack || stack->count() < 2) {
+        view()->selectItem(spot.item, toggles);
+        return;
+    }
+    view()->selectItem(spot.item, false);
+    if (toggles || extends) {
+        QVector<int> selected;
+        const QList<quint32> ids = stack->ids(false, true);
+        for (int i = 0; i < stack->count(); ++i) {
+            if (ids.contains(quint32(stack->idOf(i))))
+                selected.append(i);
+        }
+        if (extends) {
+            const int from = stack->activeIndex();
+            for (int i = qMin(from, index); i <= qMax(from, index); ++i) {
+                if (!selected.contains(i))
+                    selected.append(i);
+            }
+        } else if (!selected.removeOne(index)) {
+            selected.append(index);
+        }
+        if (!selected.isEmpty()) // the last one stays
+            stack->setSelected(selected);
+    } else {
+        stack->makeCurrent(index);
+    }
+    spot.item->update();
+    view()->stackChanged(spot.item);
+}
+
+bool TPlotHand::mouseRelease(QMouseEvent *event, const TMouseSpot &spot)
+{
+    if (fPan.isActive()) {
+        if (TCommand *command = fPan.finish())
+            view()->history().push(command);
+        return true;
+    }
+    if (event->button() != Qt::LeftButton || !fBox.isActive())
+        return false;
+    TCanvasItem *item = fBox.item();
+    const QRectF rect = fBox.scaleRect();
+    const bool isClick = fBox.shape() == TZoomBox::cNone;
+    fBox.cancel();
+    if (isClick) {
+        click(event, spot);
+    } else {
+        view()->selectItem(item, false);
+        view()->history().push(new TCmdZoomSpectra({item}, rect, TCmdZoomSpectra::cBox));
+    }
+    view()->updateOverlay();
+    return true;
+}
+
+bool TPlotHand::mouseDoubleClick(QMouseEvent *event, const TMouseSpot &spot)
+{
+    if (event->button() != Qt::LeftButton || !spot.inCurves)
+        return false;
+    view()->history().push(new TCmdZoomSpectra({spot.item}, QRectF(), TCmdZoomSpectra::cFullView));
+    return true;
+}
+
+bool TPlotHand::keyPress(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
+        fSpaceHeld = true;
+        return true;
+    }
+    if (fItems.isEmpty() || event->modifiers() & ~(Qt::KeypadModifier))
+        return false;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        PlotSteps::panBy(view()->history(), fItems, -cKeyPan, 0.0);
+        return true;
+    case Qt::Key_Right:
+        PlotSteps::panBy(view()->history(), fItems, cKeyPan, 0.0);
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (!PlotSteps::stepActive(fItems, event->key() == Qt::Key_Up ? -1 : 1))
+            return false;
+        view()->stackChanged(canvasItem(fItems.first()));
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TPlotHand::keyRelease(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space || event->isAutoRepeat())
+        return false;
+    fSpaceHeld = false;
+    return true;
+}
+
+void TPlotHand::beginWheel()
+{
+    if (!fWheelEnd.isActive()) {
+        fWheelHistory = &view()->history();
+        fWheelHistory->beginGesture();
+    }
+    fWheelEnd.start();
+}
+
+void TPlotHand::endWheel()
+{
+    fWheelEnd.stop();
+    if (fWheelHistory && view()) // a document that was closed took its history with it
+        view()->history().endGesture();
+    fWheelHistory = nullptr;
+}
+
+int TPlotHand::wheelMask(const QWheelEvent &event, const TMouseSpot &spot) const
+{
+    const bool isVert = spot.place == placeOnVertAxis;
+    const bool isOther = event.modifiers() & Qt::ShiftModifier;
+    return isVert != isOther ? vertDir : horzDir;
+}
+
+bool TPlotHand::wheel(QWheelEvent *event, const TMouseSpot &spot)
+{
+    const bool isOnPlot = spot.inCurves || spot.place == placeOnHorzAxis || spot.place == placeOnVertAxis;
+    if (!spot.plot || !isOnPlot)
+        return false;
+    const QPoint angle = event->angleDelta();
+    const TCanvasItemList items{spot.item};
+    beginWheel();
+    const bool isPan = event->phase() == Qt::ScrollUpdate && !event->pixelDelta().isNull() &&
+                       !(event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
+    const bool isSideways = angle.x() != 0 && angle.y() == 0 && !(event->modifiers() & Qt::AltModifier);
+    if (isPan || (isSideways && !(event->modifiers() & Qt::ShiftModifier))) {
+        const double scale = spot.plot->viewScale() > 0.0 ? spot.plot->viewScale() : 1.0;
+        const QPointF delta = isPan ? QPointF(event->pixelDelta()) : QPointF(angle.x() / 2.0, 0.0);
+        view()->history().push(new TCmdPanSpectra(items, delta.x() / scale, -delta.y() / scale));
+        return true;
+    }
+    const double notches = (angle.y() != 0 ? angle.y() : angle.x()) / cNotch;
+    if (event->modifiers() & Qt::ControlModifier) {
+        const double factor = std::pow(TBasePlot::cDefIntensityFactor, std::abs(notches) - 1.0);
+        view()->history().push(new TCmdChangeSpectraIntensity(items, notches > 0.0, factor));
+    } else {
+        const double factor = std::pow(cWheelZoom, -notches);
+        PlotSteps::zoomAbout(view()->history(), items, spot.itemPos, factor, wheelMask(*event, spot));
+    }
+    return true;
+}
+
+bool TPlotHand::cancelGesture()
+{
+    const bool wasActive = fBox.isActive() || fPan.isActive();
+    fBox.cancel();
+    if (fPan.isActive())
+        fPan.cancel();
+    if (wasActive && view())
+        view()->updateOverlay();
+    return wasActive;
+}
+
+void TPlotHand::paint(QPainter &painter)
+{
+    if (fBox.isActive())
+        fBox.paint(painter, view()->itemToView(*fBox.item()));
+}

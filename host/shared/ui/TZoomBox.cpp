@@ -1,0 +1,138 @@
+#include "ui/TZoomBox.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "plot/TBasePlot.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <cmath>
+
+namespace {
+
+const QColor cLine(0x4A, 0x90, 0xD9);
+constexpr double cFillAlpha = 0.10;
+constexpr double cGap = 4.0; // pixels between the box and its texts
+
+void drawLabel(QPainter &painter, const QString &text, QPointF corner, bool atRight, bool atBottom)
+{
+    const QFontMetricsF metrics(painter.font());
+    QRectF box(0, 0, metrics.horizontalAdvance(text) + 2 * cGap, metrics.height() + 2);
+    if (atRight)
+        corner.rx() -= box.width();
+    if (atBottom)
+        corner.ry() -= box.height();
+    box.moveTopLeft(corner);
+    painter.fillRect(box, QColor(255, 255, 255, 200));
+    painter.drawText(box, Qt::AlignCenter, text);
+}
+
+} // namespace
+
+void TZoomBox::start(const TMouseSpot &spot)
+{
+    fItem = TSecurePtr<TCanvasItem>(spot.item);
+    fStart = spot.itemPos;
+    fEnd = spot.itemPos;
+    fKeys = Qt::NoModifier;
+}
+
+void TZoomBox::moveTo(const QPointF &itemPos, Qt::KeyboardModifiers keys)
+{
+    fEnd = itemPos;
+    fKeys = keys;
+}
+
+TBasePlot *TZoomBox::plot() const
+{
+    const auto *spectrum = dynamic_cast<TCanvasSpectrum *>(fItem.get());
+    return spectrum ? spectrum->activePlot() : nullptr;
+}
+
+QRectF TZoomBox::curves() const
+{
+    return plot() ? plot()->plotter()->getPlotCurvesRect() : QRectF();
+}
+
+TZoomBox::TShape TZoomBox::shape() const
+{
+    const QRectF whole = curves();
+    if (whole.isEmpty())
+        return cNone;
+    const QRectF box = QRectF(fStart, fEnd).normalized() & whole;
+    const bool isWide = box.width() >= cThreshold * whole.width() && !(fKeys & Qt::ControlModifier);
+    const bool isHigh = box.height() >= cThreshold * whole.height() && !(fKeys & Qt::ShiftModifier);
+    if (isWide)
+        return isHigh ? cBoth : cHorz;
+    return isHigh ? cVert : cNone;
+}
+
+QRectF TZoomBox::rect() const
+{
+    const QRectF whole = curves();
+    QRectF box = QRectF(fStart, fEnd).normalized();
+    box = QRectF(
+        QPointF(qBound(whole.left(), box.left(), whole.right()), qBound(whole.top(), box.top(), whole.bottom())),
+        QPointF(qBound(whole.left(), box.right(), whole.right()), qBound(whole.top(), box.bottom(), whole.bottom())));
+    if (shape() == cHorz)
+        return QRectF(box.left(), whole.top(), box.width(), whole.height());
+    if (shape() == cVert)
+        return QRectF(whole.left(), box.top(), whole.width(), box.height());
+    return box;
+}
+
+QRectF TZoomBox::scaleRect() const
+{
+    if (!plot() || shape() == cNone)
+        return QRectF();
+    const QRectF box = rect();
+    const TBasePlotter *plotter = plot()->plotter();
+    const QPointF from(plotter->canvas2Scale(horzDir, box.left()), plotter->canvas2Scale(vertDir, box.bottom()));
+    const QPointF to(plotter->canvas2Scale(horzDir, box.right()), plotter->canvas2Scale(vertDir, box.top()));
+    QRectF scale = QRectF(from, to).normalized();
+    if (shape() == cHorz)
+        scale.setHeight(0.0);
+    if (shape() == cVert)
+        scale.setWidth(0.0);
+    return scale;
+}
+
+void TZoomBox::paint(QPainter &painter, const QTransform &itemToView) const
+{
+    const TShape form = shape();
+    if (form == cNone)
+        return;
+    const TBasePlot &shown = *plot();
+    const TBasePlotter &plotter = *shown.plotter();
+    const QRectF units = rect();
+    const QRectF box = itemToView.mapRect(units);
+    painter.save();
+    QColor fill = cLine;
+    fill.setAlphaF(cFillAlpha);
+    painter.setBrush(fill);
+    painter.setPen(QPen(cLine, 1.0, Qt::DashLine));
+    painter.drawRect(box);
+
+    const auto number = [&](TAxisDir dir, double place) {
+        return QString::number(plotter.canvas2Scale(dir, place), 'f', shown.viewDecimals(dir));
+    };
+    const auto corner = [&](double x, double y) {
+        QStringList parts;
+        if (form != cVert)
+            parts.append(number(horzDir, x));
+        if (form != cHorz)
+            parts.append(number(vertDir, y));
+        return parts.join(", ");
+    };
+    painter.setPen(cLine.darker(180));
+    const QFontMetricsF metrics(painter.font());
+    drawLabel(painter, corner(units.left(), units.top()), box.topLeft() + QPointF(0, -metrics.height() - cGap), false,
+              false);
+    drawLabel(painter, corner(units.right(), units.bottom()), box.bottomRight() + QPointF(0, cGap), true, false);
+    if (form != cVert) {
+        const double dx = plotter.canvas2Scale(horzDir, units.right()) - plotter.canvas2Scale(horzDir, units.left());
+        const QString text = "dx " + QString::number(std::abs(dx), 'f', shown.viewDecimals(horzDir));
+        if (metrics.horizontalAdvance(text) + 4 * cGap < box.width() && 2 * metrics.height() < box.height())
+            painter.drawText(box, Qt::AlignCenter, text);
+    }
+    painter.restore();
+}
