@@ -1,12 +1,18 @@
 #include "WDocumentView.h"
 
-#include "canvas/TCanvasItem.h"
+#include "TViewInput.h"
+#include "canvas/TCanvasSpectrum.h"
 #include "canvas/TDocument.h"
+#include "canvas/TItemGraphics.h"
 #include "canvas/TPage.h"
+#include "plot/T1DStackedPlot.h"
+#include "ui/TPluginMouseModeHandler.h"
 
-#include <QEvent>
 #include <QGraphicsScene>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
 #include <cmath>
 
 namespace {
@@ -27,6 +33,8 @@ WDocumentView::WDocumentView(TDocument *document, QWidget *parent)
     setViewportUpdateMode(QGraphicsView::FullViewportUpdate); // items keep their pixels, so this costs little
     setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
     setRenderHint(QPainter::Antialiasing);
+    fInput = std::make_unique<TViewInput>(*this, fSelection);
+    connect(&fSelection, &TItemSelection::changed, this, &WDocumentView::updateOverlay);
     setPage(document->currentPage());
 }
 
@@ -45,10 +53,13 @@ void WDocumentView::setPage(TPage *page)
     if (fPage)
         fPage->disconnect(this);
     fPage = page;
+    fPointed = TSecurePtr<TCanvasSpectrum>();
+    fInput->setPage(page);
     setScene(page ? page->scene() : nullptr);
     if (page)
         connect(page, &TPage::pageChanged, this, &WDocumentView::followPage);
     followPage();
+    fSelection.setPage(page);
 }
 
 void WDocumentView::followPage()
@@ -80,6 +91,8 @@ void WDocumentView::applyScale(double scale)
         const double desk = cDeskMargin / scale;
         setSceneRect(QRectF(QPointF(0, 0), fPage->size()).adjusted(-desk, -desk, desk, desk));
     }
+    if (fPage)
+        fPage->setWindowTransform(viewportTransform());
     emit zoomChanged(zoom());
 }
 
@@ -136,4 +149,166 @@ void WDocumentView::changeEvent(QEvent *event)
     QGraphicsView::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         viewport()->update();
+}
+
+void WDocumentView::setModes(TPluginMouseModeHandler *modes)
+{
+    fInput->setModes(modes);
+    connect(modes, &TPluginMouseModeHandler::modeChanged, this, [this] {
+        updateHint();
+        viewport()->setCursor(fInput->cursor(spotAt(fMousePos)));
+    });
+}
+
+TMouseSpot WDocumentView::spotAt(const QPointF &viewPos) const
+{
+    TMouseSpot spot;
+    spot.viewPos = viewPos;
+    spot.pagePos = viewportTransform().inverted().map(viewPos);
+    if (!fPage)
+        return spot;
+    for (int i = fPage->items().size() - 1; i >= 0 && !spot.item; --i) { // the one on top
+        if (fPage->items().at(i)->rect().contains(spot.pagePos))
+            spot.item = fPage->items().at(i);
+    }
+    if (!spot.item)
+        return spot;
+    spot.itemPos = spot.pagePos - spot.item->rect().topLeft();
+    spot.place = placeOnRim;
+    spot.spectrum = dynamic_cast<TCanvasSpectrum *>(spot.item);
+    spot.plot = spot.spectrum ? spot.spectrum->activePlot() : nullptr;
+    if (!spot.plot)
+        return spot;
+    const TBasePlotter *plotter = spot.plot->plotter();
+    spot.scalePos = plotter->canvas2Scale(spot.itemPos);
+    spot.area = spot.plot->hitTest(spot.itemPos);
+    spot.place = plotter->whereIsMouse(spot.itemPos);
+    spot.inCurves = spot.place == placeInCurves;
+    return spot;
+}
+
+QTransform WDocumentView::itemToView(const TCanvasItem &item) const
+{
+    return QTransform::fromTranslate(item.rect().x(), item.rect().y()) * viewportTransform();
+}
+
+TCommandHistory &WDocumentView::history()
+{
+    return fDocument->history();
+}
+
+void WDocumentView::updateOverlay()
+{
+    viewport()->update();
+}
+
+void WDocumentView::showReadout(const TPlotReadout &readout)
+{
+    emit readoutChanged(readout.text());
+}
+
+void WDocumentView::pointAt(TCanvasSpectrum *item, int curve)
+{
+    const auto point = [](TCanvasSpectrum *spectrum, int index) {
+        auto *plot = spectrum ? dynamic_cast<T1DStackedPlot *>(spectrum->activePlot()) : nullptr;
+        if (!plot || plot->pointedIndex() == index)
+            return;
+        plot->setPointedIndex(index);
+        if (auto *graphics = dynamic_cast<TItemGraphics *>(spectrum->graphics()))
+            graphics->setHighlighted(index >= 0);
+    };
+    if (fPointed.get() != item)
+        point(fPointed.get(), -1);
+    fPointed = TSecurePtr<TCanvasSpectrum>(item);
+    point(item, curve);
+}
+
+void WDocumentView::selectItem(TCanvasItem *item, bool extends)
+{
+    fSelection.select(item, extends);
+}
+
+void WDocumentView::stackChanged(TCanvasItem *item)
+{
+    emit activeSpectrumChanged(item);
+}
+
+void WDocumentView::drawForeground(QPainter *painter, const QRectF &)
+{
+    painter->save();
+    painter->resetTransform();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setFont(font());
+    fInput->paint(*painter);
+    painter->restore();
+}
+
+void WDocumentView::updateHint()
+{
+    const QString hint = fInput->hint();
+    if (hint == fHint)
+        return;
+    fHint = hint;
+    emit hintChanged(hint);
+}
+
+bool WDocumentView::hand(QEvent *event, const QPointF &viewPos)
+{
+    fMousePos = viewPos;
+    const bool taken = fInput->handle(event, spotAt(viewPos));
+    viewport()->setCursor(fInput->cursor(spotAt(viewPos)));
+    updateHint();
+    return taken;
+}
+
+void WDocumentView::scrollOrZoom(QWheelEvent *event)
+{
+    if (event->modifiers() & Qt::ControlModifier)
+        setZoom(zoom() * (event->angleDelta().y() > 0 ? cZoomStep : 1.0 / cZoomStep));
+    else
+        QGraphicsView::wheelEvent(event);
+}
+
+bool WDocumentView::viewportEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        hand(event, static_cast<QMouseEvent *>(event)->localPos());
+        event->accept();
+        return true;
+    case QEvent::Wheel: {
+        auto *wheel = static_cast<QWheelEvent *>(event);
+        if (!hand(event, wheel->position()))
+            scrollOrZoom(wheel);
+        event->accept();
+        return true;
+    }
+    case QEvent::Leave:
+        pointAt(nullptr, -1);
+        emit readoutChanged(QString());
+        break;
+    default:
+        break;
+    }
+    return QGraphicsView::viewportEvent(event);
+}
+
+void WDocumentView::keyPressEvent(QKeyEvent *event)
+{
+    event->setAccepted(hand(event, fMousePos));
+}
+
+void WDocumentView::keyReleaseEvent(QKeyEvent *event)
+{
+    event->setAccepted(hand(event, fMousePos));
+}
+
+void WDocumentView::scrollContentsBy(int dx, int dy)
+{
+    QGraphicsView::scrollContentsBy(dx, dy);
+    if (fPage)
+        fPage->setWindowTransform(viewportTransform());
 }

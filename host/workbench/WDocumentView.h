@@ -1,14 +1,21 @@
 #pragma once
 
+#include "TItemSelection.h"
 #include "canvas/TPage.h"
+#include "canvas/TSecurePtr.h"
+#include "ui/IPlotView.h"
 
 #include <QGraphicsView>
 #include <QPointer>
+#include <memory>
 
 class TDocument;
+class TPluginMouseModeHandler;
+class TViewInput;
+struct TPlotReadout;
 
 /// Shows a page of a document as paper on a desk.
-class WDocumentView : public QGraphicsView
+class WDocumentView : public QGraphicsView, public IPlotView
 {
     Q_OBJECT
 
@@ -32,20 +39,52 @@ public:
     void fitPage();
     bool isFitted() const { return fFitted; }
 
+    TItemSelection &selection() { return fSelection; }
+    TViewInput &input() { return *fInput; }
+    /// The mouse modes of the window; not owned.
+    void setModes(TPluginMouseModeHandler *modes);
+
+    TMouseSpot spotAt(const QPointF &viewPos) const override;
+    QTransform itemToView(const TCanvasItem &item) const override;
+    TCommandHistory &history() override;
+    void updateOverlay() override;
+    void showReadout(const TPlotReadout &readout) override;
+    void pointAt(TCanvasSpectrum *item, int curve) override;
+    void selectItem(TCanvasItem *item, bool extends) override;
+    void stackChanged(TCanvasItem *item) override;
+
 signals:
     void zoomChanged(double zoom);
+    /// What stands under the mouse; empty for nothing.
+    void readoutChanged(const QString &text);
+    void hintChanged(const QString &text);
+    /// The active spectrum of an item, or which of its spectra are selected.
+    void activeSpectrumChanged(TCanvasItem *item);
 
 protected:
     void drawBackground(QPainter *painter, const QRectF &rect) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void drawForeground(QPainter *painter, const QRectF &rect) override;
+    bool viewportEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
+    bool hand(QEvent *event, const QPointF &viewPos);
+    void scrollOrZoom(QWheelEvent *event);
+    void updateHint();
     double actualScale() const; // pixels per canvas unit at zoom 1
     void applyScale(double scale);
     void followPage();
 
     TDocument *fDocument; // not owned; lives longer
     QPointer<TPage> fPage;
+    TItemSelection fSelection;
+    std::unique_ptr<TViewInput> fInput;
+    TSecurePtr<TCanvasSpectrum> fPointed; // has a highlighted curve
+    QPointF fMousePos;
+    QString fHint;
     bool fFitted = true;
 };

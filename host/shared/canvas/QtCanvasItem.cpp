@@ -31,6 +31,14 @@ QGraphicsItem *QtCanvasItem::graphics() const
 
 void QtCanvasItem::refreshGraphics()
 {
+    if (!fGraphics)
+        return;
+    fGraphics->place(canvasRect());
+    fGraphics->redraw();
+}
+
+void QtCanvasItem::placeGraphics()
+{
     if (fGraphics)
-        fGraphics->follow(canvasRect());
+        fGraphics->place(canvasRect());
 }

@@ -30,6 +30,8 @@ public:
     QGraphicsItem *graphics() const;
     /// Brings the scene in line with the item's rectangle and lets it be drawn anew.
     void refreshGraphics();
+    /// The item was moved or resized: only another size makes it be drawn anew.
+    void placeGraphics();
     /// Where the item stands on its page.
     virtual QRectF canvasRect() const = 0;
     /// Draws the item with its top left corner at the origin.

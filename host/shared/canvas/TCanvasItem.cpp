@@ -30,7 +30,7 @@ QString TCanvasItem::title(bool) const
 void TCanvasItem::setRect(const QRectF &rect)
 {
     fRect = rect;
-    refreshGraphics();
+    placeGraphics();
 }
 
 void TCanvasItem::setLayoutPolicy(int policy, bool update)

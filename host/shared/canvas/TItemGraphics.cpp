@@ -16,13 +16,18 @@ TItemGraphics::TItemGraphics(QtCanvasItem *item)
 {
 }
 
-void TItemGraphics::follow(const QRectF &rect)
+void TItemGraphics::place(const QRectF &rect)
 {
     if (rect.size() != fSize) {
         prepareGeometryChange();
         fSize = rect.size();
+        redraw();
     }
     setPos(rect.topLeft());
+}
+
+void TItemGraphics::redraw()
+{
     fPixels = QPixmap();
     update();
 }

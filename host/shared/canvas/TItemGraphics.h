@@ -18,8 +18,10 @@ public:
 
     int type() const override { return Type; }
     QtCanvasItem *canvasItem() const { return fItem; }
-    /// Takes over the item's place, and draws it anew when it is next seen.
-    void follow(const QRectF &rect);
+    /// Takes over the item's place.
+    void place(const QRectF &rect);
+    /// Draws the item anew when it is next seen.
+    void redraw();
     QRectF boundingRect() const override { return QRectF(QPointF(0, 0), fSize); }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
     /// The item points at something else; what it points at is drawn over the kept pixels.
