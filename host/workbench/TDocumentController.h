@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 
 #include <QObject>
@@ -8,7 +9,6 @@
 
 class QTabWidget;
 class TCanvasItem;
-class TDocument;
 class TKelmoraHost;
 
 class WDocumentView;

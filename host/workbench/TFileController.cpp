@@ -1,6 +1,7 @@
 #include "TFileController.h"
 
 #include "TDocumentController.h"
+#include "WDocumentView.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
@@ -113,8 +114,10 @@ TOpenResult TFileController::importOne(const QString &path)
     if (!result.fOk || imported.fItems.isEmpty())
         return result;
     TCanvasItem *item = canvasItem(imported.fItems.first());
-    if (item->canvas())
+    if (item->canvas()) {
         fDocuments.setPage(item->canvas());
+        fDocuments.view()->selection().select(item);
+    }
     return result;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSizeF>
 
 class TActionTable;
 class TDocumentController;
@@ -13,12 +14,12 @@ class TPageController : public QObject
 public:
     TPageController(TActionTable &actions, TDocumentController &documents, QObject *parent);
 
-    void newPage();
     /// Shows the page that many places further on; past the ends nothing happens.
     void step(int places);
 
 private:
     bool hasStep(int places) const;
+    void addSizes(TActionTable &actions);
 
     TDocumentController &fDocuments;
 };

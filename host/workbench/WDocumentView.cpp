@@ -30,6 +30,8 @@ WDocumentView::WDocumentView(TDocument *document, QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    setAcceptDrops(false); // the window takes them
+    viewport()->setAcceptDrops(false);
     setViewportUpdateMode(QGraphicsView::FullViewportUpdate); // items keep their pixels, so this costs little
     setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
     setRenderHint(QPainter::Antialiasing);

@@ -1,12 +1,20 @@
 #include "WMainWindow.h"
 
 #include "TDocumentController.h"
+#include "TDropTarget.h"
+#include "TEmptyStateController.h"
 #include "TFileController.h"
 #include "TGuiHost.h"
+#include "TItemController.h"
+#include "TModeController.h"
 #include "TPageController.h"
+#include "TPlotController.h"
+#include "TTheme.h"
 #include "TViewController.h"
 #include "WDocumentView.h"
+#include "WLogPane.h"
 #include "WPageNavigator.h"
+#include "WStatusReadout.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
@@ -68,7 +76,9 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     connectActions();
     fActions->buildMenus(menuBar(), this);
     connectDocuments();
-    statusBar();
+    fStatus = new WStatusReadout(statusBar(), *fDocuments);
+    new TEmptyStateController(host, *fDocuments, *fFiles, this);
+    new TDropTarget(this, *fDocuments, *fFiles);
     fDocuments->newDocument();
     fActions->updateStates();
 }
@@ -83,6 +93,9 @@ void WMainWindow::makeDocks()
 {
     fPages = new WPageNavigator(this);
     addDockWidget(Qt::LeftDockWidgetArea, fPages);
+    fLog = new WLogPane(this);
+    addDockWidget(Qt::BottomDockWidgetArea, fLog);
+    fLog->hide();
     connect(fPages, &WPageNavigator::pageChosen, fDocuments.get(), &TDocumentController::setPage);
 }
 
@@ -112,13 +125,58 @@ void WMainWindow::connectActions()
     fActions->on("about", [this] { about(); });
     new TPageController(*fActions, *fDocuments, this);
     new TViewController(*fActions, *fDocuments, this);
+    new TPlotController(*fActions, *fDocuments, this);
+    new TItemController(*fActions, *fDocuments, this);
+    fModes = new TModeController(*fActions, *fDocuments, this);
+    addThemes();
+}
+
+void WMainWindow::addThemes()
+{
+    const auto add = [this](const char *name, TTheme::TKind kind) {
+        fActions->on(
+            name, [kind] { TTheme::set(kind); }, {}, [kind] { return TTheme::current() == kind; });
+    };
+    add("themeSystem", TTheme::cSystem);
+    add("themeLight", TTheme::cLight);
+    add("themeDark", TTheme::cDark);
+}
+
+/// The dock's key brings it to the front and gives it the focus, and hides it when it is there already.
+void WMainWindow::toggleDock(QDockWidget *dock)
+{
+    const bool isCovered = dock->visibleRegion().isEmpty();
+    if (dock->isVisible() && !isCovered) {
+        dock->hide();
+        if (fDocuments->view())
+            fDocuments->view()->setFocus();
+        return;
+    }
+    dock->show();
+    dock->raise();
+    if (dock->widget())
+        dock->widget()->setFocus();
+}
+
+/// Plug-ins and docks act on what is selected in the view that is shown.
+void WMainWindow::followSelection()
+{
+    const WDocumentView *view = fDocuments->view();
+    if (!view)
+        return;
+    fHost.itemList() = fDocuments->view()->selection().items();
+    fGui->itemInUse(fDocuments->view()->selection().active());
+    fActions->scheduleUpdate();
 }
 
 void WMainWindow::connectDocuments()
 {
     TDocumentController *documents = fDocuments.get();
-    connect(documents, &TDocumentController::viewAdded, this,
-            [this](WDocumentView *view) { fActions->addPlotKeys(view); });
+    connect(documents, &TDocumentController::viewAdded, this, [this](WDocumentView *view) {
+        fActions->addPlotKeys(view);
+        connect(&view->selection(), &TItemSelection::changed, this, &WMainWindow::followSelection);
+    });
+    connect(documents, &TDocumentController::pageShown, this, &WMainWindow::followSelection);
     connect(documents, &TDocumentController::documentShown, fPages, &WPageNavigator::setDocument);
     connect(documents, &TDocumentController::pageShown, fPages, &WPageNavigator::setPage);
     connect(documents, &TDocumentController::contentChanged, this, [this] {
@@ -131,8 +189,17 @@ void WMainWindow::connectDocuments()
     connect(fActions->menu("recent"), &QMenu::aboutToShow, this, &WMainWindow::fillRecentMenu);
     connect(fActions->menu("samples"), &QMenu::aboutToShow, this, &WMainWindow::fillSamplesMenu);
     connect(fActions->menu("window"), &QMenu::aboutToShow, this, &WMainWindow::fillWindowMenu);
-    for (QDockWidget *dock : findChildren<QDockWidget *>())
-        fActions->menu("docks")->addAction(dock->toggleViewAction());
+    addDockAction(fPages, "Ctrl+1");
+    addDockAction(fLog, QString());
+}
+
+void WMainWindow::addDockAction(QDockWidget *dock, const QString &key)
+{
+    QAction *action = fActions->menu("docks")->addAction(dock->windowTitle(), this, [this, dock] { toggleDock(dock); });
+    action->setShortcut(QKeySequence(key, QKeySequence::PortableText));
+    action->setCheckable(true);
+    connect(dock, &QDockWidget::visibilityChanged, action, &QAction::setChecked);
+    addAction(action);
 }
 
 void WMainWindow::updateTitle()
@@ -200,7 +267,9 @@ void WMainWindow::setFirstLayout()
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         dock->setFloating(false);
     addDockWidget(Qt::LeftDockWidgetArea, fPages);
+    addDockWidget(Qt::BottomDockWidgetArea, fLog);
     fPages->show();
+    fLog->hide();
     resizeDocks({fPages}, {cPagesWidth}, Qt::Horizontal);
     fStateBeforeHiding.clear();
 }

@@ -8,6 +8,8 @@
 class QTabWidget;
 class TDocumentController;
 class TFileController;
+class TModeController;
+class WStatusReadout;
 class TGuiHost;
 class TKelmoraHost;
 class WPageNavigator;
@@ -26,6 +28,8 @@ public:
     TDocumentController &documents() { return *fDocuments; }
     TFileController &files() { return *fFiles; }
     TKelmoraHost &host() { return fHost; }
+    TModeController &modes() { return *fModes; }
+    WStatusReadout &status() { return *fStatus; }
     /// Places the window and its docks as they were left, or as at the first start.
     void restoreLayout();
 
@@ -39,6 +43,10 @@ private:
     void setFirstLayout();
     void saveLayout() const;
     void hideDocks(bool hide);
+    void addDockAction(QDockWidget *dock, const QString &key);
+    void toggleDock(QDockWidget *dock);
+    void addThemes();
+    void followSelection();
     void updateTitle();
     void updateUndoTexts();
     void fillRecentMenu();
@@ -53,5 +61,8 @@ private:
     TFileController *fFiles;
     std::unique_ptr<TGuiHost> fGui;
     WPageNavigator *fPages;
+    QDockWidget *fLog;
+    TModeController *fModes = nullptr;
+    WStatusReadout *fStatus = nullptr;
     QByteArray fStateBeforeHiding;
 };

@@ -37,6 +37,8 @@ public:
     void drawCurves(QPainter &painter) override;
     void drawTitle(QPainter &painter) override;
     QString titleText() const override;
+    bool isTitleVisible() const override { return fTitleProperties.visible; }
+    void setTitleVisible(bool visible) override { fTitleProperties.visible = visible; }
     void setupFullView(TDataStream &stream) override;
     void resetFullView(TDataStream &stream) override;
     void store(TDataStream &stream) const override;

@@ -1,4 +1,5 @@
 #include "TFileController.h"
+#include "TTheme.h"
 #include "WMainWindow.h"
 #include "log/TLogger.h"
 #include "services/TKelmoraHost.h"
@@ -46,6 +47,7 @@ int main(int argc, char **argv)
 
     qInstallMessageHandler(logQtMessage);
     TDefaultsIni::setStore(settingsPath());
+    TTheme::apply();
     TKelmoraHost host;
     host.start();
     WMainWindow window(host);

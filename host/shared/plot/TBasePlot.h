@@ -75,6 +75,9 @@ public:
     virtual void drawTitle(QPainter &painter);
     /// The text for which room is kept: empty for none, null when it is not known before the draw (room for one line).
     virtual QString titleText() const { return QString(); }
+    /// Whether the plot shows its title; a plot without one never does.
+    virtual bool isTitleVisible() const { return false; }
+    virtual void setTitleVisible(bool) {}
     /// What stands beside the axis.
     virtual QString axisTitle(TAxisDir dir) const { return axis(dir).label(); }
     /// Whether the axis has numbers and ticks; rows of a stack have none.

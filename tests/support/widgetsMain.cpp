@@ -1,0 +1,22 @@
+#include <QApplication>
+#include <gtest/gtest.h>
+
+// Qt's offscreen platform never frees its screen. Only whole call stacks show that the leaks are its own.
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libqoffscreen\nleak:libfontconfig\n";
+}
+
+extern "C" const char *__asan_default_options()
+{
+    return "fast_unwind_on_malloc=0";
+}
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,133 @@
+#include "TWindowFixture.h"
+
+namespace {
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+using DocumentsTest = TWindowFixture;
+
+} // namespace
+
+TEST_F(DocumentsTest, theFirstFileFillsTheEmptyPageAndEachFurtherOneGetsItsOwn)
+{
+    open(writeCsv("one.csv"));
+    ASSERT_NE(item(), nullptr);
+    EXPECT_EQ(document()->pages().size(), 1);
+    EXPECT_EQ(item()->rect(), document()->pages().first()->offeredRect(item()));
+    open(writeCsv("two.csv"));
+    EXPECT_EQ(document()->pages().size(), 2);
+    EXPECT_EQ(fWindow->documents().page(), document()->pages().last()); // the new page is shown
+    EXPECT_TRUE(fWindow->isWindowModified());
+    EXPECT_EQ(fWindow->windowTitle(), "Untitled[*] - Kelmora");
+}
+
+TEST_F(DocumentsTest, aFileThatCannotBeReadIsToldAndStopsNoOther)
+{
+    QFile broken(fFolder.filePath("broken.spc"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write(QByteArray(64, '\0'));
+    broken.close();
+    fWindow->files().open({broken.fileName(), fFolder.filePath("missing.csv"), writeCsv("good.csv")});
+    ASSERT_EQ(fMessages.size(), 1);
+    EXPECT_TRUE(fMessages.first().contains("broken.spc"));
+    EXPECT_TRUE(fMessages.first().contains("missing.csv"));
+    EXPECT_EQ(document()->items().size(), 1);
+    EXPECT_EQ(fWindow->files().recentFiles(), QStringList(fFolder.filePath("good.csv")));
+}
+
+TEST_F(DocumentsTest, undoAndRedoCarryTheirDescription)
+{
+    open(writeCsv("one.csv"));
+    fWindow->actionTable().updateStates();
+    QAction *undo = fWindow->actionTable().action("undo");
+    EXPECT_EQ(undo->text(), "&Undo " + lastStep());
+    undo->trigger();
+    EXPECT_TRUE(document()->items().isEmpty());
+    fWindow->actionTable().updateStates();
+    EXPECT_FALSE(undo->isEnabled());
+    EXPECT_FALSE(undo->toolTip().isEmpty()); // says why
+    fWindow->actionTable().action("redo")->trigger();
+    EXPECT_EQ(document()->items().size(), 1);
+}
+
+TEST_F(DocumentsTest, savingAnOpenedDocumentAgainGivesTheSameBytes)
+{
+    open(writeCsv("one.csv", 3));
+    const QString first = fFolder.filePath("first.klm");
+    const QString second = fFolder.filePath("second.klm");
+    ASSERT_TRUE(fWindow->documents().saveTo(first));
+    EXPECT_FALSE(fWindow->isWindowModified());
+    EXPECT_EQ(fWindow->windowTitle(), "first[*] - Kelmora");
+    ASSERT_TRUE(fWindow->documents().closeCurrent());
+    open(first);
+    EXPECT_EQ(fWindow->documents().count(), 1); // in place of the untouched document
+    moveTo(at(0.5, 0.5));                       // looking at it changes nothing
+    ASSERT_TRUE(fWindow->documents().saveTo(second));
+    EXPECT_FALSE(bytesOf(first).isEmpty());
+    EXPECT_EQ(bytesOf(first), bytesOf(second));
+}
+
+TEST_F(DocumentsTest, zoomingLeavesNothingToSave)
+{
+    open(writeCsv("one.csv"));
+    ASSERT_TRUE(fWindow->documents().saveTo(fFolder.filePath("a.klm")));
+    drag(at(0.2, 0.2), at(0.6, 0.8));
+    EXPECT_FALSE(document()->isModified());
+    EXPECT_TRUE(fWindow->close());
+    EXPECT_TRUE(fMessages.isEmpty());
+}
+
+TEST_F(DocumentsTest, closingAsksWhileThereAreChanges)
+{
+    open(writeCsv("one.csv"));
+    fAnswer = QMessageBox::Cancel;
+    EXPECT_FALSE(fWindow->close());
+    EXPECT_EQ(document()->items().size(), 1);
+    fAnswer = QMessageBox::Discard;
+    EXPECT_TRUE(fWindow->close());
+    EXPECT_EQ(fMessages.size(), 2);
+}
+
+TEST_F(DocumentsTest, aDocumentThatIsCutShortChangesNothing)
+{
+    open(writeCsv("one.csv"));
+    const QString path = fFolder.filePath("cut.klm");
+    ASSERT_TRUE(fWindow->documents().saveTo(path));
+    TDocument *before = document();
+    QFile file(fFolder.filePath("half.klm"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QByteArray whole = bytesOf(path);
+    file.write(whole.left(whole.size() / 2));
+    file.close();
+    open(file.fileName());
+    EXPECT_EQ(fMessages.size(), 1);
+    EXPECT_EQ(document(), before);
+}
+
+TEST_F(DocumentsTest, pagesAreStepsThatCanBeUndone)
+{
+    fWindow->actionTable().action("newPage")->trigger();
+    EXPECT_EQ(document()->pages().size(), 2);
+    EXPECT_EQ(fWindow->documents().page(), document()->pages().last());
+    fWindow->actionTable().action("sizeSlide")->trigger();
+    EXPECT_EQ(fWindow->documents().page()->size(), QSizeF(3387, 1905));
+    document()->history().stack()->undo();
+    document()->history().stack()->undo();
+    EXPECT_EQ(document()->pages().size(), 1);
+    EXPECT_EQ(fWindow->documents().page(), document()->pages().first());
+}
+
+TEST_F(DocumentsTest, theLayoutIsRememberedUnlessTheWindowStaysOpen)
+{
+    fWindow->findChild<QDockWidget *>("pageNavigator")->hide();
+    ASSERT_TRUE(fWindow->close());
+    WMainWindow again(fHost);
+    again.restoreLayout();
+    again.show();
+    EXPECT_FALSE(again.findChild<QDockWidget *>("pageNavigator")->isVisible());
+    fWindow.reset();
+}
