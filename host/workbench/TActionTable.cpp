@@ -55,7 +55,9 @@ void TActionTable::on(const QString &name, const TRun &run, const TWhyNot &whyNo
     entry->fIsUsed = true;
     entry->fWhyNot = whyNot;
     entry->fIsChecked = isChecked;
-    connect(entry->fAction, &QAction::triggered, this, [this, run] {
+    connect(entry->fAction, &QAction::triggered, this, [this, run, whyNot] {
+        if (whyNot && !whyNot().isEmpty()) // a key or a script may come before the states are asked anew
+            return;
         run();
         scheduleUpdate();
     });

@@ -110,6 +110,7 @@ WDocumentView *TDocumentController::add(std::unique_ptr<TDocument> owned)
     connect(document->history().stack(), &QUndoStack::indexChanged, this, &TDocumentController::contentChanged);
     connect(document, &TDocument::modifiedChanged, this, &TDocumentController::contentChanged);
     connect(document, &TDocument::pagesChanged, this, [this, document] { followPages(document); });
+    connect(document, &TDocument::currentPageChanged, this, [this, document] { followPages(document); });
     emit viewAdded(view);
     const int index = fTabs->addTab(view, titleOf(*document));
     fTabs->setCurrentIndex(index);
@@ -125,10 +126,14 @@ void TDocumentController::followPages(TDocument *document)
     if (!view)
         return;
     const bool isGone = !document->pages().contains(view->page());
-    if (isGone || document->currentPage() != view->page())
+    const bool isOther = isGone || document->currentPage() != view->page();
+    if (isOther)
         view->setPage(document->currentPage());
-    if (view == this->view())
-        emit pageShown(view->page());
+    if (view != this->view())
+        return;
+    if (isOther)
+        tellPlugins(fHost, Consts::Events::cPageChanged);
+    emit pageShown(view->page());
 }
 
 void TDocumentController::shown(int index)
@@ -148,9 +153,6 @@ void TDocumentController::setPage(TPage *page)
     if (!shownView || !page || shownView->page() == page || !document()->pages().contains(page))
         return;
     document()->setCurrentPage(page);
-    shownView->setPage(page);
-    tellPlugins(fHost, Consts::Events::cPageChanged);
-    emit pageShown(page);
 }
 
 TDocument *TDocumentController::newDocument()

@@ -5,9 +5,20 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 
+#include <QIcon>
+
 namespace {
 
 constexpr int cDelay = 250; // milliseconds
+
+/// The same picture in every state, so that a chosen page is not tinted.
+QIcon icon(const QPixmap &pixmap)
+{
+    QIcon same;
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected, QIcon::Active})
+        same.addPixmap(pixmap, mode);
+    return same;
+}
 
 } // namespace
 
@@ -108,7 +119,7 @@ QVariant TPageModel::data(const QModelIndex &index, int role) const
     case Qt::DecorationRole:
         if (!fThumbnails.contains(one))
             fThumbnails.insert(one, pageThumbnail(*one, fSize, fRatio));
-        return fThumbnails.value(one);
+        return icon(fThumbnails.value(one));
     case Qt::TextAlignmentRole:
         return int(Qt::AlignCenter);
     default:

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int cCardWidth = 168;
+constexpr int cMinCardWidth = 168;
 constexpr int cCardHeight = 116;
 constexpr int cCardGap = 16;
 constexpr int cMaxRecent = 4;
@@ -92,6 +92,14 @@ void WEmptyState::setBrief(bool brief)
     update();
 }
 
+int WEmptyState::cardWidth() const
+{
+    int width = cMinCardWidth;
+    for (const QString &path : fSamples)
+        width = qMax(width, fontMetrics().horizontalAdvance(sampleTitle(path)) + 24);
+    return width;
+}
+
 int WEmptyState::top() const
 {
     if (fBrief)
@@ -104,9 +112,9 @@ int WEmptyState::top() const
 QRect WEmptyState::cardRect(int index) const
 {
     const int count = fSamples.size();
-    const int width = count * cCardWidth + (count - 1) * cCardGap;
-    return QRect((this->width() - width) / 2 + index * (cCardWidth + cCardGap), top() + cTextHeight + cTagHeight,
-                 cCardWidth, cCardHeight);
+    const int one = cardWidth();
+    const int whole = count * one + (count - 1) * cCardGap;
+    return QRect((width() - whole) / 2 + index * (one + cCardGap), top() + cTextHeight + cTagHeight, one, cCardHeight);
 }
 
 QRect WEmptyState::recentRect(int index) const

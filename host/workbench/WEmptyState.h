@@ -30,6 +30,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    int cardWidth() const;
     QRect cardRect(int index) const;
     QRect recentRect(int index) const;
     int top() const;

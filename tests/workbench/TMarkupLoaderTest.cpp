@@ -82,6 +82,6 @@ TEST(TActionTable, actionsThatDoNothingStandInNoMenu)
     whyNot = "There is nothing.";
     table.updateStates();
     table.action("b")->trigger();
-    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(runs, 1); // not by a script either
     EXPECT_EQ(table.action("b")->toolTip(), whyNot);
 }

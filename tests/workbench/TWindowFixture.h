@@ -12,7 +12,10 @@
 #include "settings/TDefaultsIni.h"
 #include "widgets/GuiUtils.h"
 
+#include <QAction>
+#include <QDockWidget>
 #include <QTemporaryDir>
+#include <QUndoStack>
 #include <QtTest>
 #include <cmath>
 #include <gtest/gtest.h>

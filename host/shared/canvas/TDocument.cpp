@@ -78,6 +78,14 @@ void TDocument::movePage(TPage *page, int index)
     emit pagesChanged();
 }
 
+void TDocument::setCurrentPage(TPage *page)
+{
+    if (page == fCurrentPage)
+        return;
+    fCurrentPage = page;
+    emit currentPageChanged(page);
+}
+
 TPage *TDocument::currentPage() const
 {
     return fCurrentPage;

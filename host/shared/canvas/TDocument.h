@@ -48,7 +48,7 @@ public:
     void movePage(TPage *page, int index);
     /// The page that new items go to; null for a document without pages.
     TPage *currentPage() const;
-    void setCurrentPage(TPage *page) { fCurrentPage = page; }
+    void setCurrentPage(TPage *page);
     /// All items, page by page.
     TCanvasItemList items() const;
     TCanvasItem *item(const QUuid &id) const;
@@ -75,6 +75,7 @@ signals:
     void itemAdded(TCanvasItem *item);
     void itemRemoved(TCanvasItem *item);
     void modifiedChanged(bool modified);
+    void currentPageChanged(TPage *page);
     /// Pages came, went or changed places.
     void pagesChanged();
 
