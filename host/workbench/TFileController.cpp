@@ -106,7 +106,8 @@ TOpenResult TFileController::importOne(const QString &path)
     TOpenResult result;
     result.fPath = path;
     TPage *shown = fDocuments.page();
-    TPage *target = shown && shown->items().isEmpty() ? shown : nullptr; // null: a new page
+    TPage elsewhere; // none of the document: the command makes a new page then
+    TPage *target = shown && shown->items().isEmpty() ? shown : &elsewhere;
     const TImportResult imported = fHost.importDriver().import(path, target);
     result.fCode = imported.fCode;
     result.fOk = Utils::Common::has_no_error(imported.fCode);

@@ -142,7 +142,7 @@ TEST_F(MouseTest, theCrosshairCopiesAPointOfTheCurve)
     ASSERT_EQ(values.size(), 2);
     const double x = values.first().toDouble();
     EXPECT_DOUBLE_EQ(x, std::round(x / 10.0) * 10.0);
-    EXPECT_NEAR(values.last().toDouble(), 1.0 / (1.0 + std::pow((x / 10.0 - 50) / 10.0, 2)), 1e-6);
+    EXPECT_NEAR(values.last().toDouble(), 1.0 / (1.0 + std::pow((x / 10.0 - 60) / 10.0, 2)), 1e-6);
 }
 
 TEST_F(MouseTest, hoverReadsTheCurveAndDrawsNothingAnew)
@@ -152,7 +152,7 @@ TEST_F(MouseTest, hoverReadsTheCurveAndDrawsNothingAnew)
     ASSERT_NE(graphics, nullptr);
     fWindow->grab();
     const int draws = graphics->drawCount();
-    const QPointF peak = plot()->plotter()->scale2Canvas(QPointF(500, 2));
+    const QPointF peak = plot()->plotter()->scale2Canvas(QPointF(600, 2));
     moveTo(view()->itemToView(*item()).map(peak).toPoint());
     EXPECT_EQ(dynamic_cast<T1DStackedPlot *>(plot())->pointedIndex(), 1);
     EXPECT_TRUE(fWindow->status().readout().contains("#2 of 3"));
@@ -166,7 +166,7 @@ TEST_F(MouseTest, aClickOnACurveMakesItActiveAndControlTurnsItsSelectionOver)
     IStackedItemCtx *stack = item()->stackedContext();
     ASSERT_NE(stack, nullptr);
     const auto peakOf = [this](int curve) {
-        return view()->itemToView(*item()).map(plot()->plotter()->scale2Canvas(QPointF(500, curve + 1))).toPoint();
+        return view()->itemToView(*item()).map(plot()->plotter()->scale2Canvas(QPointF(600, curve + 1))).toPoint();
     };
     QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, peakOf(2));
     EXPECT_EQ(stack->activeIndex(), 2);

@@ -45,13 +45,13 @@ protected:
 
     static void settle() { QCoreApplication::processEvents(); }
 
-    /// Writes a spectrum of `count` points from x = 0 with a peak in the middle, or several side by side.
+    /// Writes a spectrum of `count` points from x = 100 with a peak in the middle, or several side by side.
     QString writeCsv(const QString &name, int columns = 1, int count = 101)
     {
         QFile file(fFolder.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         for (int i = 0; i < count; ++i) {
-            QByteArray line = QByteArray::number(i * 10);
+            QByteArray line = QByteArray::number(100 + i * 10);
             for (int c = 1; c <= columns; ++c)
                 line += ',' + QByteArray::number(c / (1.0 + std::pow((i - count / 2) / 10.0, 2)));
             file.write(line + '\n');
