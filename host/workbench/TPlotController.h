@@ -9,8 +9,8 @@ class T1DStackedPlot;
 class TActionTable;
 class TBasePlot;
 class TCanvasSpectrum;
+class TCommand;
 class TDocumentController;
-class TPlotHand;
 
 /// The actions on the selected plots: zoom, fit, what is shown, display modes of stacks.
 class TPlotController : public QObject
@@ -28,7 +28,7 @@ private:
     T1DStackedPlot *stackedPlot() const;
     QString noPlot() const;
     QString noStack() const;
-    void push(class TCommand *command);
+    void push(TCommand *command);
     void addZoomActions(TActionTable &actions);
     void addShowActions(TActionTable &actions);
     void addStackActions(TActionTable &actions);

@@ -195,8 +195,8 @@ void TMMActCuts::paintGaps(QPainter &painter) const
         const QString text =
             QString("%1 .. %2")
                 .arg(QString::number(gap.values.a, 'f', decimals), QString::number(gap.values.b, 'f', decimals));
-        const QRectF box = painter.fontMetrics().boundingRect(text).translated(0, 0);
-        painter.drawText(QPointF(top.x() - box.width() / 2, top.y() - 4), text);
+        const double width = painter.fontMetrics().horizontalAdvance(text);
+        painter.drawText(QPointF(top.x() - width / 2, top.y() - 4), text);
     }
 }
 

@@ -219,8 +219,8 @@ bool TPlotHand::keyRelease(QKeyEvent *event)
 void TPlotHand::beginWheel()
 {
     if (!fWheelEnd.isActive()) {
-        fWheelHistory = &view()->history();
-        fWheelHistory->beginGesture();
+        fInWheel = true;
+        view()->history().beginGesture();
     }
     fWheelEnd.start();
 }
@@ -228,9 +228,9 @@ void TPlotHand::beginWheel()
 void TPlotHand::endWheel()
 {
     fWheelEnd.stop();
-    if (fWheelHistory && view()) // a document that was closed took its history with it
+    if (fInWheel)
         view()->history().endGesture();
-    fWheelHistory = nullptr;
+    fInWheel = false;
 }
 
 int TPlotHand::wheelMask(const QWheelEvent &event, const TMouseSpot &spot) const

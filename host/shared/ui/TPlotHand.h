@@ -42,7 +42,7 @@ private:
     TZoomBox fBox;
     TPanGesture fPan;
     QTimer fWheelEnd; // a run of wheel events is one gesture
-    TCommandHistory *fWheelHistory = nullptr;
+    bool fInWheel = false;
     TCanvasItemList fItems;
     TPlotPlace fPlace = placeOutside;
     bool fSpaceHeld = false;
