@@ -253,7 +253,7 @@ void T1DStackedBasePlotter::drawLone(QPainter &painter, const T1DPlotData<double
 
 void T1DStackedBasePlotter::drawPointedCurve(QPainter &painter, int order) const
 {
-    const QPen pen = penOf(order, stackedProperties().activePenWidthFactor());
+    const QPen pen = arrayedPen(order, stackedProperties().activePenWidthFactor());
     for (const TPointable &pointable : fPointable) {
         if (pointable.order != order)
             continue;
