@@ -1,6 +1,7 @@
 #include "TFileController.h"
 #include "TTheme.h"
 #include "WMainWindow.h"
+#include "builtin/TJCAMPPlugin.h"
 #include "log/TLogger.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
@@ -49,6 +50,7 @@ int main(int argc, char **argv)
     TDefaultsIni::setStore(settingsPath());
     TTheme::apply();
     TKelmoraHost host;
+    host.addBuiltIn(new TJCAMPPlugin);
     host.start();
     WMainWindow window(host);
     window.restoreLayout();
