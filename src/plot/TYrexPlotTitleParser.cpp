@@ -16,11 +16,17 @@ TYrexPlotTitleParser::TYrexPlotTitleParser(const TCanvasYrexSpectrum &item, int 
 {
 }
 
+bool TYrexPlotTitleParser::isTypedTitle() const
+{
+    const TSpectrumParam *param = fSpectrum->params().getParam(TSpectrumParam::cTitle);
+    return param && param->isEdited();
+}
+
 QString TYrexPlotTitleParser::shownTitle() const
 {
     const QString title = fSpectrum->title();
-    if (!title.isEmpty())
-        return title;
+    if (!title.isEmpty()) // underscores of a file's own title lower nothing either; those that a user typed do
+        return isTypedTitle() ? title : TTypesetter::escaped(title);
     // an untitled spectrum goes by its file, so that a picture says what it shows
     const QFileInfo info(fSpectrum->paramsBundle().fileName());
     const QString file = TTypesetter::escaped(info.completeBaseName()); // underscores of a file name lower nothing

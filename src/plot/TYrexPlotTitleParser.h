@@ -19,6 +19,7 @@ public:
 
 private:
     QString valueOf(const QString &name) const;
+    bool isTypedTitle() const;
     QString shownTitle() const;
 
     const TCanvasYrexSpectrum &fItem;

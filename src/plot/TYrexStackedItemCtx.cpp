@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "plot/TTypesetter.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 
@@ -248,7 +249,7 @@ QColor TYrexStackedItemCtx::color(int index) const
 
 QString TYrexStackedItemCtx::title(int index) const
 {
-    return stack().contains(index) ? fItem->spectrumTitle(index) : QString();
+    return stack().contains(index) ? TTypesetter::plainText(fItem->spectrumTitle(index)) : QString();
 }
 
 double TYrexStackedItemCtx::arrayedValue(int index) const

@@ -77,6 +77,16 @@ TEST(TCanvasYrexSpectrum, titlesExpandPlaceholders)
     EXPECT_EQ(item.spectrumTitle(9), "") << "no such spectrum";
 }
 
+TEST(TCanvasYrexSpectrum, onlyTypedTitlesAreTypeset)
+{
+    TYrexSpectrum *spectrum = titled("calc_1.004torr", "a.csv");
+    TCanvasYrexSpectrum item({spectrum}, nullptr, nullptr);
+    EXPECT_EQ(item.spectrumTitle(0), "calc\\_1.004torr") << "a file's title is as it stands";
+    EXPECT_EQ(item.title(true), "calc_1.004torr");
+    spectrum->params().getParam(TSpectrumParam::cTitle)->setEdited(true);
+    EXPECT_EQ(item.spectrumTitle(0), "calc_1.004torr");
+}
+
 TEST(TCanvasYrexSpectrum, roundTripsThroughAStream)
 {
     TCanvasYrexSpectrum item({titled("A", "a.csv"), titled("B", "b.csv")}, nullptr, nullptr);
