@@ -140,8 +140,8 @@ void TCliProcess::draw(TCliInput &input, int index) const
         error = TCliTarget::obstacle(paths.at(i), fPictures.replaces());
     for (int i = 0; i < paths.size() && error.isEmpty(); ++i) {
         TCanvasYrexSpectrum &item = *yrexItem(input.fItems.at(i));
-        const TCliPicture picture(item, fSize, input.provenance());
-        TCliWriter::writeFile(paths.at(i), picture.bytes(fPictures.form()), error);
+        cliPicture(item, fSize, input.provenance())
+            .save(paths.at(i), TPictureExporter::formOf("." + fPictures.form()), &error);
     }
     if (!error.isEmpty())
         input.fail(cConverterFileNotOpened, error);

@@ -7,43 +7,21 @@
 #include "TCliTarget.h"
 #include "TYrexChainJson.h"
 #include "canvas/TDocument.h"
+#include "exchange/ExportFile.h"
 #include "plugin/IConverter.h"
 #include "services/IBatchHost.h"
 #include "services/IJCAMPPlugin.h"
 #include "services/IPluginHost.h"
 #include "services/TImportDriver.h"
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QTemporaryDir>
-#include <cstdio>
 
 namespace {
 
 QString cannotWrite(const QString &path, const QString &why)
 {
     return QString("%1 cannot be written: %2").arg(path, why);
-}
-
-/// Lets an exporter write beside the place of a file and renames what it wrote.
-bool exportBeside(IConverter &converter, const TCanvasItemList &items, const QString &path, TCliInput &input)
-{
-    const QFileInfo info(path);
-    const QString beside =
-        QString("%1/.%2.%3.part").arg(info.path(), info.fileName()).arg(QCoreApplication::applicationPid());
-    const int code = converter.exportItems(items, beside);
-    bool done = code == cConverterOk;
-    if (!done)
-        input.fail(code, cannotWrite(path, TImportDriver::reason(code)));
-    else if (std::rename(QFile::encodeName(beside).constData(), QFile::encodeName(path).constData()) != 0) {
-        input.fail(cConverterFileNotOpened, cannotWrite(path, qt_error_string()));
-        done = false;
-    }
-    if (!done)
-        QFile::remove(beside);
-    return done;
 }
 
 QByteArray exportedBytes(IConverter &converter, TCliInput &input)
@@ -70,22 +48,12 @@ QStringList provenanceLines(const TCliInput &input, ICanvasItem *item)
     const TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
     const TYrexSpectrum *spectrum = spectrumItem ? spectrumItem->currentSpectrum() : nullptr;
     if (spectrum && spectrum->procParams().isAnyApplied())
-        lines.append("chain: " +
-                     QString::fromUtf8(TYrexChainJson::toJson(spectrum->procParams().actions())).simplified());
+        lines.append("chain: " + QString::fromUtf8(spectrumItem->chainText()).simplified());
     lines.append("written by: zarnu " + facts.value("version").toString());
     return lines;
 }
 
 } // namespace
-
-bool TCliWriter::writeFile(const QString &path, const QByteArray &bytes, QString &error)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return true;
-    error = cannotWrite(path, file.errorString());
-    return false;
-}
 
 /// Writes the items with the exporter of that format, each into a file of its own; `prepare` is told the first item of
 /// a file.
@@ -110,8 +78,10 @@ void TCliWriter::writeThrough(const QString &format, TCliInput &input, int index
     }
     for (int i = 0; i < paths.size(); ++i) {
         prepare(i);
-        if (!exportBeside(*converter, {input.fItems.at(i)}, paths.at(i), input))
-            return;
+        QString error;
+        const int code = ExportFile::write(*converter, {input.fItems.at(i)}, paths.at(i), &error);
+        if (code != cConverterOk)
+            return input.fail(code, error);
     }
 }
 
@@ -140,7 +110,7 @@ void TCliWriter::writeDocument(TCliInput &input, int index) const
     if (input.fIsDocument && !document.isModified()) {
         // what nothing changed is written as it came, also what a newer version put into it
         QFile source(input.fFile);
-        done = source.open(QIODevice::ReadOnly) && writeFile(path, source.readAll(), error);
+        done = source.open(QIODevice::ReadOnly) && ExportFile::write(path, source.readAll(), &error);
     } else {
         done = document.saveTo(path, &error);
         error = cannotWrite(path, error);
@@ -159,7 +129,7 @@ void TCliWriter::writeJson(TCliInput &input, int index, QByteArray &out) const
         return;
     }
     QString error;
-    if (!writeFile(fTarget.path(index), text, error))
+    if (!ExportFile::write(fTarget.path(index), text, &error))
         input.fail(cConverterFileNotOpened, error);
 }
 

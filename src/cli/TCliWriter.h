@@ -25,9 +25,6 @@ public:
     /// Writes the data of an input in the target's form. What goes to standard output is appended to `out`.
     void write(TCliInput &input, int index, QByteArray &out) const;
 
-    /// Writes bytes beside their place and renames; false, with an error in words, when that fails.
-    static bool writeFile(const QString &path, const QByteArray &bytes, QString &error);
-
 private:
     void writeCsv(TCliInput &input, int index, QByteArray &out) const;
     void writeJcamp(TCliInput &input, int index, QByteArray &out) const;

@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TDAYrexItemCtx.h"
+#include "TYrexChainJson.h"
 #include "TYrexPlotTitleParser.h"
 #include "TYrexSpectrumPropertiesBag.h"
 #include "TYrexUnits.h"
@@ -11,6 +12,8 @@
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 #include "utils/CommonUtils.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -202,6 +205,42 @@ void TCanvasYrexSpectrum::listChanged()
 {
     if (fDataObj)
         fDataObj->listChanged();
+}
+
+QByteArray TCanvasYrexSpectrum::chainText() const
+{
+    const TYrexSpectrum *spectrum = currentSpectrum();
+    if (!spectrum)
+        return QByteArray();
+    return TYrexChainJson::toJson(spectrum->procParams().actions()).trimmed().replace("\n  ", " ").replace("\n", " ");
+}
+
+QVector<TShownSeries> TCanvasYrexSpectrum::shownSeries() const
+{
+    QVector<TShownSeries> all;
+    if (!activeYrexPlot() || !fDataObj)
+        return all;
+    const QVector<QPair<double, double>> ranges = visibleRanges();
+    const auto isVisible = [&ranges](double x) {
+        return std::any_of(ranges.begin(), ranges.end(),
+                           [x](const QPair<double, double> &range) { return x >= range.first && x <= range.second; });
+    };
+    for (const int index : fStackedCtx.visibleOrder()) {
+        QVector<double> x, y;
+        exportSeries(index, &x, &y);
+        TShownSeries series;
+        series.fTitle = stack().at(index)->title();
+        series.fXUnit = yrexUnitDisplayName(shownXUnits());
+        series.fYUnit = yrexUnitDisplayName(shownYUnits());
+        for (int i = 0; i < x.size(); ++i) {
+            if (isVisible(x.at(i))) {
+                series.fX.append(x.at(i));
+                series.fY.append(y.at(i));
+            }
+        }
+        all.append(series);
+    }
+    return all;
 }
 
 QColor TCanvasYrexSpectrum::curveColor() const

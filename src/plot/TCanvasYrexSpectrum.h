@@ -40,6 +40,8 @@ public:
     void captureView(TViewHistoryEntry &view) const override;
     void restoreView(const TViewHistoryEntry &view) override;
     IStackedItemCtx *stackedContext() override { return &fStackedCtx; }
+    QByteArray chainText() const override;
+    QVector<TShownSeries> shownSeries() const override;
 
     IYrexPlotData *plotData(const QUuid &id) override;
     QString titleText(const QUuid &plotId, const QString &format, int option, int index) override;

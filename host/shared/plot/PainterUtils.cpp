@@ -3,8 +3,30 @@
 #include <QPainter>
 #include <cmath>
 
+namespace {
+
+thread_local bool gTextIsOutlined = false;
+
+}
+
 namespace Utils {
 namespace Painter {
+
+TOutlinedText::TOutlinedText(bool isOn)
+    : fBefore(gTextIsOutlined)
+{
+    gTextIsOutlined = isOn;
+}
+
+TOutlinedText::~TOutlinedText()
+{
+    gTextIsOutlined = fBefore;
+}
+
+bool TOutlinedText::isOn()
+{
+    return gTextIsOutlined;
+}
 
 QFont fontSizeInPixels(const QFont &font)
 {

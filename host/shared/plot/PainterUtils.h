@@ -30,5 +30,19 @@ double deviceScale(const QPainter &painter);
 /// and ticks are crisp; elsewhere it is a line of exactly that width.
 void drawCrispLine(QPainter &painter, const QLineF &line, double width, const QColor &color);
 
+/// While one lives, the text of plots is drawn as filled outlines: for files that are read where the font is missing.
+class TOutlinedText
+{
+public:
+    explicit TOutlinedText(bool isOn = true);
+    ~TOutlinedText();
+    TOutlinedText(const TOutlinedText &) = delete;
+    TOutlinedText &operator=(const TOutlinedText &) = delete;
+    static bool isOn();
+
+private:
+    bool fBefore;
+};
+
 } // namespace Painter
 } // namespace Utils

@@ -1,6 +1,7 @@
 #include "plot/TTypesetter.h"
 #include "plot/PainterUtils.h"
 #include <QPainter>
+#include <QPainterPath>
 #include <QRectF>
 
 namespace {
@@ -159,7 +160,14 @@ void TTypesetter::draw(QPainter &painter, const QPointF &pos, const QString &tex
     for (const TRun &run : parsed(text)) {
         const double shift = run.level > 0 ? -cRaise * ascent() : run.level < 0 ? cLower * ascent() : 0.0;
         painter.setFont(run.level == 0 ? fFont : fSmallFont);
-        painter.drawText(QPointF(x, pos.y() + shift), run.text);
+        const QPointF start(x, pos.y() + shift);
+        if (Utils::Painter::TOutlinedText::isOn()) {
+            QPainterPath outlines;
+            outlines.addText(start, painter.font(), run.text);
+            painter.fillPath(outlines, painter.pen().color());
+        } else {
+            painter.drawText(start, run.text);
+        }
         x += (run.level == 0 ? fMetrics : fSmallMetrics).horizontalAdvance(run.text);
     }
     painter.setFont(before);

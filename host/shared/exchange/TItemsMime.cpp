@@ -1,0 +1,120 @@
+#include "exchange/TItemsMime.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "canvas/TItemFragment.h"
+#include "consts/Consts.h"
+#include "exchange/TNumberTable.h"
+#include "exchange/TPictureExporter.h"
+#include "plot/TBasePlot.h"
+#include "settings/TDefaultsIni.h"
+#include "stream/TDataStream.h"
+#include "stream/TDataStreamAdaptor.h"
+
+#include <QCoreApplication>
+#include <QMimeData>
+
+namespace {
+
+constexpr char cSvgMime[] = "image/svg+xml";
+constexpr char cPngMime[] = "image/png";
+constexpr char cTabbedMime[] = "text/tab-separated-values";
+constexpr char cDecimalSign[] = "Kelmora/Clipboard/DecimalSign";
+
+/// Type, id and block of the active plot of the first spectrum item, as in a document; empty without one.
+QByteArray plotBytes(const TCanvasItemList &items)
+{
+    for (ICanvasItem *item : items) {
+        const auto *spectrum = dynamic_cast<TCanvasSpectrum *>(item);
+        const TBasePlot *plot = spectrum ? spectrum->activePlot() : nullptr;
+        if (!plot)
+            continue;
+        QByteArray bytes;
+        TDataStream stream(&bytes, QIODevice::WriteOnly);
+        stream << qint32(plot->plotType()) << plot->id();
+        TDataStreamAdaptor block(stream);
+        block.startStore();
+        plot->store(stream);
+        block.endStore();
+        return bytes;
+    }
+    return QByteArray();
+}
+
+QList<TNumberTable> tablesOf(const TCanvasItemList &items)
+{
+    const QByteArray sign = TDefaultsIni().value(cDecimalSign, ".").toString().toLatin1();
+    QList<TNumberTable> tables;
+    for (ICanvasItem *item : items) {
+        const auto *spectrum = dynamic_cast<TCanvasBaseSpectrum *>(item);
+        TNumberTable table(spectrum ? spectrum->shownSeries() : QVector<TShownSeries>());
+        table.setDecimalSign(sign == "," ? ',' : '.');
+        if (!table.isEmpty())
+            tables.append(table);
+    }
+    return tables;
+}
+
+QByteArray textOf(const QList<TNumberTable> &tables)
+{
+    QByteArray text;
+    for (const TNumberTable &table : tables)
+        text += (text.isEmpty() ? QByteArray() : QByteArray("\n")) + table.text();
+    return text;
+}
+
+} // namespace
+
+QMimeData *TItemsMime::ofItems(const TCanvasItemList &items)
+{
+    auto *data = new QMimeData;
+    data->setData(Consts::Common::cKelmoraMime, TItemFragment::store(items));
+    const QByteArray plot = plotBytes(items);
+    if (!plot.isEmpty())
+        data->setData(Consts::Common::cKelmoraMimeZarnuPlots, plot);
+    const TPictureExporter picture = TPictureExporter::ofItems(items);
+    data->setData(cSvgMime, picture.bytes(TPictureExporter::cSvg));
+    data->setData(cPngMime, picture.bytes(TPictureExporter::cPng));
+    const QList<TNumberTable> tables = tablesOf(items);
+    int points = 0;
+    for (const TNumberTable &table : tables)
+        points += table.pointCount();
+    if (points > 0 && points < cMaxPoints) {
+        const QByteArray text = textOf(tables);
+        data->setText(QString::fromUtf8(text));
+        data->setData(cTabbedMime, text);
+    } else {
+        const QString title = TPictureOrigin::of(items).fTitle;
+        const QString note = QCoreApplication::translate(
+            "TItemsMime", "%n point(s): too many to go along with a picture. Use Copy Numbers.", nullptr, points);
+        data->setText(points > 0 ? title + '\n' + note : title);
+    }
+    return data;
+}
+
+QMimeData *TItemsMime::numbersOf(const TCanvasItemList &items)
+{
+    const QList<TNumberTable> tables = tablesOf(items);
+    if (tables.isEmpty())
+        return nullptr;
+    auto *data = new QMimeData;
+    const QByteArray text = textOf(tables);
+    data->setText(QString::fromUtf8(text));
+    data->setData(cTabbedMime, text);
+    QByteArray html;
+    for (const TNumberTable &table : tables)
+        html += table.html();
+    data->setHtml(QString::fromUtf8(html));
+    return data;
+}
+
+QByteArray TItemsMime::fragment(const QMimeData *data)
+{
+    return data ? data->data(Consts::Common::cKelmoraMime) : QByteArray();
+}
+
+QByteArray TItemsMime::table(const QMimeData *data)
+{
+    if (!data)
+        return QByteArray();
+    return data->hasFormat(cTabbedMime) ? data->data(cTabbedMime) : data->text().toUtf8();
+}
