@@ -5,6 +5,7 @@
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "exchange/ExportFile.h"
 #include "log/TLogger.h"
 #include "plugin/IConverter.h"
 #include "services/TImportDriver.h"
@@ -19,6 +20,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -80,6 +82,17 @@ QList<TOpenResult> TFileController::open(const QStringList &paths)
     return results;
 }
 
+TOpenResult TFileController::openTable(const QByteArray &text)
+{
+    TOpenResult result;
+    const QTemporaryDir folder; // the reader takes files, and the name becomes the title
+    result.fPath = folder.filePath(tr("Pasted numbers") + ".csv");
+    if (ExportFile::write(result.fPath, text, &result.fReason))
+        result = importOne(result.fPath, "csv");
+    reportFailures({result});
+    return result;
+}
+
 TOpenResult TFileController::openOne(const QString &path)
 {
     TOpenResult result;
@@ -101,14 +114,14 @@ TOpenResult TFileController::openOne(const QString &path)
     return result;
 }
 
-TOpenResult TFileController::importOne(const QString &path)
+TOpenResult TFileController::importOne(const QString &path, const QString &format)
 {
     TOpenResult result;
     result.fPath = path;
     TPage *shown = fDocuments.page();
     TPage elsewhere; // none of the document: the command makes a new page then
     TPage *target = shown && shown->items().isEmpty() ? shown : &elsewhere;
-    const TImportResult imported = fHost.importDriver().import(path, target);
+    const TImportResult imported = fHost.importDriver().import(path, target, format);
     result.fCode = imported.fCode;
     result.fOk = Utils::Common::has_no_error(imported.fCode);
     result.fReason = imported.fReason;

@@ -30,6 +30,8 @@ public:
     void openDialog();
     /// Opens files in order; failed ones never stop the others, and are told of behind the last.
     QList<TOpenResult> open(const QStringList &paths);
+    /// Makes spectra of a table of numbers, as of a text file; what is no table is told.
+    TOpenResult openTable(const QByteArray &text);
     /// Documents and data files opened last, the latest first.
     QStringList recentDocuments() const;
     QStringList recentFiles() const;
@@ -45,7 +47,8 @@ signals:
 
 private:
     TOpenResult openOne(const QString &path);
-    TOpenResult importOne(const QString &path);
+    /// `format` names the converter outright.
+    TOpenResult importOne(const QString &path, const QString &format = QString());
     void reportFailures(const QList<TOpenResult> &results);
     QString dialogFilters() const;
     void addRecent(const QString &key, const QString &path);

@@ -1,14 +1,17 @@
 #include "WMainWindow.h"
 
+#include "TClipboardController.h"
 #include "TDocumentController.h"
 #include "TDropTarget.h"
 #include "TEmptyStateController.h"
+#include "TExportController.h"
 #include "TFileController.h"
 #include "TGuiHost.h"
 #include "TItemController.h"
 #include "TModeController.h"
 #include "TPageController.h"
 #include "TPlotController.h"
+#include "TPrintController.h"
 #include "TTheme.h"
 #include "TViewController.h"
 #include "WDocumentView.h"
@@ -127,6 +130,9 @@ void WMainWindow::connectActions()
     new TViewController(*fActions, *fDocuments, this);
     new TPlotController(*fActions, *fDocuments, this);
     new TItemController(*fActions, *fDocuments, this);
+    new TClipboardController(*fActions, *fDocuments, *fFiles, this);
+    fExports = new TExportController(fHost, *fActions, *fDocuments, this);
+    fPrinting = new TPrintController(*fActions, *fDocuments, this);
     fModes = new TModeController(*fActions, *fDocuments, this);
     addThemes();
 }
@@ -184,8 +190,9 @@ void WMainWindow::connectDocuments()
         fActions->scheduleUpdate();
     });
     connect(fActions, &TActionTable::updated, this, &WMainWindow::updateUndoTexts);
-    connect(fFiles, &TFileController::told, this,
-            [this](const QString &text) { statusBar()->showMessage(text, 5000); });
+    const auto show = [this](const QString &text) { statusBar()->showMessage(text, 5000); };
+    connect(fFiles, &TFileController::told, this, show);
+    connect(fExports, &TExportController::told, this, show);
     connect(fActions->menu("recent"), &QMenu::aboutToShow, this, &WMainWindow::fillRecentMenu);
     connect(fActions->menu("samples"), &QMenu::aboutToShow, this, &WMainWindow::fillSamplesMenu);
     connect(fActions->menu("window"), &QMenu::aboutToShow, this, &WMainWindow::fillWindowMenu);

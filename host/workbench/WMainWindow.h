@@ -7,8 +7,10 @@
 
 class QTabWidget;
 class TDocumentController;
+class TExportController;
 class TFileController;
 class TModeController;
+class TPrintController;
 class WStatusReadout;
 class TGuiHost;
 class TKelmoraHost;
@@ -28,6 +30,8 @@ public:
     TDocumentController &documents() { return *fDocuments; }
     TFileController &files() { return *fFiles; }
     TKelmoraHost &host() { return fHost; }
+    TExportController &exports() { return *fExports; }
+    TPrintController &printing() { return *fPrinting; }
     TModeController &modes() { return *fModes; }
     WStatusReadout &status() { return *fStatus; }
     /// Places the window and its docks as they were left, or as at the first start.
@@ -63,6 +67,8 @@ private:
     WPageNavigator *fPages;
     QDockWidget *fLog;
     TModeController *fModes = nullptr;
+    TExportController *fExports = nullptr;
+    TPrintController *fPrinting = nullptr;
     WStatusReadout *fStatus = nullptr;
     QByteArray fStateBeforeHiding;
 };

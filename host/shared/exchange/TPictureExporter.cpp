@@ -131,6 +131,19 @@ TPictureExporter::TPictureExporter(const QSizeF &canvas, const TDraw &draw, cons
 {
 }
 
+TPictureExporter TPictureExporter::ofItem(TCanvasItem &item, const QSizeF &canvas)
+{
+    const auto draw = [&item, canvas](QPainter &painter) {
+        const QRectF before = item.rect();
+        item.setRect(QRectF(QPointF(0.0, 0.0), canvas));
+        item.paintPicture(painter);
+        item.setRect(before);
+    };
+    TPictureExporter exporter(canvas, draw, TPictureOrigin::of(item));
+    exporter.fItems.append(&item);
+    return exporter;
+}
+
 TPictureExporter TPictureExporter::ofPage(const TPage &page)
 {
     TCanvasItemList items;
@@ -244,7 +257,7 @@ QByteArray TPictureExporter::svg() const
     generator.setTitle(fOrigin.fTitle.toHtmlEscaped());
     generator.setDescription(QString::fromUtf8(fOrigin.description()).toHtmlEscaped());
     QPainter painter(&generator);
-    if (fBackground != cTransparent && !fItems.isEmpty())
+    if (fBackground == cWhite)
         painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
     draw(painter, size);
     painter.end();

@@ -9,6 +9,7 @@
 #include <functional>
 
 class QPainter;
+class TCanvasItem;
 class TPage;
 
 /// A page, an item or some items of a page as a picture file: the same draw call as screen and print, without
@@ -26,6 +27,9 @@ public:
 
     /// `canvas` in canvas units of 0.1 mm; `draw` has to stay valid as long as the exporter.
     TPictureExporter(const QSizeF &canvas, const TDraw &draw, const TPictureOrigin &origin);
+    /// One item, laid out anew in a size of canvas units, so that its fonts keep theirs. It has to outlive the exporter
+    /// and looks the same afterwards.
+    static TPictureExporter ofItem(TCanvasItem &item, const QSizeF &canvas);
     /// The whole page. Page and items have to outlive the exporter.
     static TPictureExporter ofPage(const TPage &page);
     /// The items as they stand on their page, within the rectangle that bounds them; at least one.
