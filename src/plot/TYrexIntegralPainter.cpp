@@ -6,6 +6,7 @@
 #include "plot/T1DLabelArranger.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -15,6 +16,18 @@ constexpr double cHalfTick = TBasePlotter::cAxes1aryTickLength / 2;
 constexpr double cLeaderWidth = 0.6;   // of the pen's width
 constexpr double cUprightGlyph = 4.0;  // part of the height by which a turned base line stands right of the middle
 constexpr double cLabelDistance = 3.5; // half ticks from a segment to its label
+
+/// Lines that go on where the one before ends as one piece, so that a figure can be edited as a curve.
+QPainterPath pathOf(const QVector<QLineF> &lines)
+{
+    QPainterPath path;
+    for (const QLineF &line : lines) {
+        if (path.isEmpty() || path.currentPosition() != line.p1())
+            path.moveTo(line.p1());
+        path.lineTo(line.p2());
+    }
+    return path;
+}
 
 /// How a visible range stands to a region, as TRange::compare answers.
 enum TOutcome { cInside = 0, cBeginsBelow = 2, cEndsAbove = 3, cAround = 5 };
@@ -114,7 +127,10 @@ void TYrexIntegralPainter::drawOne(QPainter &painter, const TYrexIntegrationRegi
         QPen pen = fPen;
         pen.setCapStyle(Qt::RoundCap); // closes the joints of the lines
         painter.setPen(pen);
-        painter.drawLines(fCurve.lines());
+        if (Utils::Painter::isVectorOutput(painter))
+            painter.strokePath(pathOf(fCurve.lines()), pen);
+        else
+            painter.drawLines(fCurve.lines());
         curveRect = fCurve.rect();
         if (hasLabel && isOnCurve() && !fCurve.isEmpty())
             labelRect = drawCurveLabel(painter, fCurve.lastPoint(), text);
