@@ -188,12 +188,29 @@ bool TDocumentController::open(const QString &path, QString *error)
     }
     for (const QString &warning : qAsConst(report.fWarnings))
         TLogger::printToLogger("Kelmora", QString("%1: %2").arg(path, warning));
-    const int replaced = count() == 1 && isUntouched(0) ? 0 : -1;
-    add(std::move(document));
+    take(std::move(document));
+    return true;
+}
+
+int TDocumentController::indexOfSame(const TDocument &document) const
+{
+    for (int i = 0; i < count(); ++i) {
+        const TDocument *other = viewAt(i)->document();
+        const bool isSame = !document.path().isEmpty() && other->path() == document.path() && !other->isModified();
+        if (isSame || (count() == 1 && isUntouched(i)))
+            return i;
+    }
+    return -1;
+}
+
+TDocument *TDocumentController::take(std::unique_ptr<TDocument> document)
+{
+    const int replaced = indexOfSame(*document);
+    TDocument *taken = add(std::move(document))->document();
     if (replaced >= 0)
         remove(replaced);
     tellPlugins(fHost, Consts::Events::cDocLoaded);
-    return true;
+    return taken;
 }
 
 bool TDocumentController::save()
@@ -262,6 +279,7 @@ void TDocumentController::remove(int index)
     WDocumentView *view = viewAt(index);
     if (!view)
         return;
+    emit documentClosing(view->document());
     TOpenDocument entry = std::move(fDocuments[size_t(index)]);
     fDocuments.erase(fDocuments.begin() + index);
     fTabs->removeTab(index);

@@ -37,6 +37,9 @@ public:
     /// Opens a document file in a tab of its own; a document that nobody has touched gives its place. False, with
     /// the reason in words, when it cannot be read; nothing is changed then.
     bool open(const QString &path, QString *error);
+    /// Shows a document that was made elsewhere in a tab of its own. An unmodified one with the same path gives its
+    /// place, and so does one that nobody has touched.
+    TDocument *take(std::unique_ptr<TDocument> document);
     /// False when the user cancelled or the file could not be written.
     bool save();
     bool saveAs();
@@ -51,6 +54,8 @@ public:
 
 signals:
     void viewAdded(WDocumentView *view);
+    /// The document goes; the user has decided about its changes.
+    void documentClosing(TDocument *document);
     void documentShown(TDocument *document);
     void pageShown(TPage *page);
     /// Something of the document that is shown was changed, or its name, or its state on the disk.
@@ -70,6 +75,7 @@ private:
     void followPages(TDocument *document);
     bool mayClose(int index);
     bool isUntouched(int index) const;
+    int indexOfSame(const TDocument &document) const;
     int indexOf(const TDocument *document) const;
 
     TKelmoraHost &fHost;

@@ -1,6 +1,8 @@
 #include "WMainWindow.h"
 
 #include "TClipboardController.h"
+#include "TAutosave.h"
+#include "TAutosaveFile.h"
 #include "TDocumentController.h"
 #include "TDropTarget.h"
 #include "TEmptyStateController.h"
@@ -12,11 +14,13 @@
 #include "TPageController.h"
 #include "TPlotController.h"
 #include "TPrintController.h"
+#include "TRecovery.h"
 #include "TTheme.h"
 #include "TViewController.h"
 #include "WDocumentView.h"
 #include "WLogPane.h"
 #include "WPageNavigator.h"
+#include "WRecoveryDialog.h"
 #include "WStatusReadout.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
@@ -81,6 +85,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     connectDocuments();
     fStatus = new WStatusReadout(statusBar(), *fDocuments);
     new TEmptyStateController(host, *fDocuments, *fFiles, this);
+    fAutosave = new TAutosave(*fDocuments, TAutosaveFile::defaultFolder(), this);
     new TDropTarget(this, *fDocuments, *fFiles);
     fDocuments->newDocument();
     fActions->updateStates();
@@ -89,6 +94,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
 WMainWindow::~WMainWindow()
 {
     fHost.setGui(nullptr);
+    delete fAutosave;   // copies stay when documents go that the user was not asked about
     fDocuments.reset(); // before the tabs in which the views stand
 }
 
@@ -324,8 +330,22 @@ void WMainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    fAutosave->end();
     saveLayout();
     event->accept();
+}
+
+void WMainWindow::offerRecovery()
+{
+    auto *recovery = new TRecovery(*fDocuments, *fAutosave, TAutosaveFile::defaultFolder());
+    if (recovery->count() == 0) {
+        delete recovery;
+        return;
+    }
+    auto *dialog = new WRecoveryDialog(*recovery, this);
+    recovery->setParent(dialog);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 
 void WMainWindow::about()

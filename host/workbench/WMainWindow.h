@@ -6,6 +6,7 @@
 #include <memory>
 
 class QTabWidget;
+class TAutosave;
 class TDocumentController;
 class TExportController;
 class TFileController;
@@ -36,6 +37,9 @@ public:
     WStatusReadout &status() { return *fStatus; }
     /// Places the window and its docks as they were left, or as at the first start.
     void restoreLayout();
+    /// Asks what is to become of documents that an earlier program left unsaved, where there are any. Does not wait
+    /// for the answer.
+    void offerRecovery();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -63,6 +67,7 @@ private:
     QTabWidget *fTabs;
     std::unique_ptr<TDocumentController> fDocuments;
     TFileController *fFiles;
+    TAutosave *fAutosave;
     std::unique_ptr<TGuiHost> fGui;
     WPageNavigator *fPages;
     QDockWidget *fLog;

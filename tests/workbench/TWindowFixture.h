@@ -27,6 +27,7 @@ protected:
     TWindowFixture()
     {
         TDefaultsIni::setStore(TDefaultsIni::memory);
+        qputenv("XDG_STATE_HOME", QFile::encodeName(fFolder.filePath("state"))); // autosaves
         Utils::Gui::setMessageHook([this](const Utils::Gui::TMessage &message) {
             fMessages.append(message.fText);
             return fAnswer;

@@ -57,5 +57,6 @@ int main(int argc, char **argv)
     window.show();
     if (!parser.positionalArguments().isEmpty())
         window.files().open(parser.positionalArguments());
+    window.offerRecovery();
     return QApplication::exec();
 }

@@ -65,8 +65,11 @@ public:
     void store(TDataStream &stream) const;
     /// Reads into this document, which must be empty. False, with the reason in the report, when it cannot be read.
     bool loadFrom(const QString &path, TLoadReport &report);
+    /// Reads what an autosave kept of the document at `path`, which may be empty. The document is modified then: what
+    /// it holds stands in no file of its own.
+    bool restore(TDataStream &stream, const QString &path, TLoadReport &report);
     /// Reads what is whole in a damaged or cut file: damaged items are left out and named in the report. It becomes a
-    /// new document without a path. False when there is no whole item.
+    /// new, modified document without a path. False when there is no whole item.
     bool recoverFrom(const QString &path, TLoadReport &report);
     /// A tolerant stream is read as recoverFrom does.
     bool load(TDataStream &stream, TLoadReport &report);

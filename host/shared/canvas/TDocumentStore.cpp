@@ -325,6 +325,8 @@ bool TDocument::recoverFrom(const QString &path, TLoadReport &report)
     stream.setTolerant(true);
     const bool any = load(stream, report);
     fId = Utils::Common::createUuid();
+    if (any)
+        fHistory.setUnsaved();
     return any;
 }
 
@@ -340,5 +342,14 @@ bool TDocument::loadFrom(const QString &path, TLoadReport &report)
         return false;
     fPath = path;
     fHistory.setClean();
+    return true;
+}
+
+bool TDocument::restore(TDataStream &stream, const QString &path, TLoadReport &report)
+{
+    if (!load(stream, report))
+        return false;
+    fPath = path;
+    fHistory.setUnsaved();
     return true;
 }

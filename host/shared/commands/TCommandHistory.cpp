@@ -4,7 +4,14 @@
 #include "history/THistoryCommand.h"
 
 #include <QUndoCommand>
+#include <algorithm>
 #include <vector>
+
+namespace {
+
+constexpr qint64 cNeverSaved = -1; // no step has that stamp
+
+} // namespace
 
 /// A command's place on the stack, with those that joined it. They were run before they got there, so the first redo
 /// does nothing.
@@ -82,6 +89,21 @@ void TCommandHistory::setClean()
     changed();
 }
 
+void TCommandHistory::setUnsaved()
+{
+    fCleanStamp = cNeverSaved;
+    fStack.resetClean();
+    changed();
+}
+
+int TCommandHistory::unsavedSteps() const
+{
+    return int(std::count_if(fEntries.begin(), fEntries.end(), [this](const TStackEntry *entry) {
+        // done since, or undone since
+        return entry->stamp() != 0 && entry->isDone() == (entry->stamp() > fCleanStamp);
+    }));
+}
+
 void TCommandHistory::beginGesture()
 {
     ++fGesture;
@@ -109,7 +131,10 @@ bool TCommandHistory::push(TCommand *command)
     if (command->isVoid()) // running it showed that there was nothing to do
         return false;
     command->doHistoryCommand();
+    const bool isFirst = fMergeDepth == 0 || !fMergedAny;
+    const bool isEdit = !command->isViewOnly();
     if (!joinGesture(owned)) {
+        fEditCount += isFirst && isEdit;
         if (fMergeDepth > 0 && !fMergedAny) {
             fMergedAny = true;
             fStack.beginMacro(fMergedText.isEmpty() ? command->description() : fMergedText);

@@ -34,6 +34,14 @@ public:
     bool isModified() const { return stamp() != fCleanStamp; }
     /// What the document holds now is saved.
     void setClean();
+    /// What the document holds now stands nowhere on the disk: it is modified until it is saved.
+    void setUnsaved();
+    /// Steps that changed more than views and would be lost with what is not saved.
+    int unsavedSteps() const;
+    /// New steps so far that changed more than views; undo and redo do not count.
+    int editCount() const { return fEditCount; }
+    /// Whether a gesture or a group of commands is under way, so that the document stands between two steps.
+    bool isBusy() const { return fInGesture || fMergeDepth > 0; }
     /// Called after every step, its undo and redo.
     void setChangedHandler(const std::function<void()> &handler) { fChanged = handler; }
 
@@ -52,6 +60,7 @@ private:
     std::function<void()> fChanged; // stands before the stack, whose end calls it no more
     qint64 fLastStamp = 0;
     qint64 fCleanStamp = 0;
+    int fEditCount = 0;
     int fGesture = 0;
     bool fInGesture = false;
     QList<TStackEntry *> fEntries; // owned by the stack; stands before it, since its entries sign off here
