@@ -2,10 +2,14 @@
 
 #include "TDocumentController.h"
 #include "WDocumentView.h"
+#include "WInspectDialog.h"
+#include "WOpenReport.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
+#include "canvas/TLoadReport.h"
 #include "canvas/TPage.h"
 #include "exchange/ExportFile.h"
+#include "contexts/IStackedItemCtx.h"
 #include "log/TLogger.h"
 #include "plugin/IConverter.h"
 #include "services/TImportDriver.h"
@@ -27,7 +31,6 @@ namespace {
 constexpr char cOpenFolder[] = "Kelmora/Folders/Open";
 constexpr char cRecentDocuments[] = "Kelmora/Recent/Documents";
 constexpr char cRecentFiles[] = "Kelmora/Recent/Files";
-constexpr int cReportWidth = 3; // failed files that the text names; the details have all
 
 } // namespace
 
@@ -98,6 +101,7 @@ TOpenResult TFileController::openOne(const QString &path)
     TOpenResult result;
     if (TDocument::isDocument(path)) {
         result.fPath = path;
+        result.fIsDocument = true;
         result.fOk = fDocuments.open(path, &result.fReason);
         if (result.fOk)
             addRecentDocument(path);
@@ -127,6 +131,10 @@ TOpenResult TFileController::importOne(const QString &path, const QString &forma
     result.fReason = imported.fReason;
     if (!result.fOk || imported.fItems.isEmpty())
         return result;
+    for (ICanvasItem *one : imported.fItems) {
+        const IStackedItemCtx *stack = canvasItem(one)->stackedContext();
+        result.fSpectra += stack ? stack->count() : 1;
+    }
     TCanvasItem *item = canvasItem(imported.fItems.first());
     if (item->canvas()) {
         fDocuments.setPage(item->canvas());
@@ -135,22 +143,64 @@ TOpenResult TFileController::importOne(const QString &path, const QString &forma
     return result;
 }
 
+/// A document tells where it is damaged in a box of its own, since it can be opened in part.
 void TFileController::reportFailures(const QList<TOpenResult> &results)
 {
-    QStringList failed;
+    bool anyData = false;
     for (const TOpenResult &result : results) {
-        if (!result.fOk)
-            failed.append(tr("%1 could not be opened: %2 [%3]")
-                              .arg(QFileInfo(result.fPath).fileName(), result.fReason)
-                              .arg(result.fCode));
+        if (!result.fOk && result.fIsDocument)
+            offerWhatIsWhole(result);
+        anyData |= !result.fOk && !result.fIsDocument;
     }
-    if (failed.isEmpty())
+    if (!anyData)
         return;
-    QStringList text = failed.mid(0, cReportWidth);
-    if (failed.size() > cReportWidth)
-        text.append(tr("and %n more file(s)", nullptr, failed.size() - cReportWidth));
-    Utils::Gui::message(fWindow, QMessageBox::Warning, tr("Open Report"), text.join("\n\n"),
-                        failed.size() > cReportWidth ? failed.join('\n') : QString());
+    auto *report = new WOpenReport(fHost.importDriver(), results, fWindow);
+    report->setAttribute(Qt::WA_DeleteOnClose);
+    report->open();
+}
+
+void TFileController::offerWhatIsWhole(const TOpenResult &result)
+{
+    auto whole = std::make_unique<TDocument>();
+    TLoadReport report;
+    const bool isAny = whole->recoverFrom(result.fPath, report) && report.fItems > 0;
+    Utils::Gui::TMessage message;
+    message.fIcon = QMessageBox::Warning;
+    message.fTitle = tr("Open Document");
+    // the tolerant reader goes on behind a length that is too large, and so it finds the place of the damage
+    QString why = report.fError.isEmpty() ? result.fReason : report.fError;
+    if (!why.endsWith('.'))
+        why += '.';
+    message.fText = tr("%1 could not be opened. %2 Nothing was changed.").arg(QFileInfo(result.fPath).fileName(), why);
+    message.fDefault = QMessageBox::Ok;
+    if (isAny) {
+        message.fButtons = QMessageBox::Open | QMessageBox::Cancel;
+        message.fLabels.insert(QMessageBox::Open, tr("Open What Can Be Read"));
+        message.fDefault = QMessageBox::Cancel;
+    }
+    if (Utils::Gui::ask(fWindow, message) != QMessageBox::Open || !isAny)
+        return;
+    for (const QString &warning : qAsConst(report.fWarnings))
+        TLogger::printToLogger("Kelmora", QString("%1: %2").arg(result.fPath, warning));
+    fDocuments.take(std::move(whole));
+    emit told(tr("%n item(s) of %1 could be read", nullptr, report.fItems).arg(QFileInfo(result.fPath).fileName()));
+}
+
+void TFileController::inspectDialog()
+{
+    const QString folder = TDefaultsIni().value(cOpenFolder, QDir::homePath()).toString();
+    const QString path = QFileDialog::getOpenFileName(fWindow, tr("Inspect File"), folder);
+    if (!path.isEmpty())
+        inspect(path);
+}
+
+void TFileController::inspect(const QString &path)
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    auto *dialog = new WInspectDialog(path, fHost.importDriver().inspect(path), fWindow);
+    QGuiApplication::restoreOverrideCursor();
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show(); // it may stand beside the window
 }
 
 QStringList TFileController::recentDocuments() const

@@ -14,6 +14,8 @@ struct TOpenResult
     bool fOk = false;
     QString fReason; // in words, when it failed
     int fCode = 0;
+    int fSpectra = 0;         // that it brought; 0 for a document
+    bool fIsDocument = false; // by its content
 };
 
 /// Opens files: documents in tabs of their own, data files on pages of the document that is shown.
@@ -32,6 +34,9 @@ public:
     QList<TOpenResult> open(const QStringList &paths);
     /// Makes spectra of a table of numbers, as of a text file; what is no table is told.
     TOpenResult openTable(const QByteArray &text);
+    /// Asks for a file and shows what the readers see inside it.
+    void inspectDialog();
+    void inspect(const QString &path);
     /// Documents and data files opened last, the latest first.
     QStringList recentDocuments() const;
     QStringList recentFiles() const;
@@ -50,6 +55,7 @@ private:
     /// `format` names the converter outright.
     TOpenResult importOne(const QString &path, const QString &format = QString());
     void reportFailures(const QList<TOpenResult> &results);
+    void offerWhatIsWhole(const TOpenResult &result);
     QString dialogFilters() const;
     void addRecent(const QString &key, const QString &path);
 

@@ -113,6 +113,7 @@ void WMainWindow::connectActions()
     TDocumentController *documents = fDocuments.get();
     fActions->on("newDocument", [documents] { documents->newDocument(); });
     fActions->on("open", [this] { fFiles->openDialog(); });
+    fActions->on("inspectFile", [this] { fFiles->inspectDialog(); });
     fActions->on("save", [documents] { documents->save(); });
     fActions->on("saveAs", [documents] { documents->saveAs(); });
     fActions->on("close", [documents] { documents->closeCurrent(); });

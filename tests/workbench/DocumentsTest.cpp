@@ -25,20 +25,6 @@ TEST_F(DocumentsTest, theFirstFileFillsTheEmptyPageAndEachFurtherOneGetsItsOwn)
     EXPECT_EQ(fWindow->windowTitle(), "Untitled[*] - Kelmora");
 }
 
-TEST_F(DocumentsTest, aFileThatCannotBeReadIsToldAndStopsNoOther)
-{
-    QFile broken(fFolder.filePath("broken.spc"));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write(QByteArray(64, '\0'));
-    broken.close();
-    fWindow->files().open({broken.fileName(), fFolder.filePath("missing.csv"), writeCsv("good.csv")});
-    ASSERT_EQ(fMessages.size(), 1);
-    EXPECT_TRUE(fMessages.first().contains("broken.spc"));
-    EXPECT_TRUE(fMessages.first().contains("missing.csv"));
-    EXPECT_EQ(document()->items().size(), 1);
-    EXPECT_EQ(fWindow->files().recentFiles(), QStringList(fFolder.filePath("good.csv")));
-}
-
 TEST_F(DocumentsTest, undoAndRedoCarryTheirDescription)
 {
     open(writeCsv("one.csv"));
@@ -90,22 +76,6 @@ TEST_F(DocumentsTest, closingAsksWhileThereAreChanges)
     fAnswer = QMessageBox::Discard;
     EXPECT_TRUE(fWindow->close());
     EXPECT_EQ(fMessages.size(), 2);
-}
-
-TEST_F(DocumentsTest, aDocumentThatIsCutShortChangesNothing)
-{
-    open(writeCsv("one.csv"));
-    const QString path = fFolder.filePath("cut.klm");
-    ASSERT_TRUE(fWindow->documents().saveTo(path));
-    TDocument *before = document();
-    QFile file(fFolder.filePath("half.klm"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    const QByteArray whole = bytesOf(path);
-    file.write(whole.left(whole.size() / 2));
-    file.close();
-    open(file.fileName());
-    EXPECT_EQ(fMessages.size(), 1);
-    EXPECT_EQ(document(), before);
 }
 
 TEST_F(DocumentsTest, pagesAreStepsThatCanBeUndone)

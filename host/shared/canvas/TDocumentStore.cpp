@@ -158,9 +158,11 @@ bool TDocument::saveTo(const QString &path, QString *error)
 
 bool TDocument::fail(TDataStream &stream, TLoadReport &report, const QString &where) const
 {
+    if (!report.fError.isEmpty())
+        return false; // a tolerant reader went on; the first place counts
     const qint64 position = stream.devicePosition();
-    const QString why =
-        stream.status() == QDataStream::ReadPastEnd ? tr("the data end early") : tr("the data are damaged");
+    const bool isCut = stream.status() == QDataStream::ReadPastEnd || stream.isTruncated();
+    const QString why = isCut ? tr("the data end early") : tr("the data are damaged");
     report.fPosition = position;
     report.fError = tr("At byte %1, %2: %3.").arg(QLocale::c().toString(position).replace(",", " "), where, why);
     return false;
@@ -183,6 +185,9 @@ bool TDocument::loadItem(TDataStream &stream, TPage &page, int itemNumber, TLoad
     TDataStreamAdaptor block(stream);
     if (block.hasData())
         item->load(stream);
+    const bool isWhole = stream.isGood() && !stream.isTruncated();
+    if (stream.isTolerant() && !isWhole)
+        fail(stream, report, tr("in page %1, item %2").arg(fPages.size()).arg(itemNumber));
     block.skipData();
     const bool isCut = stream.isTruncated();
     stream.setTruncated(wasCutBefore || isCut);

@@ -1,5 +1,7 @@
 #include "widgets/GuiUtils.h"
 
+#include <QAbstractButton>
+
 namespace Utils {
 namespace Gui {
 
@@ -21,6 +23,10 @@ QMessageBox::StandardButton ask(QWidget *parent, const TMessage &message)
     QMessageBox box(message.fIcon, message.fTitle, message.fText, message.fButtons, parent);
     box.setDetailedText(message.fDetails);
     box.setDefaultButton(message.fDefault);
+    for (auto label = message.fLabels.begin(); label != message.fLabels.end(); ++label) {
+        if (QAbstractButton *button = box.button(label.key()))
+            button->setText(label.value());
+    }
     return QMessageBox::StandardButton(box.exec());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QMessageBox>
 #include <functional>
 
@@ -16,6 +17,7 @@ struct TMessage
     QString fDetails;
     QMessageBox::StandardButtons fButtons = QMessageBox::Ok;
     QMessageBox::StandardButton fDefault = QMessageBox::NoButton;
+    QMap<QMessageBox::StandardButton, QString> fLabels; // of buttons that say more than their usual word
 };
 using TMessageHook = std::function<QMessageBox::StandardButton(const TMessage &)>;
 

@@ -1,0 +1,111 @@
+#include "TWindowFixture.h"
+#include "WInspectDialog.h"
+#include "WOpenReport.h"
+#include "plugin/IConverter.h"
+#include "services/TImportDriver.h"
+
+#include <QClipboard>
+#include <QPlainTextEdit>
+#include <QTableWidget>
+#include <QTreeWidget>
+
+namespace {
+
+class FilesTest : public TWindowFixture
+{
+protected:
+    QString write(const QString &name, const QByteArray &bytes)
+    {
+        QFile file(fFolder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    }
+    static QByteArray bytesOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    WOpenReport *report() { return fWindow->findChild<WOpenReport *>(); }
+};
+
+} // namespace
+
+TEST_F(FilesTest, failedFilesAreReportedBehindTheLastAndStopNoOther)
+{
+    const QString broken = write("broken.spc", QByteArray(64, '\0'));
+    fWindow->files().open({broken, fFolder.filePath("missing.csv"), writeCsv("good.csv", 3)});
+    EXPECT_EQ(document()->items().size(), 1);
+    EXPECT_EQ(fWindow->files().recentFiles(), QStringList(fFolder.filePath("good.csv")));
+    ASSERT_TRUE(report());
+    const auto *table = report()->findChild<QTableWidget *>();
+    ASSERT_EQ(table->rowCount(), 3);
+    const auto cell = [table](int row, int column) { return table->item(row, column)->text(); };
+    EXPECT_EQ(cell(0, 0), "broken.spc");
+    EXPECT_EQ(cell(0, 1), "failed");
+    EXPECT_EQ(cell(1, 3), QString::number(cConverterFileNotOpened));
+    EXPECT_EQ(cell(2, 1), "opened");
+    EXPECT_TRUE(cell(2, 2).startsWith('3'));
+
+    const auto *details = report()->findChild<QPlainTextEdit *>();
+    report()->showDetails(true); // of the first that failed
+    EXPECT_EQ(details->toPlainText(), fHost.importDriver().inspect(broken).text());
+    report()->showDetails(false);
+    report()->copy();
+    EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 4);
+    EXPECT_TRUE(fMessages.isEmpty());
+}
+
+TEST_F(FilesTest, noReportWhenAllIsWell)
+{
+    open(writeCsv("good.csv"));
+    EXPECT_FALSE(report());
+}
+
+TEST_F(FilesTest, aCutDocumentOpensInPartWhenTheUserWants)
+{
+    open(writeCsv("one.csv"));
+    open(writeCsv("two.csv", 3));
+    const QString path = fFolder.filePath("whole.klm");
+    ASSERT_TRUE(fWindow->documents().saveTo(path));
+    const QByteArray whole = bytesOf(path);
+    const QByteArray half = whole.left(whole.size() * 2 / 3);
+    const QString cut = write("half.klm", half);
+    TDocument *before = document();
+
+    open(cut);
+    ASSERT_EQ(fMessages.size(), 1);
+    EXPECT_TRUE(fMessages.last().startsWith("half.klm could not be opened. At byte "))
+        << fMessages.last().toStdString();
+    EXPECT_TRUE(fMessages.last().contains(", in page 2, item 1: the data end early. "))
+        << fMessages.last().toStdString();
+    EXPECT_TRUE(fMessages.last().endsWith("Nothing was changed."));
+    EXPECT_EQ(document(), before);
+    EXPECT_FALSE(report());
+
+    fAnswer = QMessageBox::Open;
+    open(cut);
+    EXPECT_NE(document(), before);
+    EXPECT_EQ(document()->items().size(), 1);
+    EXPECT_TRUE(document()->path().isEmpty());
+    EXPECT_TRUE(document()->isModified());
+    EXPECT_EQ(bytesOf(cut), half);
+
+    TDocument *part = document();
+    open(write("head.klm", whole.left(20))); // nothing whole in it, so nothing is offered
+    EXPECT_EQ(fMessages.size(), 3);
+    EXPECT_EQ(document(), part);
+}
+
+TEST_F(FilesTest, theInsideOfAFileIsATreeThatCanBeCopied)
+{
+    const QString path = writeCsv("one.csv");
+    fWindow->files().inspect(path);
+    auto *dialog = fWindow->findChild<WInspectDialog *>();
+    ASSERT_TRUE(dialog);
+    const auto *tree = dialog->findChild<QTreeWidget *>();
+    EXPECT_EQ(tree->topLevelItem(0)->text(0), "one.csv");
+    EXPECT_GT(tree->topLevelItem(0)->childCount(), 2);
+    dialog->copy();
+    EXPECT_EQ(QApplication::clipboard()->text(), fHost.importDriver().inspect(path).text());
+}
