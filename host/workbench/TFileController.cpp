@@ -81,6 +81,7 @@ QList<TOpenResult> TFileController::open(const QStringList &paths)
     for (const QString &path : paths)
         results.append(openOne(QFileInfo(path).absoluteFilePath()));
     QGuiApplication::restoreOverrideCursor();
+    tellImported();
     reportFailures(results);
     return results;
 }
@@ -94,6 +95,12 @@ TOpenResult TFileController::openTable(const QByteArray &text)
         result = importOne(result.fPath, "csv");
     reportFailures({result});
     return result;
+void TFileController::tellImported()
+{
+    const QList<TImportedFile> files = fImported;
+    fImported.clear();
+    if (!files.isEmpty())
+        emit imported(files);
 }
 
 TOpenResult TFileController::openOne(const QString &path)
@@ -102,6 +109,7 @@ TOpenResult TFileController::openOne(const QString &path)
     if (TDocument::isDocument(path)) {
         result.fPath = path;
         result.fIsDocument = true;
+        tellImported(); // while their document is still the one that is shown
         result.fOk = fDocuments.open(path, &result.fReason);
         if (result.fOk)
             addRecentDocument(path);
@@ -131,6 +139,7 @@ TOpenResult TFileController::importOne(const QString &path, const QString &forma
     result.fReason = imported.fReason;
     if (!result.fOk || imported.fItems.isEmpty())
         return result;
+    fImported.append({path, imported.fItems});
     for (ICanvasItem *one : imported.fItems) {
         const IStackedItemCtx *stack = canvasItem(one)->stackedContext();
         result.fSpectra += stack ? stack->count() : 1;

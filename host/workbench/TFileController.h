@@ -1,5 +1,7 @@
 #pragma once
 
+#include "canvas/TCanvasItemList.h"
+
 #include <QObject>
 #include <QStringList>
 
@@ -16,6 +18,13 @@ struct TOpenResult
     int fCode = 0;
     int fSpectra = 0;         // that it brought; 0 for a document
     bool fIsDocument = false; // by its content
+};
+
+/// A data file and the items that it became.
+struct TImportedFile
+{
+    QString fPath;
+    TCanvasItemList fItems;
 };
 
 /// Opens files: documents in tabs of their own, data files on pages of the document that is shown.
@@ -47,6 +56,8 @@ public:
 
 signals:
     void recentChanged();
+    /// Data files that were opened together; they stand on pages of the document that is shown.
+    void imported(const QList<TImportedFile> &files);
     /// A text for the status bar.
     void told(const QString &text);
 
@@ -54,6 +65,8 @@ private:
     TOpenResult openOne(const QString &path);
     /// `format` names the converter outright.
     TOpenResult importOne(const QString &path, const QString &format = QString());
+    void tellImported();
+    TOpenResult importOne(const QString &path);
     void reportFailures(const QList<TOpenResult> &results);
     void offerWhatIsWhole(const TOpenResult &result);
     QString dialogFilters() const;
@@ -62,4 +75,5 @@ private:
     TKelmoraHost &fHost;
     TDocumentController &fDocuments;
     QWidget *fWindow;
+    QList<TImportedFile> fImported; // since the last signal
 };

@@ -1,6 +1,7 @@
 #include "WDocumentView.h"
 
 #include "TViewInput.h"
+#include "WViewBars.h"
 #include "canvas/TCanvasSpectrum.h"
 #include "canvas/TDocument.h"
 #include "canvas/TItemGraphics.h"
@@ -26,7 +27,9 @@ constexpr int cShadowSteps = 6;      // pixels
 WDocumentView::WDocumentView(TDocument *document, QWidget *parent)
     : QGraphicsView(parent)
     , fDocument(document)
+    , fBars(new WViewBars(this))
 {
+    connect(fBars, &WViewBars::heightChanged, this, &WDocumentView::placeBars);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -76,6 +79,21 @@ void WDocumentView::followPage()
     viewport()->update();
 }
 
+void WDocumentView::addBar(QWidget *bar)
+{
+    fBars->add(bar);
+}
+
+void WDocumentView::placeBars()
+{
+    const int height = fBars->barsHeight();
+    fBars->setGeometry(0, 0, width(), height);
+    fBars->setVisible(height > 0);
+    setViewportMargins(0, height, 0, 0);
+    if (fFitted)
+        fitPage();
+}
+
 double WDocumentView::actualScale() const
 {
     return logicalDpiX() / cUnitsPerInch;
@@ -114,7 +132,8 @@ void WDocumentView::fitPage()
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     if (!fPage)
         return;
-    const QSizeF room = QSizeF(size()) - QSizeF(2 * cDeskMargin, 2 * cDeskMargin);
+    const QSizeF desk = QSizeF(width(), height() - fBars->barsHeight());
+    const QSizeF room = desk - QSizeF(2 * cDeskMargin, 2 * cDeskMargin);
     const QSizeF paper = fPage->size();
     const double scale = qMin(room.width() / paper.width(), room.height() / paper.height());
     applyScale(qMax(scale, cMinZoom * actualScale()));
@@ -142,6 +161,7 @@ void WDocumentView::drawBackground(QPainter *painter, const QRectF &)
 void WDocumentView::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
+    fBars->resize(width(), fBars->barsHeight());
     if (fFitted)
         fitPage();
 }

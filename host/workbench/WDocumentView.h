@@ -11,6 +11,7 @@
 
 class TDocument;
 class TPluginMouseModeHandler;
+class WViewBars;
 class TViewInput;
 struct TPlotReadout;
 
@@ -38,6 +39,9 @@ public:
     /// The whole page in the window; it stays so while the window changes its size.
     void fitPage();
     bool isFitted() const { return fFitted; }
+
+    /// Puts a bar above the page and takes it over; one that is hidden or deleted leaves its room.
+    void addBar(QWidget *bar);
 
     TItemSelection &selection() { return fSelection; }
     TViewInput &input() { return *fInput; }
@@ -78,11 +82,13 @@ private:
     double actualScale() const; // pixels per canvas unit at zoom 1
     void applyScale(double scale);
     void followPage();
+    void placeBars();
 
     TDocument *fDocument; // not owned; lives longer
     QPointer<TPage> fPage;
     TItemSelection fSelection;
     std::unique_ptr<TViewInput> fInput;
+    WViewBars *fBars;
     TSecurePtr<TCanvasSpectrum> fPointed; // has a highlighted curve
     QPointF fMousePos;
     QString fHint;

@@ -16,6 +16,7 @@
 #include "TPrintController.h"
 #include "TRecovery.h"
 #include "TTheme.h"
+#include "TUnitsController.h"
 #include "TViewController.h"
 #include "WDocumentView.h"
 #include "WLogPane.h"
@@ -200,6 +201,10 @@ void WMainWindow::connectDocuments()
     const auto show = [this](const QString &text) { statusBar()->showMessage(text, 5000); };
     connect(fFiles, &TFileController::told, this, show);
     connect(fExports, &TExportController::told, this, show);
+    connect(fFiles, &TFileController::told, this,
+            [this](const QString &text) { statusBar()->showMessage(text, 5000); });
+    connect(new TUnitsController(fHost, *fDocuments, *fFiles), &TUnitsController::told, this,
+            [this](const QString &text) { statusBar()->showMessage(text, 5000); });
     connect(fActions->menu("recent"), &QMenu::aboutToShow, this, &WMainWindow::fillRecentMenu);
     connect(fActions->menu("samples"), &QMenu::aboutToShow, this, &WMainWindow::fillSamplesMenu);
     connect(fActions->menu("window"), &QMenu::aboutToShow, this, &WMainWindow::fillWindowMenu);

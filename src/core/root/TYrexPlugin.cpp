@@ -14,6 +14,7 @@
 #include "TYrexPluginWrapper.h"
 #include "TYrexSERSBTConverter.h"
 #include "TYrexSPConverter.h"
+#include "TYrexUnitSetting.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "consts/Consts.h"
@@ -236,4 +237,24 @@ QList<TConsoleCommand> TYrexPlugin::commands() const
 int TYrexPlugin::run(const QString &name, const QStringList &arguments, IConsole &console)
 {
     return TYrexCommandLine(fHost).run(name, arguments, console);
+}
+
+bool TYrexPlugin::hasUnknownUnits(TCanvasItem *item) const
+{
+    return TYrexUnitSetting::isUnknown(item);
+}
+
+QList<TUnitChoice> TYrexPlugin::unitChoices(TAxisDir axis) const
+{
+    return TYrexUnitSetting::choices(axis);
+}
+
+TUnitPair TYrexPlugin::guessUnits(TCanvasItem *item, const QString &fileName) const
+{
+    return TYrexUnitSetting::guess(item, fileName);
+}
+
+QList<TCommand *> TYrexPlugin::setUnitsCommands(const TCanvasItemList &items, const TUnitPair &units) const
+{
+    return TYrexUnitSetting::commands(items, units);
 }

@@ -8,6 +8,7 @@
 #include "plugin/IPluginItemParameters.h"
 #include "plugin/IPluginSpectrumItemsContext.h"
 #include "plugin/IPluginStackedItemsContext.h"
+#include "plugin/IPluginUnits.h"
 #include "plugin/IYrexPlugin.h"
 #include "plugin/TBasePluginEx.h"
 
@@ -24,11 +25,12 @@ class TYrexPlugin : public TBasePluginEx,
                     public IPluginAdjustStackedItems,
                     public IPluginCompareItems,
                     public IPluginCommandLine,
+                    public IPluginUnits,
                     public IYrexItemFactory
 {
     Q_OBJECT
     Q_INTERFACES(IYrexPlugin IPluginDAItems IPluginItemParameters IPluginSpectrumItemsContext IPluginStackedItemsContext
-                     IPluginCompareItems IPluginCommandLine)
+                     IPluginCompareItems IPluginCommandLine IPluginUnits)
 
 public:
     TYrexPlugin();
@@ -62,6 +64,11 @@ public:
     void compare(const TCanvasItemList &items, int flags) override;
 
     QList<TConsoleCommand> commands() const override;
+    bool hasUnknownUnits(TCanvasItem *item) const override;
+    QList<TUnitChoice> unitChoices(TAxisDir axis) const override;
+    TUnitPair guessUnits(TCanvasItem *item, const QString &fileName) const override;
+    QList<TCommand *> setUnitsCommands(const TCanvasItemList &items, const TUnitPair &units) const override;
+
     int run(const QString &name, const QStringList &arguments, IConsole &console) override;
 
     /// Skew angle of new stacks, in degrees.

@@ -1,0 +1,81 @@
+#include "WUnitBar.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QToolButton>
+
+namespace {
+
+constexpr int cMargin = 6;
+const QColor cPaper(0xFF, 0xF1, 0xC2);
+const QColor cInk(0x2B, 0x2F, 0x36);
+
+QComboBox *makeChoice(const QString &name, const QString &toolTip, const QList<TUnitChoice> &choices)
+{
+    auto *box = new QComboBox;
+    box->setObjectName(name);
+    box->setToolTip(toolTip);
+    for (const TUnitChoice &choice : choices)
+        box->addItem(choice.fName, choice.fCode);
+    return box;
+}
+
+} // namespace
+
+WUnitBar::WUnitBar(const QList<TUnitChoice> &x, const QList<TUnitChoice> &y, const TUnitPair &guess, QWidget *parent)
+    : QWidget(parent)
+    , fX(makeChoice("xUnits", tr("Unit of the horizontal axis"), x))
+    , fY(makeChoice("yUnits", tr("Unit of the vertical axis"), y))
+    , fSame(new QCheckBox(tr("Same for this kind of file")))
+{
+    setObjectName("unitBar");
+    setAutoFillBackground(true);
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, cPaper);
+    setPalette(colours);
+    auto *text = new QLabel(tr("Units are not known:"));
+    colours.setColor(QPalette::WindowText, cInk); // the bar is bright in a dark window as well
+    for (QWidget *written : {static_cast<QWidget *>(text), static_cast<QWidget *>(fSame)})
+        written->setPalette(colours);
+    auto *set = new QPushButton(tr("Set"));
+    set->setObjectName("set");
+    auto *close = new QToolButton;
+    close->setAutoRaise(true);
+    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    close->setToolTip(tr("Leave the units as they are"));
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(2 * cMargin, cMargin, cMargin, cMargin);
+    for (QWidget *part : {static_cast<QWidget *>(text), static_cast<QWidget *>(fX), static_cast<QWidget *>(fY),
+                          static_cast<QWidget *>(set), static_cast<QWidget *>(fSame)})
+        layout->addWidget(part);
+    layout->addStretch();
+    layout->addWidget(close);
+    setUnits(guess);
+    connect(set, &QPushButton::clicked, this, &WUnitBar::accepted);
+    connect(close, &QToolButton::clicked, this, &WUnitBar::dismissed);
+}
+
+TUnitPair WUnitBar::units() const
+{
+    return {fX->currentData().toInt(), fY->currentData().toInt()};
+}
+
+void WUnitBar::setUnits(const TUnitPair &units)
+{
+    fX->setCurrentIndex(qMax(0, fX->findData(units.fX)));
+    fY->setCurrentIndex(qMax(0, fY->findData(units.fY)));
+}
+
+bool WUnitBar::isRemembered() const
+{
+    return fSame->isChecked();
+}
+
+void WUnitBar::setRemembered(bool remembered)
+{
+    fSame->setChecked(remembered);
+}
