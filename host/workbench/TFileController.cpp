@@ -192,7 +192,7 @@ void TFileController::offerWhatIsWhole(const TOpenResult &result)
     for (const QString &warning : qAsConst(report.fWarnings))
         TLogger::printToLogger("Kelmora", QString("%1: %2").arg(result.fPath, warning));
     fDocuments.take(std::move(whole));
-    emit told(tr("%n item(s) of %1 could be read", nullptr, report.fItems).arg(QFileInfo(result.fPath).fileName()));
+    emit told(tr("Items of %1 that could be read: %2").arg(QFileInfo(result.fPath).fileName()).arg(report.fItems));
 }
 
 void TFileController::inspectDialog()

@@ -16,7 +16,7 @@ namespace {
 enum TColumn { cPart, cValue, cNote, cPlace, cSize, cColumnCount };
 constexpr QSize cFirstSize(860, 560);
 constexpr int cPartWidth = 200;
-constexpr int cValueWidth = 240;
+constexpr int cValueWidth = 320;
 constexpr int cNoteWidth = 220;
 constexpr int cOpenLevels = 2;
 const QColor cBroken(0xD0, 0x02, 0x1B);

@@ -77,11 +77,11 @@ void WOpenReport::fillRow(int row, const TOpenResult &result)
     };
     set(cFile, QFileInfo(result.fPath).fileName());
     set(cResult, result.fOk ? tr("opened") : tr("failed"));
-    const QString count = result.fSpectra > 0 ? tr("%n spectra", nullptr, result.fSpectra) : QString();
-    set(cReason, result.fOk ? count : result.fReason);
+    const QString many = result.fSpectra > 1 ? tr("%1 spectra").arg(result.fSpectra) : QString();
+    set(cReason, result.fOk ? (result.fSpectra == 1 ? tr("1 spectrum") : many) : result.fReason);
     // the codes of running out of memory and of values that are no numbers have the highest bit set
-    set(cCode, result.fCode < 0 ? QString("0x%1").arg(quint32(result.fCode), 8, 16, QChar('0'))
-                                : QString::number(result.fCode));
+    const QString plain = result.fOk ? QString() : QString::number(result.fCode);
+    set(cCode, result.fCode < 0 ? QString("0x%1").arg(quint32(result.fCode), 8, 16, QChar('0')) : plain);
 }
 
 QString WOpenReport::text() const

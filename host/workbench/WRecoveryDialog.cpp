@@ -99,7 +99,8 @@ void WRecoveryDialog::fillRow(int row)
     fTable->setItem(row, cDocument, name);
     fTable->setItem(row, cLastSaved, new QTableWidgetItem(timeText(info.fSaved)));
     fTable->setItem(row, cAutosaved, new QTableWidgetItem(timeText(info.fAutosaved)));
-    fTable->setItem(row, cSteps, new QTableWidgetItem(tr("%n step(s)", nullptr, info.fSteps)));
+    fTable->setItem(row, cSteps,
+                    new QTableWidgetItem(info.fSteps == 1 ? tr("1 step") : tr("%1 steps").arg(info.fSteps)));
 }
 
 QList<int> WRecoveryDialog::selectedRows() const
@@ -170,7 +171,7 @@ void WRecoveryDialog::discard()
     Utils::Gui::TMessage question;
     question.fIcon = QMessageBox::Warning;
     question.fTitle = windowTitle();
-    question.fText = tr("%n step(s) that are not saved will be lost for good.", nullptr, steps);
+    question.fText = tr("Steps that are not saved and will be lost for good: %1.").arg(steps);
     question.fButtons = QMessageBox::Discard | QMessageBox::Cancel;
     question.fDefault = QMessageBox::Cancel;
     if (rows.isEmpty() || Utils::Gui::ask(this, question) != QMessageBox::Discard)

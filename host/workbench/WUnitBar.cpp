@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int cMargin = 6;
+constexpr int cShownLetters = 12;
 const QColor cPaper(0xFF, 0xF1, 0xC2);
 const QColor cInk(0x2B, 0x2F, 0x36);
 
@@ -19,6 +20,8 @@ QComboBox *makeChoice(const QString &name, const QString &toolTip, const QList<T
     auto *box = new QComboBox;
     box->setObjectName(name);
     box->setToolTip(toolTip);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(cShownLetters);
     for (const TUnitChoice &choice : choices)
         box->addItem(choice.fName, choice.fCode);
     return box;
@@ -34,6 +37,7 @@ WUnitBar::WUnitBar(const QList<TUnitChoice> &x, const QList<TUnitChoice> &y, con
 {
     setObjectName("unitBar");
     setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Window); // else the view's, which is the colour of text fields
     QPalette colours = palette();
     colours.setColor(QPalette::Window, cPaper);
     setPalette(colours);
