@@ -2,6 +2,7 @@
 
 #include "TDocumentController.h"
 #include "WDocumentView.h"
+#include "WFileFacts.h"
 #include "WInspectDialog.h"
 #include "WOpenReport.h"
 #include "canvas/TCanvasItem.h"
@@ -22,6 +23,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -29,6 +31,7 @@
 namespace {
 
 constexpr char cOpenFolder[] = "Kelmora/Folders/Open";
+constexpr QSize cOpenSize(960, 560);
 constexpr char cRecentDocuments[] = "Kelmora/Recent/Documents";
 constexpr char cRecentFiles[] = "Kelmora/Recent/Files";
 
@@ -67,9 +70,17 @@ QString TFileController::dialogFilters() const
 void TFileController::openDialog()
 {
     const QString folder = TDefaultsIni().value(cOpenFolder, QDir::homePath()).toString();
-    const QStringList paths = QFileDialog::getOpenFileNames(fWindow, tr("Open"), folder, dialogFilters());
-    if (paths.isEmpty())
+    QFileDialog dialog(fWindow, tr("Open"), folder, dialogFilters());
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // which has no place for the facts
+    auto *facts = new WFileFacts(fHost.importDriver(), &dialog);
+    if (auto *grid = qobject_cast<QGridLayout *>(dialog.layout()))
+        grid->addWidget(facts, 0, grid->columnCount(), grid->rowCount(), 1);
+    connect(&dialog, &QFileDialog::currentChanged, facts, &WFileFacts::showFile);
+    dialog.resize(cOpenSize);
+    if (dialog.exec() != QDialog::Accepted)
         return;
+    const QStringList paths = dialog.selectedFiles();
     TDefaultsIni().setValue(cOpenFolder, QFileInfo(paths.first()).absolutePath());
     open(paths);
 }

@@ -97,6 +97,12 @@ QVariantMap TYrexSpectrumConverter::templateParameters(const QString &fileName, 
     return map;
 }
 
+void TYrexSpectrumConverter::addXRange(const QString &fileName, QVariantMap &map)
+{
+    if (const std::unique_ptr<TYrexSpectrum> first = headerSpectrum(fileName))
+        map.insert(Consts::Converter::cXRangeStr, QVariantList{first->firstX(), first->lastX()});
+}
+
 ICanvasItem *TYrexSpectrumConverter::createItem(const TYrexSpectrumList &spectra, ICanvas *parent)
 {
     IYrexItemFactory *factory = IYrexItemFactory::current();
@@ -187,6 +193,8 @@ void TYrexSpectrumConverter::addParameters(const QString &fileName, const QStrin
         key.toInt(&isId);
         if (isId)
             ids.append(key);
+        else if (key == QLatin1String(Consts::Converter::cXRangeStr))
+            addXRange(fileName, map);
         else if (!map.contains(key))
             remaining.append(key);
     }

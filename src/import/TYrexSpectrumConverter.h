@@ -53,6 +53,7 @@ protected:
 
     /// What the keys name of a file, as metaData tells it, whatever canImport says.
     void addParameters(const QString &fileName, const QStringList &keys, QVariantMap &map);
+    void addXRange(const QString &fileName, QVariantMap &map);
     /// Spectra that something else owns from now on.
     void giveAway(const TYrexSpectrumList &spectra);
     void appendSpectrum(TYrexSpectrum *spectrum) { fSpectra.append(spectrum); }

@@ -1,4 +1,5 @@
 #include "TWindowFixture.h"
+#include "WFileFacts.h"
 #include "WInspectDialog.h"
 #include "WOpenReport.h"
 #include "plugin/IConverter.h"
@@ -108,4 +109,23 @@ TEST_F(FilesTest, theInsideOfAFileIsATreeThatCanBeCopied)
     EXPECT_GT(tree->topLevelItem(0)->childCount(), 2);
     dialog->copy();
     EXPECT_EQ(QApplication::clipboard()->text(), fHost.importDriver().inspect(path).text());
+}
+
+TEST_F(FilesTest, factsOfAFileAreReadWithoutImportingIt)
+{
+    WFileFacts facts(fHost.importDriver());
+    facts.showFile(writeCsv("one.csv"));
+    EXPECT_TRUE(facts.fact("Format").isEmpty()); // a moment later
+    QTest::qWait(2 * WFileFacts::cDelay);
+    EXPECT_EQ(facts.fact("Format"), "csv");
+    EXPECT_EQ(facts.fact("Points"), "101");
+    EXPECT_EQ(facts.fact("Range"), "100 .. 1100");
+    facts.showFile(write("odd.bin", QByteArray(20, '\1')));
+    QTest::qWait(2 * WFileFacts::cDelay);
+    EXPECT_EQ(facts.fact("Format"), "not known");
+    facts.showFile(fFolder.path());
+    QTest::qWait(2 * WFileFacts::cDelay);
+    EXPECT_TRUE(facts.fact("Size").isEmpty());
+    EXPECT_TRUE(document()->items().isEmpty());
+    EXPECT_EQ(document()->history().stack()->count(), 0);
 }

@@ -61,6 +61,7 @@ inline constexpr char cTooltipStr[] = "tooltip";
 inline constexpr char cExperimentStr[] = "experiment";
 inline constexpr char cExperimentDescStr[] = "experimentDescription";
 inline constexpr char cDimNum[] = "dimNum";
+inline constexpr char cXRangeStr[] = "xRange"; // first and last x of the first spectrum
 
 } // namespace Converter
 

@@ -1,0 +1,114 @@
+#include "WFileFacts.h"
+
+#include "canvas/TDocument.h"
+#include "consts/Consts.h"
+#include "params/TSpectrumParam.h"
+#include "plugin/IConverter.h"
+#include "services/TImportDriver.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int cPanelWidth = 240;
+
+QString rangeText(const QVariantList &ends)
+{
+    const auto number = [](const QVariant &value) { return QString::number(value.toDouble(), 'g', 7); };
+    return ends.size() == 2 ? QString("%1 .. %2").arg(number(ends.first()), number(ends.last())) : QString();
+}
+
+} // namespace
+
+WFileFacts::WFileFacts(const TImportDriver &driver, QWidget *parent)
+    : QFrame(parent)
+    , fDriver(driver)
+    , fName(new QLabel)
+    , fFacts(new QFormLayout)
+{
+    setObjectName("fileFacts");
+    setFixedWidth(cPanelWidth);
+    QFont bold = font();
+    bold.setBold(true);
+    fName->setFont(bold);
+    fName->setWordWrap(true);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(fName);
+    layout->addLayout(fFacts);
+    layout->addStretch();
+    fTimer.setSingleShot(true);
+    fTimer.setInterval(cDelay);
+    connect(&fTimer, &QTimer::timeout, this, &WFileFacts::read);
+}
+
+void WFileFacts::showFile(const QString &path)
+{
+    fPath = path;
+    fTimer.start();
+}
+
+QString WFileFacts::fact(const QString &label) const
+{
+    for (int row = 0; row < fFacts->rowCount(); ++row) {
+        const auto *name = qobject_cast<QLabel *>(fFacts->itemAt(row, QFormLayout::LabelRole)->widget());
+        const auto *text = qobject_cast<QLabel *>(fFacts->itemAt(row, QFormLayout::FieldRole)->widget());
+        if (name && text && name->text() == label)
+            return text->text();
+    }
+    return {};
+}
+
+void WFileFacts::addFact(const QString &label, const QString &text)
+{
+    if (text.isEmpty())
+        return;
+    auto *value = new QLabel(text);
+    value->setTextFormat(Qt::PlainText); // it comes from a file
+    value->setWordWrap(true);
+    fFacts->addRow(new QLabel(label), value);
+}
+
+void WFileFacts::read()
+{
+    while (fFacts->rowCount() > 0)
+        fFacts->removeRow(0);
+    const QFileInfo info(fPath);
+    fName->setText(info.isFile() ? info.fileName() : QString());
+    if (!info.isFile())
+        return;
+    addFact(tr("Size"), QLocale(QLocale::English).formattedDataSize(info.size()));
+    addFact(tr("Changed"), info.lastModified().toString("yyyy-MM-dd HH:mm"));
+    if (TDocument::isDocument(fPath))
+        addFact(tr("Format"), tr("Kelmora document"));
+    else
+        addHeader(fPath);
+}
+
+void WFileFacts::addHeader(const QString &path)
+{
+    if (QFileInfo(path).size() > cMaxText && TImportDriver::looksLikeText(path)) {
+        addFact(tr("Format"), tr("text"));
+        return;
+    }
+    IConverter *converter = fDriver.converterFor(path);
+    if (!converter) {
+        addFact(tr("Format"), tr("not known"));
+        return;
+    }
+    const auto key = [](int id) { return QString::number(id); };
+    const QVariantMap facts = converter->metaData(
+        path, {Consts::Converter::cXRangeStr, key(TSpectrumParam::cTitle), key(TSpectrumParam::cPointCount),
+               key(TSpectrumParam::cOrigXUnits), key(TSpectrumParam::cOrigYUnits), key(TSpectrumParam::cDate)});
+    addFact(tr("Format"), converter->formatName());
+    addFact(tr("Title"), facts.value(key(TSpectrumParam::cTitle)).toString());
+    addFact(tr("Points"), facts.value(key(TSpectrumParam::cPointCount)).toString());
+    addFact(tr("Range"), rangeText(facts.value(Consts::Converter::cXRangeStr).toList()));
+    addFact(tr("X units"), facts.value(key(TSpectrumParam::cOrigXUnits)).toString());
+    addFact(tr("Y units"), facts.value(key(TSpectrumParam::cOrigYUnits)).toString());
+    addFact(tr("Date"), facts.value(key(TSpectrumParam::cDate)).toString());
+}
