@@ -56,6 +56,7 @@ public:
     QString secondAxisTitle() const override;
     double toSecondAxis(double value) const override;
     double fromSecondAxis(double value) const override;
+    QVector<QPair<int, QString>> secondAxisUnits() const override;
     /// The curve that a baseline correction would take away, and the points that it runs through.
     void drawBaseline(QPainter &painter) override;
     /// The labels of the current spectrum's peaks.
@@ -152,8 +153,9 @@ private:
     void drawGroups(QPainter &painter, IYrexPlotData &data);
     void drawMarks(QPainter &painter);
     bool heightInView(double &minY, double &maxY) const;
-    bool extremesInView(IYrexPlotData &data, int index, const TRanges &visible, double &minY, double &maxY) const;
-    TRanges visibleWavenumbers() const;
+    bool extremesInView(IYrexPlotData &data, int index, int unit, double &minY, double &maxY) const;
+    int searchUnit() const;
+    TRanges visibleIn(int unit) const;
     void fitTo(double minY, double maxY);
 
     IYrexPlotable *fPlotable;

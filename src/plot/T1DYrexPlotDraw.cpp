@@ -145,6 +145,22 @@ bool T1DYrexPlot::hasSecondAxis() const
     return !isArrayed() || !(isQueued() || (hasRows() && !isGrouped() && stackedProperties().angle() > 0.0));
 }
 
+QVector<QPair<int, QString>> T1DYrexPlot::secondAxisUnits() const
+{
+    QVector<QPair<int, QString>> units;
+    const int own = fXUnits;
+    if (own < cUnitWavenumber || own > cUnitNanometers)
+        return units;
+    const QPair<int, QString> cAll[] = {{cUnitWavenumber, QCoreApplication::translate("T1DYrexPlot", "cm-1")},
+                                        {cUnitNanometers, QCoreApplication::translate("T1DYrexPlot", "nm")},
+                                        {cUnitMicrometers, QCoreApplication::translate("T1DYrexPlot", "um")}};
+    for (const auto &unit : cAll) {
+        if (unit.first != own)
+            units.append(unit);
+    }
+    return units;
+}
+
 QString T1DYrexPlot::secondAxisTitle() const
 {
     return horzLabel(properties().secondAxis);

@@ -31,9 +31,18 @@ private:
 
 } // namespace
 
-TRanges T1DYrexPlot::visibleWavenumbers() const
+/// What is in view is searched in wavenumbers, which all lengths have. A length of zero has none: then, and for units
+/// that are not known, the search goes by the values as they are shown.
+int T1DYrexPlot::searchUnit() const
 {
-    const auto convert = [this](double x) { return yrexConvertX(x, fXUnits, cUnitWavenumber); };
+    const bool isLength = fXUnits == cUnitNanometers || fXUnits == cUnitMicrometers;
+    const bool hasZero = isLength && (horzAxis().getScale().lo() <= 0.0 || horzAxis().getFullScale().lo() <= 0.0);
+    return fXUnits == cUnitArbitrary || hasZero ? int(fXUnits) : int(cUnitWavenumber);
+}
+
+TRanges T1DYrexPlot::visibleIn(int unit) const
+{
+    const auto convert = [this, unit](double x) { return yrexConvertX(x, fXUnits, unit); };
     TRanges ranges;
     for (const TRange &range : horzRanges().toVector())
         ranges.appendRange(TRange(convert(range.a), convert(range.b)).sorted());
@@ -41,10 +50,9 @@ TRanges T1DYrexPlot::visibleWavenumbers() const
     return ranges.adjustTo(TRange(convert(scale.a), convert(scale.b)).sorted());
 }
 
-bool T1DYrexPlot::extremesInView(IYrexPlotData &plotData, int index, const TRanges &visible, double &minY,
-                                 double &maxY) const
+bool T1DYrexPlot::extremesInView(IYrexPlotData &plotData, int index, int unit, double &minY, double &maxY) const
 {
-    const int unit = fXUnits == cUnitArbitrary ? int(cUnitArbitrary) : int(cUnitWavenumber);
+    const TRanges visible = visibleIn(unit);
     const TYrexDataView x = plotData.axisData(0, unit, index);
     const TYrexDataView y = plotData.axisData(1, fYUnits, index);
     if (!x.isValid() || !y.isValid() || y.count < x.count) // data that were cleared have no height
@@ -87,19 +95,19 @@ bool T1DYrexPlot::heightInView(double &minY, double &maxY) const
     IYrexPlotData *plotData = data();
     if (!plotData)
         return false;
-    const TRanges visible = visibleWavenumbers();
+    const int unit = searchUnit();
     minY = cLargest;
     maxY = cSmallest;
-    for (const int index : plotData->visibleIndices()) {
-        if (extremesInView(*plotData, index, visible, minY, maxY))
-            continue;
-        const auto whole = plotData->axisRange(1, fXUnits, fYUnits);
-        if (std::fabs(whole.first) == cLargest || std::fabs(whole.second) == cLargest)
-            return false;
-        minY = qMin(whole.first, whole.second);
-        maxY = qMax(whole.first, whole.second);
-        break;
-    }
+    bool anyFound = false;
+    for (const int index : plotData->visibleIndices())
+        anyFound = extremesInView(*plotData, index, unit, minY, maxY) || anyFound;
+    if (anyFound)
+        return true;
+    const auto whole = plotData->axisRange(1, fXUnits, fYUnits);
+    if (std::fabs(whole.first) == cLargest || std::fabs(whole.second) == cLargest)
+        return false;
+    minY = qMin(whole.first, whole.second);
+    maxY = qMax(whole.first, whole.second);
     return true;
 }
 

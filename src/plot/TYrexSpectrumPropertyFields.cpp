@@ -1,6 +1,7 @@
 #include "TYrexSpectrumPropertyFields.h"
 
 #include "T1DYrexPlot.h"
+#include "TYrexUnits.h"
 
 #include <cmath>
 
@@ -138,7 +139,8 @@ TFields plotFields()
             number("plot.marginTop", -1.0, cMaxMargin, [](P &p) -> double & { return p.properties().marginTop; }),
             number("plot.marginRight", -1.0, cMaxMargin, [](P &p) -> double & { return p.properties().marginRight; }),
             number("plot.marginBottom", -1.0, cMaxMargin, [](P &p) -> double & { return p.properties().marginBottom; }),
-            flag("plot.keepFitting", [](P &p) -> bool & { return p.properties().keepFitting; })};
+            flag("plot.keepFitting", [](P &p) -> bool & { return p.properties().keepFitting; }),
+            flag("plot.legend", [](P &p) -> bool & { return p.properties().showLegend; })};
 }
 
 TFields titleFields()
@@ -206,7 +208,9 @@ TFields axesFields()
                    number("axes.lineWidth", cMinLineWidth, cMaxLineWidth,
                           [](P &p) -> double & { return p.properties().axesLineWidth; }),
                    integer("axes.tickDirection", ticksOut, ticksBoth,
-                           [](P &p) -> int & { return p.properties().tickDirection; })} +
+                           [](P &p) -> int & { return p.properties().tickDirection; }),
+                   integer("axes.second", TBasePlotProperties::cNoSecondAxis, cUnitNanometers,
+                           [](P &p) -> int & { return p.properties().secondAxis; })} +
            font("axes.font", [](P &p) -> QFont & { return p.properties().axesFont; }) +
            font("axes.titleFont", [](P &p) -> QFont & { return p.properties().axesTitleFont; }) + axisFields(horzDir) +
            axisFields(vertDir);

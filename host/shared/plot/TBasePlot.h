@@ -6,6 +6,7 @@
 #include "plot/TPlotData.h"
 #include "plot/TPlotReadout.h"
 #include "plot/TRanges.h"
+#include <QPair>
 #include <QRectF>
 #include <QString>
 #include <QUuid>
@@ -88,6 +89,8 @@ public:
     virtual QString secondAxisTitle() const { return QString(); }
     virtual double toSecondAxis(double value) const { return value; }
     virtual double fromSecondAxis(double value) const { return value; }
+    /// The units in which the horizontal axis can be shown a second time, with their names; empty: in none.
+    virtual QVector<QPair<int, QString>> secondAxisUnits() const { return {}; }
 
     virtual int storagePlotType() const { return fPlotType; }
     virtual int kind() const { return 0; }
