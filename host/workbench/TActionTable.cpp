@@ -102,9 +102,11 @@ void TActionTable::fill(QMenu *menu, const QVector<TMarkupItem> &items)
             menu->addSeparator(); // two that meet are shown as one
             break;
         case TMarkupItem::cSubMenu: {
-            QMenu *sub = makeMenu(item.fName, item.fText, menu);
-            fill(sub, item.fItems);
-            menu->addMenu(sub);
+            QMenu *known = fMenus.value(item.fName);
+            QMenu *sub = known ? known : makeMenu(item.fName, item.fText, menu);
+            if (!known)
+                fill(sub, item.fItems);
+            menu->addMenu(sub); // one of the menu bar stands in context menus as well
             break;
         }
         case TMarkupItem::cGroup: {

@@ -1,6 +1,9 @@
 #include "TGuiHost.h"
 
 #include "TActionTable.h"
+#include "TDocumentController.h"
+#include "TModeController.h"
+#include "WDocumentView.h"
 #include "WMainWindow.h"
 #include "log/TLogger.h"
 #include "widgets/WPluginDockWidget.h"
@@ -58,6 +61,26 @@ void TGuiHost::refreshTable(const QString &name)
 void TGuiHost::updateActions()
 {
     fWindow.actionTable().scheduleUpdate();
+}
+
+QUuid TGuiHost::mouseMode() const
+{
+    return fWindow.modes().mode();
+}
+
+void TGuiHost::setMouseMode(const QUuid &mode)
+{
+    fWindow.modes().setMode(mode);
+}
+
+TPluginMouseModeHandler *TGuiHost::mouseModes()
+{
+    return &fWindow.modes().modes();
+}
+
+IPlotView *TGuiHost::plotView()
+{
+    return fWindow.documents().view();
 }
 
 void TGuiHost::itemInUse(TCanvasItem *item)

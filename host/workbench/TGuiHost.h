@@ -2,8 +2,6 @@
 
 #include "services/IGuiHost.h"
 
-#include <QHash>
-
 class TActionTable;
 class WMainWindow;
 
@@ -21,13 +19,14 @@ public:
     void showDock(const QString &name, bool show) override;
     void refreshTable(const QString &name) override;
     void updateActions() override;
-    QUuid mouseMode() const override { return fMouseMode; }
-    void setMouseMode(const QUuid &mode) override { fMouseMode = mode; }
+    QUuid mouseMode() const override;
+    void setMouseMode(const QUuid &mode) override;
+    TPluginMouseModeHandler *mouseModes() override;
+    IPlotView *plotView() override;
     void itemInUse(TCanvasItem *item) override;
     QAction *action(const QString &name) override;
     IReportService *reports() override { return nullptr; }
 
 private:
     WMainWindow &fWindow;
-    QUuid fMouseMode;
 };

@@ -116,6 +116,8 @@ QVariant TPageModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return one->title().isEmpty() ? QString::number(index.row() + 1)
                                       : QString("%1  %2").arg(index.row() + 1).arg(one->title());
+    case Qt::EditRole:
+        return one->title();
     case Qt::DecorationRole:
         if (!fThumbnails.contains(one))
             fThumbnails.insert(one, pageThumbnail(*one, fSize, fRatio));
@@ -125,4 +127,20 @@ QVariant TPageModel::data(const QModelIndex &index, int role) const
     default:
         return QVariant();
     }
+}
+
+Qt::ItemFlags TPageModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+    return page(index) ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool TPageModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    TPage *one = page(index);
+    const QString title = value.toString().trimmed();
+    if (!one || role != Qt::EditRole || title == one->title())
+        return false;
+    emit renamed(one, title);
+    return true;
 }

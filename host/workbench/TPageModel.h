@@ -29,6 +29,12 @@ public:
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /// Only tells that a title was typed; a command changes it.
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+
+signals:
+    void renamed(TPage *page, const QString &title);
 
 private:
     void watchPages();

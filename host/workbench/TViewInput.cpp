@@ -24,6 +24,8 @@ void TViewInput::setPage(TPage *page)
 
 bool TViewInput::handle(QEvent *event, const TMouseSpot &spot)
 {
+    if (fFilter && fFilter(event))
+        return true;
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
         return escape();
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;

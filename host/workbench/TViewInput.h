@@ -4,6 +4,7 @@
 #include "ui/TPlotHand.h"
 
 #include <QObject>
+#include <functional>
 
 class QPainter;
 class TItemSelection;
@@ -19,6 +20,8 @@ public:
 
     /// The window's modes; not owned, null without.
     void setModes(TPluginMouseModeHandler *modes) { fModes = modes; }
+    /// Asked first; an event that it takes goes no further.
+    void setFilter(const std::function<bool(QEvent *)> &filter) { fFilter = filter; }
     TItemHand &itemHand() { return fItemHand; }
     void setPage(TPage *page);
 
@@ -34,6 +37,7 @@ private:
     IPlotView &fView;
     TItemSelection &fSelection;
     TPluginMouseModeHandler *fModes = nullptr;
+    std::function<bool(QEvent *)> fFilter;
     TPlotHand fPlotHand;
     TItemHand fItemHand;
 };

@@ -2,10 +2,12 @@
 
 #include "TViewInput.h"
 #include "WViewBars.h"
+#include "canvas/ItemPlaces.h"
 #include "canvas/TCanvasSpectrum.h"
 #include "canvas/TDocument.h"
 #include "canvas/TItemGraphics.h"
 #include "canvas/TPage.h"
+#include "plot/ColorUtils.h"
 #include "plot/T1DStackedPlot.h"
 #include "ui/TPluginMouseModeHandler.h"
 
@@ -153,7 +155,7 @@ void WDocumentView::drawBackground(QPainter *painter, const QRectF &)
             painter->setBrush(QColor(0, 0, 0, isDark ? 28 : 12));
             painter->drawRoundedRect(paper.adjusted(-i / 2.0, 1 - i / 2.0, i, i + 1), i, i);
         }
-        painter->fillRect(paper, Qt::white);
+        painter->fillRect(paper, fDarkPaper ? Utils::Color::cDarkPaper : QColor(Qt::white));
     }
     painter->restore();
 }
@@ -171,6 +173,12 @@ void WDocumentView::changeEvent(QEvent *event)
     QGraphicsView::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         viewport()->update();
+}
+
+void WDocumentView::setDarkPaper(bool dark)
+{
+    fDarkPaper = dark;
+    viewport()->update();
 }
 
 void WDocumentView::setModes(TPluginMouseModeHandler *modes)
@@ -257,6 +265,8 @@ void WDocumentView::stackChanged(TCanvasItem *item)
 
 void WDocumentView::drawForeground(QPainter *painter, const QRectF &)
 {
+    if (fPage)
+        drawExpansionTies(*painter, *fPage);
     painter->save();
     painter->resetTransform();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -283,6 +293,20 @@ bool WDocumentView::hand(QEvent *event, const QPointF &viewPos)
     return taken;
 }
 
+void WDocumentView::handMouse(QMouseEvent *event)
+{
+    const QPointF place = event->localPos();
+    const bool taken = hand(event, place);
+    if (event->type() == QEvent::MouseButtonPress && event->button() == Qt::RightButton)
+        fMenuIsDue = !taken; // else it gave up a drag
+    if (event->type() == QEvent::MouseButtonDblClick && event->button() == Qt::LeftButton && !taken)
+        emit doubleClicked(spotAt(place));
+    if (event->type() == QEvent::MouseButtonRelease && event->button() == Qt::RightButton && fMenuIsDue) {
+        fMenuIsDue = false;
+        emit menuWanted(spotAt(place), event->globalPos());
+    }
+}
+
 void WDocumentView::scrollOrZoom(QWheelEvent *event)
 {
     if (event->modifiers() & Qt::ControlModifier)
@@ -298,8 +322,11 @@ bool WDocumentView::viewportEvent(QEvent *event)
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
-        hand(event, static_cast<QMouseEvent *>(event)->localPos());
+        handMouse(static_cast<QMouseEvent *>(event));
         event->accept();
+        return true;
+    case QEvent::ContextMenu:
+        event->accept(); // the release of the button asks for it
         return true;
     case QEvent::Wheel: {
         auto *wheel = static_cast<QWheelEvent *>(event);

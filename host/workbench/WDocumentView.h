@@ -45,6 +45,7 @@ public:
 
     TItemSelection &selection() { return fSelection; }
     TViewInput &input() { return *fInput; }
+    void setDarkPaper(bool dark);
     /// The mouse modes of the window; not owned.
     void setModes(TPluginMouseModeHandler *modes);
 
@@ -62,6 +63,10 @@ signals:
     /// What stands under the mouse; empty for nothing.
     void readoutChanged(const QString &text);
     void hintChanged(const QString &text);
+    /// The right button was clicked and gave up no drag.
+    void menuWanted(const TMouseSpot &spot, const QPoint &globalPlace);
+    /// A double click that neither a mode nor the hand on the plot took.
+    void doubleClicked(const TMouseSpot &spot);
     /// The active spectrum of an item, or which of its spectra are selected.
     void activeSpectrumChanged(TCanvasItem *item);
 
@@ -77,6 +82,7 @@ protected:
 
 private:
     bool hand(QEvent *event, const QPointF &viewPos);
+    void handMouse(QMouseEvent *event);
     void scrollOrZoom(QWheelEvent *event);
     void updateHint();
     double actualScale() const; // pixels per canvas unit at zoom 1
@@ -93,4 +99,6 @@ private:
     QPointF fMousePos;
     QString fHint;
     bool fFitted = true;
+    bool fMenuIsDue = false; // at the release of the right button
+    bool fDarkPaper = false;
 };

@@ -3,6 +3,7 @@
 #include "TClipboardController.h"
 #include "TAutosave.h"
 #include "TAutosaveFile.h"
+#include "TDarkPaper.h"
 #include "TDocumentController.h"
 #include "TDropTarget.h"
 #include "TEmptyStateController.h"
@@ -12,9 +13,12 @@
 #include "TItemController.h"
 #include "TModeController.h"
 #include "TPageController.h"
+#include "TPlaceMenus.h"
 #include "TPlotController.h"
 #include "TPrintController.h"
 #include "TRecovery.h"
+#include "TShowController.h"
+#include "TStackController.h"
 #include "TTheme.h"
 #include "TUnitsController.h"
 #include "TViewController.h"
@@ -22,10 +26,12 @@
 #include "WLogPane.h"
 #include "WPageNavigator.h"
 #include "WRecoveryDialog.h"
+#include "WStackedSpectraDock.h"
 #include "WStatusReadout.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "commands/TCmdPages.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
 #include "ui/TMarkupLoader.h"
@@ -106,7 +112,14 @@ void WMainWindow::makeDocks()
     fLog = new WLogPane(this);
     addDockWidget(Qt::BottomDockWidgetArea, fLog);
     fLog->hide();
+    fStack = new WStackedSpectraDock(*fDocuments, this);
+    addDockWidget(Qt::BottomDockWidgetArea, fStack);
+    tabifyDockWidget(fStack, fLog);
+    fStack->hide();
     connect(fPages, &WPageNavigator::pageChosen, fDocuments.get(), &TDocumentController::setPage);
+    connect(fPages, &WPageNavigator::pageRenamed, this, [this](TPage *page, const QString &title) {
+        fDocuments->document()->history().push(TCmdPages::renamePage(fDocuments->document(), page, title));
+    });
 }
 
 void WMainWindow::connectActions()
@@ -137,11 +150,17 @@ void WMainWindow::connectActions()
     new TPageController(*fActions, *fDocuments, this);
     new TViewController(*fActions, *fDocuments, this);
     new TPlotController(*fActions, *fDocuments, this);
+    fShow = new TShowController(*fActions, *fDocuments, this);
+    fStackActions = new TStackController(*fActions, *fDocuments, this);
+    new TDarkPaper(*fActions, *fDocuments, this);
+    new TPlaceMenus(*fActions, *fDocuments, this);
+    fActions->on("renamePage", [this] { fPages->renameCurrent(); });
     new TItemController(*fActions, *fDocuments, this);
     new TClipboardController(*fActions, *fDocuments, *fFiles, this);
     fExports = new TExportController(fHost, *fActions, *fDocuments, this);
     fPrinting = new TPrintController(*fActions, *fDocuments, this);
     fModes = new TModeController(*fActions, *fDocuments, this);
+    fModes = new TModeController(fHost, *fActions, *fDocuments, this);
     addThemes();
 }
 
@@ -207,8 +226,16 @@ void WMainWindow::connectDocuments()
             [this](const QString &text) { statusBar()->showMessage(text, 5000); });
     connect(fActions->menu("recent"), &QMenu::aboutToShow, this, &WMainWindow::fillRecentMenu);
     connect(fActions->menu("samples"), &QMenu::aboutToShow, this, &WMainWindow::fillSamplesMenu);
+    const auto fills = [this](const QString &name, const std::function<void(QMenu *)> &fill) {
+        QMenu *menu = fActions->menu(name);
+        connect(menu, &QMenu::aboutToShow, this, [menu, fill] { fill(menu); });
+        menu->setToolTipsVisible(true);
+    };
+    fills("secondAxis", [this](QMenu *menu) { fShow->fillSecondAxisMenu(menu); });
+    fills("selectClass", [this](QMenu *menu) { fStackActions->fillClassMenu(menu); });
     connect(fActions->menu("window"), &QMenu::aboutToShow, this, &WMainWindow::fillWindowMenu);
     addDockAction(fPages, "Ctrl+1");
+    addDockAction(fStack, "Ctrl+5");
     addDockAction(fLog, QString());
 }
 
@@ -286,8 +313,11 @@ void WMainWindow::setFirstLayout()
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         dock->setFloating(false);
     addDockWidget(Qt::LeftDockWidgetArea, fPages);
+    addDockWidget(Qt::BottomDockWidgetArea, fStack);
     addDockWidget(Qt::BottomDockWidgetArea, fLog);
+    tabifyDockWidget(fStack, fLog);
     fPages->show();
+    fStack->hide();
     fLog->hide();
     resizeDocks({fPages}, {cPagesWidth}, Qt::Horizontal);
     fStateBeforeHiding.clear();

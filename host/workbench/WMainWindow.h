@@ -12,10 +12,13 @@ class TExportController;
 class TFileController;
 class TModeController;
 class TPrintController;
+class TShowController;
+class TStackController;
 class WStatusReadout;
 class TGuiHost;
 class TKelmoraHost;
 class WPageNavigator;
+class WStackedSpectraDock;
 
 /// The window: menus, the documents in the middle, docks around them. What actions do stands in the controllers.
 class WMainWindow : public QMainWindow
@@ -71,6 +74,9 @@ private:
     std::unique_ptr<TGuiHost> fGui;
     WPageNavigator *fPages;
     QDockWidget *fLog;
+    WStackedSpectraDock *fStack;
+    TShowController *fShow = nullptr;
+    TStackController *fStackActions = nullptr;
     TModeController *fModes = nullptr;
     TExportController *fExports = nullptr;
     TPrintController *fPrinting = nullptr;

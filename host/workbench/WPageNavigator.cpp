@@ -26,7 +26,9 @@ WPageNavigator::WPageNavigator(QWidget *parent)
     fList->setSpacing(cPadding / 2);
     fList->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     fList->setModel(&fModel);
+    fList->setEditTriggers(QAbstractItemView::EditKeyPressed);
     setWidget(fList);
+    connect(&fModel, &TPageModel::renamed, this, &WPageNavigator::pageRenamed);
     connect(fList->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &index) {
         if (TPage *page = fModel.page(index))
             emit pageChosen(page);
@@ -44,6 +46,14 @@ void WPageNavigator::setPage(TPage *page)
     const QModelIndex index = fModel.indexOf(page);
     if (index.isValid() && fList->currentIndex() != index)
         fList->setCurrentIndex(index);
+}
+
+void WPageNavigator::renameCurrent()
+{
+    show();
+    raise();
+    fList->setFocus();
+    fList->edit(fList->currentIndex());
 }
 
 void WPageNavigator::resizeEvent(QResizeEvent *event)

@@ -19,9 +19,12 @@ public:
     /// Marks a page as the one that is shown.
     void setPage(TPage *page);
     TPageModel &model() { return fModel; }
+    /// Lets the title of the page that is shown be typed.
+    void renameCurrent();
 
 signals:
     void pageChosen(TPage *page);
+    void pageRenamed(TPage *page, const QString &title);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

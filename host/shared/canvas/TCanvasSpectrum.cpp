@@ -84,10 +84,12 @@ void TCanvasSpectrum::paintPicture(QPainter &painter)
     TBasePlot *plot = activePlot();
     if (!plot)
         return;
-    const bool kept = plot->stateWord() & TBasePlot::cKeepHotAreas;
+    const quint32 before = plot->stateWord();
     plot->setState(TBasePlot::cKeepHotAreas, true);
+    plot->setState(TBasePlot::cDarkPaper, false); // that is for looking at the screen
     paint(painter);
-    plot->setState(TBasePlot::cKeepHotAreas, kept);
+    plot->setState(before, true);
+    plot->setState(~before, false);
 }
 
 void TCanvasSpectrum::paintHighlight(QPainter &painter)

@@ -1,5 +1,6 @@
 #include "canvas/TPage.h"
 
+#include "canvas/ItemPlaces.h"
 #include "canvas/TCanvasItem.h"
 #include "utils/CommonUtils.h"
 
@@ -107,4 +108,5 @@ void TPage::paintItems(QPainter &painter) const
         item->paintPicture(painter);
         painter.restore();
     }
+    drawExpansionTies(painter, *this);
 }

@@ -29,7 +29,7 @@ TCmdCreateItem::~TCmdCreateItem()
 
 TPage *TCmdCreateItem::targetPage(TPage *page)
 {
-    if (page && fDocument->pages().contains(page))
+    if (page && (!fDocument || fDocument->pages().contains(page)))
         return page;
     TPage *current = fDocument->currentPage();
     if (current && current->items().isEmpty())

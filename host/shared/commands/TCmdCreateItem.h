@@ -17,8 +17,9 @@ class TCmdCreateItem : public TCommand
 public:
     enum TReason { cOther = 0, cImport = 5 };
 
-    /// Page null: the page on which an item says it stands, else the document's current empty page, else a new one.
-    /// `info` tells where the items came from. Flag 1: the items are laid out already and keep their rectangles.
+    /// Without a document there is a page. Page null: the page on which an item says it stands, else the document's
+    /// current empty page, else a new one. `info` tells where the items came from. Flag 1: the items are laid out
+    /// already and keep their rectangles.
     TCmdCreateItem(int reason, const TCanvasItemList &items, TDocument *document, TPage *page, const QVariantMap &info,
                    int flag);
     ~TCmdCreateItem() override;

@@ -2,11 +2,13 @@
 
 #include <QUuid>
 
+class IPlotView;
 class IReportService;
 class QAction;
 class QString;
 class QWidget;
 class TCanvasItem;
+class TPluginMouseModeHandler;
 class WPluginDockWidget;
 
 /// What a host with windows gives to plug-ins.
@@ -29,7 +31,12 @@ public:
     virtual void updateActions() = 0;
     /// The mouse mode of the active view; the null id is none.
     virtual QUuid mouseMode() const = 0;
+    /// A mode of the window or of a plug-in (IPluginMouseMode); the one that was on is left.
     virtual void setMouseMode(const QUuid &mode) = 0;
+    /// The modes of the window, to which a plug-in may add its own.
+    virtual TPluginMouseModeHandler *mouseModes() = 0;
+    /// The view that is shown; null for none.
+    virtual IPlotView *plotView() = 0;
     /// Docks that follow the item in use turn to this one.
     virtual void itemInUse(TCanvasItem *item) = 0;
     /// The action with that name, or null.

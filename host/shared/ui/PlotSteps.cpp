@@ -1,12 +1,15 @@
 #include "ui/PlotSteps.h"
 
 #include "canvas/TCanvasSpectrum.h"
+#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdPanSpectra.h"
+#include "commands/TCmdPlotProperties.h"
 #include "commands/TCmdZoomSpectra.h"
 #include "commands/TCommandHistory.h"
 #include "contexts/IStackedItemCtx.h"
-#include "plot/TBasePlot.h"
+#include "plot/T1DStackedPlot.h"
 #include "plot/TBasePlotter.h"
+#include "properties/TPropertiesBag.h"
 
 namespace {
 
@@ -63,19 +66,50 @@ void panBy(TCommandHistory &history, const TCanvasItemList &items, double shareX
     history.push(new TCmdPanSpectra(items, -shareX * curves.width(), -shareY * curves.height()));
 }
 
-bool stepActive(TCanvasItemList &items, int places)
+bool stepActive(TCommandHistory &history, const TCanvasItemList &items, int places)
 {
     TCanvasItem *item = items.isEmpty() ? nullptr : canvasItem(items.first());
-    IStackedItemCtx *stack = item ? item->stackedContext() : nullptr;
+    const IStackedItemCtx *stack = item ? item->stackedContext() : nullptr;
     if (!stack)
         return false;
     const QVector<int> order = stack->visibleOrder();
     const int place = order.indexOf(stack->activeIndex());
     if (order.size() < 2 || place < 0)
         return false;
-    stack->makeCurrent(order.at(qBound(0, place + places, order.size() - 1)));
-    item->update();
+    const int next = order.at(qBound(0, place + places, order.size() - 1));
+    history.push(new TCmdActiveSpectrum(TCanvasItemList{item}, next));
     return true;
+}
+
+bool setProperties(TCommandHistory &history, const TCanvasItemList &items, const QVariantMap &fields)
+{
+    TCanvasItem *item = items.isEmpty() ? nullptr : canvasItem(items.first());
+    if (!item)
+        return false;
+    bool changed = false;
+    for (const std::unique_ptr<TPropertiesBag> &kind : item->properties().bags()) {
+        const std::unique_ptr<TPropertiesBag> known = kind->create();
+        known->fillFrom(*item);
+        std::unique_ptr<TPropertiesBag> bag = kind->create(); // holds these fields only, so the others stay
+        for (auto it = fields.constBegin(); it != fields.constEnd(); ++it) {
+            if (known->value(it.key()).isValid())
+                bag->setValue(it.key(), it.value());
+        }
+        if (!bag->isEmpty())
+            changed = history.push(new TCmdPlotProperties(items, std::move(bag))) || changed;
+    }
+    return changed;
+}
+
+bool changeSpacing(TCommandHistory &history, const TCanvasItemList &items, double factor)
+{
+    const auto *plot = dynamic_cast<const T1DStackedPlot *>(plotOf(items));
+    if (!plot || !plot->hasRows())
+        return false;
+    using TStack = T1DStackedPlotProperties;
+    const double spacing =
+        qBound(TStack::cMinSpacing, plot->stackedProperties().spacing() * factor, TStack::cMaxSpacing);
+    return setProperties(history, items, {{QStringLiteral("stack.spacing"), spacing}});
 }
 
 } // namespace PlotSteps

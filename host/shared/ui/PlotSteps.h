@@ -4,6 +4,7 @@
 #include "plot/TAxisDir.h"
 
 #include <QPointF>
+#include <QVariantMap>
 
 class TCommandHistory;
 
@@ -15,7 +16,12 @@ namespace PlotSteps {
 void zoomAbout(TCommandHistory &history, const TCanvasItemList &items, const QPointF &itemPos, double factor, int mask);
 /// Moves the view by a share of the curves rectangle, positive to the right and up along the axes.
 void panBy(TCommandHistory &history, const TCanvasItemList &items, double shareX, double shareY);
-/// Makes the spectrum so many places further on among the visible ones of a stack the active one.
-bool stepActive(TCanvasItemList &items, int places);
+/// Makes the spectrum so many places further on among the visible ones of the first item's stack the active one.
+/// Whether there is a stack to step through.
+bool stepActive(TCommandHistory &history, const TCanvasItemList &items, int places);
+/// Sets fields of the items' properties by their keys, as one step; keys that an item has not are passed over.
+bool setProperties(TCommandHistory &history, const TCanvasItemList &items, const QVariantMap &fields);
+/// Draws the rows of the items' stacks apart, or together for a factor below 1.
+bool changeSpacing(TCommandHistory &history, const TCanvasItemList &items, double factor);
 
 } // namespace PlotSteps

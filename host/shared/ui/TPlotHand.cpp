@@ -1,6 +1,7 @@
 #include "ui/TPlotHand.h"
 
 #include "canvas/TCanvasSpectrum.h"
+#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdPanSpectra.h"
 #include "commands/TCmdZoomSpectra.h"
@@ -18,18 +19,19 @@
 namespace {
 
 constexpr double cWheelZoom = 1.25; // a notch
-constexpr double cNotch = 120.0;    // of Qt's angle
-constexpr int cWheelPause = 800;    // milliseconds that end a run of wheel events
-constexpr double cKeyPan = 0.1;     // of the axis
+constexpr double cWheelSpacing = 1.1;
+constexpr double cNotch = 120.0; // of Qt's angle
+constexpr int cRunPause = 800;   // milliseconds that end a run of wheel events
+constexpr double cKeyPan = 0.1;  // of the axis
 
 } // namespace
 
 TPlotHand::TPlotHand()
     : TMMAct(QUuid())
 {
-    fWheelEnd.setSingleShot(true);
-    fWheelEnd.setInterval(cWheelPause);
-    connect(&fWheelEnd, &QTimer::timeout, this, &TPlotHand::endWheel);
+    fRunEnd.setSingleShot(true);
+    fRunEnd.setInterval(cRunPause);
+    connect(&fRunEnd, &QTimer::timeout, this, &TPlotHand::endRun);
 }
 
 QCursor TPlotHand::cursor(const TMouseSpot &spot) const
@@ -71,7 +73,7 @@ bool TPlotHand::startPan(const TMouseSpot &spot)
 
 bool TPlotHand::mousePress(QMouseEvent *event, const TMouseSpot &spot)
 {
-    endWheel();
+    endRun();
     if (event->button() == Qt::RightButton)
         return cancelGesture();
     if (!spot.plot || event->modifiers() & Qt::AltModifier)
@@ -145,7 +147,7 @@ void TPlotHand::click(QMouseEvent *event, const TMouseSpot &spot)
         if (!selected.isEmpty()) // the last one stays
             stack->setSelected(selected);
     } else {
-        stack->makeCurrent(index);
+        view()->history().push(new TCmdActiveSpectrum(TCanvasItemList{spot.item}, index));
     }
     spot.item->update();
     view()->stackChanged(spot.item);
@@ -199,7 +201,8 @@ bool TPlotHand::keyPress(QKeyEvent *event)
         return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
-        if (!PlotSteps::stepActive(fItems, event->key() == Qt::Key_Up ? -1 : 1))
+        beginRun(); // steps that follow each other quickly are one
+        if (!PlotSteps::stepActive(view()->history(), fItems, event->key() == Qt::Key_Up ? -1 : 1))
             return false;
         view()->stackChanged(canvasItem(fItems.first()));
         return true;
@@ -216,21 +219,21 @@ bool TPlotHand::keyRelease(QKeyEvent *event)
     return true;
 }
 
-void TPlotHand::beginWheel()
+void TPlotHand::beginRun()
 {
-    if (!fWheelEnd.isActive()) {
-        fInWheel = true;
+    if (!fRunEnd.isActive()) {
+        fInRun = true;
         view()->history().beginGesture();
     }
-    fWheelEnd.start();
+    fRunEnd.start();
 }
 
-void TPlotHand::endWheel()
+void TPlotHand::endRun()
 {
-    fWheelEnd.stop();
-    if (fInWheel)
+    fRunEnd.stop();
+    if (fInRun)
         view()->history().endGesture();
-    fInWheel = false;
+    fInRun = false;
 }
 
 int TPlotHand::wheelMask(const QWheelEvent &event, const TMouseSpot &spot) const
@@ -247,7 +250,7 @@ bool TPlotHand::wheel(QWheelEvent *event, const TMouseSpot &spot)
         return false;
     const QPoint angle = event->angleDelta();
     const TCanvasItemList items{spot.item};
-    beginWheel();
+    beginRun();
     const bool isPan = event->phase() == Qt::ScrollUpdate && !event->pixelDelta().isNull() &&
                        !(event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
     const bool isSideways = angle.x() != 0 && angle.y() == 0 && !(event->modifiers() & Qt::AltModifier);
@@ -258,7 +261,10 @@ bool TPlotHand::wheel(QWheelEvent *event, const TMouseSpot &spot)
         return true;
     }
     const double notches = (angle.y() != 0 ? angle.y() : angle.x()) / cNotch;
-    if (event->modifiers() & Qt::ControlModifier) {
+    const Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
+    if ((event->modifiers() & both) == both) {
+        PlotSteps::changeSpacing(view()->history(), items, std::pow(cWheelSpacing, notches));
+    } else if (event->modifiers() & Qt::ControlModifier) {
         const double factor = std::pow(TBasePlot::cDefIntensityFactor, std::abs(notches) - 1.0);
         view()->history().push(new TCmdChangeSpectraIntensity(items, notches > 0.0, factor));
     } else {

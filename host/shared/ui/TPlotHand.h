@@ -35,14 +35,14 @@ private:
     bool startPan(const TMouseSpot &spot);
     void click(QMouseEvent *event, const TMouseSpot &spot);
     void hover(const TMouseSpot &spot);
-    void beginWheel();
-    void endWheel();
+    void beginRun();
+    void endRun();
     int wheelMask(const QWheelEvent &event, const TMouseSpot &spot) const;
 
     TZoomBox fBox;
     TPanGesture fPan;
-    QTimer fWheelEnd; // a run of wheel events is one gesture
-    bool fInWheel = false;
+    QTimer fRunEnd; // a run of wheel events is one gesture
+    bool fInRun = false;
     TCanvasItemList fItems;
     TPlotPlace fPlace = placeOutside;
     bool fSpaceHeld = false;

@@ -8,14 +8,17 @@
 class TCanvasItem;
 class TCommand;
 
-/// What a plug-in adds to the table of stacked spectra: facts, and commands on its own spectra. Commands belong to the
-/// caller; null where there is nothing to do.
+/// What is added to the table of stacked spectra by those who know them: facts, and commands on them. Commands belong
+/// to the caller; null where there is nothing to do.
 class IStackedItemsEdits
 {
 public:
     enum TFact { cDate, cPoints, cFormat };
+    enum TEdit { cTitles, cValues, cColors, cSplit };
 
     virtual ~IStackedItemsEdits() = default;
+    /// Whether there are commands for it; what has none is read-only in the table.
+    virtual bool canEdit(TEdit edit) const = 0;
     virtual QVariant fact(TCanvasItem *item, int index, TFact fact) const = 0;
     virtual TCommand *activeCommand(TCanvasItem *item, int index) = 0;
     virtual TCommand *titleCommand(TCanvasItem *item, int index, const QString &title) = 0;

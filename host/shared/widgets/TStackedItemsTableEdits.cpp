@@ -1,6 +1,7 @@
 // The edits of TStackedItemsTableModel.
 #include "widgets/TStackedItemsTableModel.h"
 
+#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdEditSpectrumClass.h"
 #include "commands/TCmdPanSpectra.h"
@@ -117,8 +118,7 @@ void TStackedItemsTableModel::activate(int row)
     if (fEdits) {
         push(fEdits->activeCommand(fItem.get(), spectrum));
     } else {
-        stack()->makeCurrent(spectrum);
-        fItem->update();
+        push(new TCmdActiveSpectrum(items(), spectrum));
     }
     refresh();
 }
@@ -126,7 +126,7 @@ void TStackedItemsTableModel::activate(int row)
 void TStackedItemsTableModel::setColor(int row, const QColor &color)
 {
     const int spectrum = indexOfRow(row);
-    if (!stack() || !fEdits || spectrum < 0 || !color.isValid())
+    if (!stack() || !canEdit(IStackedItemsEdits::cColors) || spectrum < 0 || !color.isValid())
         return;
     QVector<QColor> colors = stack()->colors();
     colors[spectrum] = color;
@@ -194,7 +194,8 @@ bool TStackedItemsTableModel::pasteValues(int row, const QStringList &texts)
             return false;
         values.insert(indexOfRow(row + i), number);
     }
-    const bool changed = fEdits && stack() && !values.isEmpty() && push(fEdits->valuesCommand(fItem.get(), values));
+    const bool changed = canEdit(IStackedItemsEdits::cValues) && stack() && !values.isEmpty() &&
+                         push(fEdits->valuesCommand(fItem.get(), values));
     refresh();
     return changed;
 }
@@ -253,7 +254,7 @@ void TStackedItemsTableModel::setColorSetting(int setting)
 
 void TStackedItemsTableModel::splitByClass()
 {
-    if (fEdits && stack())
+    if (canEdit(IStackedItemsEdits::cSplit) && stack())
         push(fEdits->splitByClassCommand(fItem.get()));
     refresh();
 }

@@ -184,14 +184,20 @@ Qt::ItemFlags TStackedItemsTableModel::flags(const QModelIndex &place) const
     return isEditable(indexOfRow(place.row()), place.column()) ? flags | Qt::ItemIsEditable : flags;
 }
 
+bool TStackedItemsTableModel::canEdit(int edit) const
+{
+    return fEdits && fHistory && fEdits->canEdit(IStackedItemsEdits::TEdit(edit));
+}
+
 bool TStackedItemsTableModel::isEditable(int spectrum, int column) const
 {
     if (!stack() || !fHistory || spectrum < 0)
         return false;
     switch (column) {
     case cTitle:
+        return canEdit(IStackedItemsEdits::cTitles);
     case cValue:
-        return fEdits != nullptr;
+        return canEdit(IStackedItemsEdits::cValues);
     case cClass:
         return true;
     case cFactor:

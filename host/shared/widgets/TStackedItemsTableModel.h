@@ -47,6 +47,8 @@ public:
     void setHistory(TCommandHistory *history) { fHistory = history; }
     void setEdits(IStackedItemsEdits *edits);
     IStackedItemsEdits *edits() const { return fEdits; }
+    /// IStackedItemsEdits::TEdit.
+    bool canEdit(int edit) const;
     /// Reads the item anew.
     void refresh();
 

@@ -102,7 +102,8 @@ void WStackedItemsTable::makeToolRow()
     menu->addSeparator();
     QAction *split = menu->addAction(tr("Split by Class"), fModel, &TStackedItemsTableModel::splitByClass);
     menu->addAction(tr("Reset Factors and Offsets"), fModel, &TStackedItemsTableModel::resetFactorsAndOffsets);
-    connect(menu, &QMenu::aboutToShow, this, [this, split] { split->setEnabled(fModel->edits() != nullptr); });
+    connect(menu, &QMenu::aboutToShow, this,
+            [this, split] { split->setEnabled(fModel->canEdit(IStackedItemsEdits::cSplit)); });
     fSort->setText(tr("Sort by"));
     fSort->setMenu(menu);
     fSort->setPopupMode(QToolButton::InstantPopup);
@@ -173,7 +174,7 @@ void WStackedItemsTable::onClicked(const QModelIndex &place)
 {
     if (place.column() == TStackedItemsTableModel::cActive)
         fModel->activate(place.row());
-    if (place.column() != TStackedItemsTableModel::cSwatch || !fModel->edits())
+    if (place.column() != TStackedItemsTableModel::cSwatch || !fModel->canEdit(IStackedItemsEdits::cColors))
         return;
     const QColor color = QColorDialog::getColor(place.data(Qt::DecorationRole).value<QColor>(), this);
     fModel->setColor(place.row(), color);

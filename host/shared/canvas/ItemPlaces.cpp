@@ -1,0 +1,103 @@
+#include "canvas/ItemPlaces.h"
+
+#include "canvas/TCanvasSpectrum.h"
+#include "canvas/TPage.h"
+#include "plot/TBasePlot.h"
+#include "plot/TBasePlotter.h"
+
+#include <QImage>
+#include <QPainter>
+
+const QByteArray cExpansionRole = QByteArrayLiteral("expansionOf");
+
+namespace {
+
+constexpr int cSampleWidth = 240; // pixels: enough to tell a line from paper
+constexpr int cBlank = 250;       // grey from which on a pixel counts as paper
+constexpr double cTieWidth = 2.0; // canvas units
+const QColor cTieColor(0x80, 0x84, 0x8A);
+
+int inkIn(const QImage &image, const QRect &area)
+{
+    int ink = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const uchar *line = image.constScanLine(y);
+        for (int x = area.left(); x <= area.right(); ++x)
+            ink += line[x] < cBlank;
+    }
+    return ink;
+}
+
+/// A value of the horizontal axis as a place on the page; false where it is not in view.
+bool placeOnPage(const TCanvasSpectrum &item, double value, double &place)
+{
+    const TBasePlotter *plotter = item.activePlotter();
+    const QRectF curves = plotter->getPlotCurvesRect();
+    if (!plotter->scale2Canvas(horzDir, value, place) || place < curves.left() - 1.0 || place > curves.right() + 1.0)
+        return false;
+    place += item.rect().left();
+    return true;
+}
+
+void drawTies(QPainter &painter, const TCanvasSpectrum &part, const TCanvasSpectrum &source)
+{
+    const QRectF from = source.activePlotter()->getPlotCurvesRect().translated(source.rect().topLeft());
+    const QRectF to = part.activePlotter()->getPlotCurvesRect().translated(part.rect().topLeft());
+    const bool isAbove = part.rect().center().y() <= source.rect().center().y();
+    const double start = isAbove ? from.bottom() : from.top();
+    const double end = isAbove ? to.bottom() : to.top();
+    const TRange shown = part.activePlot()->horzAxis().getScale();
+    const double ends[] = {to.left(), to.right()};
+    const double values[] = {shown.a, shown.b}; // the left end of an axis comes first
+    for (int i = 0; i < 2; ++i) {
+        double place = 0.0;
+        if (placeOnPage(source, values[i], place))
+            painter.drawLine(QPointF(place, start), QPointF(ends[i], end));
+    }
+}
+
+} // namespace
+
+QRectF emptiestCorner(const TPage &page)
+{
+    const QSizeF paper = page.size();
+    QImage sample(cSampleWidth, qMax(1, qRound(cSampleWidth * paper.height() / paper.width())),
+                  QImage::Format_Grayscale8);
+    sample.fill(Qt::white);
+    page.render(&sample);
+    const double scale = sample.width() / paper.width();
+    const QRectF room = QRectF(QPointF(0, 0), paper).marginsRemoved(page.margins());
+    const QSizeF size(cCornerShare * paper.width(), cCornerShare * paper.height());
+    const QPointF corners[] = {QPointF(room.right() - size.width(), room.top()), room.topLeft(),
+                               QPointF(room.right() - size.width(), room.bottom() - size.height()),
+                               QPointF(room.left(), room.bottom() - size.height())};
+    QRectF best;
+    int least = -1;
+    for (const QPointF &corner : corners) {
+        const QRectF rect(corner, size);
+        const QRect pixels(QRectF(rect.topLeft() * scale, rect.size() * scale).toRect() & sample.rect());
+        const int ink = inkIn(sample, pixels);
+        if (least < 0 || ink < least) {
+            least = ink;
+            best = rect;
+        }
+    }
+    return best;
+}
+
+void drawExpansionTies(QPainter &painter, const TPage &page)
+{
+    painter.save();
+    painter.setPen(QPen(cTieColor, cTieWidth));
+    for (const TCanvasItem *item : page.items()) {
+        const auto *part = dynamic_cast<const TCanvasSpectrum *>(item);
+        for (const QUuid &id : part && part->activePlot() ? part->links(cExpansionRole) : QList<QUuid>()) {
+            for (const TCanvasItem *other : page.items()) {
+                const auto *source = dynamic_cast<const TCanvasSpectrum *>(other);
+                if (source && source->activePlot() && source->uniqueId() == id)
+                    drawTies(painter, *part, *source);
+            }
+        }
+    }
+    painter.restore();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QRectF>
+
+class QPainter;
+class TPage;
+
+/// Share of the page's sides that an item in a corner takes.
+constexpr double cCornerShare = 0.45;
+
+/// The corner of a page, inside its margins, where least is drawn: the room for one more item, in canvas units.
+QRectF emptiestCorner(const TPage &page);
+
+/// The role of the link from an enlarged part to the item that it was taken from.
+extern const QByteArray cExpansionRole;
+
+/// Draws two thin lines from each enlarged part on the page to the stretch of the plot that it shows. The painter is
+/// scaled to the page's canvas units.
+void drawExpansionTies(QPainter &painter, const TPage &page);

@@ -1,0 +1,77 @@
+#include "WStackedSpectraDock.h"
+
+#include "TDocumentController.h"
+#include "WDocumentView.h"
+#include "canvas/TCanvasItem.h"
+#include "contexts/IStackedItemCtx.h"
+#include "widgets/TStackedItemsTableModel.h"
+#include "widgets/WStackedItemsTable.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int cMargin = 6;
+
+} // namespace
+
+WStackedSpectraDock::WStackedSpectraDock(TDocumentController &documents, QWidget *parent)
+    : WPluginDockWidget("ZarnuStackedSpectraTable", tr("Stacked Spectra"), parent)
+    , fDocuments(documents)
+    , fHeader(new QLabel(this))
+    , fNothing(new QLabel(tr("No spectrum is active."), this))
+    , fTable(new WStackedItemsTable(this))
+{
+    auto *page = new QWidget(this);
+    auto *column = new QVBoxLayout(page);
+    column->setContentsMargins(cMargin, cMargin, cMargin, cMargin);
+    column->setSpacing(cMargin);
+    column->addWidget(fHeader);
+    column->addWidget(fNothing, 1);
+    column->addWidget(fTable, 1);
+    fNothing->setAlignment(Qt::AlignCenter);
+    fNothing->setEnabled(false); // the grey of disabled things
+    setWidget(page);
+    page->setFocusProxy(fTable->view());
+    fTable->model()->setEdits(&fEdits);
+    connect(fTable->model(), &QAbstractItemModel::dataChanged, this, &WStackedSpectraDock::showHeader);
+    connect(fTable->model(), &QAbstractItemModel::modelReset, this, &WStackedSpectraDock::showHeader);
+    connect(&documents, &TDocumentController::contentChanged, this, &WStackedSpectraDock::showHeader);
+    connect(&documents, &TDocumentController::documentShown, this, &WStackedSpectraDock::refresh);
+    refresh();
+}
+
+void WStackedSpectraDock::refresh()
+{
+    TCanvasItem *shown = item() && item()->stackedContext() ? item() : nullptr;
+    // the item is one of the document that is shown
+    fTable->model()->setHistory(fDocuments.document() ? &fDocuments.document()->history() : nullptr);
+    fTable->model()->setItem(shown);
+    fTable->model()->refresh();
+    showHeader();
+}
+
+void WStackedSpectraDock::showHeader()
+{
+    const TCanvasItem *shown = fTable->model()->item();
+    IStackedItemCtx *stack = shown ? fTable->model()->item()->stackedContext() : nullptr;
+    fNothing->setVisible(!stack);
+    fTable->setVisible(stack != nullptr);
+    fHeader->setVisible(stack != nullptr);
+    if (!stack)
+        return;
+    const QString active = stack->title(stack->activeIndex());
+    const QString name = shown->title(false);
+    fHeader->setText(name.isEmpty() || name == active ? active : tr("%1: %2").arg(name, active));
+}
+
+void WStackedSpectraDock::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && fDocuments.view())
+        fDocuments.view()->setFocus();
+    else
+        WPluginDockWidget::keyPressEvent(event);
+}
