@@ -60,6 +60,7 @@ constexpr char cStateKey[] = "Kelmora/Window/State";
 constexpr int cStateVersion = 1;
 constexpr double cFirstShare = 0.8; // of the screen
 constexpr int cPagesWidth = 190;
+constexpr int cTablesHeight = 220;
 
 /// Of the set of screens: a window comes back where it was when the same screens are there.
 QString screenSet()
@@ -320,6 +321,7 @@ void WMainWindow::setFirstLayout()
     fStack->hide();
     fLog->hide();
     resizeDocks({fPages}, {cPagesWidth}, Qt::Horizontal);
+    resizeDocks({fStack, fLog}, {cTablesHeight, cTablesHeight}, Qt::Vertical);
     fStateBeforeHiding.clear();
 }
 

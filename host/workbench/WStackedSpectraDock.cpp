@@ -32,6 +32,7 @@ WStackedSpectraDock::WStackedSpectraDock(TDocumentController &documents, QWidget
     column->addWidget(fHeader);
     column->addWidget(fNothing, 1);
     column->addWidget(fTable, 1);
+    fHeader->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     fNothing->setAlignment(Qt::AlignCenter);
     fNothing->setEnabled(false); // the grey of disabled things
     setWidget(page);
@@ -64,7 +65,7 @@ void WStackedSpectraDock::showHeader()
     if (!stack)
         return;
     const QString active = stack->title(stack->activeIndex());
-    const QString name = shown->title(false);
+    const QString name = shown->title(false).trimmed();
     fHeader->setText(name.isEmpty() || name == active ? active : tr("%1: %2").arg(name, active));
 }
 

@@ -77,6 +77,26 @@ TEST(T1DYrexPlot, theVerticalFitTakesWhatIsInViewOfAllVisibleSpectra)
     EXPECT_NEAR(plot->intensityAxis().getScale().hi(), 1.01 + 0.08, 1e-6);
 }
 
+TEST(T1DYrexPlot, theVerticalFitKnowsAllSpectraWhereTheAxisStartsAtZero)
+{
+    for (const int unit : {int(cUnitNanometers), int(cUnitArbitrary)}) {
+        TYrexSpectrumList spectra;
+        for (const double height : {1.0, 7.0, 3.0}) {
+            QVector<double> y(51, 0.5);
+            y[10] = height / 2;
+            y[30] = height;
+            spectra.append(newSpectrum(y, 0.0, 500.0, unit, cUnitAbsorbance));
+        }
+        TCanvasYrexSpectrum item(spectra, nullptr, nullptr);
+        T1DYrexPlot &plot = *item.activeYrexPlot();
+        plot.fitToHeight();
+        EXPECT_NEAR(plot.intensityAxis().getScale().hi(), 7.0 + 0.08 * 6.5, 1e-6) << unit;
+        plot.setScale(horzDir, 0.0, 200.0); // the highest points are out of view
+        plot.fitToHeight();
+        EXPECT_NEAR(plot.intensityAxis().getScale().hi(), 3.5 + 0.08 * 3.0, 1e-6) << unit;
+    }
+}
+
 TEST(T1DYrexPlot, aGentleFitKeepsAScaleThatTheCurveFills)
 {
     TCanvasYrexSpectrum item({band()}, nullptr, nullptr);

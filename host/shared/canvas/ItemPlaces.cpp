@@ -58,7 +58,7 @@ void drawTies(QPainter &painter, const TCanvasSpectrum &part, const TCanvasSpect
 
 } // namespace
 
-QRectF emptiestCorner(const TPage &page)
+QRectF emptiestCorner(const TPage &page, const QRectF &part)
 {
     const QSizeF paper = page.size();
     QImage sample(cSampleWidth, qMax(1, qRound(cSampleWidth * paper.height() / paper.width())),
@@ -66,7 +66,8 @@ QRectF emptiestCorner(const TPage &page)
     sample.fill(Qt::white);
     page.render(&sample);
     const double scale = sample.width() / paper.width();
-    const QRectF room = QRectF(QPointF(0, 0), paper).marginsRemoved(page.margins());
+    const QRectF inMargins = QRectF(QPointF(0, 0), paper).marginsRemoved(page.margins());
+    const QRectF room = part.isEmpty() ? inMargins : part & inMargins;
     const QSizeF size(cCornerShare * paper.width(), cCornerShare * paper.height());
     const QPointF corners[] = {QPointF(room.right() - size.width(), room.top()), room.topLeft(),
                                QPointF(room.right() - size.width(), room.bottom() - size.height()),

@@ -9,8 +9,9 @@ class TPage;
 /// Share of the page's sides that an item in a corner takes.
 constexpr double cCornerShare = 0.45;
 
-/// The corner of a page, inside its margins, where least is drawn: the room for one more item, in canvas units.
-QRectF emptiestCorner(const TPage &page);
+/// The corner of a part of a page where least is drawn: the room for one more item, in canvas units. A null part is the
+/// page inside its margins.
+QRectF emptiestCorner(const TPage &page, const QRectF &part = QRectF());
 
 /// The role of the link from an enlarged part to the item that it was taken from.
 extern const QByteArray cExpansionRole;

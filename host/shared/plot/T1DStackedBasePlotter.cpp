@@ -17,6 +17,7 @@ constexpr double cDegree = 3.14159265358979323846 / 180.0;
 constexpr double cMarkSize = 24.0;      // of the mark beside the active row
 constexpr double cSmallMarkSize = 14.0; // of those beside the other selected rows
 constexpr double cTitleOverrun = 1.6;   // by which a title over a column may be shortened
+constexpr double cClearPitch = 1.5;     // of a title's height: rows further apart leave its place free
 constexpr double cTitleInset = 8.0;     // between a row's title and the right end
 constexpr double cMaxTitleShare = 0.25; // of the item's width, for titles beside rows
 constexpr double cFadedAlpha = 0.45;    // of curves that are not selected
@@ -33,6 +34,15 @@ void setDashCue(QPen &pen, int number)
         return;
     pen.setDashPattern(cue);
     pen.setCapStyle(Qt::FlatCap);
+}
+
+/// Whether rows are so near to each other that one further right reaches over the end of the one in front of it.
+bool areDense(const T1DStackedBasePlotter &plotter, double titleHeight)
+{
+    if (plotter.rowCount() < 2)
+        return false;
+    const double pitch = plotter.getArrayedCurveRect(0).bottom() - plotter.getArrayedCurveRect(1).bottom();
+    return std::fabs(pitch) < cClearPitch * titleHeight;
 }
 
 } // namespace
@@ -388,8 +398,9 @@ void T1DStackedBasePlotter::drawStackedTitles(QPainter &painter, const QStringLi
             continue;
         const double width = typesetter.width(lines.first());
         double left = own.center().x() - width / 2;
+        const double end = areDense(*this, height) ? whole.right() : own.right();
         if (!isQueue)
-            left = room.right() > 0.0 ? own.right() + cTitleInset : own.right() - width - cTitleInset;
+            left = room.right() > 0.0 ? end + cTitleInset : own.right() - width - cTitleInset;
         const QRectF rect(left, label.pos - height / 2, width, height);
         const int order = orders.at(label.index);
         if (room.isNull()) {

@@ -80,14 +80,19 @@ void TMMActExpansion::createExpansion(TCanvasSpectrum &source, double from, doub
     }
     TCanvasItem::link(part, cExpansionRole, source.uniqueId());
     part->setLayoutPolicy(TCanvasItem::cOwnRect, false);
-    part->setRect(emptiestCorner(*source.canvas()));
+    // a plot that has the page for itself makes room within its axes
+    const bool isAlone = source.canvas()->items().size() == 1;
+    const QRectF curves = plotter->getPlotCurvesRect().translated(source.rect().topLeft());
+    part->setRect(emptiestCorner(*source.canvas(), isAlone ? curves : QRectF()));
     part->activePlot()->setScale(horzDir, range.a, range.b);
     part->activePlot()->fitToHeight();
-    part->activePlot()->setTitleVisible(false); // it stands over the source already
+    part->activePlot()->setTitleVisible(false); // it stands over the source already, as the legend does
+    part->activePlot()->properties().showLegend = false;
     auto *command =
         new TCmdCreateItem(TCmdCreateItem::cOther, {part}, nullptr, source.canvas(), source.provenance(), 1);
     command->setDescription(QCoreApplication::translate("TMMActExpansion", "Create Expansion"));
     view()->history().push(command);
+    view()->selectItem(part, false);
 }
 
 bool TMMActExpansion::cancelGesture()

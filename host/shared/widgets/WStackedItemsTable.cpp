@@ -22,6 +22,21 @@
 
 namespace {
 
+/// Draws the frames of check boxes so that they stand out from a dark table as well.
+class TCheckDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &place) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, place);
+        // the style derives the frame from the colour of windows, which a dark table nearly has
+        option->palette.setColor(QPalette::Window, option->palette.color(QPalette::PlaceholderText));
+    }
+};
+
 /// Offers the classes in use; any other text makes a new one.
 class TClassDelegate : public QStyledItemDelegate
 {
@@ -115,6 +130,7 @@ void WStackedItemsTable::makeView()
     fView->setSelectionBehavior(QAbstractItemView::SelectRows);
     fView->setDragDropMode(QAbstractItemView::InternalMove);
     fView->setDragDropOverwriteMode(false);
+    fView->setItemDelegate(new TCheckDelegate(this));
     fView->setItemDelegateForColumn(TStackedItemsTableModel::cClass, new TClassDelegate(this));
     fView->verticalHeader()->hide();
     for (int column = TStackedItemsTableModel::cDate; column < TStackedItemsTableModel::cColumnCount; ++column)

@@ -1,0 +1,256 @@
+#include "TViewInput.h"
+#include "TWindowFixture.h"
+#include "WAxisLimitsDialog.h"
+#include "WStackedSpectraDock.h"
+#include "canvas/ItemPlaces.h"
+#include "consts/Consts.h"
+#include "contexts/IStackedItemCtx.h"
+#include "plot/T1DStackedPlot.h"
+#include "plugin/IPluginEvent.h"
+#include "services/IGuiHost.h"
+#include "widgets/TStackedItemsTableModel.h"
+#include "widgets/WStackedItemsTable.h"
+
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QTimer>
+
+namespace {
+
+class StackDockTest : public TWindowFixture
+{
+protected:
+    void run(const char *action)
+    {
+        fWindow->actionTable().updateStates();
+        fWindow->actionTable().action(action)->trigger();
+        settle();
+    }
+    IStackedItemCtx *stack() { return item()->stackedContext(); }
+    QUndoStack *undo() { return document()->history().stack(); }
+    TStackedItemsTableModel *table()
+    {
+        return fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable")->table()->model();
+    }
+    QMenu *menuAt(const QPoint &place)
+    {
+        QTest::mouseClick(view()->viewport(), Qt::RightButton, {}, place);
+        settle();
+        return view()->findChild<QMenu *>();
+    }
+    /// A point of the page from the item's top left corner, as a place of the viewport.
+    QPoint onItem(double x, double y) { return view()->itemToView(*item()).map(QPointF(x, y)).toPoint(); }
+};
+
+} // namespace
+
+TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
+{
+    EXPECT_EQ(table()->rowCount(), 0);
+    open(writeCsv("stack.csv", 3));
+    TStackedItemsTableModel *model = table();
+    ASSERT_EQ(model->rowCount(), 3);
+    const int before = undo()->index();
+    const auto set = [model](int row, int column, const QVariant &value, int role) {
+        return model->setData(model->index(row, column), value, role);
+    };
+    model->activate(2);
+    EXPECT_EQ(stack()->activeIndex(), 2);
+    EXPECT_TRUE(set(1, TStackedItemsTableModel::cShow, Qt::Unchecked, Qt::CheckStateRole));
+    EXPECT_TRUE(set(1, TStackedItemsTableModel::cClass, "acid", Qt::EditRole));
+    EXPECT_TRUE(set(1, TStackedItemsTableModel::cFactor, "2,5", Qt::EditRole));
+    const QColor color = stack()->color(0);
+    model->setColor(0, Qt::red);
+    EXPECT_EQ(stack()->color(0), QColor(Qt::red));
+    EXPECT_FALSE(model->flags(model->index(0, TStackedItemsTableModel::cTitle)) & Qt::ItemIsEditable);
+    EXPECT_EQ(undo()->index(), before + 5);
+    while (undo()->index() > before)
+        undo()->undo();
+    EXPECT_EQ(stack()->activeIndex(), 0);
+    EXPECT_EQ(stack()->color(0), color);
+    EXPECT_TRUE(stack()->allVisible());
+    EXPECT_FALSE(stack()->classNames().contains("acid"));
+    EXPECT_DOUBLE_EQ(stack()->relativeFactor(1), 1.0);
+    run("delete");
+    EXPECT_EQ(table()->rowCount(), 0);
+}
+
+TEST_F(StackDockTest, theActiveSpectrumIsAViewAndHeldKeysAreOneStep)
+{
+    open(writeCsv("stack.csv", 4));
+    document()->history().setClean();
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    EXPECT_EQ(stack()->activeIndex(), 2);
+    EXPECT_EQ(lastStep(), "Active Spectrum");
+    EXPECT_FALSE(document()->history().isModified());
+    undo()->undo();
+    EXPECT_EQ(stack()->activeIndex(), 0);
+}
+
+TEST_F(StackDockTest, whatPlotsShowIsSwitchedAsProperties)
+{
+    open(writeCsv("stack.csv", 3));
+    const int before = undo()->index();
+    key(Qt::Key_L);
+    EXPECT_TRUE(plot()->properties().showLegend);
+    key(Qt::Key_G);
+    EXPECT_TRUE(plot()->properties().vertAxis.majorGrid);
+    key(Qt::Key_T);
+    EXPECT_FALSE(plot()->isTitleVisible());
+    run("axes");
+    EXPECT_FALSE(plot()->horzAxis().isVisible());
+    EXPECT_EQ(undo()->index(), before + 4);
+    while (undo()->index() > before)
+        undo()->undo();
+    EXPECT_FALSE(plot()->properties().showLegend);
+    EXPECT_FALSE(plot()->properties().vertAxis.majorGrid);
+    EXPECT_TRUE(plot()->isTitleVisible());
+    EXPECT_TRUE(plot()->horzAxis().isVisible());
+}
+
+TEST_F(StackDockTest, darkPaperIsForTheScreenOnly)
+{
+    open(writeCsv("stack.csv", 2));
+    run("darkPaper");
+    EXPECT_TRUE(plot()->stateWord() & TBasePlot::cDarkPaper);
+    EXPECT_FALSE(document()->isModified() && undo()->undoText() == "Dark Paper");
+    QImage picture(200, 150, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    view()->page()->render(&picture);
+    EXPECT_EQ(picture.pixelColor(100, 3), QColor(Qt::white));
+    EXPECT_GT(picture.pixelColor(100, 75).lightness(), 100);
+    EXPECT_TRUE(plot()->stateWord() & TBasePlot::cDarkPaper);
+    run("darkPaper");
+    EXPECT_FALSE(plot()->stateWord() & TBasePlot::cDarkPaper);
+}
+
+TEST_F(StackDockTest, spectraAreSelectedRemovedAndExtracted)
+{
+    open(writeCsv("stack.csv", 3));
+    run("selectNoSpectra");
+    EXPECT_EQ(stack()->ids(false, true).size(), 1) << "the selection is never empty";
+    run("invertSpectra");
+    EXPECT_EQ(stack()->ids(false, true).size(), 2);
+    table()->activate(1);
+    run("extractActive");
+    ASSERT_EQ(document()->items().size(), 2);
+    EXPECT_EQ(stack()->count(), 2);
+    auto *extracted = dynamic_cast<TCanvasSpectrum *>(document()->items().last());
+    EXPECT_EQ(extracted->stackedContext()->count(), 1);
+    QPointF top;
+    EXPECT_TRUE(dynamic_cast<T1DStackedPlot *>(extracted->activePlot())->curvePoint(0, 600.0, 0, top));
+    EXPECT_NEAR(top.y(), 2.0, 1e-9) << "the second spectrum";
+    undo()->undo();
+    EXPECT_EQ(document()->items().size(), 1);
+    EXPECT_EQ(stack()->count(), 3);
+    run("removeActive");
+    EXPECT_EQ(stack()->count(), 2);
+}
+
+TEST_F(StackDockTest, controlShiftWheelSpacesAStack)
+{
+    open(writeCsv("stack.csv", 3));
+    key(Qt::Key_S);
+    const auto spacing = [this] { return dynamic_cast<T1DStackedPlot *>(plot())->stackedProperties().spacing(); };
+    const double before = spacing();
+    const QPoint place = at(0.5, 0.5);
+    for (int i = 0; i < 2; ++i) {
+        QWheelEvent event(place, view()->viewport()->mapToGlobal(place), {}, QPoint(0, 120), Qt::NoButton,
+                          Qt::ControlModifier | Qt::ShiftModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view()->viewport(), &event);
+    }
+    EXPECT_NEAR(spacing(), before * 1.21, 1e-6);
+    undo()->undo();
+    EXPECT_DOUBLE_EQ(spacing(), before);
+}
+
+TEST_F(StackDockTest, menusAreThoseOfThePlace)
+{
+    open(writeCsv("stack.csv", 2));
+    QMenu *menu = menuAt(at(0.5, 0.5));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->objectName(), "mainContextMenu");
+    EXPECT_TRUE(menu->actions().contains(fWindow->actionTable().menu("displayMode")->menuAction()));
+    delete menu;
+    const QRectF curves = plot()->plotter()->getPlotCurvesRect();
+    menu = menuAt(onItem(curves.center().x(), curves.bottom() + 40));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->objectName(), "horzAxisContextMenu");
+    delete menu;
+    menu = menuAt(onItem(-20, -20));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->objectName(), "paperContextMenu");
+    delete menu;
+    // the right button that gives up a drag opens none
+    QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, at(0.2, 0.2));
+    moveTo(at(0.6, 0.6), Qt::LeftButton);
+    EXPECT_EQ(menuAt(at(0.6, 0.6)), nullptr);
+}
+
+TEST_F(StackDockTest, aDoubleClickOnAnAxisAsksForItsLimits)
+{
+    open(writeCsv("one.csv"));
+    const TRange height = plot()->vertAxis().getScale();
+    QTimer::singleShot(0, this->fWindow.get(), [] {
+        auto *dialog = qobject_cast<WAxisLimitsDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit *>("from")->setText("700,5");
+        dialog->findChild<QLineEdit *>("to")->setText("300");
+        dialog->accept();
+    });
+    const QRectF curves = plot()->plotter()->getPlotCurvesRect();
+    QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, onItem(curves.center().x(), curves.bottom() + 40));
+    settle();
+    EXPECT_DOUBLE_EQ(plot()->horzAxis().getScale().lo(), 300.0);
+    EXPECT_DOUBLE_EQ(plot()->horzAxis().getScale().hi(), 700.5);
+    EXPECT_EQ(plot()->vertAxis().getScale(), height);
+}
+
+TEST_F(StackDockTest, anExpansionIsAnItemTiedToItsSource)
+{
+    open(writeCsv("one.csv"));
+    key(Qt::Key_E);
+    drag(at(0.45, 0.5), at(0.55, 0.5));
+    ASSERT_EQ(document()->items().size(), 2);
+    EXPECT_EQ(lastStep(), "Create Expansion");
+    auto *part = dynamic_cast<TCanvasSpectrum *>(document()->items().last());
+    EXPECT_EQ(part->links(cExpansionRole), QList<QUuid>{item()->uniqueId()});
+    EXPECT_NEAR(part->rect().width(), 0.45 * view()->page()->size().width(), 1e-6);
+    const TRange shown = part->activePlot()->horzAxis().getScale();
+    EXPECT_NEAR(shown.span(), 0.1 * plot()->horzAxis().getScale().span(), 20.0);
+    undo()->undo();
+    EXPECT_EQ(document()->items().size(), 1);
+}
+
+TEST_F(StackDockTest, pagesAreRenamedByACommand)
+{
+    fWindow->findChild<QListView *>()->model()->setData(fWindow->findChild<QListView *>()->model()->index(0, 0),
+                                                        " Dyes ", Qt::EditRole);
+    EXPECT_EQ(view()->page()->title(), "Dyes");
+    undo()->undo();
+    EXPECT_EQ(view()->page()->title(), "");
+}
+
+TEST_F(StackDockTest, modesAndEventsReachPlugins)
+{
+    open(writeCsv("one.csv"));
+    IGuiHost *gui = fHost.gui();
+    ASSERT_NE(gui, nullptr);
+    gui->setMouseMode(Consts::Common::panModeID);
+    EXPECT_EQ(fWindow->modes().modes().mode(), Consts::Common::panModeID);
+    EXPECT_EQ(gui->mouseMode(), Consts::Common::panModeID);
+    gui->setMouseMode(QUuid());
+    EXPECT_TRUE(gui->mouseMode().isNull());
+    EXPECT_EQ(gui->plotView(), static_cast<IPlotView *>(view()));
+    int asked = 0;
+    view()->input().setFilter([&asked](QEvent *event) {
+        asked += event->type() == QEvent::MouseButtonPress;
+        return event->type() == QEvent::MouseButtonPress;
+    });
+    const int before = undo()->index();
+    drag(at(0.2, 0.2), at(0.7, 0.7));
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(undo()->index(), before) << "an event that was taken goes no further";
+}
