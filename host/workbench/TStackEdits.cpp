@@ -4,6 +4,8 @@
 #include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangePlots.h"
 #include "contexts/IStackedItemCtx.h"
+#include "plugin/IPluginDAItems.h"
+#include "services/TKelmoraHost.h"
 
 TCommand *TStackEdits::activeCommand(TCanvasItem *item, int index)
 {
@@ -17,4 +19,17 @@ TCommand *TStackEdits::colorsCommand(TCanvasItem *item, const QVector<QColor> &c
                                    if (IStackedItemCtx *stack = spectrum.stackedContext())
                                        stack->setAllColors(colors);
                                });
+}
+
+TCommand *TStackEdits::valuesCommand(TCanvasItem *item, const QMap<int, double> &values)
+{
+    QVariantMap map;
+    for (auto it = values.constBegin(); it != values.constEnd(); ++it)
+        map.insert(QString::number(it.key()), it.value());
+    for (QObject *plugin : fHost.plugins()) {
+        auto *editor = qobject_cast<IPluginDAItems *>(plugin);
+        if (TCommand *command = editor ? editor->editArrayedDataCommand(TCanvasItemList{item}, map) : nullptr)
+            return command;
+    }
+    return nullptr;
 }

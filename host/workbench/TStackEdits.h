@@ -2,15 +2,25 @@
 
 #include "widgets/IStackedItemsEdits.h"
 
-/// What the table of stacked spectra can edit without a plug-in's own commands.
+class TKelmoraHost;
+
+/// What the table of stacked spectra can edit: the host's own commands, and those that plug-ins give.
 class TStackEdits : public IStackedItemsEdits
 {
 public:
-    bool canEdit(TEdit edit) const override { return edit == cColors; }
+    explicit TStackEdits(TKelmoraHost &host)
+        : fHost(host)
+    {
+    }
+
+    bool canEdit(TEdit edit) const override { return edit == cColors || edit == cValues; }
     QVariant fact(TCanvasItem *, int, TFact) const override { return QVariant(); }
     TCommand *activeCommand(TCanvasItem *item, int index) override;
     TCommand *titleCommand(TCanvasItem *, int, const QString &) override { return nullptr; }
-    TCommand *valuesCommand(TCanvasItem *, const QMap<int, double> &) override { return nullptr; }
+    TCommand *valuesCommand(TCanvasItem *item, const QMap<int, double> &values) override;
     TCommand *colorsCommand(TCanvasItem *item, const QVector<QColor> &colors) override;
     TCommand *splitByClassCommand(TCanvasItem *) override { return nullptr; }
+
+private:
+    TKelmoraHost &fHost;
 };

@@ -113,7 +113,7 @@ void WMainWindow::makeDocks()
     fLog = new WLogPane(this);
     addDockWidget(Qt::BottomDockWidgetArea, fLog);
     fLog->hide();
-    fStack = new WStackedSpectraDock(*fDocuments, this);
+    fStack = new WStackedSpectraDock(fHost, *fDocuments, this);
     addDockWidget(Qt::BottomDockWidgetArea, fStack);
     tabifyDockWidget(fStack, fLog);
     fStack->hide();

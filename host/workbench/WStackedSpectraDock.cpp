@@ -18,9 +18,10 @@ constexpr int cMargin = 6;
 
 } // namespace
 
-WStackedSpectraDock::WStackedSpectraDock(TDocumentController &documents, QWidget *parent)
+WStackedSpectraDock::WStackedSpectraDock(TKelmoraHost &host, TDocumentController &documents, QWidget *parent)
     : WPluginDockWidget("ZarnuStackedSpectraTable", tr("Stacked Spectra"), parent)
     , fDocuments(documents)
+    , fEdits(host)
     , fHeader(new QLabel(this))
     , fNothing(new QLabel(tr("No spectrum is active."), this))
     , fTable(new WStackedItemsTable(this))

@@ -13,7 +13,7 @@ class WStackedSpectraDock : public WPluginDockWidget
     Q_OBJECT
 
 public:
-    explicit WStackedSpectraDock(TDocumentController &documents, QWidget *parent = nullptr);
+    WStackedSpectraDock(TKelmoraHost &host, TDocumentController &documents, QWidget *parent = nullptr);
 
     WStackedItemsTable *table() const { return fTable; }
     void refresh() override;

@@ -1,8 +1,10 @@
 // The host's commands on stacks, items and properties, with items of this module.
+#include "TCmdYrexSeriesValues.h"
 #include "TMultiYrexSpectrumPropertiesBag.h"
 #include "TStackItem.h"
 #include "canvas/TItemFragment.h"
 #include "canvas/TLoadReport.h"
+#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdDeleteItems.h"
 #include "commands/TCmdEditSpectrumClass.h"
@@ -309,6 +311,28 @@ TEST(PropertiesBag, defaultsReachNewItems)
     TDefaultsIni().setValue("Zarnu/Plot Properties/ZarnuSpectrum", "{ broken");
     EXPECT_FALSE(TStackItem(1).plot().properties().keepFitting);
     TDefaultsIni::setStore(TDefaultsIni::memory);
+}
+
+TEST(StackCommands, seriesValuesActiveSpectrumAndSecondAxisSwap)
+{
+    TStackItem stack(3);
+    stack.item->stack().at(1)->params().append(TSpectrumParam(TSpectrumParam::cSeriesValue, QString(), QString(), -1));
+    EXPECT_TRUE(stack.swaps(new TCmdYrexSeriesValues({stack.item}, {{1, 37.5}, {2, -4.0}, {9, 1.0}})));
+    EXPECT_EQ(stack.stack().arrayedValue(1), 37.5);
+    EXPECT_EQ(stack.stack().arrayedValue(2), -4.0);
+    EXPECT_FALSE(stack.history().push(new TCmdYrexSeriesValues({stack.item}, {})));
+    EXPECT_TRUE(stack.history().push(new TCmdActiveSpectrum({stack.item}, 2)));
+    EXPECT_EQ(stack.stack().activeIndex(), 2);
+    stack.history().stack()->undo();
+    EXPECT_EQ(stack.stack().activeIndex(), 0);
+    EXPECT_FALSE(stack.history().push(new TCmdActiveSpectrum({stack.item}, 3)));
+    const auto second = [&] {
+        auto bag = std::make_unique<TYrexSpectrumPropertiesBag>();
+        bag->setValue("axes.second", stack.plot().secondAxisUnits().first().first);
+        return new TCmdPlotProperties({stack.item}, std::move(bag));
+    };
+    EXPECT_TRUE(stack.swaps(second()));
+    EXPECT_EQ(stack.plot().properties().secondAxis, int(cUnitNanometers));
 }
 
 TEST(StackDocuments, roundTripByteForByte)

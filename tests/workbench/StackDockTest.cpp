@@ -60,11 +60,14 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
     EXPECT_TRUE(set(1, TStackedItemsTableModel::cShow, Qt::Unchecked, Qt::CheckStateRole));
     EXPECT_TRUE(set(1, TStackedItemsTableModel::cClass, "acid", Qt::EditRole));
     EXPECT_TRUE(set(1, TStackedItemsTableModel::cFactor, "2,5", Qt::EditRole));
+    const double value = stack()->arrayedValue(2);
+    EXPECT_TRUE(set(2, TStackedItemsTableModel::cValue, "37,5", Qt::EditRole));
+    EXPECT_DOUBLE_EQ(stack()->arrayedValue(2), 37.5);
     const QColor color = stack()->color(0);
     model->setColor(0, Qt::red);
     EXPECT_EQ(stack()->color(0), QColor(Qt::red));
     EXPECT_FALSE(model->flags(model->index(0, TStackedItemsTableModel::cTitle)) & Qt::ItemIsEditable);
-    EXPECT_EQ(undo()->index(), before + 5);
+    EXPECT_EQ(undo()->index(), before + 6);
     while (undo()->index() > before)
         undo()->undo();
     EXPECT_EQ(stack()->activeIndex(), 0);
@@ -72,6 +75,7 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
     EXPECT_TRUE(stack()->allVisible());
     EXPECT_FALSE(stack()->classNames().contains("acid"));
     EXPECT_DOUBLE_EQ(stack()->relativeFactor(1), 1.0);
+    EXPECT_DOUBLE_EQ(stack()->arrayedValue(2), value);
     run("delete");
     EXPECT_EQ(table()->rowCount(), 0);
 }

@@ -15,7 +15,8 @@ public:
     virtual ~IPluginDAItems() = default;
     /// The analysis context of an item, which owns it; null for an item of another type.
     virtual IDAItemCtx *daContext(TCanvasItem *item) = 0;
-    /// A command that edits the series values of stacked items; the caller owns it.
+    /// A command that sets series values of stacked items, by the index of the spectrum as text; the caller owns it,
+    /// null when there is nothing to set.
     virtual TCommand *editArrayedDataCommand(const TCanvasItemList &items, const QVariantMap &map) = 0;
 };
 

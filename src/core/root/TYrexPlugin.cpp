@@ -2,6 +2,7 @@
 
 #include "TASCIIYrexConverter.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexSeriesValues.h"
 #include "TDAYrexItemCtx.h"
 #include "TJCAMPYrexConverter.h"
 #include "TMultiYrexSpectrumPropertiesBag.h"
@@ -169,9 +170,18 @@ IDAItemCtx *TYrexPlugin::daContext(TCanvasItem *item)
     return spectrumItem ? spectrumItem->daContext() : nullptr;
 }
 
-TCommand *TYrexPlugin::editArrayedDataCommand(const TCanvasItemList &, const QVariantMap &)
+TCommand *TYrexPlugin::editArrayedDataCommand(const TCanvasItemList &items, const QVariantMap &map)
 {
-    return nullptr;
+    QMap<int, double> values;
+    for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
+        bool isIndex = false;
+        bool isNumber = false;
+        const int index = it.key().toInt(&isIndex);
+        const double value = it.value().toDouble(&isNumber);
+        if (isIndex && isNumber)
+            values.insert(index, value);
+    }
+    return values.isEmpty() ? nullptr : new TCmdYrexSeriesValues(items, values);
 }
 
 TCommand *TYrexPlugin::editParamCommand(const TCanvasItemList &, int, const QString &)
