@@ -104,8 +104,11 @@ TOpenResult TFileController::openTable(const QByteArray &text)
     result.fPath = folder.filePath(tr("Pasted numbers") + ".csv");
     if (ExportFile::write(result.fPath, text, &result.fReason))
         result = importOne(result.fPath, "csv");
+    tellImported();
     reportFailures({result});
     return result;
+}
+
 void TFileController::tellImported()
 {
     const QList<TImportedFile> files = fImported;

@@ -66,7 +66,6 @@ private:
     /// `format` names the converter outright.
     TOpenResult importOne(const QString &path, const QString &format = QString());
     void tellImported();
-    TOpenResult importOne(const QString &path);
     void reportFailures(const QList<TOpenResult> &results);
     void offerWhatIsWhole(const TOpenResult &result);
     QString dialogFilters() const;

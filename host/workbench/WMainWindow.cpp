@@ -1,8 +1,8 @@
 #include "WMainWindow.h"
 
-#include "TClipboardController.h"
 #include "TAutosave.h"
 #include "TAutosaveFile.h"
+#include "TClipboardController.h"
 #include "TDarkPaper.h"
 #include "TDocumentController.h"
 #include "TDropTarget.h"
@@ -160,7 +160,6 @@ void WMainWindow::connectActions()
     new TClipboardController(*fActions, *fDocuments, *fFiles, this);
     fExports = new TExportController(fHost, *fActions, *fDocuments, this);
     fPrinting = new TPrintController(*fActions, *fDocuments, this);
-    fModes = new TModeController(*fActions, *fDocuments, this);
     fModes = new TModeController(fHost, *fActions, *fDocuments, this);
     addThemes();
 }
@@ -221,10 +220,7 @@ void WMainWindow::connectDocuments()
     const auto show = [this](const QString &text) { statusBar()->showMessage(text, 5000); };
     connect(fFiles, &TFileController::told, this, show);
     connect(fExports, &TExportController::told, this, show);
-    connect(fFiles, &TFileController::told, this,
-            [this](const QString &text) { statusBar()->showMessage(text, 5000); });
-    connect(new TUnitsController(fHost, *fDocuments, *fFiles), &TUnitsController::told, this,
-            [this](const QString &text) { statusBar()->showMessage(text, 5000); });
+    connect(new TUnitsController(fHost, *fDocuments, *fFiles), &TUnitsController::told, this, show);
     connect(fActions->menu("recent"), &QMenu::aboutToShow, this, &WMainWindow::fillRecentMenu);
     connect(fActions->menu("samples"), &QMenu::aboutToShow, this, &WMainWindow::fillSamplesMenu);
     const auto fills = [this](const QString &name, const std::function<void(QMenu *)> &fill) {
