@@ -1,5 +1,6 @@
 #include "WUnitBar.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -11,7 +12,7 @@
 namespace {
 
 constexpr int cMargin = 6;
-constexpr int cShownLetters = 12;
+constexpr int cShownLetters = 9; // the list shows the names whole
 const QColor cPaper(0xFF, 0xF1, 0xC2);
 const QColor cInk(0x2B, 0x2F, 0x36);
 
@@ -24,6 +25,7 @@ QComboBox *makeChoice(const QString &name, const QString &toolTip, const QList<T
     box->setMinimumContentsLength(cShownLetters);
     for (const TUnitChoice &choice : choices)
         box->addItem(choice.fName, choice.fCode);
+    box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 4 * cMargin);
     return box;
 }
 
