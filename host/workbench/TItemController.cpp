@@ -7,6 +7,7 @@
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "commands/TCmdDeleteItems.h"
+#include "commands/TCmdItemOrder.h"
 #include "commands/TCmdMoveItem.h"
 
 #include <cmath>
@@ -27,6 +28,13 @@ TItemController::TItemController(TActionTable &actions, TDocumentController &doc
     };
     actions.on(
         "delete", [this] { fDocuments.document()->history().push(new TCmdDeleteItems(items())); }, needsItem);
+    const auto addOrder = [&](const QString &name, TCmdItemOrder::TTarget target) {
+        actions.on(
+            name, [this, target] { fDocuments.document()->history().push(new TCmdItemOrder(items(), target)); },
+            needsItem);
+    };
+    addOrder("bringToFront", TCmdItemOrder::cToFront);
+    addOrder("sendToBack", TCmdItemOrder::cToBack);
     actions.on(
         "selectAll", [this] { fDocuments.view()->selection().selectAll(); }, needsAny);
     actions.on(

@@ -224,6 +224,14 @@ TEST_F(StackDockTest, anExpansionIsAnItemTiedToItsSource)
     EXPECT_NEAR(part->rect().width(), 0.45 * view()->page()->size().width(), 1e-6);
     const TRange shown = part->activePlot()->horzAxis().getScale();
     EXPECT_NEAR(shown.span(), 0.1 * plot()->horzAxis().getScale().span(), 20.0);
+    run("sendToBack"); // the new item is the one selected
+    EXPECT_EQ(document()->items().first(), part);
+    run("bringToFront");
+    EXPECT_EQ(document()->items().last(), part);
+    undo()->undo();
+    EXPECT_EQ(document()->items().first(), part);
+    undo()->undo();
+    EXPECT_EQ(document()->items().last(), part);
     undo()->undo();
     EXPECT_EQ(document()->items().size(), 1);
 }

@@ -79,6 +79,15 @@ void TPage::insertItem(TCanvasItem *item, int index)
     emit itemAdded(item);
 }
 
+void TPage::moveItem(TCanvasItem *item, int index)
+{
+    const int place = fItems.indexOf(item);
+    if (place < 0)
+        return;
+    fItems.move(place, qBound(0, index, fItems.size() - 1));
+    orderScene();
+}
+
 void TPage::takeItem(TCanvasItem *item)
 {
     if (!fItems.removeOne(item))

@@ -45,6 +45,8 @@ public:
     const QList<TCanvasItem *> &items() const { return fItems; }
     /// Takes the item over, from another page where it stands on one; it stands at `index`, or last.
     void insertItem(TCanvasItem *item, int index = -1);
+    /// Lets an item of the page stand at `index` among the others; later ones lie over earlier ones.
+    void moveItem(TCanvasItem *item, int index);
     /// Gives the item up without deleting it.
     void takeItem(TCanvasItem *item);
     /// The item is being deleted.
