@@ -53,6 +53,8 @@ struct TNoWindows : IGuiHost
     void updateActions() override {}
     QUuid mouseMode() const override { return QUuid(); }
     void setMouseMode(const QUuid &) override {}
+    TPluginMouseModeHandler *mouseModes() override { return nullptr; }
+    IPlotView *plotView() override { return nullptr; }
     void itemInUse(TCanvasItem *) override {}
     QAction *action(const QString &) override { return nullptr; }
     IReportService *reports() override { return nullptr; }
