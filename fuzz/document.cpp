@@ -1,5 +1,7 @@
-// Loads bytes as a document, strictly or, when the first byte is odd, as the recovery of a cut file does. What was read
-// is asked for its titles and drawn, and stored; when it was read whole, it has to read back to the same bytes.
+// Loads bytes as a document: strictly, tolerantly when the first byte is odd, or from a file through recoverFrom when
+// its second bit is set. What was read is asked for its titles, fitted, drawn and stored; when it was read whole or
+// recovered, it has to read back to the same bytes and the same items.
+#include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "canvas/TCanvasItemList.h"
 #include "canvas/TDocument.h"
@@ -9,6 +11,7 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QTemporaryFile>
 #include <cstdlib>
 
 QScreen *gOffscreenScreen = nullptr; // the platform never deletes it; pointed at, it is no leak
@@ -38,6 +41,22 @@ bool load(TDocument &document, const QByteArray &bytes, bool tolerant)
     return document.load(stream, report);
 }
 
+/// The way of the command that opens a damaged file; what is recovered is a new document of its own.
+bool recover(TDocument &document, const QByteArray &bytes)
+{
+    static QTemporaryFile cFile;
+    if (!cFile.isOpen() && !cFile.open())
+        std::abort();
+    if (!cFile.resize(0) || !cFile.seek(0) || cFile.write(bytes) != bytes.size() || !cFile.flush())
+        std::abort();
+    const QUuid id = document.id();
+    TLoadReport report;
+    const bool any = document.recoverFrom(cFile.fileName(), report);
+    if (document.id() == id || !document.path().isEmpty() || (any && report.fItems > document.items().size()))
+        std::abort(); // saving it would replace the file that it came from, or it tells of more than there is
+    return any;
+}
+
 void look(const TDocument &document)
 {
     for (ICanvasItem *entry : document.items()) {
@@ -46,6 +65,14 @@ void look(const TDocument &document)
         item->title(false);
         item->subtype();
         item->descriptiveText();
+        if (TCanvasYrexSpectrum *spectra = yrexItem(entry)) {
+            spectra->visibleRanges();
+            if (T1DYrexPlot *plot = spectra->activeYrexPlot()) {
+                const TPlotData view = plot->getPlotData();
+                plot->keepCurveInView();
+                plot->setPlotData(view); // looking changes nothing
+            }
+        }
     }
     for (const TPage *page : document.pages()) {
         const QSize size = page->size().scaled(cPicture, cPicture, Qt::KeepAspectRatio).toSize();
@@ -72,13 +99,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return 0;
     const QByteArray bytes(reinterpret_cast<const char *>(data) + 1, int(size) - 1);
     TDocument document;
-    const bool whole = load(document, bytes, data[0] % 2 != 0);
+    const bool whole = data[0] & 2 ? recover(document, bytes) : load(document, bytes, data[0] & 1);
     look(document);
     const QByteArray first = stored(document);
     if (!whole)
         return 0;
     TDocument again;
-    if (!load(again, first, false) || stored(again) != first)
+    if (!load(again, first, false) || stored(again) != first || again.items().size() != document.items().size())
         std::abort(); // saving what was opened would lose something
     return 0;
 }

@@ -2,10 +2,13 @@
 #include "SpectrumBuilder.h"
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexUnits.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "canvas/TUnknownItem.h"
 #include "commands/TCmdCreateItem.h"
+#include "properties/TItemProperties.h"
+#include "properties/TPropertiesBag.h"
 #include "stream/TDataStream.h"
 #include "utils/CommonUtils.h"
 
@@ -48,6 +51,46 @@ TCanvasItem *stack(int displayMode)
     return item;
 }
 
+/// A plot that is cut on both axes, with a view, bag, marks and a second axis of its own, in several units.
+TCanvasItem *cut()
+{
+    TYrexSpectrum *spectrum = newSpectrum({0.1, 0.5, 0.2, 0.7, 0.3, 0.6}, 4000, 400, cUnitWavenumber, cUnitAbsorbance);
+    spectrum->peaks().append(new TYrexDPLib::TYrexDPPeak);
+    spectrum->integrals().append(TYrexIntegrationRegion(500.0, 1500.0, 2));
+    auto *item = new TCanvasYrexSpectrum({spectrum}, nullptr, nullptr);
+    T1DYrexPlot *plot = item->activeYrexPlot();
+    plot->changeUnits(horzDir, cUnitNanometers, false);
+    plot->hRanges().hide(TRange(5000.0, 9000.0));
+    plot->hRanges().hide(TRange(12000.0, 15000.0));
+    plot->vRanges().hide(TRange(0.3, 0.4));
+    plot->setScale(horzDir, 3000.0, 20000.0);
+    plot->properties().secondAxis = cUnitWavenumber;
+    plot->properties().showMarkers = true;
+    for (const std::unique_ptr<TPropertiesBag> &bag : item->properties().bags()) {
+        bag->fillFrom(*item);
+        bag->setValue(bag->values().firstKey(), bag->values().first());
+    }
+    return item;
+}
+
+/// A stack with rows that are hidden, left out, moved and scaled.
+TCanvasItem *mixedStack()
+{
+    TYrexSpectrumList spectra;
+    for (int i = 0; i < 4; ++i) {
+        spectra.append(newSpectrum({1.0 + i, 2, 3, 1.5}, 0, 3));
+        spectra.last()->setSpectrumClass(i % 2 ? "A" : "B");
+    }
+    auto *item = new TCanvasYrexSpectrum(spectra, nullptr, nullptr);
+    T1DYrexPlot *plot = item->activeYrexPlot();
+    plot->setStackedDisplayMode(stackedMode);
+    item->stack().setHidden(1, true);
+    item->stack().setDeselected(2, true);
+    plot->hRanges().hide(TRange(1.0, 1.5));
+    plot->properties().showLegend = true;
+    return item;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -71,6 +114,14 @@ int main(int argc, char **argv)
         TDocument document;
         import(document, stack(mode));
         good = write(folder + QString("stack%1").arg(mode), 0, document) && good;
+    }
+    {
+        TDocument document;
+        import(document, cut());
+        document.appendPage();
+        document.setCurrentPage(document.pages().last());
+        import(document, mixedStack());
+        good = write(folder + "marked", 0, document) && good;
     }
     TDocument document;
     document.settings().insert("key", 2.5);

@@ -10,6 +10,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config
   libopenblas-dev liblapacke-dev
   fontconfig fonts-liberation2 fonts-dejavu-core)
 test_packages=(libgtest-dev libbenchmark-dev)
+compare_packages=(libqcustomplot-dev) # of bench/compare only; scripts/compare.sh installs them
 all_packages=(clang-14 libclang-rt-14-dev libomp-14-dev clang-format-14 clang-tidy-14 git)
 
 say() { printf '%s\n' "$*"; }

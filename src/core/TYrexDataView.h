@@ -9,6 +9,7 @@ struct TYrexDataView
     int step = -1; // 1 for a valid view
     int count = 0;
     bool descending = false; // an x array that runs from high to low
+    quint64 stamp = 0;       // not 0: no other values ever get that number
 
     TYrexDataView() = default;
     explicit TYrexDataView(const QVector<double> &array)

@@ -3,6 +3,7 @@
 #include "TYrexUnits.h"
 
 #include <QCoreApplication>
+#include <atomic>
 #include <cmath>
 
 namespace {
@@ -66,6 +67,13 @@ QString yAxisTitle(int code)
     }
 }
 
+/// Data objects of parallel jobs number their axes too.
+quint64 newStamp()
+{
+    static std::atomic<quint64> cLast{0};
+    return ++cLast;
+}
+
 template <typename TMap>
 void dropForeign(TMap &cache, const QSet<quint32> &known)
 {
@@ -94,6 +102,7 @@ quint32 TYrexSpecDataObj::idAt(int specIndex) const
 
 void TYrexSpecDataObj::listChanged()
 {
+    findExtremes(); // of a spectrum that may be gone
     const QSet<quint32> known(fStack.ids().begin(), fStack.ids().end());
     dropForeign(fXCache, known);
     dropForeign(fYCache, known);
@@ -232,23 +241,54 @@ double TYrexSpecDataObj::xMax(int unit) const
     return xBound(unit, false);
 }
 
+/// A draw asks for the values of every spectrum, and for the extremes of none.
+void TYrexSpecDataObj::findExtremes() const
+{
+    if (!fIsAsked)
+        return;
+    TYrexSpectrum::minMax(fAskedLast, fYMin, fYMax);
+    fAskedLast.clear();
+    fIsAsked = false;
+}
+
+double TYrexSpecDataObj::yMin() const
+{
+    findExtremes();
+    return fYMin;
+}
+
+double TYrexSpecDataObj::yMax() const
+{
+    findExtremes();
+    return fYMax;
+}
+
 TYrexDataView TYrexSpecDataObj::xData(int unit, int specIndex)
 {
     const TYrexSpectrum *spectrum = spectrumAt(specIndex);
     if (!spectrum)
         return {};
-    TCachedArray &cached = fXCache[idAt(specIndex)];
+    TCachedAxis &cached = fXCache[idAt(specIndex)];
     const int count = spectrum->pointCount();
-    cached.fUnit = unit;
-    cached.fValues.resize(count);
     const double step = spectrum->xStep();
     const int from = spectrum->origXUnits();
-    double *values = cached.fValues.data();
-    // the sum of steps, not their product, is what everything downstream is used to, rounding included
     double x = spectrum->firstX();
-    for (int i = 0; i < count; ++i, x += step)
-        values[i] = yrexConvertX(x, from, unit);
-    return TYrexDataView(cached.fValues);
+    if (cached.fStamp == 0 || cached.fUnit != unit || cached.fStoredUnit != from || cached.fFirst != x ||
+        cached.fStep != step || cached.fValues.size() != count) {
+        cached.fUnit = unit;
+        cached.fStoredUnit = from;
+        cached.fFirst = x;
+        cached.fStep = step;
+        cached.fStamp = newStamp();
+        cached.fValues.resize(count);
+        double *values = cached.fValues.data();
+        // the sum of steps, not their product, is what everything downstream is used to, rounding included
+        for (int i = 0; i < count; ++i, x += step)
+            values[i] = yrexConvertX(x, from, unit);
+    }
+    TYrexDataView view(cached.fValues);
+    view.stamp = cached.fStamp;
+    return view;
 }
 
 TYrexDataView TYrexSpecDataObj::yData(int, int specIndex)
@@ -256,10 +296,11 @@ TYrexDataView TYrexSpecDataObj::yData(int, int specIndex)
     const TYrexSpectrum *spectrum = spectrumAt(specIndex);
     if (!spectrum)
         return {};
-    spectrum->minMax(fYMin, fYMax);
     TCachedArray &cached = fYCache[idAt(specIndex)];
     cached.fUnit = spectrum->yUnits();
     cached.fValues = spectrum->values(); // shared until the spectrum changes
+    fAskedLast = cached.fValues;
+    fIsAsked = true;
     TYrexDataView view(cached.fValues);
     view.count = qMin(view.count, spectrum->pointCount());
     return view;
@@ -282,7 +323,8 @@ TYrexDataView TYrexSpecDataObj::baselineXData(int unit, int specIndex)
     const TYrexSpectrum *spectrum = spectrumAt(specIndex);
     if (!spectrum || showsBaselineOnly(spectrum->procParams().actions()))
         return {};
-    TCachedArray &cached = fXCache[idAt(specIndex)];
+    TCachedAxis &cached = fXCache[idAt(specIndex)];
+    cached.fStamp = 0;
     cached.fUnit = unit;
     cached.fValues.clear();
     for (const TYrexBaselinePoint &point : spectrum->procParams().multipoint().points)

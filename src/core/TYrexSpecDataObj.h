@@ -39,8 +39,8 @@ public:
     double xMin(int unit) const override;
     double xMax(int unit) const override;
     /// The extremes of the spectrum whose y data were asked last.
-    double yMin() const override { return fYMin; }
-    double yMax() const override { return fYMax; }
+    double yMin() const override;
+    double yMax() const override;
     double firstX() const override;
     double lastX() const override;
     TYrexDataView xData(int unit, int specIndex) override;
@@ -65,6 +65,15 @@ private:
         QVector<double> fValues;
     };
 
+    /// X values with what they were made from.
+    struct TCachedAxis : TCachedArray
+    {
+        double fFirst = 0.0;
+        double fStep = 0.0;
+        int fStoredUnit = 50;
+        quint64 fStamp = 0; // 0: they are no axis
+    };
+
     quint32 idAt(int specIndex) const;
     const TYrexSpectrum *firstVisible() const;
     double xBound(int unit, bool low) const;
@@ -72,10 +81,14 @@ private:
                        QSet<quint32> &deselected, qint32 &grouped) const;
     TYrexSpectrumList loadSpectra(TDataStream &stream) const;
 
-    double fYMax = 0.0;
-    double fYMin = 0.0;
+    void findExtremes() const;
+
+    mutable double fYMax = 0.0;
+    mutable double fYMin = 0.0;
+    mutable QVector<double> fAskedLast; // whose extremes are not known yet, where fIsAsked
+    mutable bool fIsAsked = false;
     TYrexStack fStack;
-    QMap<quint32, TCachedArray> fXCache;
+    QMap<quint32, TCachedAxis> fXCache;
     QMap<quint32, TCachedArray> fYCache;
     QMap<quint32, QVector<char>> fFlagCache;
 };

@@ -184,11 +184,16 @@ double TYrexSpectrum::minValue(int from, int to) const
 
 void TYrexSpectrum::minMax(double &min, double &max) const
 {
+    minMax(fData, min, max);
+}
+
+void TYrexSpectrum::minMax(const QVector<double> &values, double &min, double &max)
+{
     constexpr int cLanes = 4; // independent extremes, so that the comparisons of one need not wait for another's
     double lows[cLanes] = {cMinStart, cMinStart, cMinStart, cMinStart};
     double highs[cLanes] = {cMaxStart, cMaxStart, cMaxStart, cMaxStart};
-    const double *y = fData.constData();
-    const int size = fData.size();
+    const double *y = values.constData();
+    const int size = values.size();
     for (int i = 0; i < size; ++i) {
         const int lane = i % cLanes;
         lows[lane] = y[i] < lows[lane] ? y[i] : lows[lane];

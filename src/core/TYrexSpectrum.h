@@ -87,6 +87,8 @@ public:
     double minValue(int from, int to) const;
     /// Both over all current values, in one walk; without values the two starting values.
     void minMax(double &min, double &max) const;
+    /// The same of any values.
+    static void minMax(const QVector<double> &values, double &min, double &max);
     /// The level around a point: close to the mean of the window, which is cut at both ends.
     double localMeanLevel(int index, int count, int window) const;
 

@@ -42,7 +42,11 @@ QString grouped(int number)
 
 T1DYrexPlot::TSeries T1DYrexPlot::plotSeries(const TYrexDataView &view)
 {
-    return view.isValid() ? TSeries(view.values, view.count, 1, view.descending) : TSeries();
+    if (!view.isValid())
+        return TSeries();
+    TSeries series(view.values, view.count, 1, view.descending);
+    series.stamp = view.stamp;
+    return series;
 }
 
 T1DYrexPlot::TSeries T1DYrexPlot::xSeries(IYrexPlotData &plotData, int index) const

@@ -71,6 +71,26 @@ TEST(TCurveReducer, partsAtGapsAndKeepsThin)
     EXPECT_TRUE(kept({}, {}, {1.0, 0.0}).isEmpty());
 }
 
+TEST(TCurveReducer, denseColumnsKeepWhatThinOnesWould)
+{
+    constexpr int cCount = 5000;
+    const QVector<double> x = SeriesBuilder::evenSteps(0, 10, cCount);
+    QVector<double> y = SeriesBuilder::noise(cCount, 3);
+    y[700] = y[702] = 5.0; // the first of equals counts
+    y[1200] = cNaN;
+    y[3600] = -HUGE_VAL;
+    QVector<double> apart; // a stride of 2 is walked point by point
+    for (const double value : qAsConst(y))
+        apart << value << 0.0;
+    const TCurveReducer dense(view(x), view(y));
+    const TCurveReducer walked(view(x), T1DPlotData<double>(apart.constData(), cCount, 2));
+    for (const double columns : {1.0, 7.3, 100.0}) {
+        const QVector<int> indices = dense.indices({columns, 0.2}, 0.0, 1e9, true);
+        EXPECT_EQ(indices, walked.indices({columns, 0.2}, 0.0, 1e9, true)) << columns;
+        EXPECT_EQ(indices.count(TCurveReducer::cBreak), 2);
+    }
+}
+
 TEST(TCurveReducer, takesOnePointBeyondEachEnd)
 {
     const QVector<double> x = SeriesBuilder::evenSteps(0, 99, 100);
@@ -96,7 +116,7 @@ TEST(TCurveReducer, seesWhatTurnsBack)
 TEST(TColumnFiller, aReducedCurveCoversTheSamePixels)
 {
     for (const double pen : {1.0, 1.9, 6.0}) {
-        for (const int count : {30, 700, 20000}) {
+        for (const int count : {30, 700, 20000, 200000}) {
             const QVector<double> x = SeriesBuilder::evenSteps(-5.3, 310.7, count);
             QVector<double> y = SeriesBuilder::noise(count, 99);
             for (int i = 0; i < count; ++i)

@@ -1,5 +1,7 @@
 #include "TWindowFixture.h"
 
+#include <QProcess>
+
 namespace {
 
 QByteArray bytesOf(const QString &path)
@@ -55,6 +57,30 @@ TEST_F(DocumentsTest, savingAnOpenedDocumentAgainGivesTheSameBytes)
     ASSERT_TRUE(fWindow->documents().saveTo(second));
     EXPECT_FALSE(bytesOf(first).isEmpty());
     EXPECT_EQ(bytesOf(first), bytesOf(second));
+}
+
+TEST_F(DocumentsTest, theCommandLineWritesTheSameBytes)
+{
+    open(writeCsv("one.csv", 3));
+    open(writeCsv("two.csv"));
+    fWindow->actionTable().action("newPage")->trigger();
+    const QString saved = fFolder.filePath("saved.klm");
+    const QString converted = fFolder.filePath("converted.klm");
+    const QString again = fFolder.filePath("again.klm");
+    ASSERT_TRUE(fWindow->documents().saveTo(saved));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("ASAN_OPTIONS", "detect_leaks=0"); // of the offscreen screen
+    process.setProcessEnvironment(environment);
+    process.start(ZARNU_PROGRAM, {"convert", saved, "-o", converted});
+    ASSERT_TRUE(process.waitForFinished(60000)) << process.errorString().toStdString();
+    ASSERT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
+    EXPECT_EQ(bytesOf(saved), bytesOf(converted));
+
+    ASSERT_TRUE(fWindow->documents().closeCurrent());
+    open(converted);
+    ASSERT_TRUE(fWindow->documents().saveTo(again));
+    EXPECT_EQ(bytesOf(saved), bytesOf(again));
 }
 
 TEST_F(DocumentsTest, zoomingLeavesNothingToSave)

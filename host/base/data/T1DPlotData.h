@@ -12,6 +12,7 @@ struct T1DPlotData
     int step = 1;
     int count = 0;
     bool reversed = false;
+    quint64 stamp = 0; // not 0: no other values ever get that number, so they need not be compared
 
     T1DPlotData() = default;
     T1DPlotData(const T *first, int number, int stride = 1, bool isReversed = false)

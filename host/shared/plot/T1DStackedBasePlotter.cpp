@@ -310,6 +310,9 @@ void T1DStackedBasePlotter::drawStack(QPainter &painter, const TSeries &xs, cons
     QVector<int> curveOfRow(count);
     for (int i = 0; i < count; ++i)
         curveOfRow[rows.at(i)] = i;
+    TCurveLayer layer;
+    if (count >= TCurveLayer::cWorthIt && !whiteWash)
+        setLayer(&layer);
     for (int row = count - 1; row >= 0; --row) { // the lowest row stands at the front
         const int i = curveOfRow.at(row);
         TCurveStyle style = styleOf(arrayedPen(orders.at(i), 1.0));
@@ -321,6 +324,8 @@ void T1DStackedBasePlotter::drawStack(QPainter &painter, const TSeries &xs, cons
         setStackMatrix(row);
         drawMember(painter, xs.at(i), ys.at(i), i, orders.at(i), style);
     }
+    setLayer(nullptr);
+    layer.paint(painter);
     unsetStackMatrix();
 }
 

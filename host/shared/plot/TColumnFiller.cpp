@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr int cChunk = 16; // pixel columns that are handed to the painter at once
+constexpr int cBlock = 512; // columns that are widened by the pen together, so that they stay in the nearest cache
+constexpr int cChunk = 16;  // pixel columns that are handed to the painter at once
 constexpr float cNone = std::numeric_limits<float>::max();
 
 float within(float value, int low, int high)
@@ -18,6 +19,13 @@ float within(float value, int low, int high)
 int floored(float value)
 {
     return int(value);
+}
+
+/// Of any value that an int holds.
+int floored(double value)
+{
+    const int whole = int(value);
+    return whole - (double(whole) > value ? 1 : 0);
 }
 
 int ceiled(float value)
@@ -59,8 +67,8 @@ void TColumnFiller::takeSegment(const QPointF &p, const QPointF &q)
     const int last = fFirst + fSpans.tops.size() - 1;
     if (x2 < fFirst || x1 >= last + 1)
         return;
-    const int from = std::max(fFirst, int(std::floor(std::max(x1, double(fFirst)))));
-    const int to = std::min(last, int(std::floor(std::min(x2, double(last)))));
+    const int from = std::max(fFirst, floored(std::max(x1, double(fFirst))));
+    const int to = std::min(last, floored(std::min(x2, double(last))));
     // heights far outside are held where the pen cannot be seen any more
     const double above = -2.0 * fRadius - 4.0;
     const double below = fClip.height() + 2.0 * fRadius + 4.0;
@@ -109,15 +117,18 @@ void TColumnFiller::dilate()
     fStroked.bottoms.fill(-cNone, count);
     float *tops = fStroked.tops.data();
     float *bottoms = fStroked.bottoms.data();
-    for (int d = -reach; d <= reach; ++d) {
-        // on a slope the point that reaches furthest into this column stands at the far border of the other one
-        const double distance = d == 0 ? 0.0 : (std::abs(d) + 0.5) / cParts;
-        const float rise = float(std::sqrt(std::max(0.0, fRadius * fRadius - distance * distance)));
-        const float *top = fSpans.tops.constData() + before + d;
-        const float *bottom = fSpans.bottoms.constData() + before + d;
-        for (int i = 0; i < count; ++i) {
-            tops[i] = std::min(tops[i], top[i] - rise);
-            bottoms[i] = std::max(bottoms[i], bottom[i] + rise);
+    for (int from = 0; from < count; from += cBlock) {
+        const int end = std::min(count, from + cBlock);
+        for (int d = -reach; d <= reach; ++d) {
+            // on a slope the point that reaches furthest into this column stands at the far border of the other one
+            const double distance = d == 0 ? 0.0 : (std::abs(d) + 0.5) / cParts;
+            const float rise = float(std::sqrt(std::max(0.0, fRadius * fRadius - distance * distance)));
+            const float *top = fSpans.tops.constData() + before + d;
+            const float *bottom = fSpans.bottoms.constData() + before + d;
+            for (int i = from; i < end; ++i) {
+                tops[i] = std::min(tops[i], top[i] - rise);
+                bottoms[i] = std::max(bottoms[i], bottom[i] + rise);
+            }
         }
     }
     for (const int side : {-1, 1}) {
@@ -159,7 +170,7 @@ void TColumnFiller::addArea(const QVector<QPointF> &points, double base)
 /// Calls `set` with each pixel of a column that the pen covers and how far, 1 to 255. `place` gives the address of a
 /// pixel by column and row, `stride` the way to the row below.
 template <class TPlace, class TSet>
-void TColumnFiller::fillColumn(int x, const TPlace &place, qptrdiff stride, const TSet &set) const
+void TColumnFiller::fillColumn(int x, const TPlace &place, qptrdiff stride, const TSet &set, THidden *hidden) const
 {
     const float *tops = fStroked.tops.constData() + x * cParts;
     const float *bottoms = fStroked.bottoms.constData() + x * cParts;
@@ -180,16 +191,41 @@ void TColumnFiller::fillColumn(int x, const TPlace &place, qptrdiff stride, cons
     const int end = ceiled(within(last, begin, height));
     const int solidBegin = ceiled(within(solidFrom, begin, end));
     const int solidEnd = floored(within(solidTo, solidBegin, end));
-    QRgb *pixel = place(x, begin);
-    for (int row = begin; row < end; ++row, pixel += stride) {
-        if (row >= solidBegin && row < solidEnd) {
-            set(*pixel, 255);
-            continue;
+    const auto soften = [&](int from, int to) {
+        QRgb *pixel = place(x, from);
+        for (int row = from; row < to; ++row, pixel += stride) {
+            const float share = coverage(tops, bottoms, row);
+            const int level = fSoft ? std::min(255, floored(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0);
+            if (level > 0)
+                set(*pixel, level);
         }
-        const float share = coverage(tops, bottoms, row);
-        const int level = fSoft ? std::min(255, floored(share * 255.0f + 0.5f)) : (share >= 0.5f ? 255 : 0);
-        if (level > 0)
-            set(*pixel, level);
+    };
+    const auto fill = [&](int from, int to) {
+        soften(from, std::min(to, solidBegin));
+        const int behind = std::min(to, solidEnd);
+        QRgb *pixel = place(x, std::max(from, solidBegin));
+        for (int row = std::max(from, solidBegin); row < behind; ++row, pixel += stride)
+            set(*pixel, 255);
+        soften(std::max(from, solidEnd), to);
+    };
+    if (!hidden) {
+        fill(begin, end);
+        return;
+    }
+    fill(begin, std::min(end, std::max(begin, hidden->from)));
+    fill(std::max(begin, std::min(end, hidden->to)), end);
+    hidden->join(solidBegin, solidEnd);
+}
+
+/// Rows that meet become one piece; of two pieces apart the longer one is kept.
+void TColumnFiller::THidden::join(int begin, int end)
+{
+    if (begin <= to && end >= from && to > from) {
+        from = std::min(from, begin);
+        to = std::max(to, end);
+    } else if (end - begin > to - from) {
+        from = begin;
+        to = end;
     }
 }
 
@@ -200,28 +236,34 @@ void TColumnFiller::makeShades(const QColor &color, QRgb *shades)
         shades[i] = qPremultiply(qRgba(qRed(full), qGreen(full), qBlue(full), (qAlpha(full) * i + 127) / 255));
 }
 
-void TColumnFiller::blend(const TTarget &target, const QColor &color) const
+void TColumnFiller::blendUnder(const TTarget &target, const QColor &color, THidden *hidden) const
 {
     QRgb shades[256];
     makeShades(color, shades);
-    QRgb *corner = target.pixels + (fClip.top() - target.origin.y()) * target.stride + fClip.left() - target.origin.x();
-    const auto place = [corner, &target](int x, int row) { return corner + row * target.stride + x; };
-    const auto over = [&shades](QRgb &pixel, int share) {
+    QRgb *corner = target.pixels + (fClip.top() - target.origin.y()) * target.stride +
+                   (fClip.left() - target.origin.x()) * target.columnStride;
+    const auto place = [corner, &target](int x, int row) {
+        return corner + row * target.stride + x * target.columnStride;
+    };
+    const auto under = [&shades](QRgb &pixel, int share) {
+        const uint rest = 255u - uint(qAlpha(pixel));
+        if (rest == 0)
+            return;
         const QRgb source = shades[share];
-        const uint rest = 255u - uint(qAlpha(source));
-        if (rest == 0) {
+        if (rest == 255) {
             pixel = source;
             return;
         }
         // two channels at a time, each rounded
-        uint odd = (pixel >> 8 & 0xFF00FFu) * rest;
-        uint even = (pixel & 0xFF00FFu) * rest;
+        uint odd = (source >> 8 & 0xFF00FFu) * rest;
+        uint even = (source & 0xFF00FFu) * rest;
         odd = (odd + (odd >> 8 & 0xFF00FFu) + 0x800080u) & 0xFF00FF00u;
         even = (even + (even >> 8 & 0xFF00FFu) + 0x800080u) >> 8 & 0xFF00FFu;
-        pixel = source + (odd | even);
+        pixel += odd | even;
     };
+    const bool covers = color.alpha() == 255;
     for (int x = 0; x < fClip.width(); ++x)
-        fillColumn(x, place, target.stride, over);
+        fillColumn(x, place, target.stride, under, covers ? hidden + x : nullptr);
 }
 
 void TColumnFiller::paint(QPainter &painter, const QColor &color)
@@ -260,7 +302,8 @@ void TColumnFiller::paintChunk(QPainter &painter, int from, int to, const QRgb *
     std::fill(pixels, pixels + size, 0u);
     const auto put = [pixels, width, from, top](int x, int row) { return pixels + (row - top) * width + x - from; };
     for (int x = from; x < to; ++x)
-        fillColumn(x, put, width, [shades](QRgb &pixel, int share) { pixel = shades[share]; });
+        fillColumn(
+            x, put, width, [shades](QRgb &pixel, int share) { pixel = shades[share]; }, nullptr);
     QImage image(reinterpret_cast<const uchar *>(pixels), width, bottom - top, width * int(sizeof(QRgb)),
                  QImage::Format_ARGB32_Premultiplied);
     const QTransform device = painter.deviceTransform();

@@ -29,15 +29,25 @@ public:
     /// Draws what was added last.
     void paint(QPainter &painter, const QColor &color);
 
-    /// Premultiplied pixels; `stride` in pixels, `origin` the device place of the first one.
+    /// Premultiplied pixels; `stride` and `columnStride` in pixels, to the one below and the one to the right; `origin`
+    /// the device place of the first one.
     struct TTarget
     {
         QRgb *pixels;
         qptrdiff stride;
+        qptrdiff columnStride;
         QPoint origin;
     };
-    /// Lays what was added last over the pixels of a target that holds the clip.
-    void blend(const TTarget &target, const QColor &color) const;
+    /// Rows of a pixel column, counted from the clip's top, that nothing shows through any more.
+    struct THidden
+    {
+        int from = 0;
+        int to = 0;
+        void join(int begin, int end);
+    };
+    /// Lays what was added last under the pixels of a target that holds the clip, so that what is drawn later lies
+    /// below. `hidden` has an entry for each pixel column of the clip and is kept up to date.
+    void blendUnder(const TTarget &target, const QColor &color, THidden *hidden) const;
 
 private:
     /// From top to bottom in each column; empty where the top lies below.
@@ -49,7 +59,7 @@ private:
     void takeSegment(const QPointF &p, const QPointF &q);
     void dilate();
     template <class TPlace, class TSet>
-    void fillColumn(int x, const TPlace &place, qptrdiff stride, const TSet &set) const;
+    void fillColumn(int x, const TPlace &place, qptrdiff stride, const TSet &set, THidden *hidden) const;
     static void makeShades(const QColor &color, QRgb *shades);
     void paintChunk(QPainter &painter, int from, int to, const QRgb *shades, QVector<QRgb> &buffer) const;
 

@@ -4,6 +4,7 @@
 namespace {
 
 constexpr int cMaxPoints = 2000000; // of all curves that are kept, 32 MB
+constexpr int cMaxStamps = 10000;   // of axes whose course is remembered
 
 int pointCount(const TReducedCurve &curve)
 {
@@ -25,6 +26,8 @@ bool TCurveCache::TEntry::isFor(const TEntry &other) const
 quint64 TCurveCache::checksum(const T1DPlotData<double> &data, int count)
 {
     constexpr quint64 cPrime = Q_UINT64_C(0x9E3779B97F4A7C15);
+    if (data.stamp != 0)
+        return (data.stamp ^ (quint64(count) << 32)) * cPrime;
     quint64 sums[4] = {1, 2, 3, 4};
     const double *values = data.data;
     const qptrdiff stride = data.step;
@@ -47,17 +50,36 @@ quint64 TCurveCache::checksum(const T1DPlotData<double> &data, int count)
     return sum;
 }
 
+QSharedPointer<const TReducedCurve> TCurveCache::reduce(const TCurveReducer &reducer, bool monotonic,
+                                                        const TLinearMap &mapX, const TLinearMap &mapY, double from,
+                                                        double to, double columnWidth)
+{
+    const TLinearMap column = mapX.then({1.0 / columnWidth, 0.0});
+    QSharedPointer<TReducedCurve> curve(new TReducedCurve);
+    curve->monotonic = monotonic;
+    const QVector<int> kept = reducer.indices(column, from / columnWidth, to / columnWidth, monotonic);
+    curve->lines = reducer.polylines(kept, mapX, mapY);
+    return curve;
+}
+
 QSharedPointer<const TReducedCurve> TCurveCache::reduce(const T1DPlotData<double> &x, const T1DPlotData<double> &y,
                                                         const TLinearMap &mapX, const TLinearMap &mapY, double from,
                                                         double to, double columnWidth)
 {
     const TCurveReducer reducer(x, y);
-    const TLinearMap column = mapX.then({1.0 / columnWidth, 0.0});
-    QSharedPointer<TReducedCurve> curve(new TReducedCurve);
-    curve->monotonic = reducer.isMonotonic();
-    const QVector<int> kept = reducer.indices(column, from / columnWidth, to / columnWidth, curve->monotonic);
-    curve->lines = reducer.polylines(kept, mapX, mapY);
-    return curve;
+    return reduce(reducer, reducer.isMonotonic(), mapX, mapY, from, to, columnWidth);
+}
+
+bool TCurveCache::isMonotonic(const T1DPlotData<double> &x, const TCurveReducer &reducer)
+{
+    if (x.stamp == 0 || reducer.count() != x.count)
+        return reducer.isMonotonic();
+    const auto found = fMonotonic.constFind(x.stamp);
+    if (found != fMonotonic.constEnd())
+        return *found;
+    if (fMonotonic.size() >= cMaxStamps) // series long gone
+        fMonotonic.clear();
+    return *fMonotonic.insert(x.stamp, reducer.isMonotonic());
 }
 
 QSharedPointer<const TReducedCurve> TCurveCache::reduced(const T1DPlotData<double> &x, const T1DPlotData<double> &y,
@@ -73,7 +95,8 @@ QSharedPointer<const TReducedCurve> TCurveCache::reduced(const T1DPlotData<doubl
             return fEntries.last().curve;
         }
     }
-    wanted.curve = reduce(x, y, mapX, mapY, from, to, columnWidth);
+    const TCurveReducer reducer(x, y);
+    wanted.curve = reduce(reducer, isMonotonic(x, reducer), mapX, mapY, from, to, columnWidth);
     fEntries.append(wanted);
     fPoints += pointCount(*wanted.curve);
     while (fPoints > cMaxPoints && fEntries.size() > 1)

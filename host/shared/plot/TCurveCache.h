@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plot/TCurveReducer.h"
+#include <QHash>
 #include <QList>
 #include <QSharedPointer>
 
@@ -12,7 +13,8 @@ struct TReducedCurve
 };
 
 /// Keeps reduced curves from draw to draw. An entry is found by a checksum over every value and by the maps, not by the
-/// place of the data in memory: converted series are made anew for each draw, and data may be changed in place.
+/// place of the data in memory: series may be made anew for each draw, and data may be changed in place. Series with a
+/// stamp go by that.
 class TCurveCache
 {
 public:
@@ -41,7 +43,12 @@ private:
         bool isFor(const TEntry &other) const;
     };
     static quint64 checksum(const T1DPlotData<double> &data, int count);
+    bool isMonotonic(const T1DPlotData<double> &x, const TCurveReducer &reducer);
+    static QSharedPointer<const TReducedCurve> reduce(const TCurveReducer &reducer, bool monotonic,
+                                                      const TLinearMap &mapX, const TLinearMap &mapY, double from,
+                                                      double to, double columnWidth);
 
     QList<TEntry> fEntries; // the one used last stands last
     int fPoints = 0;
+    QHash<quint64, bool> fMonotonic; // by stamp of x
 };

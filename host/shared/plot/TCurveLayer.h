@@ -29,6 +29,8 @@ private:
         QColor color;
         bool antialiasing;
     };
+    void fillBand(QRgb *pixels, qptrdiff stride, int from, int to) const;
+
     QVector<TJob> fJobs;
     QRect fBounds;
 };

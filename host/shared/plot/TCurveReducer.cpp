@@ -1,6 +1,7 @@
 #include "plot/TCurveReducer.h"
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -59,6 +60,68 @@ void TCurveReducer::appendColumn(QVector<int> &kept, int first, int lowest, int 
         kept.append(last);
 }
 
+/// Behind the points from `first` on that share its column, found by bisection as x is monotonic; `first` where they
+/// are too few to be worth it.
+int TCurveReducer::columnEnd(int first, int end, const TLinearMap &column) const
+{
+    constexpr int cWorthIt = 32;
+    const double left = std::floor(column(fX.at(first)));
+    const double right = left + 1.0;
+    const auto isInside = [&](int i) {
+        const double place = column(fX.at(i));
+        return place >= left && place < right;
+    };
+    int inside = first + cWorthIt - 1;
+    if (inside >= end || !isInside(inside))
+        return first;
+    int outside = end;
+    for (int stride = cWorthIt; stride < end - inside; stride *= 2) {
+        if (!isInside(inside + stride)) {
+            outside = inside + stride;
+            break;
+        }
+        inside += stride;
+    }
+    while (outside - inside > 1) {
+        const int middle = inside + (outside - inside) / 2;
+        (isInside(middle) ? inside : outside) = middle;
+    }
+    return outside;
+}
+
+/// The first of the lowest and of the highest values, several looked at at once; false where one is not finite.
+bool TCurveReducer::findExtremes(int first, int end, int &lowest, int &highest) const
+{
+    constexpr int cLanes = 8;
+    const double *y = fY.first;
+    double lows[cLanes];
+    double highs[cLanes];
+    double differences[cLanes] = {}; // of each value from itself: NaN where it is not finite
+    std::fill(lows, lows + cLanes, y[first]);
+    std::fill(highs, highs + cLanes, y[first]);
+    int i = first;
+    for (; i + cLanes <= end; i += cLanes) {
+        for (int lane = 0; lane < cLanes; ++lane) {
+            const double value = y[i + lane];
+            lows[lane] = value < lows[lane] ? value : lows[lane];
+            highs[lane] = value > highs[lane] ? value : highs[lane];
+            differences[lane] += value - value;
+        }
+    }
+    for (; i < end; ++i) {
+        lows[0] = std::min(lows[0], y[i]);
+        highs[0] = std::max(highs[0], y[i]);
+        differences[0] += y[i] - y[i];
+    }
+    if (std::accumulate(differences, differences + cLanes, 0.0) != 0.0)
+        return false;
+    const double low = *std::min_element(lows, lows + cLanes);
+    const double high = *std::max_element(highs, highs + cLanes);
+    lowest = int(std::find(y + first, y + end, low) - y);
+    highest = int(std::find(y + first, y + end, high) - y);
+    return true;
+}
+
 QVector<int> TCurveReducer::indices(const TLinearMap &column, double from, double to, bool monotonic) const
 {
     int begin = 0;
@@ -87,12 +150,24 @@ QVector<int> TCurveReducer::indices(const TLinearMap &column, double from, doubl
 
     QVector<int> kept;
     int i = begin;
+    int pieced = begin; // up to here gaps part a column
     while (i < end) {
         if (!isPoint(i)) {
             if (!kept.isEmpty() && kept.last() != cBreak)
                 kept.append(cBreak);
             ++i;
             continue;
+        }
+        if (monotonic && fY.step == 1 && i >= pieced) {
+            const int columnsEnd = columnEnd(i, end, column);
+            int low = i;
+            int high = i;
+            if (columnsEnd > i && findExtremes(i, columnsEnd, low, high)) {
+                appendColumn(kept, i, low, high, columnsEnd - 1);
+                i = columnsEnd;
+                continue;
+            }
+            pieced = columnsEnd;
         }
         const double left = std::floor(column(fX.at(i)));
         const double right = left + 1.0;

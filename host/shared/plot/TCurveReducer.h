@@ -41,6 +41,8 @@ private:
         double at(int i) const { return first[i * step]; }
     };
     static TSeries series(const T1DPlotData<double> &data);
+    int columnEnd(int first, int end, const TLinearMap &column) const;
+    bool findExtremes(int first, int end, int &lowest, int &highest) const;
     bool isPoint(int i) const;
     void appendColumn(QVector<int> &kept, int first, int lowest, int highest, int last) const;
 
