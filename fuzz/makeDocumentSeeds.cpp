@@ -73,24 +73,6 @@ TCanvasItem *cut()
     return item;
 }
 
-/// A stack with rows that are hidden, left out, moved and scaled.
-TCanvasItem *mixedStack()
-{
-    TYrexSpectrumList spectra;
-    for (int i = 0; i < 4; ++i) {
-        spectra.append(newSpectrum({1.0 + i, 2, 3, 1.5}, 0, 3));
-        spectra.last()->setSpectrumClass(i % 2 ? "A" : "B");
-    }
-    auto *item = new TCanvasYrexSpectrum(spectra, nullptr, nullptr);
-    T1DYrexPlot *plot = item->activeYrexPlot();
-    plot->setStackedDisplayMode(stackedMode);
-    item->stack().setHidden(1, true);
-    item->stack().setDeselected(2, true);
-    plot->hRanges().hide(TRange(1.0, 1.5));
-    plot->properties().showLegend = true;
-    return item;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -119,9 +101,7 @@ int main(int argc, char **argv)
         TDocument document;
         import(document, cut());
         document.appendPage();
-        document.setCurrentPage(document.pages().last());
-        import(document, mixedStack());
-        good = write(folder + "marked", 0, document) && good;
+        good = write(folder + "recovered", 2, document) && good;
     }
     TDocument document;
     document.settings().insert("key", 2.5);

@@ -1,5 +1,6 @@
 // Draws the same spectra through their item and with QCustomPlot (adaptive sampling, its own default), in one run, and
-// prints the times and their ratios. The exit status is 1 when the item is slower or takes longer than a frame may.
+// prints the times and their ratios. The exit status is 1 when the item is slower than the same pen there, or takes
+// longer than it may.
 #include "TSpectrumPage.h"
 
 #include <QApplication>
@@ -101,10 +102,9 @@ bool compare(const TCase &each)
             },
             [&other] { other.draw(); });
     }
-    const double fastest = std::min(there[0], there[1]);
-    const bool isGood = here <= fastest && here < each.limit;
-    std::printf("%-44s %8.2f %8.0f %10.2f %12.2f %8.1f%s\n", each.name, here, each.limit, there[0], there[1],
-                fastest / here, isGood ? "" : "  !");
+    const bool isGood = here <= there[1] && here < each.limit;
+    std::printf("%-44s %8.2f %8.0f %9.2f %6.1f %9.2f %6.1f%s\n", each.name, here, each.limit, there[1], there[1] / here,
+                there[0], there[0] / here, isGood ? "" : "  !");
     return isGood;
 }
 
@@ -128,7 +128,7 @@ int main(int argc, char **argv)
     const QApplication app(argc, argv);
     std::printf("QCustomPlot %s, Qt %s, best of %d in ms, %d x %d pixels\n", QCUSTOMPLOT_VERSION_STR, qVersion(),
                 cRepetitions, TSpectrumPage::cWidth, TSpectrumPage::cHeight);
-    std::printf("%-44s %8s %8s %10s %12s %8s\n", "", "here", "limit", "there", "same pen", "ratio");
+    std::printf("%-44s %8s %8s %9s %6s %9s %6s\n", "", "here", "limit", "same pen", "ratio", "there", "thin");
     const TCase cases[] = {
         {"1,000,000 points, zoom", 1, 1000000, overlayMode, cUnitWavenumber, &TSpectrumPage::zoom, 16.0},
         {"1,000,000 points, zoom, shown in nm", 1, 1000000, overlayMode, cUnitNanometers, &TSpectrumPage::zoom, 16.0},
