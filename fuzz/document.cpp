@@ -14,6 +14,12 @@
 #include <QTemporaryFile>
 #include <cstdlib>
 
+/// Fonts that fontconfig keeps to the end are its own.
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libfontconfig\n";
+}
+
 QScreen *gOffscreenScreen = nullptr; // the platform never deletes it; pointed at, it is no leak
 
 namespace {
