@@ -93,8 +93,8 @@ TEST(TPictureExporterTest, pdfHasItsSizeAndItsOriginAsMetadata)
 {
     const QByteArray pdf = picture().bytes(TPictureExporter::cPdf);
     EXPECT_TRUE(pdf.startsWith("%PDF"));
-    const QRegularExpressionMatch box =
-        QRegularExpression("/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]").match(QString::fromLatin1(pdf.constData(), pdf.size()));
+    const QRegularExpressionMatch box = QRegularExpression("/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]")
+                                            .match(QString::fromLatin1(pdf.constData(), pdf.size()));
     EXPECT_NEAR(box.captured(1).toDouble(), 60 / 25.4 * 72, 1.0);
     EXPECT_NEAR(box.captured(2).toDouble(), 40 / 25.4 * 72, 1.0);
     EXPECT_TRUE(pdf.contains("<dc:source>/data/a&amp;b.spc</dc:source>"));
