@@ -66,7 +66,7 @@ void WStackedSpectraDock::showHeader()
     if (!stack)
         return;
     const QString active = stack->title(stack->activeIndex());
-    const QString name = shown->title(false).trimmed();
+    const QString name = shown->title(true).section('\n', 0, 0).trimmed(); // a line, however many spectra there are
     fHeader->setText(name.isEmpty() || name == active ? active : tr("%1: %2").arg(name, active));
 }
 

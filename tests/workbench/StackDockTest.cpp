@@ -11,6 +11,7 @@
 #include "widgets/TStackedItemsTableModel.h"
 #include "widgets/WStackedItemsTable.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
@@ -51,6 +52,9 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
     open(writeCsv("stack.csv", 3));
     TStackedItemsTableModel *model = table();
     ASSERT_EQ(model->rowCount(), 3);
+    for (const QLabel *label :
+         fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable")->findChildren<QLabel *>())
+        EXPECT_FALSE(label->text().contains('\n')) << "spectra of equal titles stand in one line";
     const int before = undo()->index();
     const auto set = [model](int row, int column, const QVariant &value, int role) {
         return model->setData(model->index(row, column), value, role);
