@@ -22,6 +22,8 @@
 
 namespace {
 
+constexpr int cTitleWidth = 240; // px at first
+
 /// Draws the frames of check boxes so that they stand out from a dark table as well.
 class TCheckDelegate : public QStyledItemDelegate
 {
@@ -138,6 +140,8 @@ void WStackedItemsTable::makeView()
     QHeaderView *header = fView->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionResizeMode(TStackedItemsTableModel::cTitle, QHeaderView::Interactive);
+    header->resizeSection(TStackedItemsTableModel::cTitle, cTitleWidth);
+    header->setSectionsMovable(true);
     header->setSectionsClickable(true);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(header, &QHeaderView::sectionClicked, this, &WStackedItemsTable::onHeaderClicked);
