@@ -191,6 +191,15 @@ void WMainWindow::toggleDock(QDockWidget *dock)
         dock->widget()->setFocus();
 }
 
+/// A page of one item is about that item, so that docks show it at once.
+void WMainWindow::selectOnlyItem()
+{
+    WDocumentView *view = fDocuments->view();
+    const TPage *page = fDocuments->page();
+    if (view && page && page->items().size() == 1 && view->selection().items().isEmpty())
+        view->selection().select(page->items().first());
+}
+
 /// Plug-ins and docks act on what is selected in the view that is shown.
 void WMainWindow::followSelection()
 {
@@ -209,6 +218,7 @@ void WMainWindow::connectDocuments()
         fActions->addPlotKeys(view);
         connect(&view->selection(), &TItemSelection::changed, this, &WMainWindow::followSelection);
     });
+    connect(documents, &TDocumentController::pageShown, this, &WMainWindow::selectOnlyItem);
     connect(documents, &TDocumentController::pageShown, this, &WMainWindow::followSelection);
     connect(documents, &TDocumentController::documentShown, fPages, &WPageNavigator::setDocument);
     connect(documents, &TDocumentController::pageShown, fPages, &WPageNavigator::setPage);

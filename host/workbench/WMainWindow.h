@@ -57,6 +57,7 @@ private:
     void addDockAction(QDockWidget *dock, const QString &key);
     void toggleDock(QDockWidget *dock);
     void addThemes();
+    void selectOnlyItem();
     void followSelection();
     void updateTitle();
     void updateUndoTexts();

@@ -54,6 +54,7 @@ TEST_F(DocumentsTest, savingAnOpenedDocumentAgainGivesTheSameBytes)
     open(first);
     EXPECT_EQ(fWindow->documents().count(), 1); // in place of the untouched document
     moveTo(at(0.5, 0.5));                       // looking at it changes nothing
+    EXPECT_TRUE(view()->selection().active()) << "a page of one item is about that item";
     ASSERT_TRUE(fWindow->documents().saveTo(second));
     EXPECT_FALSE(bytesOf(first).isEmpty());
     EXPECT_EQ(bytesOf(first), bytesOf(second));
