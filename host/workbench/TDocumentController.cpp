@@ -52,7 +52,12 @@ TDocumentController::~TDocumentController()
     fTabs->disconnect(this);
     fHost.setActiveDocument(nullptr);
     for (TOpenDocument &entry : fDocuments)
+        entry.fView->blockSignals(true); // the tabs resize those that are left
+    while (!fDocuments.empty()) {
+        const TOpenDocument entry = std::move(fDocuments.back());
+        fDocuments.pop_back();
         delete entry.fView; // views go before what they show
+    }
 }
 
 QString TDocumentController::titleOf(const TDocument &document)
