@@ -61,7 +61,7 @@ QString TAutosaveFile::defaultFolder()
     QString state = qEnvironmentVariable("XDG_STATE_HOME");
     if (state.isEmpty())
         state = QDir::home().filePath(".local/state");
-    const QString folder = QDir(state).filePath("kelmora");
+    QString folder = QDir(state).filePath("kelmora");
     QDir().mkpath(folder);
     return folder;
 }

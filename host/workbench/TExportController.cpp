@@ -28,7 +28,7 @@ constexpr char cTitle[] = "{Title}";
 constexpr double cUnitsPerMm = 10.0; // canvas units
 constexpr int cLongestTitle = 80;    // signs of a title in a file name
 
-QString fileNamePart(QString text)
+QString fileNamePart(const QString &text)
 {
     static const QRegularExpression cBad("[/\\\\:*?\"<>|\\x00-\\x1f]+");
     return text.section('\n', 0, 0).replace(cBad, "_").trimmed().left(cLongestTitle);

@@ -92,7 +92,9 @@ void drawExpansionTies(QPainter &painter, const TPage &page)
     painter.setPen(QPen(cTieColor, cTieWidth));
     for (const TCanvasItem *item : page.items()) {
         const auto *part = dynamic_cast<const TCanvasSpectrum *>(item);
-        for (const QUuid &id : part && part->activePlot() ? part->links(cExpansionRole) : QList<QUuid>()) {
+        if (!part || !part->activePlot())
+            continue;
+        for (const QUuid &id : part->links(cExpansionRole)) {
             for (const TCanvasItem *other : page.items()) {
                 const auto *source = dynamic_cast<const TCanvasSpectrum *>(other);
                 if (source && source->activePlot() && source->uniqueId() == id)

@@ -38,7 +38,8 @@ void TStackValuesCommand::doCmd()
         return;
     }
     fChanged = false;
-    TCanvasItemsCommand::doCmd();
+    TCanvasItemsCommand::doCmd(); // NOLINT(bugprone-parent-virtual-call): values are no view, so the step above would
+                                  // void it
     setVoidFlag(!fChanged);
 }
 

@@ -19,7 +19,7 @@ QByteArray joined(const QVector<QByteArray> &cells, const QByteArray &separator)
 /// A title in a cell of its own: no sign that would end it.
 QString cellText(const QString &title, const QString &unit)
 {
-    const QString name = title.simplified();
+    QString name = title.simplified();
     if (unit.isEmpty())
         return name;
     return name.isEmpty() ? unit : QString("%1 [%2]").arg(name, unit);
