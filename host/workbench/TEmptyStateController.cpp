@@ -30,8 +30,11 @@ void TEmptyStateController::follow()
     WDocumentView *view = fDocuments.view();
     const TPage *page = fDocuments.page();
     const bool isEmpty = page && page->items().isEmpty();
-    if (fState && (!isEmpty || fState->parent() != view->viewport()))
-        delete fState;
+    if (fState && (!isEmpty || fState->parent() != view->viewport())) {
+        const WEmptyState *old = fState;
+        fState.clear();
+        delete old;
+    }
     if (!isEmpty)
         return;
     if (!fState) {

@@ -1,8 +1,7 @@
 #include "TJCAMPYrexConverter.h"
 
-#include "IYrexExportView.h"
-#include "IYrexItemFactory.h"
 #include "SpectrumBuilder.h"
+#include "StandInItem.h"
 #include "TJCAMPYrexInterpreter.h"
 #include "TReaderFixture.h"
 #include "TYrexUnits.h"
@@ -17,65 +16,25 @@
 
 #include <QBuffer>
 #include <limits>
-#include <memory>
-#include <vector>
 
 namespace {
 
-class TItem : public ICanvasItem, public IYrexExportView
-{
-public:
-    explicit TItem(const TYrexSpectrumList &spectra)
-        : fSpectra(spectra)
-    {
-    }
-    ~TItem() override { qDeleteAll(fSpectra); }
-    int rtti() const override { return 115; }
-    QUuid uniqueId() const override { return QUuid(); }
-    bool isActive() const override { return true; }
-    bool isSelectedForEdit() const override { return true; }
-    bool hasExportData() const override { return true; }
-    bool hasSpectrumPlot() const override { return true; }
-    int shownXUnits() const override { return cUnitArbitrary; }
-    int shownYUnits() const override { return cUnitArbitrary; }
-    QVector<QPair<double, double>> visibleRanges() const override { return {}; }
-    int exportSpectrumCount() const override { return fSpectra.size(); }
-    void exportSeries(int, QVector<double> *, QVector<double> *) const override {}
-    TYrexSpectrum *exportRecord(int index) const override { return fSpectra.value(index); }
-
-    TYrexSpectrumList fSpectra;
-};
-
 /// Cuts files into blocks and offers them to the converter, as the host does.
-class JcampConverter : public TReaderFixture, public IYrexItemFactory
+class JcampConverter : public TReaderFixture
 {
 protected:
     void SetUp() override
     {
-        IYrexItemFactory::setCurrent(this);
         fSink = TLogger::addSink([this](const TLogEntry &entry) { fLog += entry.fText + '\n'; });
     }
-    void TearDown() override
-    {
-        TLogger::removeSink(fSink);
-        IYrexItemFactory::setCurrent(nullptr);
-    }
-    ICanvasItem *createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *) override
-    {
-        fItems.push_back(std::make_unique<TItem>(spectra));
-        return fItems.back().get();
-    }
-    void addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra) override
-    {
-        static_cast<TItem *>(item)->fSpectra += spectra;
-    }
+    void TearDown() override { TLogger::removeSink(fSink); }
 
     /// The code of the last block that the converter knows, -1 when there is none.
     int read(const QByteArray &text)
     {
         const TJCAMPFileMarking marking(fileOf(text, "data.jdx"));
         int code = -1;
-        fItems.clear();
+        fFactory.fItems.clear();
         fLog.clear();
         fConverter.clear();
         for (TJCAMPBlock *block : marking.blocks()) {
@@ -91,14 +50,14 @@ protected:
     const TYrexSpectrumList &spectra() const
     {
         static const TYrexSpectrumList cNone;
-        return fItems.empty() ? cNone : fItems.front()->fSpectra;
+        return fFactory.fItems.empty() ? cNone : fFactory.fItems.front()->fSpectra;
     }
     const TYrexSpectrum &first() const { return *spectra().first(); }
 
     /// What comes back of spectra that are written and read.
     void sendRound(const TYrexSpectrumList &sent, TJCAMPWriter::TForm form = TJCAMPWriter::cDIFDUP)
     {
-        TItem item(sent);
+        TStandInItem item(sent);
         fConverter.beginExport({&item});
         ASSERT_EQ(fConverter.exportItems({&item}, fFolder.filePath("out.jdx")), 0);
         QList<TJCAMPExportData> data;
@@ -123,7 +82,7 @@ protected:
     TJCAMPYrexConverter fConverter;
     QString fLog;
     int fSink = 0;
-    std::vector<std::unique_ptr<TItem>> fItems;
+    TStandInFactory fFactory;
     QByteArray fWritten;
 };
 
@@ -227,7 +186,7 @@ TEST_F(JcampConverter, stacksTheBlocksOfAFile)
                             "##TITLE=x\n##DATA TYPE=NMR SPECTRUM\n##XYDATA=(X++(Y..Y))\n1 2 3\n##END=\n" +
                             block(cInfrared + "##YFACTOR=2\n") + block(cInfrared) + "##END=\n";
     ASSERT_EQ(read(link), 0);
-    ASSERT_EQ(fItems.size(), 1u);
+    ASSERT_EQ(fFactory.fItems.size(), 1u);
     ASSERT_EQ(spectra().size(), 3);
     EXPECT_EQ(spectra().at(1)->values().first(), 20.0);
     EXPECT_EQ(fConverter.allImportedItems().size(), 1);
@@ -476,7 +435,7 @@ TEST_F(JcampConverter, writesTheDataTypeThatTheFileHad)
     ASSERT_EQ(read(block("##DATA TYPE=UV-VISIBLE SPECTRUM\n##XUNITS=NANOMETERS\n##YUNITS=ABSORBANCE\n"
                          "##LONGDATE=2020/06/16 10:11:29 -0130\n##ORIGIN=here\n")),
               0);
-    auto read = std::move(fItems);
+    auto read = std::move(fFactory.fItems);
     sendRound({read.front()->fSpectra.first()->clone().release()});
     EXPECT_TRUE(param(first(), 1020).startsWith("UV"));
     EXPECT_EQ(first().acquisitionDate(), read.front()->fSpectra.first()->acquisitionDate());

@@ -1,8 +1,8 @@
 #include "TYrexGalacticSpcConverter.h"
 
 #include "GalacticDate.h"
-#include "IYrexExportView.h"
 #include "SpcBuilder.h"
+#include "StandInItem.h"
 #include "TReaderFixture.h"
 #include "TYrexUnits.h"
 #include "canvas/TCanvasItemList.h"
@@ -52,25 +52,6 @@ TBytes mapWithLog()
         addSubfile(bytes, {1.0f, 2.0f, float(k)}, 0.5f * float(k), k);
     return addLog(bytes, "Memo = \"log memo\"\r\nCOMMENT=note\r\nSCANS=16\r\nlwn", 4);
 }
-
-class TRecordItem : public ICanvasItem, public IYrexExportView
-{
-public:
-    int rtti() const override { return 115; }
-    QUuid uniqueId() const override { return QUuid(); }
-    bool isActive() const override { return true; }
-    bool isSelectedForEdit() const override { return true; }
-    bool hasExportData() const override { return true; }
-    bool hasSpectrumPlot() const override { return true; }
-    int shownXUnits() const override { return cUnitWavenumber; }
-    int shownYUnits() const override { return cUnitAbsorbance; }
-    QVector<QPair<double, double>> visibleRanges() const override { return {}; }
-    int exportSpectrumCount() const override { return 1; }
-    void exportSeries(int, QVector<double> *, QVector<double> *) const override {}
-    TYrexSpectrum *exportRecord(int) const override { return fSpectrum; }
-
-    TYrexSpectrum *fSpectrum = nullptr;
-};
 
 } // namespace
 
@@ -392,7 +373,9 @@ TEST_F(SpcConverter, codesBecomeTexts)
 
 TEST_F(SpcConverter, writesAHeaderWithoutValues)
 {
-    TYrexSpectrum record;
+    TStandInItem item({new TYrexSpectrum});
+    TStandInItem other({});
+    TYrexSpectrum &record = *item.fSpectra.first();
     record.params().append(TSpectrumParam(TSpectrumParam::cAcqTime, QString(), QString(), 0));
     record.params().append(TSpectrumParam(TSpectrumParam::cTitle, QString(), QString(), 0));
     record.params().append(TSpectrumParam(TSpectrumParam::cDate, QString(), QString(), 0));
@@ -401,9 +384,6 @@ TEST_F(SpcConverter, writesAHeaderWithoutValues)
     record.setParamValue(TSpectrumParam::cDate, 1, "2004-05-06T07:08:00");
     record.setPointCount(7);
     record.setAxis(400.0, 700.5, 1.0, 0.0, 1.0);
-    TRecordItem item;
-    TRecordItem other;
-    item.fSpectrum = &record;
     const QString out = fFolder.filePath("out.spc");
     EXPECT_EQ(fConverter.exportItems({}, out), 5);
     EXPECT_EQ(fConverter.exportItems({&item}, fFolder.path()), 51);

@@ -1,6 +1,6 @@
 #include "TYrexSERSBTConverter.h"
 
-#include "IYrexItemFactory.h"
+#include "StandInItem.h"
 #include "TReaderFixture.h"
 #include "TYrexUnits.h"
 
@@ -11,35 +11,6 @@ const QByteArray cSweep = "BeginLFASweepPos 2 1\n0 5\n1 1\n";
 const QByteArray cLfa = "BeginLFASpectralData, 3, 2, 1\n300 1 -1\n100 3 -3\n200 2 -2\nEndLFASpectralData\n";
 const QByteArray cNonLfa = "BeginNonLFASpectralData 2 1 2\n 10 5 6\n-10 7 8\nEndNonLFASpectralData\n";
 const QByteArray cSource = "BeginNonLFASourceOn 1 2\n1 0\n";
-
-class TItem : public ICanvasItem
-{
-public:
-    explicit TItem(const TYrexSpectrumList &spectra)
-        : fSpectra(spectra)
-    {
-    }
-    ~TItem() override { qDeleteAll(fSpectra); }
-    int rtti() const override { return 115; }
-    QUuid uniqueId() const override { return QUuid(); }
-    bool isActive() const override { return true; }
-    bool isSelectedForEdit() const override { return true; }
-    TYrexSpectrumList fSpectra;
-};
-
-class TFactory : public IYrexItemFactory
-{
-public:
-    TFactory() { setCurrent(this); }
-    ~TFactory() override { setCurrent(nullptr); }
-    ICanvasItem *createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *) override
-    {
-        fItems.emplace_back(new TItem(spectra));
-        return fItems.back().get();
-    }
-    void addSpectra(ICanvasItem *, const TYrexSpectrumList &) override { ADD_FAILURE(); }
-    std::vector<std::unique_ptr<TItem>> fItems;
-};
 
 class SersbtConverter : public TReaderFixture
 {
@@ -79,7 +50,7 @@ TEST_F(SersbtConverter, ReadsBothSeriesOnAscendingX)
 
 TEST_F(SersbtConverter, MakesAnItemOfEachSeries)
 {
-    TFactory factory;
+    TStandInFactory factory;
     ASSERT_EQ(read(cHead + cNonLfa + cLfa + cSweep), 0) << "blocks in any order";
     ASSERT_EQ(factory.fItems.size(), 2u);
     EXPECT_EQ(factory.fItems[0]->fSpectra.first()->title(), "LFA spectra - spec 1");
