@@ -12,6 +12,7 @@
 WStatusReadout::WStatusReadout(QStatusBar *bar, TDocumentController &documents)
     : QObject(bar)
     , fDocuments(documents)
+    , fBar(bar)
     , fHint(new QLabel(bar))
     , fReadout(new QLabel(bar))
     , fSelection(new QToolButton(bar))
@@ -27,6 +28,7 @@ WStatusReadout::WStatusReadout(QStatusBar *bar, TDocumentController &documents)
     fSelection->setToolTip(tr("Selected of all spectra; a click selects all"));
     fZoom->setAutoRaise(true);
     fZoom->setToolTip(tr("Zoom of the page; a click fits it into the window"));
+    connect(bar, &QStatusBar::messageChanged, this, &WStatusReadout::showHint);
     connect(fSelection, &QToolButton::clicked, this, &WStatusReadout::selectAllSpectra);
     connect(fZoom, &QToolButton::clicked, this, [this] {
         if (fDocuments.view())
@@ -47,7 +49,19 @@ QString WStatusReadout::readout() const
 
 QString WStatusReadout::hint() const
 {
-    return fHint->text();
+    return fHintText;
+}
+
+void WStatusReadout::setHint(const QString &hint)
+{
+    fHintText = hint;
+    showHint();
+}
+
+// A message of the bar is drawn where the hint stands, and the bar's layout may bring a hidden label back under it.
+void WStatusReadout::showHint()
+{
+    fHint->setText(fBar->currentMessage().isEmpty() ? fHintText : QString());
 }
 
 QString WStatusReadout::selection() const
@@ -58,7 +72,7 @@ QString WStatusReadout::selection() const
 void WStatusReadout::watch(WDocumentView *view)
 {
     connect(view, &WDocumentView::readoutChanged, fReadout, &QLabel::setText);
-    connect(view, &WDocumentView::hintChanged, fHint, &QLabel::setText);
+    connect(view, &WDocumentView::hintChanged, this, &WStatusReadout::setHint);
     connect(view, &WDocumentView::zoomChanged, this, &WStatusReadout::showZoom);
     connect(view, &WDocumentView::activeSpectrumChanged, this, &WStatusReadout::showSelection);
     connect(&view->selection(), &TItemSelection::changed, this, &WStatusReadout::showSelection);

@@ -22,11 +22,15 @@ public:
 
 private:
     void watch(WDocumentView *view);
+    void setHint(const QString &hint);
+    void showHint();
     void showZoom();
     void showSelection();
     void selectAllSpectra();
 
     TDocumentController &fDocuments;
+    QStatusBar *fBar;
+    QString fHintText;
     QLabel *fHint;
     QLabel *fReadout;
     QToolButton *fSelection;

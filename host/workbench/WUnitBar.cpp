@@ -1,5 +1,7 @@
 #include "WUnitBar.h"
 
+#include "TTheme.h"
+
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,7 +16,6 @@ namespace {
 constexpr int cMargin = 6;
 constexpr int cShownLetters = 9; // the list shows the names whole
 const QColor cPaper(0xFF, 0xF1, 0xC2);
-const QColor cInk(0x2B, 0x2F, 0x36);
 
 QComboBox *makeChoice(const QString &name, const QString &toolTip, const QList<TUnitChoice> &choices)
 {
@@ -39,14 +40,11 @@ WUnitBar::WUnitBar(const QList<TUnitChoice> &x, const QList<TUnitChoice> &y, con
 {
     setObjectName("unitBar");
     setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Window); // else the view's, which is the colour of text fields
-    QPalette colours = palette();
+    setBackgroundRole(QPalette::Window);       // else the view's, which is the colour of text fields
+    QPalette colours = TTheme::palette(false); // the bar is bright in a dark window as well
     colours.setColor(QPalette::Window, cPaper);
     setPalette(colours);
     auto *text = new QLabel(tr("Units are not known:"));
-    colours.setColor(QPalette::WindowText, cInk); // the bar is bright in a dark window as well
-    for (QWidget *written : {static_cast<QWidget *>(text), static_cast<QWidget *>(fSame)})
-        written->setPalette(colours);
     auto *set = new QPushButton(tr("Set"));
     set->setObjectName("set");
     auto *close = new QToolButton;
