@@ -60,7 +60,7 @@ TItemController::TItemController(TActionTable &actions, TDocumentController &doc
         "fillPage",
         [this] {
             const TCanvasItemList selected = items();
-            const QRectF whole = fDocuments.page()->offeredRect(canvasItem(selected.first()));
+            const QRectF whole = fDocuments.page()->contentRect();
             fDocuments.document()->history().push(new TCmdMoveItem(selected, QVector<QRectF>(selected.size(), whole)));
         },
         needsItem);

@@ -92,7 +92,7 @@ void T1DYrexPlot::fitStackAxis()
     if (!plotData || plotData->spectrumCount() < 2)
         return;
     const auto range = plotData->axisRange(2, cUnitArbitrary, fYUnits);
-    stackIndexAxis().setFullScale(range.first, range.second);
+    setFullScale(stackIndexAxis(), stackIndexRanges(), range.first, range.second);
     stackIndexAxis().setScaleToFull();
 }
 
@@ -193,9 +193,10 @@ void T1DYrexPlot::resetFullScales(IYrexPlotData &plotData, int mask, bool useOri
         return;
     }
     const auto rows = plotData.axisRange(2, cUnitArbitrary, fYUnits);
-    intensityAxis().setFullScale(range.first, range.second);
-    stackIndexAxis().setFullScale(rows.first, rows.second);
-    symmetricAxis().setFullScale(-range.second, range.second);
+    const double most = qMax(range.first, range.second); // of transmittance the first
+    setFullScale(intensityAxis(), intensityRanges(), range.first, range.second);
+    setFullScale(stackIndexAxis(), stackIndexRanges(), rows.first, rows.second);
+    setFullScale(symmetricAxis(), symmetricRanges(), -most, most);
 }
 
 void T1DYrexPlot::refreshFullScales(int mask, bool useOriginal)

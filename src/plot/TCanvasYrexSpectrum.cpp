@@ -408,7 +408,7 @@ void TCanvasYrexSpectrum::restoreFullState(const QByteArray &bytes)
     }
     block.skipData();
     T1DYrexPlot *plot = activeYrexPlot();
-    if (!plot || !plot->isStacked())
+    if (!plot || !plot->isArrayed())
         return;
     plot->stackedProperties().setOwnColors(ownColors);
     if (colors.size() >= stack().count())

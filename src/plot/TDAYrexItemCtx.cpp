@@ -98,8 +98,8 @@ bool TDAYrexItemCtx::paramValue(int index, const QString &name, double &value) c
 bool TDAYrexItemCtx::regionValue(int index, const TDARegion &region, double from, double to, double &value)
 {
     TYrexSpectrum *asked = spectrum(index);
-    if (!asked || asked->pointCount() < 1)
-        return false;
+    if (!asked || asked->pointCount() < 1 || asked->values().size() < asked->pointCount())
+        return false; // data may have been cleared
     const int a = sampleAt(*asked, from);
     const int b = sampleAt(*asked, to);
     const int low = std::min(a, b);

@@ -161,6 +161,16 @@ QLineF TYrexPeakPainter::tick(const T1DLabelInfo &label, const QRectF &bounds)
     return isSame(line.y1(), line.y2()) ? QLineF() : line;
 }
 
+void TYrexPeakPainter::drawTicks(QPainter &painter, const QVector<QLineF> &ticks) const
+{
+    if (!(fProperties.flags & TYrexPeakPlotProperties::cShowTicks))
+        return;
+    for (const QLineF &tick : ticks) {
+        if (!tick.isNull())
+            painter.drawLine(tick);
+    }
+}
+
 /// `foot` is the left end of the base line, for turned texts the lower one. Answers the text's box.
 QRectF TYrexPeakPainter::drawText(QPainter &painter, const QPointF &foot, const QString &text) const
 {
@@ -193,10 +203,9 @@ void TYrexPeakPainter::drawAtPeaks(QPainter &painter, const TPiece &piece, const
             if (hits)
                 hits->append({peaks.at(label.index).id, rect});
         }
-        if (fProperties.flags & TYrexPeakPlotProperties::cShowTicks)
-            ticks.append(tick(label, piece.rect));
+        ticks.append(tick(label, piece.rect));
     }
-    painter.drawLines(ticks);
+    drawTicks(painter, ticks);
 }
 
 void TYrexPeakPainter::drawStrip(QPainter &painter, const TPiece &piece, const T1DLabelArranger &arranger,
@@ -207,8 +216,7 @@ void TYrexPeakPainter::drawStrip(QPainter &painter, const TPiece &piece, const T
         if (std::isfinite(label.anchor.x()) && std::isfinite(label.anchor.y()))
             ticks.append(tick(label, piece.rect));
     }
-    if (fProperties.flags & TYrexPeakPlotProperties::cShowTicks)
-        painter.drawLines(ticks);
+    drawTicks(painter, ticks);
     const bool isGrouped = fProperties.position == cGroups; // each vertical piece has labels of its own
     if (!piece.isFirst && !isGrouped)
         return;

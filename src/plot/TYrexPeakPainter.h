@@ -46,6 +46,7 @@ private:
                    THits *hits) const;
     QRectF drawText(QPainter &painter, const QPointF &foot, const QString &text) const;
     static QLineF tick(const T1DLabelInfo &label, const QRectF &bounds);
+    void drawTicks(QPainter &painter, const QVector<QLineF> &ticks) const;
     bool isHorizontal() const;
     bool isAtPeak() const;
     bool isAtBottom() const;

@@ -7,7 +7,8 @@
 
 namespace {
 constexpr int cMarkFontSize = 24; // canvas units
-}
+constexpr int cMaxDecimals = 8;   // a number is written with as many as a file says
+} // namespace
 
 TYrexPeakPlotProperties::TYrexPeakPlotProperties()
     : font(Utils::Painter::plotFont(cMarkFontSize))
@@ -24,20 +25,27 @@ void TYrexPeakPlotProperties::store(TDataStream &stream) const
 
 void TYrexPeakPlotProperties::load(TDataStream &stream)
 {
+    TYrexPeakPlotProperties read;
     qint32 flagWord = 0;
     qint8 bytes[4] = {};
     stream >> flagWord;
-    Utils::Stream::read(stream, font);
-    Utils::Stream::read(stream, pen);
+    Utils::Stream::read(stream, read.font);
+    Utils::Stream::read(stream, read.pen);
     for (qint8 &byte : bytes)
         stream >> byte;
-    stream >> decimals;
-    Utils::Stream::read(stream, curveColor);
-    Utils::Stream::read(stream, otherColor);
-    stream >> content >> margin;
-    flags = quint32(flagWord);
-    reserved = bytes[0];
-    orientation = bytes[1];
-    position = bytes[2];
-    units = bytes[3];
+    stream >> read.decimals;
+    Utils::Stream::read(stream, read.curveColor);
+    Utils::Stream::read(stream, read.otherColor);
+    stream >> read.content >> read.margin;
+    if (!stream.isGood())
+        return;
+    read.flags = quint32(flagWord);
+    read.reserved = bytes[0];
+    read.orientation = bytes[1];
+    read.position = bytes[2];
+    read.units = bytes[3];
+    read.decimals = qBound(0, read.decimals, cMaxDecimals);
+    if (!(read.margin >= 0.0 && read.margin <= 1.0))
+        read.margin = margin;
+    *this = read;
 }

@@ -4,12 +4,14 @@
 #include "TYrexUnits.h"
 #include "plot/PainterUtils.h"
 #include "plot/TTypesetter.h"
+#include "stream/TDataStream.h"
 
 #include <QImage>
 #include <QPainter>
 #include <QPicture>
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
@@ -426,4 +428,36 @@ TEST_F(TMarksTest, theSimplePlotterKnowsTheBaselineOfItsUnit)
     EXPECT_NE(simple->id(), plot.plotter()->id());
     plot.setAxisUnits(vertDir, cUnitTransmittance);
     EXPECT_EQ(simple->baselineScaleValue(), 100.0) << "of the moment when it was made";
+}
+
+TEST(TYrexMarkProperties, wildNumbersOfAFileAreNotTakenOver)
+{
+    TYrexPeakPlotProperties peaks;
+    peaks.decimals = 1000000000;
+    peaks.margin = std::numeric_limits<double>::infinity();
+    TYrexIntegralPlotProperties integrals;
+    integrals.decimals = -5;
+    TYrexIntegralPlotProperties wild;
+    wild.curveMargin = std::numeric_limits<double>::quiet_NaN();
+    QByteArray bytes;
+    {
+        TDataStream out(&bytes, QIODevice::WriteOnly);
+        peaks.store(out);
+        integrals.store(out);
+        wild.store(out);
+    }
+    TDataStream in(bytes);
+    TYrexPeakPlotProperties readPeaks;
+    readPeaks.load(in);
+    EXPECT_EQ(readPeaks.decimals, 8);
+    EXPECT_EQ(readPeaks.margin, 0.0);
+    TYrexIntegralPlotProperties read;
+    read.load(in);
+    EXPECT_EQ(read.decimals, 0);
+    read.load(in);
+    EXPECT_EQ(read.curveMargin, 0.3);
+    EXPECT_EQ(read.decimals, 0) << "a block that cannot be right changes nothing";
+    TDataStream cut(bytes.left(20));
+    readPeaks.load(cut);
+    EXPECT_EQ(readPeaks.decimals, 8);
 }

@@ -232,3 +232,43 @@ TEST_F(TDocumentTest, historyValuesThatCannotBeReadBackAreKeptAsText)
     EXPECT_EQ(read.historyEntries().first().fParams.at(0).fValue, QVariant("q"));
     EXPECT_EQ(read.historyEntries().first().fParams.at(1).fValue, QVariant(2.5));
 }
+
+TEST_F(TDocumentTest, aFileOfANewerProgramIsNotTheDocumentsOwn)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("a.klm");
+    TDocument document;
+    fill(document);
+    ASSERT_TRUE(document.saveTo(path));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QByteArray own = file.readAll();
+    QByteArray newer = own;
+    newer[own.indexOf(QByteArray("\0\0\0\1", 4)) + 3] = 2; // the number of the format stands first
+    file.seek(0);
+    file.write(newer);
+    file.close();
+
+    TDocument read;
+    TLoadReport report;
+    ASSERT_TRUE(read.loadFrom(path, report)) << report.fError.toStdString();
+    EXPECT_EQ(read.items().size(), 3);
+    EXPECT_FALSE(report.fWarnings.isEmpty());
+    EXPECT_TRUE(read.path().isEmpty()) << "saving asks for a name";
+    EXPECT_EQ(bytesOf(read), own) << "what this program writes is of its own format";
+}
+
+TEST_F(TDocumentTest, pagesOfferTheLargestFreePlace)
+{
+    TDocument document;
+    TPage *page = document.appendPage();
+    page->setSize(QSizeF(2000, 1000));
+    page->setMargins(QMarginsF());
+    auto *left = new TTextItem;
+    left->setRect(QRectF(0, 0, 800, 1000));
+    page->insertItem(left);
+    EXPECT_EQ(page->offeredRect(nullptr), QRectF(800, 0, 1200, 1000));
+    EXPECT_EQ(page->offeredRect(left), page->contentRect()) << "an item is not in its own way";
+    left->setRect(QRectF(100, 0, 1800, 1000));
+    EXPECT_EQ(page->offeredRect(nullptr), page->contentRect()) << "what is left is too narrow";
+}

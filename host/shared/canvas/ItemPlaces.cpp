@@ -7,6 +7,8 @@
 
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
+#include <set>
 
 const QByteArray cExpansionRole = QByteArrayLiteral("expansionOf");
 
@@ -56,7 +58,53 @@ void drawTies(QPainter &painter, const TCanvasSpectrum &part, const TCanvasSpect
     }
 }
 
+constexpr int cManyItems = 12; // beyond, the search takes too long
+
+/// The sides of the area and of what stands in it, ascending.
+QVector<double> sides(const QRectF &area, const QVector<QRectF> &taken, bool isHorizontal)
+{
+    std::set<double> found;
+    const auto add = [&](const QRectF &rect) {
+        const double low = isHorizontal ? area.left() : area.top();
+        const double high = isHorizontal ? area.right() : area.bottom();
+        found.insert(qBound(low, isHorizontal ? rect.left() : rect.top(), high));
+        found.insert(qBound(low, isHorizontal ? rect.right() : rect.bottom(), high));
+    };
+    add(area);
+    for (const QRectF &rect : taken)
+        add(rect);
+    QVector<double> sorted;
+    for (const double side : found)
+        sorted.append(side);
+    return sorted;
+}
+
 } // namespace
+
+QRectF largestFreeRect(const QRectF &area, const QVector<QRectF> &taken)
+{
+    if (taken.size() > cManyItems)
+        return QRectF();
+    const QVector<double> xs = sides(area, taken, true);
+    const QVector<double> ys = sides(area, taken, false);
+    QRectF best;
+    for (int left = 0; left < xs.size(); ++left) {
+        for (int right = xs.size() - 1; right > left; --right) {
+            for (int top = 0; top < ys.size(); ++top) {
+                for (int bottom = ys.size() - 1; bottom > top; --bottom) {
+                    const QRectF rect(QPointF(xs[left], ys[top]), QPointF(xs[right], ys[bottom]));
+                    if (rect.width() * rect.height() <= best.width() * best.height())
+                        break; // lower ones are smaller still
+                    const bool isFree = std::none_of(taken.begin(), taken.end(),
+                                                     [&rect](const QRectF &other) { return rect.intersects(other); });
+                    if (isFree)
+                        best = rect;
+                }
+            }
+        }
+    }
+    return best;
+}
 
 QRectF emptiestCorner(const TPage &page, const QRectF &part)
 {

@@ -13,6 +13,10 @@ constexpr double cCornerShare = 0.45;
 /// page inside its margins.
 QRectF emptiestCorner(const TPage &page, const QRectF &part = QRectF());
 
+/// The largest rectangle of `area` that none of the others touches; null when there is none, or too many others to
+/// look for it.
+QRectF largestFreeRect(const QRectF &area, const QVector<QRectF> &taken);
+
 /// The role of the link from an enlarged part to the item that it was taken from.
 extern const QByteArray cExpansionRole;
 

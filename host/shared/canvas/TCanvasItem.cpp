@@ -37,7 +37,7 @@ void TCanvasItem::setLayoutPolicy(int policy, bool update)
 {
     fPolicy = policy;
     if (update && policy == cFollowsPage && canvas())
-        setRect(canvas()->offeredRect(this));
+        setRect(canvas()->contentRect());
 }
 
 void TCanvasItem::update()

@@ -94,8 +94,10 @@ void TCanvasSpectrum::paintPicture(QPainter &painter)
 
 void TCanvasSpectrum::paintHighlight(QPainter &painter)
 {
-    if (const auto *plot = dynamic_cast<T1DStackedPlot *>(activePlot()))
+    if (auto *plot = dynamic_cast<T1DStackedPlot *>(activePlot())) {
         plot->drawPointedCurve(painter);
+        plot->drawHighlights(painter);
+    }
 }
 
 void TCanvasSpectrum::storePlots(TDataStream &stream) const

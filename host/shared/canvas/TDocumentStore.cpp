@@ -117,7 +117,7 @@ void TDocument::storeHistory(TDataStream &stream) const
 void TDocument::store(TDataStream &stream) const
 {
     stream.writeRawData(cMagic, cMagicSize);
-    stream << fFormat << fWriter;
+    stream << cFormat << fWriter;
     TDataStreamAdaptor block(stream);
     block.startStore();
     stream << fId;
@@ -345,7 +345,8 @@ bool TDocument::loadFrom(const QString &path, TLoadReport &report)
     TDataStream stream(&file);
     if (!load(stream, report))
         return false;
-    fPath = path;
+    if (fFormat <= cFormat)
+        fPath = path; // saving must not take from a newer program's file what this one does not know
     fHistory.setClean();
     return true;
 }

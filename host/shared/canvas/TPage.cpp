@@ -8,6 +8,10 @@
 #include <QGraphicsScene>
 #include <QPainter>
 
+namespace {
+constexpr double cLeastOffered = 0.25; // of the area's sides: less is no room for a plot
+}
+
 TPage::TPage(QObject *parent)
     : QObject(parent)
     , fId(Utils::Common::createUuid())
@@ -97,9 +101,23 @@ void TPage::takeItem(TCanvasItem *item)
     emit itemRemoved(item);
 }
 
-QRectF TPage::offeredRect(const TCanvasItem *) const
+QRectF TPage::contentRect() const
 {
     return QRectF(QPointF(0, 0), fSize).marginsRemoved(fMargins);
+}
+
+QRectF TPage::offeredRect(const TCanvasItem *item) const
+{
+    QVector<QRectF> taken;
+    for (const TCanvasItem *other : fItems) {
+        if (other != item)
+            taken.append(other->rect());
+    }
+    const QRectF whole = contentRect();
+    const QRectF free = largestFreeRect(whole, taken);
+    const bool isRoomy =
+        free.width() >= cLeastOffered * whole.width() && free.height() >= cLeastOffered * whole.height();
+    return isRoomy ? free : whole;
 }
 
 void TPage::render(QPaintDevice *device) const

@@ -51,7 +51,10 @@ public:
     void takeItem(TCanvasItem *item);
     /// The item is being deleted.
     void forget(TCanvasItem *item) { fItems.removeAll(item); }
-    /// The room for an item that follows the page: the area inside the margins.
+    /// The area inside the margins, in canvas units.
+    QRectF contentRect() const;
+    /// The room for one more item: the largest rectangle that is free of others, or the whole area inside the margins
+    /// where none is large enough for a plot.
     QRectF offeredRect(const TCanvasItem *item) const;
     /// Draws the whole page so that it fills the device.
     void render(QPaintDevice *device) const;

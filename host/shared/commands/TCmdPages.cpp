@@ -150,7 +150,7 @@ void TCmdPages::apply(const TState &state)
 void TCmdPages::followPages()
 {
     for (auto it = fOldRects.constBegin(); it != fOldRects.constEnd(); ++it)
-        it.key()->setRect(it.key()->canvas()->offeredRect(it.key()));
+        it.key()->setRect(it.key()->canvas()->contentRect());
 }
 
 void TCmdPages::doCmd()

@@ -19,6 +19,8 @@ public:
     const TRanges &vertRanges() const override { return hasRows() ? fStackRanges : intensityRanges(); }
     TAxis &curveAxis() override { return intensityAxis(); }
     TRanges &curveRanges() override { return intensityRanges(); }
+    const TAxis &curveAxis() const override { return intensityAxis(); }
+    const TRanges &curveRanges() const override { return intensityRanges(); }
     QVector<TAxis *> axesOf(TAxisDir dir) override;
 
     TAxis &stackIndexAxis() { return fStackAxis; }

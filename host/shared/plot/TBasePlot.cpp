@@ -292,8 +292,8 @@ void TBasePlot::saveIntensityScale(TDataStream &stream) const
 {
     TDataStreamAdaptor block(stream);
     block.startStore();
-    vertAxis().store(stream);
-    vertRanges().store(stream);
+    curveAxis().store(stream);
+    curveRanges().store(stream);
     stream << fIntensityFactor;
     block.endStore();
 }
@@ -302,16 +302,16 @@ void TBasePlot::loadIntensityScale(TDataStream &stream)
 {
     TDataStreamAdaptor block(stream);
     if (block.hasData()) {
-        TAxis read = vAxis();
+        TAxis read = curveAxis();
         read.load(stream);
-        TRanges visible = vRanges();
+        TRanges visible = curveRanges();
         visible.load(stream);
         double factor = fIntensityFactor;
         stream >> factor;
         if (stream.isGood() && std::isfinite(factor) && factor > 0.0) {
-            vAxis().setFullScale(read.getFullScale().a, read.getFullScale().b);
-            vAxis().setScale(read.getScale().a, read.getScale().b);
-            vRanges() = visible;
+            curveAxis().setFullScale(read.getFullScale().a, read.getFullScale().b);
+            curveAxis().setScale(read.getScale().a, read.getScale().b);
+            curveRanges() = visible;
             fIntensityFactor = factor;
         }
     }

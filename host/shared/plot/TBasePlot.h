@@ -62,6 +62,8 @@ public:
     /// The axis on which curves are measured; in a stack the rows stand on another one.
     virtual TAxis &curveAxis() { return vAxis(); }
     virtual TRanges &curveRanges() { return vRanges(); }
+    virtual const TAxis &curveAxis() const { return vertAxis(); }
+    virtual const TRanges &curveRanges() const { return vertRanges(); }
     /// Every axis of a direction, standing or not.
     virtual QVector<TAxis *> axesOf(TAxisDir dir);
 
