@@ -188,13 +188,15 @@ void T1DYrexPlot::resetFullScales(IYrexPlotData &plotData, int mask, bool useOri
     if (!(mask & vertDir))
         return;
     const auto range = plotData.axisRange(1, fXUnits, fYUnits);
+    // the pair is swapped for transmittance and for flat data; intensities always grow upwards
+    const double least = qMin(range.first, range.second);
+    const double most = qMax(range.first, range.second);
     if (!isArrayed()) {
-        setFullScale(vertDir, range.first, range.second);
+        setFullScale(vertDir, least, most);
         return;
     }
     const auto rows = plotData.axisRange(2, cUnitArbitrary, fYUnits);
-    const double most = qMax(range.first, range.second); // of transmittance the first
-    setFullScale(intensityAxis(), intensityRanges(), range.first, range.second);
+    setFullScale(intensityAxis(), intensityRanges(), least, most);
     setFullScale(stackIndexAxis(), stackIndexRanges(), rows.first, rows.second);
     setFullScale(symmetricAxis(), symmetricRanges(), -most, most);
 }

@@ -76,6 +76,9 @@ public:
     const TYrexPeakPlotProperties &peakProperties() const { return fPeakProperties; }
     TYrexIntegralPlotProperties &integralProperties() { return fIntegralProperties; }
     const TYrexIntegralPlotProperties &integralProperties() const { return fIntegralProperties; }
+    /// A colour with its kind that property bags carry along; nothing draws with it.
+    QColor &spareColor() { return fSpareColor; }
+    qint32 &spareKind() { return fSpareKind; }
     int axisLabelFlags() const { return fAxisLabelFlags; }
     void setAxisLabelFlags(int flags) { fAxisLabelFlags = flags; }
 
@@ -164,6 +167,8 @@ private:
     TTitleProperties fTitleProperties;
     qint32 fXUnits = 50;
     qint32 fYUnits = 50;
+    QColor fSpareColor{0, 128, 128, 192};
+    qint32 fSpareKind = 1;
     qint32 fAxisLabelFlags = 3; // bit 0 horizontal, bit 1 vertical: the label comes from the data
     TYrexPeakPlotProperties fPeakProperties;
     TYrexIntegralPlotProperties fIntegralProperties;

@@ -4,6 +4,7 @@
 #include "TYrexUnits.h"
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -222,7 +223,10 @@ TFields curveFields()
     return pen("curve.pen", [](P &p) -> QPen & { return p.properties().curvePen; }) +
            TFields{number("curve.fillAlpha", 0.0, 1.0, [](P &p) -> double & { return p.properties().fillAlpha; }),
                    flag("curve.markers", [](P &p) -> bool & { return p.properties().showMarkers; }),
-                   flag("curve.baseLine", [](P &p) -> bool & { return p.properties().isBaseLineShown; })};
+                   flag("curve.baseLine", [](P &p) -> bool & { return p.properties().isBaseLineShown; }),
+                   color("spare.color", [](P &p) -> QColor & { return p.spareColor(); }),
+                   integer("spare.kind", 0, std::numeric_limits<qint32>::max(),
+                           [](P &p) -> qint32 & { return p.spareKind(); })};
 }
 
 TFields peakFields()
@@ -236,6 +240,7 @@ TFields peakFields()
                bit("peaks.ticks", TPeaks::cShowTicks, flags),
                bit("peaks.inCurveColor", TPeaks::cInCurveColor, flags),
                color("peaks.curveColor", [](P &p) -> QColor & { return p.peakProperties().curveColor; }),
+               color("peaks.otherColor", [](P &p) -> QColor & { return p.peakProperties().otherColor; }),
                integer("peaks.orientation", 0, 1, [](P &p) -> qint32 & { return p.peakProperties().orientation; }),
                integer("peaks.position", 0, 4, [](P &p) -> qint32 & { return p.peakProperties().position; }),
                integer("peaks.units", 0, 50, [](P &p) -> qint32 & { return p.peakProperties().units; }),
