@@ -211,7 +211,7 @@ TMouseSpot WDocumentView::spotAt(const QPointF &viewPos) const
         return spot;
     const TBasePlotter *plotter = spot.plot->plotter();
     spot.scalePos = plotter->canvas2Scale(spot.itemPos);
-    spot.area = spot.plot->hitTest(spot.itemPos);
+    spot.area = spot.spectrum->areaAt(spot.itemPos);
     spot.place = plotter->whereIsMouse(spot.itemPos);
     spot.inCurves = spot.place == placeInCurves;
     return spot;

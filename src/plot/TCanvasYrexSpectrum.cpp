@@ -332,14 +332,19 @@ void TCanvasYrexSpectrum::restoreView(const TViewHistoryEntry &view)
 
 const TPlotHotArea &TCanvasYrexSpectrum::hotAreaAt(const QPoint &windowPoint) const
 {
+    return areaAt(canvasWnd2Item(windowPoint));
+}
+
+const TPlotHotArea &TCanvasYrexSpectrum::areaAt(const QPointF &itemPoint) const
+{
     const T1DYrexPlot *plot = activeYrexPlot();
     if (!plot)
         return TPlotHotAreas::nullArea;
-    const QPointF itemPoint = canvasWnd2Item(windowPoint);
     const TPlotHotArea &region = fRegionHotAreas.hit(activePlotter()->canvasItem2Plot(itemPoint));
     if (region.isValid())
         return region;
-    return pointedPlot(windowPoint) == plot ? plot->hitTest(itemPoint) : TPlotHotAreas::nullArea;
+    const bool isInside = QRectF(QPointF(0, 0), rect().size()).contains(itemPoint);
+    return isInside ? plot->hitTest(itemPoint) : TPlotHotAreas::nullArea;
 }
 
 void TCanvasYrexSpectrum::store(TDataStream &stream) const

@@ -78,6 +78,7 @@ public:
     /// The hot area under a point of the window: those of data-analysis regions go before those of the plot. nullArea
     /// for none, and outside of the active plot.
     const TPlotHotArea &hotAreaAt(const QPoint &windowPoint) const;
+    const TPlotHotArea &areaAt(const QPointF &itemPoint) const override;
     TPlotHotAreas &regionHotAreas() { return fRegionHotAreas; }
     const TYrexDARegPlotHelper &regionHelper() const { return fRegionHelper; }
     TDAYrexItemCtx *daContext() const { return fDaCtx.get(); }

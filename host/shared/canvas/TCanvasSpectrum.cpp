@@ -3,6 +3,8 @@
 #include "canvas/DocumentBytes.h"
 #include "canvas/TPage.h"
 #include "plot/T1DStackedPlot.h"
+#include "plot/TBasePlotter.h"
+#include "plot/TPlotHotAreas.h"
 #include "properties/TPropertiesBag.h"
 #include "stream/StreamUtils.h"
 #include "stream/TDataStream.h"
@@ -71,6 +73,31 @@ TBasePlot *TCanvasSpectrum::pointedPlot(const QPoint &windowPoint) const
 {
     const QRectF place(QPointF(0, 0), rect().size());
     return place.contains(canvasWnd2Item(windowPoint)) ? activePlot() : nullptr;
+}
+
+QPointF TCanvasSpectrum::canvas2Scale(const QPointF &itemPoint) const
+{
+    const TBasePlotter *plotter = activePlotter();
+    return plotter ? plotter->canvas2Scale(itemPoint) : itemPoint;
+}
+
+QPointF TCanvasSpectrum::scale2Canvas(const QPointF &scalePoint) const
+{
+    const TBasePlotter *plotter = activePlotter();
+    return plotter ? plotter->scale2Canvas(scalePoint) : scalePoint;
+}
+
+double TCanvasSpectrum::canvasToFraction(double length, Qt::Orientation orientation) const
+{
+    const QSizeF size = activePlotter() ? activePlotter()->adjustedPlotArea().size() : QSizeF();
+    const double whole = orientation == Qt::Vertical ? size.height() : size.width();
+    return whole > 0.0 ? length / whole : 0.0;
+}
+
+const TPlotHotArea &TCanvasSpectrum::areaAt(const QPointF &itemPoint) const
+{
+    const TBasePlot *plot = activePlot();
+    return plot ? plot->hitTest(itemPoint) : TPlotHotAreas::nullArea;
 }
 
 void TCanvasSpectrum::paint(QPainter &painter)

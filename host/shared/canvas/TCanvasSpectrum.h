@@ -8,6 +8,7 @@
 class IProgress;
 class TBasePlot;
 class TBasePlotter;
+class TPlotHotArea;
 
 /// An item that shows spectra through one or more plots, which it owns.
 class TCanvasSpectrum : public TCanvasBaseSpectrum
@@ -29,6 +30,14 @@ public:
     QPoint canvasItem2Wnd(const QPointF &itemPoint) const;
     /// The plot under a point of the window; null outside of the item.
     TBasePlot *pointedPlot(const QPoint &windowPoint) const;
+    /// Between item coordinates and values of the active plot's axes. Without a plot the point comes back as it is.
+    QPointF canvas2Scale(const QPointF &itemPoint) const;
+    QPointF scale2Canvas(const QPointF &scalePoint) const;
+    /// A length in canvas units as a fraction of the height (for Qt::Horizontal the width) of the area in which the
+    /// active plot's curves and integrals stand; 0 without a plot.
+    double canvasToFraction(double length, Qt::Orientation orientation) const;
+    /// What of the item answers to the mouse at a point in item coordinates; nullArea for nothing.
+    virtual const TPlotHotArea &areaAt(const QPointF &itemPoint) const;
     IProgress *progress() const { return fProgress; }
 
     void paint(QPainter &painter) override;
