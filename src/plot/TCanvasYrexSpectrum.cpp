@@ -78,8 +78,19 @@ void TCanvasYrexSpectrum::showAsStack(T1DYrexPlot *plot)
         return;
     stack().setGrouped(0);
     plot->setStackedDisplayMode(overlayMode);
-    if (stack().count() > cPaletteSize) // more than the eye tells apart
+    if (stack().count() > cPaletteSize || isOrderedSeries()) // more than the eye tells apart, or in an order to be seen
         plot->stackedProperties().setColorMode(sequentialColors);
+}
+
+bool TCanvasYrexSpectrum::isOrderedSeries() const
+{
+    constexpr int cShortestSeries = 3;
+    const int count = stack().count();
+    for (int i = 1; count >= cShortestSeries && i < count; ++i) {
+        if (fStackedCtx.arrayedValue(i) != fStackedCtx.arrayedValue(0))
+            return true;
+    }
+    return false;
 }
 
 void TCanvasYrexSpectrum::addSpectra(const TYrexSpectrumList &spectra)

@@ -96,6 +96,8 @@ public:
 private:
     void buildPlot();
     void showAsStack(T1DYrexPlot *plot);
+    /// Whether the spectra differ in the value of their series.
+    bool isOrderedSeries() const;
 
     std::unique_ptr<TYrexSpecDataObj> fDataObj;
     TPlotHotAreas fRegionHotAreas;
