@@ -1,16 +1,17 @@
 #include "WAxisLimitsDialog.h"
 
+#include "settings/TNumberFormat.h"
+
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <cmath>
 
 WAxisLimitsDialog::WAxisLimitsDialog(const QString &axisTitle, const TRange &shown, int decimals, QWidget *parent)
     : QDialog(parent)
-    , fFrom(new QLineEdit(QString::number(shown.a, 'f', decimals), this))
-    , fTo(new QLineEdit(QString::number(shown.b, 'f', decimals), this))
+    , fFrom(new QLineEdit(TNumberFormat::fixed(shown.a, decimals), this))
+    , fTo(new QLineEdit(TNumberFormat::fixed(shown.b, decimals), this))
     , fProblem(new QLabel(this))
 {
     setWindowTitle(tr("Axis Limits"));
@@ -41,9 +42,7 @@ WAxisLimitsDialog::WAxisLimitsDialog(const QString &axisTitle, const TRange &sho
 
 bool WAxisLimitsDialog::read(const QLineEdit &line, double &value) const
 {
-    bool isNumber = false;
-    value = line.text().trimmed().replace(',', '.').replace(QChar(0x2212), '-').toDouble(&isNumber);
-    return isNumber && std::isfinite(value);
+    return TNumberFormat::read(line.text(), value);
 }
 
 TRange WAxisLimitsDialog::limits() const

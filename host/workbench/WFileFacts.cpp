@@ -5,6 +5,7 @@
 #include "params/TSpectrumParam.h"
 #include "plugin/IConverter.h"
 #include "services/TImportDriver.h"
+#include "settings/TNumberFormat.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -19,7 +20,9 @@ constexpr int cPanelWidth = 240;
 
 QString rangeText(const QVariantList &ends)
 {
-    const auto number = [](const QVariant &value) { return QString::number(value.toDouble(), 'g', 7); };
+    const auto number = [](const QVariant &value) {
+        return TNumberFormat::shown(QString::number(value.toDouble(), 'g', 7));
+    };
     return ends.size() == 2 ? QString("%1 .. %2").arg(number(ends.first()), number(ends.last())) : QString();
 }
 

@@ -5,6 +5,7 @@
 #include "IYrexPlotable.h"
 #include "TYrexDataView.h"
 #include "TYrexUnits.h"
+#include "settings/TNumberFormat.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,7 +43,7 @@ int secondUnit(int unit)
 
 QString withUnit(double value, int decimals, int unit)
 {
-    return QString("%1 %2").arg(QString::number(value, 'f', decimals), shortUnit(unit)).trimmed();
+    return QString("%1 %2").arg(TNumberFormat::fixed(value, decimals), shortUnit(unit)).trimmed();
 }
 
 /// The place of the first value that is not before x on a series that runs one way.
@@ -97,7 +98,7 @@ TPlotReadout T1DYrexPlot::readout(const QPointF &itemPos) const
         readout.fPoint.setY(y);
         // rows share the height, so the axis tells nothing of the digits of y
         const int yDecimals = hasRows() ? 4 : viewDecimals(vertDir);
-        readout.fY = QString::number(y, 'f', yDecimals);
+        readout.fY = TNumberFormat::fixed(y, yDecimals);
     }
     return readout;
 }

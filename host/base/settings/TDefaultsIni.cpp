@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QSettings>
 #include <QStringList>
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -80,6 +81,15 @@ void TDefaultsIni::remove(const QString &key)
         store().fFile->remove(key);
     else
         store().fMemory.remove(key);
+}
+
+QStringList TDefaultsIni::keys(const QString &prefix) const
+{
+    QStringList keys = store().fFile ? store().fFile->allKeys() : QStringList(store().fMemory.keys());
+    keys.erase(std::remove_if(keys.begin(), keys.end(), [&](const QString &key) { return !key.startsWith(prefix); }),
+               keys.end());
+    keys.sort();
+    return keys;
 }
 
 void TDefaultsIni::setStore(const QString &path)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 /// The settings of the process, values by key ("Zarnu/Stack/Angle"). A light handle: make one where it is needed.
@@ -19,6 +20,8 @@ public:
     void setValue(const QString &key, const QVariant &value);
     bool contains(const QString &key) const;
     void remove(const QString &key);
+    /// The keys that begin with `prefix`, which ends with a slash; in the order of the alphabet.
+    QStringList keys(const QString &prefix) const;
 
     /// From now on all handles work on this INI file; values of the former store are not taken over.
     static void setStore(const QString &path);

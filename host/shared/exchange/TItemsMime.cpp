@@ -18,7 +18,6 @@ namespace {
 constexpr char cSvgMime[] = "image/svg+xml";
 constexpr char cPngMime[] = "image/png";
 constexpr char cTabbedMime[] = "text/tab-separated-values";
-constexpr char cDecimalSign[] = "Kelmora/Clipboard/DecimalSign";
 
 /// Type, id and block of the active plot of the first spectrum item, as in a document; empty without one.
 QByteArray plotBytes(const TCanvasItemList &items)
@@ -42,7 +41,7 @@ QByteArray plotBytes(const TCanvasItemList &items)
 
 QList<TNumberTable> tablesOf(const TCanvasItemList &items)
 {
-    const QByteArray sign = TDefaultsIni().value(cDecimalSign, ".").toString().toLatin1();
+    const QByteArray sign = TDefaultsIni().value(TItemsMime::cDecimalSignKey, ".").toString().toLatin1();
     QList<TNumberTable> tables;
     for (ICanvasItem *item : items) {
         const auto *spectrum = dynamic_cast<TCanvasBaseSpectrum *>(item);

@@ -9,6 +9,8 @@ class QMimeData;
 namespace TItemsMime {
 
 constexpr int cMaxPoints = 200000; // of numbers that go along with a picture
+/// "." or "," in numbers that are copied; the point without a setting.
+constexpr char cDecimalSignKey[] = "Kelmora/Clipboard/DecimalSign";
 
 /// Items as they stand on their page; at least one.
 QMimeData *ofItems(const TCanvasItemList &items);

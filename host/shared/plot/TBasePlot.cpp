@@ -2,6 +2,7 @@
 #include "plot/PainterUtils.h"
 #include "plot/TBasePlotter.h"
 #include "plot/TPlotHotAreas.h"
+#include "settings/TNumberFormat.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 #include <QPaintDevice>
@@ -98,8 +99,8 @@ TPlotReadout TBasePlot::readout(const QPointF &itemPos) const
         return readout;
     readout.fIsValid = true;
     readout.fPoint = plotter()->canvas2Scale(itemPos);
-    readout.fX = QString::number(readout.fPoint.x(), 'f', viewDecimals(horzDir));
-    readout.fY = QString::number(readout.fPoint.y(), 'f', viewDecimals(vertDir));
+    readout.fX = TNumberFormat::fixed(readout.fPoint.x(), viewDecimals(horzDir));
+    readout.fY = TNumberFormat::fixed(readout.fPoint.y(), viewDecimals(vertDir));
     return readout;
 }
 

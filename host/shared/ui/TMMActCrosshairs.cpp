@@ -3,6 +3,7 @@
 #include "canvas/TCanvasSpectrum.h"
 #include "consts/Consts.h"
 #include "plot/T1DStackedPlot.h"
+#include "settings/TNumberFormat.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
@@ -149,11 +150,11 @@ QString TMMActCrosshairs::measured() const
 {
     const QPointF delta = fCross.fScale - fStart.fScale;
     QString text = QString("dx %1  dy %2")
-                       .arg(QString::number(delta.x(), 'f', plot()->viewDecimals(horzDir)),
-                            QString::number(delta.y(), 'f', plot()->viewDecimals(vertDir)));
+                       .arg(TNumberFormat::fixed(delta.x(), plot()->viewDecimals(horzDir)),
+                            TNumberFormat::fixed(delta.y(), plot()->viewDecimals(vertDir)));
     if (fStart.fScale.y() != 0.0)
         text += "  " + QCoreApplication::translate("TMMActCrosshairs", "ratio %1")
-                           .arg(fCross.fScale.y() / fStart.fScale.y(), 0, 'f', 3);
+                           .arg(TNumberFormat::fixed(fCross.fScale.y() / fStart.fScale.y(), 3));
     return text;
 }
 

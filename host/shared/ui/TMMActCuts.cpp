@@ -5,6 +5,7 @@
 #include "commands/TCommandHistory.h"
 #include "consts/Consts.h"
 #include "plot/T1DStackedPlot.h"
+#include "settings/TNumberFormat.h"
 #include "ui/PlotCursors.h"
 
 #include <QCoreApplication>
@@ -194,7 +195,7 @@ void TMMActCuts::paintGaps(QPainter &painter) const
         const int decimals = plot->viewDecimals(horzDir);
         const QString text =
             QString("%1 .. %2")
-                .arg(QString::number(gap.values.a, 'f', decimals), QString::number(gap.values.b, 'f', decimals));
+                .arg(TNumberFormat::fixed(gap.values.a, decimals), TNumberFormat::fixed(gap.values.b, decimals));
         const double width = painter.fontMetrics().horizontalAdvance(text);
         painter.drawText(QPointF(top.x() - width / 2, top.y() - 4), text);
     }

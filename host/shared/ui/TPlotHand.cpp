@@ -9,6 +9,7 @@
 #include "contexts/IStackedItemCtx.h"
 #include "plot/T1DStackedBasePlotter.h"
 #include "plot/T1DStackedPlot.h"
+#include "ui/PlotHabits.h"
 #include "ui/PlotSteps.h"
 
 #include <QKeyEvent>
@@ -46,6 +47,9 @@ QString TPlotHand::hint() const
 {
     switch (fPlace) {
     case placeInCurves:
+        if (PlotHabits::isWheelIntensity())
+            return tr("Drag zooms, wheel changes the intensity (Ctrl: zooms x), middle button pans, double click: full "
+                      "view.");
         return tr("Drag zooms, wheel zooms x (Ctrl: intensity), middle button pans, double click: full view.");
     case placeOnHorzAxis:
     case placeOnVertAxis:
@@ -243,6 +247,15 @@ int TPlotHand::wheelMask(const QWheelEvent &event, const TMouseSpot &spot) const
     return isVert != isOther ? vertDir : horzDir;
 }
 
+/// On a strip the wheel zooms its axis, whatever it does on the curves.
+bool TPlotHand::isIntensityWheel(const QWheelEvent &event, const TMouseSpot &spot) const
+{
+    const bool isCtrl = event.modifiers() & Qt::ControlModifier;
+    if (!spot.inCurves || event.modifiers() & Qt::ShiftModifier)
+        return isCtrl;
+    return isCtrl != PlotHabits::isWheelIntensity();
+}
+
 bool TPlotHand::wheel(QWheelEvent *event, const TMouseSpot &spot)
 {
     const bool isOnPlot = spot.inCurves || spot.place == placeOnHorzAxis || spot.place == placeOnVertAxis;
@@ -264,7 +277,7 @@ bool TPlotHand::wheel(QWheelEvent *event, const TMouseSpot &spot)
     const Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
     if ((event->modifiers() & both) == both) {
         PlotSteps::changeSpacing(view()->history(), items, std::pow(cWheelSpacing, notches));
-    } else if (event->modifiers() & Qt::ControlModifier) {
+    } else if (isIntensityWheel(*event, spot)) {
         const double factor = std::pow(TBasePlot::cDefIntensityFactor, std::abs(notches) - 1.0);
         view()->history().push(new TCmdChangeSpectraIntensity(items, notches > 0.0, factor));
     } else {

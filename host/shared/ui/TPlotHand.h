@@ -37,6 +37,7 @@ private:
     void hover(const TMouseSpot &spot);
     void beginRun();
     void endRun();
+    bool isIntensityWheel(const QWheelEvent &event, const TMouseSpot &spot) const;
     int wheelMask(const QWheelEvent &event, const TMouseSpot &spot) const;
 
     TZoomBox fBox;

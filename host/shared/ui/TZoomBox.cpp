@@ -2,6 +2,8 @@
 
 #include "canvas/TCanvasSpectrum.h"
 #include "plot/TBasePlot.h"
+#include "settings/TNumberFormat.h"
+#include "ui/PlotHabits.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -59,8 +61,9 @@ TZoomBox::TShape TZoomBox::shape() const
     if (whole.isEmpty())
         return cNone;
     const QRectF box = QRectF(fStart, fEnd).normalized() & whole;
-    const bool isWide = box.width() >= cThreshold * whole.width() && !(fKeys & Qt::ControlModifier);
-    const bool isHigh = box.height() >= cThreshold * whole.height() && !(fKeys & Qt::ShiftModifier);
+    const double threshold = PlotHabits::boxThreshold();
+    const bool isWide = box.width() >= threshold * whole.width() && !(fKeys & Qt::ControlModifier);
+    const bool isHigh = box.height() >= threshold * whole.height() && !(fKeys & Qt::ShiftModifier);
     if (isWide)
         return isHigh ? cBoth : cHorz;
     return isHigh ? cVert : cNone;
@@ -113,7 +116,7 @@ void TZoomBox::paint(QPainter &painter, const QTransform &itemToView) const
     painter.drawRect(box);
 
     const auto number = [&](TAxisDir dir, double place) {
-        return QString::number(plotter.canvas2Scale(dir, place), 'f', shown.viewDecimals(dir));
+        return TNumberFormat::fixed(plotter.canvas2Scale(dir, place), shown.viewDecimals(dir));
     };
     const auto corner = [&](double x, double y) {
         QStringList parts;
@@ -130,7 +133,7 @@ void TZoomBox::paint(QPainter &painter, const QTransform &itemToView) const
     drawLabel(painter, corner(units.right(), units.bottom()), box.bottomRight() + QPointF(0, cGap), true, false);
     if (form != cVert) {
         const double dx = plotter.canvas2Scale(horzDir, units.right()) - plotter.canvas2Scale(horzDir, units.left());
-        const QString text = "dx " + QString::number(std::abs(dx), 'f', shown.viewDecimals(horzDir));
+        const QString text = "dx " + TNumberFormat::fixed(std::abs(dx), shown.viewDecimals(horzDir));
         if (metrics.horizontalAdvance(text) + 4 * cGap < box.width() && 2 * metrics.height() < box.height())
             painter.drawText(box, Qt::AlignCenter, text);
     }

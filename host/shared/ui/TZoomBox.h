@@ -7,13 +7,12 @@
 
 class QPainter;
 
-/// The box that a drag spans in a plot. It becomes a band when it is thinner than 2 % of the axis in one direction, and
-/// nothing when it is so in both.
+/// The box that a drag spans in a plot. It becomes a band when it is thinner than a small share of the axis in one
+/// direction (PlotHabits::boxThreshold), and nothing when it is so in both.
 class TZoomBox
 {
 public:
     enum TShape { cNone, cHorz, cVert, cBoth };
-    static constexpr double cThreshold = 0.02; // of the axis
 
     void start(const TMouseSpot &spot);
     /// Shift keeps to the horizontal axis, Ctrl to the vertical one.

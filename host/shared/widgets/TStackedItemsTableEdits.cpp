@@ -12,25 +12,17 @@
 #include "contexts/IStackedItemCtx.h"
 #include "plot/T1DStackedPlotProperties.h"
 #include "properties/TPropertiesBag.h"
+#include "settings/TNumberFormat.h"
 #include "widgets/IStackedItemsEdits.h"
 
 #include <QCollator>
 #include <QDateTime>
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
 const QString cDisplayModeKey = QStringLiteral("stack.displayMode");
 const QString cColorSettingKey = QStringLiteral("stack.colorSetting");
-
-/// Both the point and the comma, as they are typed.
-bool toNumber(QString text, double &number)
-{
-    bool isNumber = false;
-    number = text.replace(',', '.').toDouble(&isNumber);
-    return isNumber && std::isfinite(number);
-}
 
 } // namespace
 
@@ -92,7 +84,7 @@ bool TStackedItemsTableModel::setText(int spectrum, int column, const QString &t
         return push(new TCmdEditSpectrumClass(items(), {spectrum}, properties));
     }
     double number = 0.0;
-    return toNumber(text, number) && setNumber(spectrum, column, number);
+    return TNumberFormat::read(text, number) && setNumber(spectrum, column, number);
 }
 
 bool TStackedItemsTableModel::setData(const QModelIndex &place, const QVariant &value, int role)
@@ -190,7 +182,7 @@ bool TStackedItemsTableModel::pasteValues(int row, const QStringList &texts)
     QMap<int, double> values;
     for (int i = 0; i < texts.size() && indexOfRow(row + i) >= 0; ++i) {
         double number = 0.0;
-        if (!toNumber(texts.at(i), number))
+        if (!TNumberFormat::read(texts.at(i), number))
             return false;
         values.insert(indexOfRow(row + i), number);
     }

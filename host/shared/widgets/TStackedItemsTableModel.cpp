@@ -4,6 +4,7 @@
 #include "canvas/TCanvasSpectrum.h"
 #include "contexts/IStackedItemCtx.h"
 #include "plot/T1DStackedPlot.h"
+#include "settings/TNumberFormat.h"
 #include "widgets/IStackedItemsEdits.h"
 
 #include <QDateTime>
@@ -117,11 +118,11 @@ QVariant TStackedItemsTableModel::textOf(int spectrum, int column) const
     case cClass:
         return stack()->className(spectrum).trimmed();
     case cValue:
-        return QString::number(stack()->arrayedValue(spectrum), 'g', 10);
+        return TNumberFormat::shown(QString::number(stack()->arrayedValue(spectrum), 'g', 10));
     case cFactor:
-        return QString::number(stack()->relativeFactor(spectrum), 'g', 6);
+        return TNumberFormat::shown(QString::number(stack()->relativeFactor(spectrum), 'g', 6));
     case cOffset:
-        return trimmedNumber(stack()->offsetText(spectrum, cOffsetDecimals));
+        return TNumberFormat::shown(trimmedNumber(stack()->offsetText(spectrum, cOffsetDecimals)));
     case cDate:
     case cPoints:
     case cFormat:
