@@ -249,9 +249,11 @@ bool TDocumentController::saveTo(const QString &path)
     TDocument *shownDocument = document();
     QString error;
     if (!shownDocument || !shownDocument->saveTo(QFileInfo(path).absoluteFilePath(), &error)) {
-        Utils::Gui::message(fTabs->window(), QMessageBox::Critical, tr("Save Document"),
-                            tr("%1 could not be written: %2. Nothing on the disk was changed.")
-                                .arg(QDir::toNativeSeparators(path), error));
+        Utils::Gui::message(
+            fTabs->window(), QMessageBox::Critical, tr("Save Document"),
+            tr("%1 could not be written: %2. Nothing on the disk was changed. Save the document under another "
+               "name or in another folder.")
+                .arg(QDir::toNativeSeparators(path), error));
         return false;
     }
     fTabs->setTabText(fTabs->currentIndex(), titleOf(*shownDocument));

@@ -12,6 +12,8 @@
 #include "services/TKelmoraHost.h"
 
 #include <QEvent>
+#include <QFileInfo>
+#include <algorithm>
 
 TEmptyStateController::TEmptyStateController(TKelmoraHost &host, TDocumentController &documents, TFileController &files,
                                              QObject *parent)
@@ -51,7 +53,10 @@ void TEmptyStateController::follow()
         fState->setFormats(formats);
         fState->setSamples(TFileController::samples());
     }
-    fState->setRecent(fFiles.recentDocuments() + fFiles.recentFiles());
+    QStringList recent = fFiles.recentDocuments() + fFiles.recentFiles();
+    const auto isGone = [](const QString &path) { return !QFileInfo::exists(path); };
+    recent.erase(std::remove_if(recent.begin(), recent.end(), isGone), recent.end()); // the menu keeps them, grey
+    fState->setRecent(recent);
     fState->setBrief(!fDocuments.document()->items().isEmpty());
     place();
     fState->show();

@@ -132,10 +132,18 @@ bool TExportController::mayReplace(const QStringList &paths) const
     return Utils::Gui::ask(fWindow, message) == QMessageBox::Yes;
 }
 
-void TExportController::tell(const QStringList &written, const QStringList &failures)
+void TExportController::tell(const QStringList &written, const QStringList &failures, int firstCode)
 {
-    if (!failures.isEmpty())
-        Utils::Gui::message(fWindow, QMessageBox::Warning, tr("Export"), failures.first(), failures.join('\n'));
+    if (!failures.isEmpty()) {
+        QString text = failures.first() + '.';
+        if (failures.size() > 1)
+            text += ' ' + tr("Files that failed: %1.").arg(failures.size());
+        text += ' ' + tr("Choose another name or folder, or for a picture a lower resolution.");
+        if (firstCode != 0)
+            text += ' ' + tr("(code %1)").arg(firstCode);
+        Utils::Gui::message(fWindow, QMessageBox::Warning, tr("Export"), text,
+                            failures.size() > 1 ? failures.join('\n') : QString());
+    }
     if (written.size() == 1)
         emit told(tr("%1 written").arg(QFileInfo(written.first()).fileName()));
     else if (!written.isEmpty())
@@ -218,16 +226,21 @@ QStringList TExportController::saveData(IConverter &converter, TExportScope scop
         name = QDir(folder).filePath(name);
     QStringList written;
     QStringList failures;
+    int firstCode = 0;
     if (!mayReplace(paths))
         return written;
     for (int i = 0; i < parts.size(); ++i) {
         QString error;
-        if (ExportFile::write(converter, parts.at(i), paths.at(i), &error) == cConverterOk)
+        const int code = ExportFile::write(converter, parts.at(i), paths.at(i), &error);
+        if (code == cConverterOk) {
             written.append(paths.at(i));
-        else
-            failures.append(error);
+            continue;
+        }
+        if (failures.isEmpty())
+            firstCode = code;
+        failures.append(error);
     }
-    tell(written, failures);
+    tell(written, failures, firstCode);
     return written;
 }
 
@@ -239,8 +252,11 @@ void TExportController::exportData()
             writers.append(converter);
     }
     if (writers.isEmpty()) {
-        Utils::Gui::message(fWindow, QMessageBox::Information, tr("Export Data"),
-                            tr("No format can write the selected items."));
+        Utils::Gui::message(
+            fWindow, QMessageBox::Information, tr("Export Data"),
+            tr("%1 cannot be exported: no format for data can write what is selected. Select items with "
+               "spectra, or export a picture.")
+                .arg(proposedName()));
         return;
     }
     QStringList filters;

@@ -60,7 +60,8 @@ private:
     QString proposedName() const;
     /// Asks once whether files that are there may be replaced.
     bool mayReplace(const QStringList &paths) const;
-    void tell(const QStringList &written, const QStringList &failures);
+    /// `firstCode` is that of the first failure, 0 where it has none.
+    void tell(const QStringList &written, const QStringList &failures, int firstCode = 0);
 
     TKelmoraHost &fHost;
     TDocumentController &fDocuments;

@@ -4,6 +4,8 @@
 #include "TDocumentController.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "settings/TDefaultsIni.h"
+#include "widgets/GuiUtils.h"
 
 #include <QPageSetupDialog>
 #include <QPainter>
@@ -14,9 +16,39 @@
 
 namespace {
 
+constexpr char cPaperKey[] = "Kelmora/Print/Paper";
 constexpr double cUnitsPerMm = 10.0;
 constexpr double cUnitsPerInch = 254.0;
+constexpr int cPaperNumbers = 7;
+constexpr double cSmallestPaper = 10.0; // mm
+constexpr double cLargestPaper = 5000.0;
 constexpr double cSameSize = 0.005; // a paper is hardly cut better
+
+/// Width and height of the upright sheet, 1 for landscape, then the margins left, top, right, bottom; in mm.
+QVariantList numbersOf(const QPageLayout &paper)
+{
+    const QSizeF size = paper.pageSize().size(QPageSize::Millimeter);
+    const QMarginsF margins = paper.margins(QPageLayout::Millimeter);
+    return {size.width(),    size.height(), int(paper.orientation() == QPageLayout::Landscape),
+            margins.left(),  margins.top(), margins.right(),
+            margins.bottom()};
+}
+
+/// Not valid for what numbersOf did not make.
+QPageLayout paperOf(const QVariantList &numbers)
+{
+    if (numbers.size() != cPaperNumbers)
+        return QPageLayout();
+    QVector<double> mm;
+    for (const QVariant &number : numbers)
+        mm.append(number.toDouble());
+    const auto isFit = [](double side) { return side >= cSmallestPaper && side <= cLargestPaper; };
+    if (!isFit(mm[0]) || !isFit(mm[1]))
+        return QPageLayout();
+    const QPageSize size(QSizeF(mm[0], mm[1]), QPageSize::Millimeter); // finds the name of a known size
+    return QPageLayout(size, mm[2] > 0.0 ? QPageLayout::Landscape : QPageLayout::Portrait,
+                       QMarginsF(mm[3], mm[4], mm[5], mm[6]), QPageLayout::Millimeter);
+}
 
 } // namespace
 
@@ -24,6 +56,7 @@ TPrintController::TPrintController(TActionTable &actions, TDocumentController &d
     : QObject(window)
     , fDocuments(documents)
     , fWindow(window)
+    , fPaper(paperOf(TDefaultsIni().value(cPaperKey).toList()))
 {
     actions.on("pageSetup", [this] { pageSetup(); });
     actions.on("printPreview", [this] { preview(); });
@@ -56,7 +89,7 @@ double TPrintController::scale(const QPrinter &printer, int page) const
     return fit > 1.0 - cSameSize ? 1.0 : fit;
 }
 
-void TPrintController::print(QPrinter *printer) const
+bool TPrintController::print(QPrinter *printer) const
 {
     const QList<TPage *> pages = fDocuments.document()->pages();
     int first = 0;
@@ -69,7 +102,7 @@ void TPrintController::print(QPrinter *printer) const
     }
     QPainter painter;
     if (!painter.begin(printer))
-        return;
+        return false;
     const double resolution = printer->resolution() / cUnitsPerInch;
     for (int i = first; i <= last; ++i) {
         if (i > first)
@@ -85,6 +118,13 @@ void TPrintController::print(QPrinter *printer) const
         page.paintItems(painter);
         painter.restore();
     }
+    return painter.end();
+}
+
+void TPrintController::setPaper(const QPageLayout &paper)
+{
+    fPaper = paper;
+    TDefaultsIni().setValue(cPaperKey, numbersOf(paper));
 }
 
 void TPrintController::pageSetup()
@@ -93,7 +133,7 @@ void TPrintController::pageSetup()
     prepare(&printer);
     QPageSetupDialog dialog(&printer, fWindow);
     if (dialog.exec() == QDialog::Accepted)
-        fPaper = printer.pageLayout();
+        setPaper(printer.pageLayout());
 }
 
 void TPrintController::preview()
@@ -119,6 +159,10 @@ void TPrintController::printDialog()
     prepare(&printer);
     QPrintDialog dialog(&printer, fWindow);
     dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
-    if (dialog.exec() == QDialog::Accepted)
-        print(&printer);
+    if (dialog.exec() != QDialog::Accepted || print(&printer))
+        return;
+    const QString to = printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName();
+    Utils::Gui::message(fWindow, QMessageBox::Warning, tr("Print"),
+                        tr("%1 could not be printed: %2 does not take it. Choose another printer, or print to a file.")
+                            .arg(TDocumentController::titleOf(*fDocuments.document()), to));
 }

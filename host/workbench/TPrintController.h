@@ -18,13 +18,17 @@ public:
     TPrintController(TActionTable &actions, TDocumentController &documents, QWidget *window);
 
     /// Draws the pages that the printer's range takes in, each on a sheet of its own and in its middle.
-    void print(QPrinter *printer) const;
+    /// False when the printer does not take the job.
+    bool print(QPrinter *printer) const;
     /// By how much the page with that number, from 0, is scaled on the printer's paper: 1 at true size.
     double scale(const QPrinter &printer, int page) const;
 
-private:
+    /// The paper from now on, in later runs as well.
+    void setPaper(const QPageLayout &paper);
     /// Gives a printer the paper of the page set-up, or of the document's first page without one.
     void prepare(QPrinter *printer) const;
+
+private:
     void pageSetup();
     void preview();
     void printDialog();

@@ -130,7 +130,8 @@ void WRecoveryDialog::recoverRows(const QList<int> &rows)
         const QString name = fRecovery.name(*row);
         QString error;
         if (!fRecovery.recover(*row, &error))
-            failed.append(tr("%1 could not be recovered. %2 The copy was kept.").arg(name, error));
+            failed.append(tr("%1 could not be recovered. %2 The copy was kept and is offered again at the next start.")
+                              .arg(name, error));
     }
     fill();
     if (!failed.isEmpty())
@@ -159,19 +160,23 @@ void WRecoveryDialog::showSaved()
     if (rows.size() != 1 || fRecovery.showSaved(rows.first(), &error))
         return;
     Utils::Gui::message(this, QMessageBox::Warning, windowTitle(),
-                        tr("%1 could not be opened. %2 Nothing was changed.").arg(fRecovery.name(rows.first()), error));
+                        tr("%1 could not be opened. %2 Nothing was changed. Recover opens the copy instead.")
+                            .arg(fRecovery.name(rows.first()), error));
 }
 
 void WRecoveryDialog::discard()
 {
     const QList<int> rows = selectedRows();
     int steps = 0;
-    for (const int row : rows)
+    QStringList names;
+    for (const int row : rows) {
         steps += fRecovery.info(row).fSteps;
+        names.append(fRecovery.name(row));
+    }
     Utils::Gui::TMessage question;
     question.fIcon = QMessageBox::Warning;
     question.fTitle = windowTitle();
-    question.fText = tr("Steps that are not saved and will be lost for good: %1.").arg(steps);
+    question.fText = tr("%1: steps that are not saved and will be lost for good: %2.").arg(names.join(", ")).arg(steps);
     question.fButtons = QMessageBox::Discard | QMessageBox::Cancel;
     question.fDefault = QMessageBox::Cancel;
     if (rows.isEmpty() || Utils::Gui::ask(this, question) != QMessageBox::Discard)

@@ -296,7 +296,9 @@ bool TPictureExporter::save(const QString &path, TForm form, QString *error) con
     const QByteArray content = bytes(form);
     if (!content.isEmpty())
         return ExportFile::write(path, content, error);
-    *error = QCoreApplication::translate("TPictureExporter", "%1 x %2 pixels do not fit into memory")
+    *error = QCoreApplication::translate("TPictureExporter",
+                                         "%1 cannot be written: its %2 x %3 pixels do not fit into memory")
+                 .arg(path)
                  .arg(pixels().width())
                  .arg(pixels().height());
     return false;
