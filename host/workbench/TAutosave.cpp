@@ -60,9 +60,20 @@ void TAutosave::follow(TDocument *document)
     }
     if (edits - state.fEditsAtCopy >= cCommands)
         schedule(document, 0);
-    else if (!state.fTimer.isActive()) {
-        const int minutes = TDefaultsIni().value(cMinutesKey, cMinutes).toInt();
-        state.fTimer.start(qMax(1, minutes) * cMsPerMinute);
+    else if (!state.fTimer.isActive())
+        state.fTimer.start(delay());
+}
+
+int TAutosave::delay()
+{
+    return qBound(1, TDefaultsIni().value(cMinutesKey, cMinutes).toInt(), cMostMinutes) * cMsPerMinute;
+}
+
+void TAutosave::takeMinutes()
+{
+    for (auto &entry : fStates) {
+        if (entry.second.fTimer.isActive())
+            entry.second.fTimer.start(delay());
     }
 }
 

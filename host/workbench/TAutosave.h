@@ -18,6 +18,7 @@ class TAutosave : public QObject
 
 public:
     static constexpr int cMinutes = 3;
+    static constexpr int cMostMinutes = 60;
     static constexpr int cCommands = 10;
     static constexpr char cMinutesKey[] = "Kelmora/Autosave/Minutes";
 
@@ -28,6 +29,8 @@ public:
     void watch(TDocument *document);
     /// The copy from which a document was recovered becomes the document's own, so that it lives until it is saved.
     void adopt(TDocument *document, std::unique_ptr<TAutosaveFile> file);
+    /// The minutes of the settings are others now: what is due is counted from now on.
+    void takeMinutes();
     /// Removes all copies: the program ends and the user has decided about every document.
     void end();
 
@@ -41,6 +44,7 @@ private:
     };
 
     void follow(TDocument *document);
+    static int delay();
     void schedule(TDocument *document, int delay);
     void write(TDocument *document);
     void forget(TDocument *document);

@@ -1,35 +1,18 @@
 #include "TUnitsController.h"
 
 #include "TDocumentController.h"
+#include "TUnitMemory.h"
 #include "WDocumentView.h"
 #include "WUnitBar.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "commands/TCommand.h"
 #include "services/TKelmoraHost.h"
-#include "settings/TDefaultsIni.h"
 
 #include <QFileInfo>
 #include <algorithm>
 
 namespace {
-
-constexpr char cUnitsKey[] = "Kelmora/Import/Units/"; // and the ending: the codes of x and y
-
-QString endingOf(const QString &path)
-{
-    return QFileInfo(path).suffix().toLower();
-}
-
-/// False when nothing was remembered for that ending.
-bool rememberedUnits(const QString &ending, TUnitPair &units)
-{
-    const QStringList codes = TDefaultsIni().value(cUnitsKey + ending).toString().split(' ');
-    bool isX = false, isY = false;
-    units.fX = codes.value(0).toInt(&isX);
-    units.fY = codes.value(1).toInt(&isY);
-    return isX && isY;
-}
 
 QString nameOf(const QList<TUnitChoice> &choices, int code)
 {
@@ -93,8 +76,8 @@ bool TUnitsController::set(IPluginUnits &plugin, TDocument &document, const TCan
 bool TUnitsController::setAsLastTime(IPluginUnits &plugin, const TImportedFile &file, const TCanvasItemList &items)
 {
     TUnitPair units;
-    const QString ending = endingOf(file.fPath);
-    if (!rememberedUnits(ending, units) || !set(plugin, *fDocuments.document(), items, units))
+    const QString ending = TUnitMemory::endingOf(file.fPath);
+    if (!TUnitMemory::find(ending, units) || !set(plugin, *fDocuments.document(), items, units))
         return false;
     emit told(tr("%1: units set to %2 and %3, as chosen for .%4 files. Undo takes them back.")
                   .arg(QFileInfo(file.fPath).fileName(), nameOf(plugin.unitChoices(horzDir), units.fX),
@@ -110,7 +93,7 @@ void TUnitsController::ask(IPluginUnits &plugin, const QList<TImportedFile> &fil
     for (const TImportedFile &file : files) {
         for (ICanvasItem *item : file.fItems)
             question.fItems.append(item->uniqueId());
-        question.fEndings.append(endingOf(file.fPath));
+        question.fEndings.append(TUnitMemory::endingOf(file.fPath));
     }
     const TImportedFile &first = files.first();
     auto *bar = new WUnitBar(plugin.unitChoices(horzDir), plugin.unitChoices(vertDir),
@@ -136,10 +119,9 @@ TCanvasItemList TUnitsController::unknownItems(const TQuestion &question) const
 void TUnitsController::answer(const TQuestion &question)
 {
     const TUnitPair units = question.fBar->units();
-    const QString codes = QString("%1 %2").arg(units.fX).arg(units.fY);
     for (const QString &ending : question.fEndings) {
         if (question.fBar->isRemembered())
-            TDefaultsIni().setValue(cUnitsKey + ending, codes);
+            TUnitMemory::keep(ending, units);
     }
     question.fBar->deleteLater();
     const TCanvasItemList items = unknownItems(question);

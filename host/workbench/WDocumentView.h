@@ -42,6 +42,8 @@ public:
 
     /// Puts a bar above the page and takes it over; one that is hidden or deleted leaves its room.
     void addBar(QWidget *bar);
+    /// Says anew what the mouse does here, where that is something else now.
+    void updateHint();
 
     TItemSelection &selection() { return fSelection; }
     TViewInput &input() { return *fInput; }
@@ -84,7 +86,6 @@ private:
     bool hand(QEvent *event, const QPointF &viewPos);
     void handMouse(QMouseEvent *event);
     void scrollOrZoom(QWheelEvent *event);
-    void updateHint();
     double actualScale() const; // pixels per canvas unit at zoom 1
     void applyScale(double scale);
     void followPage();

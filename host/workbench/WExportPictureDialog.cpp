@@ -1,6 +1,6 @@
 #include "WExportPictureDialog.h"
 
-#include "settings/TDefaultsIni.h"
+#include "TPictureSettings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,11 +18,7 @@
 
 namespace {
 
-constexpr char cSettings[] = "Kelmora/Export Picture/";
 constexpr double cMmPerInch = 25.4;
-constexpr int cLowestDpi = 72;
-constexpr int cHighestDpi = 1200;
-constexpr int cFirstDpi = 300;
 constexpr double cSmallest = 5.0; // mm
 constexpr double cLargest = 2000.0;
 constexpr int cPreviewWidth = 420; // logical pixels
@@ -92,13 +88,11 @@ void WExportPictureDialog::makeControls(bool hasItem)
     fForm->addItem("SVG", TPictureExporter::cSvg);
     fForm->addItem("PDF", TPictureExporter::cPdf);
     fUnit->addItems({tr("mm"), tr("px")});
-    fResolution->setRange(cLowestDpi, cHighestDpi);
-    fResolution->setValue(cFirstDpi);
+    fResolution->setRange(TPictureSettings::cLowestDpi, TPictureSettings::cHighestDpi);
     fResolution->setSuffix(tr(" dpi"));
     fBackground->addItem(tr("White"), TPictureExporter::cWhite);
     fBackground->addItem(tr("Transparent"), TPictureExporter::cTransparent);
     fBackground->addItem(tr("As shown"), TPictureExporter::cAsShown);
-    fTextAsText->setChecked(true);
     fTextAsText->setToolTip(tr("Off: letters become outlines, for readers without the font"));
     fName->setToolTip(tr("For several pages {Number} and {Title} stand for those of each"));
     fPreview->setFixedSize(cPreviewWidth, cPreviewHeight);
@@ -145,24 +139,23 @@ void WExportPictureDialog::layOut()
 
 void WExportPictureDialog::restore()
 {
-    const TDefaultsIni settings;
-    const QString key(cSettings);
-    fForm->setCurrentIndex(fForm->findData(settings.value(key + "Form", TPictureExporter::cPng)));
-    fResolution->setValue(settings.value(key + "Resolution", cFirstDpi).toInt());
-    fBackground->setCurrentIndex(fBackground->findData(settings.value(key + "Background", TPictureExporter::cWhite)));
-    fTextAsText->setChecked(settings.value(key + "Text", true).toBool());
+    const TPictureSettings settings = TPictureSettings::load();
+    fForm->setCurrentIndex(fForm->findData(settings.fForm));
+    fResolution->setValue(settings.fDpi);
+    fBackground->setCurrentIndex(fBackground->findData(settings.fBackground));
+    fTextAsText->setChecked(settings.fTextAsText);
     for (QComboBox *box : {fForm, fBackground})
         box->setCurrentIndex(std::max(0, box->currentIndex()));
 }
 
 void WExportPictureDialog::accept()
 {
-    TDefaultsIni settings;
-    const QString key(cSettings);
-    settings.setValue(key + "Form", int(form()));
-    settings.setValue(key + "Resolution", fResolution->value());
-    settings.setValue(key + "Background", fBackground->currentData().toInt());
-    settings.setValue(key + "Text", fTextAsText->isChecked());
+    TPictureSettings settings;
+    settings.fForm = form();
+    settings.fDpi = fResolution->value();
+    settings.fBackground = fBackground->currentData().toInt();
+    settings.fTextAsText = fTextAsText->isChecked();
+    settings.save();
     QDialog::accept();
 }
 

@@ -9,6 +9,7 @@
 #include "TEmptyStateController.h"
 #include "TExportController.h"
 #include "TFileController.h"
+#include "TFileMenus.h"
 #include "TGuiHost.h"
 #include "TItemController.h"
 #include "TModeController.h"
@@ -17,6 +18,7 @@
 #include "TPlotController.h"
 #include "TPrintController.h"
 #include "TRecovery.h"
+#include "TShellController.h"
 #include "TShowController.h"
 #include "TStackController.h"
 #include "TTheme.h"
@@ -39,7 +41,6 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
@@ -95,6 +96,8 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     new TEmptyStateController(host, *fDocuments, *fFiles, this);
     fAutosave = new TAutosave(*fDocuments, TAutosaveFile::defaultFolder(), this);
     new TDropTarget(this, *fDocuments, *fFiles);
+    fShell->setAutosave(fAutosave);
+    fShell->takeMenus();
     fDocuments->newDocument();
     fActions->updateStates();
 }
@@ -162,6 +165,7 @@ void WMainWindow::connectActions()
     fPrinting = new TPrintController(*fActions, *fDocuments, this);
     fModes = new TModeController(fHost, *fActions, *fDocuments, this);
     addThemes();
+    fShell = new TShellController(fHost, *fActions, *fDocuments, *fFiles, this);
 }
 
 void WMainWindow::addThemes()
@@ -231,8 +235,7 @@ void WMainWindow::connectDocuments()
     connect(fFiles, &TFileController::told, this, show);
     connect(fExports, &TExportController::told, this, show);
     connect(new TUnitsController(fHost, *fDocuments, *fFiles), &TUnitsController::told, this, show);
-    connect(fActions->menu("recent"), &QMenu::aboutToShow, this, &WMainWindow::fillRecentMenu);
-    connect(fActions->menu("samples"), &QMenu::aboutToShow, this, &WMainWindow::fillSamplesMenu);
+    new TFileMenus(*fActions, *fFiles, this);
     const auto fills = [this](const QString &name, const std::function<void(QMenu *)> &fill) {
         QMenu *menu = fActions->menu(name);
         connect(menu, &QMenu::aboutToShow, this, [menu, fill] { fill(menu); });
@@ -250,6 +253,7 @@ void WMainWindow::addDockAction(QDockWidget *dock, const QString &key)
 {
     QAction *action = fActions->menu("docks")->addAction(dock->windowTitle(), this, [this, dock] { toggleDock(dock); });
     action->setShortcut(QKeySequence(key, QKeySequence::PortableText));
+    action->setObjectName("dock." + dock->objectName());
     action->setCheckable(true);
     connect(dock, &QDockWidget::visibilityChanged, action, &QAction::setChecked);
     addAction(action);
@@ -271,35 +275,6 @@ void WMainWindow::updateUndoTexts()
     const auto withText = [](const QString &verb, QString text) { return verb + ' ' + text.replace('&', "&&"); };
     fActions->action("undo")->setText(withText(tr("&Undo"), stack->undoText()).trimmed());
     fActions->action("redo")->setText(withText(tr("&Redo"), stack->redoText()).trimmed());
-}
-
-void WMainWindow::fillRecentMenu()
-{
-    QMenu *menu = fActions->menu("recent");
-    menu->clear();
-    const auto add = [this, menu](const QStringList &paths) {
-        for (const QString &path : paths) {
-            const QFileInfo info(path);
-            QAction *action = menu->addAction(info.fileName(), this, [this, path] { fFiles->open({path}); });
-            action->setEnabled(info.exists());
-            action->setToolTip(path);
-        }
-    };
-    add(fFiles->recentDocuments());
-    menu->addSeparator();
-    add(fFiles->recentFiles());
-    if (menu->actions().size() == 1)
-        menu->addAction(tr("Nothing yet"))->setEnabled(false);
-}
-
-void WMainWindow::fillSamplesMenu()
-{
-    QMenu *menu = fActions->menu("samples");
-    menu->clear();
-    for (const QString &path : TFileController::samples())
-        menu->addAction(QFileInfo(path).completeBaseName(), this, [this, path] { fFiles->open({path}); });
-    if (menu->isEmpty())
-        menu->addAction(tr("The samples are not installed"))->setEnabled(false);
 }
 
 void WMainWindow::fillWindowMenu()

@@ -12,6 +12,7 @@ class TExportController;
 class TFileController;
 class TModeController;
 class TPrintController;
+class TShellController;
 class TShowController;
 class TStackController;
 class WStatusReadout;
@@ -37,6 +38,7 @@ public:
     TExportController &exports() { return *fExports; }
     TPrintController &printing() { return *fPrinting; }
     TModeController &modes() { return *fModes; }
+    TShellController &shell() { return *fShell; }
     WStatusReadout &status() { return *fStatus; }
     /// Places the window and its docks as they were left, or as at the first start.
     void restoreLayout();
@@ -61,8 +63,6 @@ private:
     void followSelection();
     void updateTitle();
     void updateUndoTexts();
-    void fillRecentMenu();
-    void fillSamplesMenu();
     void fillWindowMenu();
     void about();
 
@@ -76,6 +76,7 @@ private:
     WPageNavigator *fPages;
     QDockWidget *fLog;
     WStackedSpectraDock *fStack;
+    TShellController *fShell = nullptr;
     TShowController *fShow = nullptr;
     TStackController *fStackActions = nullptr;
     TModeController *fModes = nullptr;

@@ -1,4 +1,5 @@
 #include "TFileController.h"
+#include "TLogFile.h"
 #include "TTheme.h"
 #include "WMainWindow.h"
 #include "builtin/TJCAMPPlugin.h"
@@ -46,6 +47,7 @@ int main(int argc, char **argv)
     parser.addPositionalArgument("FILE", "documents (.klm) and spectrometer files to open", "[FILE...]");
     parser.process(application);
 
+    const TLogFile log(TLogFile::defaultFolder());
     qInstallMessageHandler(logQtMessage);
     TDefaultsIni::setStore(settingsPath());
     TTheme::apply();
