@@ -28,6 +28,7 @@ void TActionTable::makeAction(const TMarkupAction &markup)
     auto *action = new QAction(markupText(markup.fText), this);
     action->setObjectName(markup.fName);
     action->setCheckable(markup.fCheckable);
+    action->setProperty(cIsCustomizable, markup.fCustomizable);
     if (!markup.fIconText.isEmpty())
         action->setIconText(markup.fIconText);
     if (!markup.fIcon.isEmpty())

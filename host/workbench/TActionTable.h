@@ -22,6 +22,9 @@ public:
     using TWhyNot = std::function<QString()>; // why the action cannot be used; empty when it can
     using TIsChecked = std::function<bool()>;
 
+    /// Property of actions: whether the user may change the keys.
+    static constexpr char cIsCustomizable[] = "isCustomizable";
+
     explicit TActionTable(const TMarkup &markup, QObject *parent = nullptr);
 
     /// Says what an action does. Names that the mark-up does not have are logged and passed over.

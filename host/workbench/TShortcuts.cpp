@@ -47,7 +47,7 @@ void TShortcuts::apply()
         if (!fDefaults.contains(action))
             fDefaults.insert(action, action->shortcuts());
         const QString key = cKey + action->objectName();
-        if (settings.contains(key))
+        if (!isFixed(*action) && settings.contains(key))
             action->setShortcuts(
                 QKeySequence::listFromString(settings.value(key, QString()).toString(), QKeySequence::PortableText));
     }
@@ -68,10 +68,18 @@ bool TShortcuts::isPlotAction(const QAction &action)
     return action.shortcutContext() == Qt::WidgetShortcut;
 }
 
+bool TShortcuts::isFixed(const QAction &action)
+{
+    const QVariant isCustomizable = action.property(TActionTable::cIsCustomizable);
+    return isCustomizable.isValid() && !isCustomizable.toBool();
+}
+
 /// Keys of the window work on the plot as well, so the keys of both contexts are compared: Qt runs neither of two
 /// actions whose keys meet.
 QString TShortcuts::refusal(const QAction &action, const QKeySequence &key) const
 {
+    if (isFixed(action))
+        return tr("The keys of \"%1\" are fixed.").arg(TMenuWalk::plainText(action.text()));
     if (key.isEmpty())
         return QString();
     const QString text = key.toString(QKeySequence::NativeText);
@@ -118,9 +126,13 @@ bool TShortcuts::setKey(QAction *action, const QKeySequence &key)
 QStringList TShortcuts::reset(const QList<QAction *> &actions)
 {
     QStringList incomplete;
-    for (QAction *action : actions)
-        keep(action, {}); // so that they can change places with each other
     for (QAction *action : actions) {
+        if (!isFixed(*action))
+            keep(action, {}); // so that they can change places with each other
+    }
+    for (QAction *action : actions) {
+        if (isFixed(*action))
+            continue;
         QList<QKeySequence> keys;
         for (const QKeySequence &key : defaults(*action)) {
             if (refusal(*action, key).isEmpty())

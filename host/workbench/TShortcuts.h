@@ -28,6 +28,8 @@ public:
     bool isChanged(const QAction &action) const;
     /// Whether the action's keys work on the plot only, while it has the focus.
     static bool isPlotAction(const QAction &action);
+    /// Whether the keys stay as the program brings them.
+    static bool isFixed(const QAction &action);
     /// Why an action cannot have that key, with the name of the one that has it; empty when it can.
     QString refusal(const QAction &action, const QKeySequence &key) const;
     /// Puts `key` in the place of the action's first one, or takes all away when it is empty. False, and nothing

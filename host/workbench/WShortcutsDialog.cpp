@@ -181,7 +181,7 @@ void WShortcutsDialog::showChosen()
 {
     const QAction *action = chosen();
     for (QWidget *field : qAsConst(fChosenOnly))
-        field->setEnabled(action);
+        field->setEnabled(action && !TShortcuts::isFixed(*action));
     fKey->setKeySequence(action ? action->shortcut() : QKeySequence());
     tell(QString());
 }

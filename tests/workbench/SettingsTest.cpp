@@ -12,12 +12,14 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QListWidget>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTextBrowser>
 #include <QTimer>
 
 namespace {
@@ -186,6 +188,17 @@ TEST_F(SettingsTest, thePaperIsRememberedBetweenRuns)
     EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A5);
     EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
     EXPECT_NEAR(printer.pageLayout().margins(QPageLayout::Millimeter).bottom(), 13, 0.5);
+}
+
+TEST_F(SettingsTest, theLogFolderIsShown)
+{
+    QTextBrowser folders; // stands for the desktop's program
+    QDesktopServices::setUrlHandler("file", &folders, "setSource");
+    fWindow->actionTable().action("logFolder")->trigger();
+    QDesktopServices::unsetUrlHandler("file");
+    EXPECT_TRUE(QDir(TLogFile::defaultFolder()).exists());
+    EXPECT_EQ(folders.source(), QUrl::fromLocalFile(TLogFile::defaultFolder()));
+    EXPECT_TRUE(fMessages.isEmpty());
 }
 
 TEST_F(SettingsTest, theLogStandsInItsFolder)

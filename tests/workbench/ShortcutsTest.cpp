@@ -50,6 +50,11 @@ TEST_F(ShortcutsTest, doublesAndKeysOfThePlotAreRefused)
     EXPECT_TRUE(refusal("grid", "G").isEmpty()); // its own
     EXPECT_TRUE(refusal("newPage", "F7").isEmpty());
     EXPECT_FALSE(shortcuts().setKey(action("grid"), QKeySequence("T")));
+    action("titles")->setProperty(TActionTable::cIsCustomizable, false);
+    EXPECT_EQ(refusal("titles", "F7"), "The keys of \"Titles\" are fixed.");
+    EXPECT_FALSE(shortcuts().setKey(action("titles"), QKeySequence()));
+    shortcuts().resetAll();
+    EXPECT_EQ(action("titles")->shortcut(), QKeySequence("T"));
     EXPECT_EQ(action("grid")->shortcut(), QKeySequence("G"));
 }
 

@@ -68,7 +68,11 @@ bool read(const QString &text, double &value)
 
 QLocale locale()
 {
-    QLocale locale = decimalSign() == ',' ? QLocale(QLocale::German, QLocale::Germany) : QLocale::c();
+    QLocale locale(QLocale::system().name()); // of dates and the order of names as well
+    const bool isFit = locale.decimalPoint() == decimalSign() && locale.zeroDigit() == '0';
+    if (!isFit || locale.language() == QLocale::C)
+        locale = decimalSign() == ',' ? QLocale(QLocale::German, QLocale::Germany)
+                                      : QLocale(QLocale::English, QLocale::UnitedStates);
     locale.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
     return locale;
 }
