@@ -2,7 +2,7 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TCliEnvironment.h"
-#include "TYrexUnits.h"
+#include "YrexGathering.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "commands/TCmdCreateItem.h"
@@ -34,14 +34,13 @@ TCliStack::TCliStack(const QStringList &files, const QString &format, const TCli
 
 bool TCliStack::fits(const TCliInput &read) const
 {
-    const TYrexSpectrum *first = fSpectra.value(0);
+    QString unit = fHorzUnit;
     for (ICanvasItem *item : read.fItems) {
-        for (const TYrexSpectrum *spectrum : yrexItem(item)->spectra()) {
-            if (!first)
-                first = spectrum;
-            if (spectrum->xUnits() != first->xUnits() || spectrum->origXUnits() != first->origXUnits())
-                return false;
-        }
+        const QString own = YrexGathering::horzUnitOf(*yrexItem(item));
+        if (unit.isEmpty())
+            unit = own;
+        if (own.isEmpty() || own != unit)
+            return false;
     }
     return true;
 }
@@ -49,11 +48,8 @@ bool TCliStack::fits(const TCliInput &read) const
 void TCliStack::take(TCliInput &read)
 {
     for (ICanvasItem *item : read.fItems) {
-        for (const TYrexSpectrum *spectrum : yrexItem(item)->spectra()) {
-            auto clone = spectrum->clone();
-            clone->reparseParams();
-            fSpectra.append(clone.release());
-        }
+        fHorzUnit = YrexGathering::horzUnitOf(*yrexItem(item));
+        fSpectra += YrexGathering::copiesOf(*yrexItem(item));
     }
     if (fTaken.isEmpty()) {
         fInput.fFormat = read.fFormat;

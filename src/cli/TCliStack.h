@@ -28,5 +28,6 @@ private:
     QList<TCliInput> fFailed;
     QStringList fTaken;              // files
     QVariantMap fSums;               // their md5 by name
+    QString fHorzUnit;               // of all spectra
     QList<TYrexSpectrum *> fSpectra; // until the item owns them
 };

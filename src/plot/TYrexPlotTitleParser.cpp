@@ -22,6 +22,18 @@ bool TYrexPlotTitleParser::isTypedTitle() const
     return param && param->isEdited();
 }
 
+/// Spectra of one file stand together in a stack of files; one that came alone needs no number beside its name.
+bool TYrexPlotTitleParser::isOneOfItsFile() const
+{
+    const TYrexSpectrumList &spectra = fItem.spectra();
+    for (const int neighbour : {fIndex - 1, fIndex + 1}) {
+        const TYrexSpectrum *other = spectra.value(neighbour);
+        if (other && other->paramsBundle().fileName() == fSpectrum->paramsBundle().fileName())
+            return true;
+    }
+    return false;
+}
+
 QString TYrexPlotTitleParser::shownTitle() const
 {
     const QString title = fSpectrum->title();
@@ -30,8 +42,7 @@ QString TYrexPlotTitleParser::shownTitle() const
     // an untitled spectrum goes by its file, so that a picture says what it shows
     const QFileInfo info(fSpectrum->paramsBundle().fileName());
     const QString file = TTypesetter::escaped(info.completeBaseName()); // underscores of a file name lower nothing
-    const bool isOneOfMany = !fWholeItem && fItem.isStacked() && !file.isEmpty();
-    return isOneOfMany ? QString("%1 %2").arg(file).arg(fIndex + 1) : file;
+    return !fWholeItem && !file.isEmpty() && isOneOfItsFile() ? QString("%1 %2").arg(file).arg(fIndex + 1) : file;
 }
 
 QString TYrexPlotTitleParser::valueOf(const QString &name) const

@@ -20,6 +20,7 @@ public:
 private:
     QString valueOf(const QString &name) const;
     bool isTypedTitle() const;
+    bool isOneOfItsFile() const;
     QString shownTitle() const;
 
     const TCanvasYrexSpectrum &fItem;

@@ -18,6 +18,7 @@ public:
 
     QString name() const { return fName; }
     QString file() const { return fFile; }
+    void setFile(const QString &file) { fFile = file; }
     /// Position of the first byte in the file.
     qint64 offset() const { return fOffset; }
     /// Bytes of the piece, or of the whole file where the content is not kept.

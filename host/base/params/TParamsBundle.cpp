@@ -48,6 +48,15 @@ void TParamsBundle::insert(const TParamsBlob &blob)
     fBlobs.append(blob);
 }
 
+void TParamsBundle::renameFile(const QString &name)
+{
+    for (TParamsBlob &blob : fBlobs) {
+        if (blob.file() == fFileName)
+            blob.setFile(name);
+    }
+    fFileName = name;
+}
+
 void TParamsBundle::addParamsBlob(const QString &name, const QString &file, QIODevice *stream, qint64 offset,
                                   qint64 length)
 {

@@ -22,6 +22,8 @@ public:
     /// Path of the data file as it was given.
     QString fileName() const { return fFileName; }
     void setFileName(const QString &path) { fFileName = path; }
+    /// Lets the file have another name everywhere, also in the blobs that were read from it.
+    void renameFile(const QString &name);
 
     /// Adds `length` bytes from `offset` (-1: up to the end), read at once from the open `stream` or, when that is
     /// null, from the file. What lies beyond the end or cMaxBlobSize is left out; a file that cannot be read gives an

@@ -16,6 +16,7 @@
 #include "TYrexSERSBTConverter.h"
 #include "TYrexSPConverter.h"
 #include "TYrexUnitSetting.h"
+#include "YrexGathering.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "consts/Consts.h"
@@ -267,4 +268,27 @@ TUnitPair TYrexPlugin::guessUnits(TCanvasItem *item, const QString &fileName) co
 QList<TCommand *> TYrexPlugin::setUnitsCommands(const TCanvasItemList &items, const TUnitPair &units) const
 {
     return TYrexUnitSetting::commands(items, units);
+}
+
+QString TYrexPlugin::horzUnitOf(TCanvasItem *item) const
+{
+    const TCanvasYrexSpectrum *spectra = yrexItem(item);
+    return spectra ? YrexGathering::horzUnitOf(*spectra) : QString();
+}
+
+TCanvasItem *TYrexPlugin::gather(const TCanvasItemList &items) const
+{
+    return YrexGathering::gather(items);
+}
+
+QVariant TYrexPlugin::spectrumFact(TCanvasItem *item, int index, TFact fact) const
+{
+    const TCanvasYrexSpectrum *spectra = yrexItem(item);
+    return spectra ? YrexGathering::spectrumFact(*spectra, index, fact) : QVariant();
+}
+
+void TYrexPlugin::nameSource(TCanvasItem *item, const QString &name) const
+{
+    if (TCanvasYrexSpectrum *spectra = yrexItem(item))
+        YrexGathering::nameSource(*spectra, name);
 }

@@ -5,6 +5,7 @@
 #include "plugin/IPluginCommandLine.h"
 #include "plugin/IPluginCompareItems.h"
 #include "plugin/IPluginDAItems.h"
+#include "plugin/IPluginGathering.h"
 #include "plugin/IPluginItemParameters.h"
 #include "plugin/IPluginSpectrumItemsContext.h"
 #include "plugin/IPluginStackedItemsContext.h"
@@ -26,11 +27,12 @@ class TYrexPlugin : public TBasePluginEx,
                     public IPluginCompareItems,
                     public IPluginCommandLine,
                     public IPluginUnits,
+                    public IPluginGathering,
                     public IYrexItemFactory
 {
     Q_OBJECT
     Q_INTERFACES(IYrexPlugin IPluginDAItems IPluginItemParameters IPluginSpectrumItemsContext IPluginStackedItemsContext
-                     IPluginCompareItems IPluginCommandLine IPluginUnits)
+                     IPluginCompareItems IPluginCommandLine IPluginUnits IPluginGathering)
 
 public:
     TYrexPlugin();
@@ -68,6 +70,10 @@ public:
     QList<TUnitChoice> unitChoices(TAxisDir axis) const override;
     TUnitPair guessUnits(TCanvasItem *item, const QString &fileName) const override;
     QList<TCommand *> setUnitsCommands(const TCanvasItemList &items, const TUnitPair &units) const override;
+    QString horzUnitOf(TCanvasItem *item) const override;
+    TCanvasItem *gather(const TCanvasItemList &items) const override;
+    QVariant spectrumFact(TCanvasItem *item, int index, TFact fact) const override;
+    void nameSource(TCanvasItem *item, const QString &name) const override;
 
     int run(const QString &name, const QStringList &arguments, IConsole &console) override;
 
