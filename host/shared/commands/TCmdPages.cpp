@@ -97,6 +97,19 @@ TCmdPages *TCmdPages::movePage(TDocument *document, TPage *page, int index)
     return command;
 }
 
+TCmdPages *TCmdPages::movePages(TDocument *document, const QList<TPage *> &pages, int place)
+{
+    auto *command = new TCmdPages(tr("Reorder Pages"), document);
+    QList<TPage *> before;
+    QList<TPage *> moved;
+    QList<TPage *> after;
+    const QList<TPage *> &present = document->pages();
+    for (int i = 0; i < present.size(); ++i)
+        (pages.contains(present.at(i)) ? moved : i < place ? before : after).append(present.at(i));
+    command->fAfter.pages = before + moved + after;
+    return command;
+}
+
 TCmdPages *TCmdPages::renamePage(TDocument *document, TPage *page, const QString &title)
 {
     auto *command = new TCmdPages(tr("Rename Page"), document);

@@ -27,6 +27,8 @@ public:
     static TCmdPages *duplicatePages(TDocument *document, const QList<TPage *> &pages);
     /// The page stands at `index` afterwards.
     static TCmdPages *movePage(TDocument *document, TPage *page, int index);
+    /// The pages, in their order, stand before the page that is at `place` beforehand; behind all at the end.
+    static TCmdPages *movePages(TDocument *document, const QList<TPage *> &pages, int place);
     static TCmdPages *renamePage(TDocument *document, TPage *page, const QString &title);
     /// Items that follow their page are laid out anew.
     static TCmdPages *resizePages(TDocument *document, const QList<TPage *> &pages, const QSizeF &size,
