@@ -13,7 +13,7 @@ class TCommand;
 class IStackedItemsEdits
 {
 public:
-    enum TFact { cDate, cPoints, cFormat };
+    enum TFact { cDate, cPoints, cFormat, cTitle }; // the title as it is stored, which plots may show otherwise
     enum TEdit { cTitles, cValues, cColors, cSplit };
 
     virtual ~IStackedItemsEdits() = default;

@@ -17,6 +17,7 @@
 
 #include <QCollator>
 #include <QDateTime>
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace {
@@ -163,7 +164,7 @@ void TStackedItemsTableModel::sortBy(TSortKey key)
     const auto isBefore = [&](int a, int b) {
         switch (key) {
         case cByTitle:
-            return collator.compare(stack()->title(a), stack()->title(b)) < 0;
+            return collator.compare(titleOf(a), titleOf(b)) < 0;
         case cByClass:
             return collator.compare(stack()->className(a), stack()->className(b)) < 0;
         case cByDate:
@@ -190,6 +191,33 @@ bool TStackedItemsTableModel::pasteValues(int row, const QStringList &texts)
                          push(fEdits->valuesCommand(fItem.get(), values));
     refresh();
     return changed;
+}
+
+QMap<int, double> TStackedItemsTableModel::numbersOfTitles() const
+{
+    // a number that follows a letter or sign directly is taken as well ("dye2.5"), but not the sign of a hyphen
+    static const QRegularExpression cTrailing(R"((?:^|(?<=\s))-?\d+(?:[.,]\d+)?$|\d+(?:[.,]\d+)?$)");
+    QMap<int, double> numbers;
+    for (int i = 0; stack() && i < stack()->count(); ++i) {
+        double number = 0.0;
+        const QRegularExpressionMatch match = cTrailing.match(titleOf(i).trimmed());
+        if (match.hasMatch() && toNumber(match.captured(), number))
+            numbers.insert(i, number);
+    }
+    return numbers;
+}
+
+bool TStackedItemsTableModel::titlesEndInNumbers() const
+{
+    return stack() && stack()->count() > 1 && canEdit(IStackedItemsEdits::cValues) &&
+           numbersOfTitles().size() == stack()->count();
+}
+
+void TStackedItemsTableModel::takeValuesFromTitles()
+{
+    if (titlesEndInNumbers())
+        push(fEdits->valuesCommand(fItem.get(), numbersOfTitles()));
+    refresh();
 }
 
 void TStackedItemsTableModel::resetFactorsAndOffsets()

@@ -3,18 +3,23 @@
 
 #include "canvas/TCanvasSpectrum.h"
 #include "contexts/IStackedItemCtx.h"
+#include "plot/ColorUtils.h"
 #include "plot/T1DStackedPlot.h"
 #include "settings/TNumberFormat.h"
 #include "widgets/IStackedItemsEdits.h"
+#include "widgets/TTableProxy.h"
 
+#include <QBrush>
 #include <QDateTime>
 #include <QFont>
 #include <QMimeData>
+#include <algorithm>
 
 namespace {
 
 const QString cRowsMime = QStringLiteral("application/x-kelmora-stacked-rows");
 constexpr int cOffsetDecimals = 6;
+const QColor cGroupTint(0x80, 0x80, 0x80, 0x28); // seen on light and on dark
 
 /// The text without the zeros that say nothing.
 QString trimmedNumber(QString text)
@@ -50,7 +55,7 @@ void TStackedItemsTableModel::setItem(TCanvasItem *item)
         });
     }
     beginResetModel();
-    fOrder = stack() ? stack()->order() : QVector<int>();
+    fOrder = rowsOfStack();
     endResetModel();
 }
 
@@ -60,9 +65,47 @@ void TStackedItemsTableModel::setEdits(IStackedItemsEdits *edits)
     refresh();
 }
 
+/// In the display order; grouped, the spectra of a class stand together.
+QVector<int> TStackedItemsTableModel::rowsOfStack() const
+{
+    QVector<int> order = stack() ? stack()->order() : QVector<int>();
+    if (!stack() || stack()->displayMode() != groupedMode)
+        return order;
+    const QStringList names = stack()->classNames();
+    const auto group = [this, &names](int spectrum) { return names.indexOf(stack()->className(spectrum).trimmed()); };
+    std::stable_sort(order.begin(), order.end(), [&group](int a, int b) { return group(a) < group(b); });
+    return order;
+}
+
+/// Every second class has another background, so that groups are told apart.
+bool TStackedItemsTableModel::isOddGroup(int spectrum) const
+{
+    return stack()->displayMode() == groupedMode &&
+           (stack()->classNames().indexOf(stack()->className(spectrum).trimmed()) & 1) != 0;
+}
+
+bool TStackedItemsTableModel::isOnDarkPaper() const
+{
+    const auto *spectrum = dynamic_cast<const TCanvasSpectrum *>(fItem.get());
+    const TBasePlot *plot = spectrum ? spectrum->activePlot() : nullptr;
+    return plot && (plot->stateWord() & TBasePlot::cDarkPaper);
+}
+
+QColor TStackedItemsTableModel::color(int row) const
+{
+    const int spectrum = indexOfRow(row);
+    return stack() && spectrum >= 0 ? stack()->color(spectrum) : QColor();
+}
+
+void TStackedItemsTableModel::setDecimals(int decimals)
+{
+    fDecimals = decimals;
+    refresh();
+}
+
 void TStackedItemsTableModel::refresh()
 {
-    const QVector<int> order = stack() ? stack()->order() : QVector<int>();
+    const QVector<int> order = rowsOfStack();
     if (order == fOrder) {
         if (!order.isEmpty())
             emit dataChanged(index(0, 0), index(order.size() - 1, cColumnCount - 1));
@@ -108,13 +151,54 @@ QVariant TStackedItemsTableModel::factOf(int spectrum, int column) const
     return fEdits->fact(fItem.get(), spectrum, fact);
 }
 
+QString TStackedItemsTableModel::titleOf(int spectrum) const
+{
+    const QString title =
+        fEdits ? fEdits->fact(fItem.get(), spectrum, IStackedItemsEdits::cTitle).toString() : QString();
+    return title.isEmpty() ? stack()->title(spectrum) : title;
+}
+
+QVariant TStackedItemsTableModel::numberOf(int spectrum, int column) const
+{
+    switch (column) {
+    case cNumber:
+        return double(spectrum + 1);
+    case cValue:
+        return stack()->arrayedValue(spectrum);
+    case cFactor:
+        return stack()->relativeFactor(spectrum);
+    case cOffset: {
+        const T1DStackedPlotProperties *own = stackedProperties();
+        if (!own)
+            return 0.0;
+        const auto offset = [this, own](int index) { return own->offset(quint32(stack()->idOf(index))); };
+        return offset(spectrum) - offset(stack()->activeIndex());
+    }
+    case cPoints: {
+        const QVariant points = factOf(spectrum, column);
+        return points.isValid() ? QVariant(points.toDouble()) : points;
+    }
+    default:
+        return QVariant();
+    }
+}
+
+QString TStackedItemsTableModel::numberText(int spectrum, int column) const
+{
+    if (fDecimals >= 0)
+        return QString::number(numberOf(spectrum, column).toDouble(), 'f', fDecimals);
+    if (column == cOffset)
+        return trimmedNumber(stack()->offsetText(spectrum, cOffsetDecimals));
+    return QString::number(numberOf(spectrum, column).toDouble(), 'g', column == cValue ? 10 : 6);
+}
+
 QVariant TStackedItemsTableModel::textOf(int spectrum, int column) const
 {
     switch (column) {
     case cNumber:
         return spectrum + 1;
     case cTitle:
-        return stack()->title(spectrum);
+        return titleOf(spectrum);
     case cClass:
         return stack()->className(spectrum).trimmed();
     case cValue:
@@ -123,7 +207,11 @@ QVariant TStackedItemsTableModel::textOf(int spectrum, int column) const
         return TNumberFormat::shown(QString::number(stack()->relativeFactor(spectrum), 'g', 6));
     case cOffset:
         return TNumberFormat::shown(trimmedNumber(stack()->offsetText(spectrum, cOffsetDecimals)));
+    case cFactor:
+    case cOffset:
+        return numberText(spectrum, column);
     case cDate:
+        return factOf(spectrum, column).toDateTime().toString("yyyy-MM-dd HH:mm");
     case cPoints:
     case cFormat:
         return factOf(spectrum, column);
@@ -151,14 +239,21 @@ QVariant TStackedItemsTableModel::data(const QModelIndex &place, int role) const
     }
     if (role == Qt::DecorationRole && column == cSwatch) {
         const QColor color = stack()->color(spectrum);
-        return color.isValid() ? QVariant(color) : QVariant();
+        if (!color.isValid())
+            return QVariant();
+        return isOnDarkPaper() ? Utils::Color::onDarkPaper(color) : color;
     }
+    if (role == TTableProxy::cNumberRole)
+        return numberOf(spectrum, column);
+    if (role == Qt::BackgroundRole && isOddGroup(spectrum))
+        return QBrush(cGroupTint);
     if (role == Qt::FontRole && column == cTitle && isActive) {
         QFont bold;
         bold.setBold(true);
         return bold;
     }
-    if (role == Qt::TextAlignmentRole && (column == cNumber || (column >= cValue && column <= cOffset)))
+    if (role == Qt::TextAlignmentRole &&
+        (column == cNumber || (column >= cValue && column <= cOffset) || column == cPoints))
         return int(Qt::AlignRight | Qt::AlignVCenter);
     return QVariant();
 }

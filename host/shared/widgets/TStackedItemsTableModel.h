@@ -51,6 +51,14 @@ public:
     bool canEdit(int edit) const;
     /// Reads the item anew.
     void refresh();
+    /// Of factors, offsets and values; -1 for as many as they need.
+    void setDecimals(int decimals);
+    /// As it is stored; the swatch shows it as the paper takes it.
+    QColor color(int row) const;
+    /// Whether all titles end in a number that "Values from Titles" could take.
+    bool titlesEndInNumbers() const;
+    /// Lets the number at the end of each title be the spectrum's value, as one step.
+    void takeValuesFromTitles();
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -85,10 +93,17 @@ public:
 
 private:
     IStackedItemCtx *stack() const;
+    QVector<int> rowsOfStack() const;
+    bool isOddGroup(int index) const;
+    bool isOnDarkPaper() const;
+    QVariant numberOf(int index, int column) const;
+    QString numberText(int index, int column) const;
+    QMap<int, double> numbersOfTitles() const;
     const T1DStackedPlotProperties *stackedProperties() const;
     bool push(TCommand *command);
     TCanvasItemList items() const;
     QVariant textOf(int index, int column) const;
+    QString titleOf(int index) const;
     QVariant factOf(int index, int column) const;
     bool isEditable(int index, int column) const;
     bool setCheck(int index, int column, bool checked);
@@ -101,4 +116,5 @@ private:
     TCommandHistory *fHistory = nullptr;
     IStackedItemsEdits *fEdits = nullptr;
     QVector<int> fOrder; // index of each row
+    int fDecimals = -1;
 };

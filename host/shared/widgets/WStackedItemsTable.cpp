@@ -2,7 +2,10 @@
 
 #include "plot/T1DStackedPlotProperties.h"
 #include "widgets/IStackedItemsEdits.h"
+#include "widgets/TOwnKeys.h"
 #include "widgets/TStackedItemsTableModel.h"
+#include "widgets/TTableProxy.h"
+#include "widgets/WTableTools.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -12,7 +15,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -49,7 +51,8 @@ public:
     {
         auto *box = new QComboBox(parent);
         box->setEditable(true);
-        box->addItems(static_cast<const TStackedItemsTableModel *>(place.model())->classNames());
+        const auto *proxy = static_cast<const TTableProxy *>(place.model());
+        box->addItems(static_cast<const TStackedItemsTableModel *>(proxy->sourceModel())->classNames());
         return box;
     }
     void setEditorData(QWidget *editor, const QModelIndex &place) const override
@@ -62,22 +65,49 @@ public:
     }
 };
 
+/// Typing finds titles, whatever the current column.
+class TStackView : public QTableView
+{
+public:
+    using QTableView::QTableView;
+
+    void keyboardSearch(const QString &search) override
+    {
+        const int column = currentIndex().column();
+        if (currentIndex().isValid())
+            selectionModel()->setCurrentIndex(currentIndex().sibling(currentIndex().row(), cTitleColumn),
+                                              QItemSelectionModel::NoUpdate);
+        QTableView::keyboardSearch(search);
+        if (currentIndex().isValid() && column >= 0)
+            selectionModel()->setCurrentIndex(currentIndex().sibling(currentIndex().row(), column),
+                                              QItemSelectionModel::NoUpdate);
+    }
+
+private:
+    static constexpr int cTitleColumn = TStackedItemsTableModel::cTitle;
+};
+
 } // namespace
 
 WStackedItemsTable::WStackedItemsTable(QWidget *parent)
     : QWidget(parent)
     , fModel(new TStackedItemsTableModel(this))
-    , fView(new QTableView(this))
+    , fProxy(new TTableProxy(this))
+    , fView(new TStackView(this))
+    , fTools(new WTableTools(fView, fProxy, this))
     , fMode(new QComboBox(this))
     , fColors(new QComboBox(this))
     , fSort(new QToolButton(this))
+    , fFromTitles(new QToolButton(this))
     , fEmpty(new QLabel(tr("One spectrum. Drop another on the plot to make a stack."), this))
 {
     auto *tools = new QHBoxLayout;
     tools->addWidget(fMode);
     tools->addWidget(fColors);
     tools->addWidget(fSort);
+    tools->addWidget(fFromTitles);
     tools->addStretch();
+    tools->addWidget(fTools);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(tools);
@@ -86,8 +116,10 @@ WStackedItemsTable::WStackedItemsTable(QWidget *parent)
     fEmpty->setAlignment(Qt::AlignCenter);
     fEmpty->setWordWrap(true);
     makeToolRow();
+    makeSortMenu();
     makeView();
-    makeShortcuts();
+    makeHeader();
+    makeKeys();
     connect(fModel, &QAbstractItemModel::modelReset, this, &WStackedItemsTable::showState);
     connect(fModel, &QAbstractItemModel::dataChanged, this, &WStackedItemsTable::showState);
     showState();
@@ -107,7 +139,14 @@ void WStackedItemsTable::makeToolRow()
     const auto activated = QOverload<int>::of(&QComboBox::activated);
     connect(fMode, activated, this, [this](int at) { fModel->setDisplayMode(fMode->itemData(at).toInt()); });
     connect(fColors, activated, this, [this](int at) { fModel->setColorSetting(fColors->itemData(at).toInt()); });
+    connect(fTools, &WTableTools::decimalsChosen, fModel, &TStackedItemsTableModel::setDecimals);
+    fFromTitles->setText(tr("Values from Titles"));
+    fFromTitles->setToolTip(tr("Takes the number at the end of each title as the spectrum's value."));
+    connect(fFromTitles, &QToolButton::clicked, fModel, &TStackedItemsTableModel::takeValuesFromTitles);
+}
 
+void WStackedItemsTable::makeSortMenu()
+{
     auto *menu = new QMenu(this);
     const auto sort = [this, menu](const QString &text, TStackedItemsTableModel::TSortKey key) {
         menu->addAction(text, this, [this, key] { fModel->sortBy(key); });
@@ -128,7 +167,10 @@ void WStackedItemsTable::makeToolRow()
 
 void WStackedItemsTable::makeView()
 {
-    fView->setModel(fModel);
+    fProxy->setSourceModel(fModel);
+    fView->setModel(fProxy);
+    // not by any key, which finds titles
+    fView->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     fView->setSelectionBehavior(QAbstractItemView::SelectRows);
     fView->setDragDropMode(QAbstractItemView::InternalMove);
     fView->setDragDropOverwriteMode(false);
@@ -137,6 +179,14 @@ void WStackedItemsTable::makeView()
     fView->verticalHeader()->hide();
     for (int column = TStackedItemsTableModel::cDate; column < TStackedItemsTableModel::cColumnCount; ++column)
         fView->setColumnHidden(column, true);
+    connect(fView, &QTableView::clicked, this, &WStackedItemsTable::onClicked);
+    connect(fProxy, &QAbstractItemModel::layoutChanged, this, &WStackedItemsTable::followOrder);
+    connect(fProxy, &QAbstractItemModel::rowsInserted, this, &WStackedItemsTable::followOrder);
+    connect(fProxy, &QAbstractItemModel::rowsRemoved, this, &WStackedItemsTable::followOrder);
+}
+
+void WStackedItemsTable::makeHeader()
+{
     QHeaderView *header = fView->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionResizeMode(TStackedItemsTableModel::cTitle, QHeaderView::Interactive);
@@ -146,16 +196,12 @@ void WStackedItemsTable::makeView()
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(header, &QHeaderView::sectionClicked, this, &WStackedItemsTable::onHeaderClicked);
     connect(header, &QHeaderView::customContextMenuRequested, this, &WStackedItemsTable::onHeaderMenu);
-    connect(fView, &QTableView::clicked, this, &WStackedItemsTable::onClicked);
 }
 
-void WStackedItemsTable::makeShortcuts()
+void WStackedItemsTable::makeKeys()
 {
-    const auto add = [this](const QKeySequence &keys, const auto &action) {
-        auto *shortcut = new QShortcut(keys, fView);
-        shortcut->setContext(Qt::WidgetShortcut); // an editor in a cell keeps its keys
-        connect(shortcut, &QShortcut::activated, this, action);
-    };
+    auto *keys = new TOwnKeys(fView);
+    const auto add = [keys](int key, const TOwnKeys::TRun &run) { keys->add(QKeySequence(key), run); };
     add(Qt::Key_Space, [this] { toggleChecks(TStackedItemsTableModel::cShow); });
     add(Qt::CTRL + Qt::Key_Space, [this] { toggleChecks(TStackedItemsTableModel::cUse); });
     add(Qt::ALT + Qt::Key_Up, [this] { moveSelected(-1); });
@@ -164,7 +210,37 @@ void WStackedItemsTable::makeShortcuts()
         if (!selectedRows().isEmpty())
             fModel->deleteSpectra(selectedRows());
     });
-    add(QKeySequence::Paste, [this] { pasteValues(); });
+    add(Qt::Key_Return, [this] { edit(); });
+    add(Qt::Key_Enter, [this] { edit(); });
+    add(Qt::Key_F2, [this] { edit(); });
+    add(Qt::Key_Home, [this] { goTo(0); });
+    add(Qt::Key_End, [this] { goTo(fProxy->rowCount() - 1); });
+    keys->add(QKeySequence::Copy, [this] { fTools->copy(false); });
+    keys->add(QKeySequence::Paste, [this] { pasteValues(); });
+    keys->add(QKeySequence::SelectAll, [this] { fView->selectAll(); });
+}
+
+void WStackedItemsTable::goTo(int row)
+{
+    fView->setCurrentIndex(fProxy->index(row, qMax(0, fView->currentIndex().column())));
+}
+
+void WStackedItemsTable::edit()
+{
+    const QModelIndex place = fView->currentIndex();
+    if (place.flags() & Qt::ItemIsEditable)
+        fView->edit(place);
+}
+
+/// Rows are moved by hand only while they stand as in the stack.
+void WStackedItemsTable::followOrder()
+{
+    fView->setDragEnabled(fProxy->isPlain());
+    fView->setAcceptDrops(fProxy->isPlain());
+    QHeaderView *header = fView->horizontalHeader();
+    header->setSortIndicatorShown(fProxy->sortColumn() >= 0);
+    if (fProxy->sortColumn() >= 0)
+        header->setSortIndicator(fProxy->sortColumn(), fProxy->sortOrder());
 }
 
 void WStackedItemsTable::showState()
@@ -175,6 +251,8 @@ void WStackedItemsTable::showState()
     for (QWidget *tool :
          {static_cast<QWidget *>(fMode), static_cast<QWidget *>(fColors), static_cast<QWidget *>(fSort)})
         tool->setEnabled(isStack);
+    fFromTitles->setVisible(fModel->titlesEndInNumbers());
+    fTools->setEnabled(isStack);
     const QSignalBlocker modeBlocker(fMode);
     const QSignalBlocker colorsBlocker(fColors);
     fMode->setCurrentIndex(fMode->findData(fModel->displayMode()));
@@ -185,18 +263,19 @@ QVector<int> WStackedItemsTable::selectedRows() const
 {
     QVector<int> rows;
     for (const QModelIndex &place : fView->selectionModel()->selectedRows())
-        rows.append(place.row());
+        rows.append(fProxy->mapToSource(place).row());
     std::sort(rows.begin(), rows.end());
     return rows;
 }
 
-void WStackedItemsTable::onClicked(const QModelIndex &place)
+void WStackedItemsTable::onClicked(const QModelIndex &shown)
 {
+    const QModelIndex place = fProxy->mapToSource(shown);
     if (place.column() == TStackedItemsTableModel::cActive)
         fModel->activate(place.row());
     if (place.column() != TStackedItemsTableModel::cSwatch || !fModel->canEdit(IStackedItemsEdits::cColors))
         return;
-    const QColor color = QColorDialog::getColor(place.data(Qt::DecorationRole).value<QColor>(), this);
+    const QColor color = QColorDialog::getColor(fModel->color(place.row()), this);
     fModel->setColor(place.row(), color);
 }
 
@@ -204,6 +283,9 @@ void WStackedItemsTable::onHeaderClicked(int column)
 {
     if (column == TStackedItemsTableModel::cShow && QApplication::keyboardModifiers() & Qt::ControlModifier)
         fModel->showAll();
+    else if (!fModel->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().isEmpty())
+        fProxy->cycleSort(column);
+    followOrder();
 }
 
 void WStackedItemsTable::onHeaderMenu(const QPoint &point)
@@ -232,19 +314,19 @@ void WStackedItemsTable::toggleChecks(int column)
 void WStackedItemsTable::moveSelected(int step)
 {
     const QVector<int> rows = selectedRows();
-    if (rows.isEmpty() || rows.first() + step < 0 || rows.last() + step >= fModel->rowCount())
+    if (!fProxy->isPlain() || rows.isEmpty() || rows.first() + step < 0 || rows.last() + step >= fModel->rowCount())
         return;
     fModel->moveRowsTo(rows, step < 0 ? rows.first() - 1 : rows.last() + 2);
     QItemSelection selection; // the order is another one, so the view forgot it
     for (const int row : rows)
-        selection.select(fModel->index(row + step, 0), fModel->index(row + step, fModel->columnCount() - 1));
+        selection.select(fProxy->index(row + step, 0), fProxy->index(row + step, fProxy->columnCount() - 1));
     fView->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 void WStackedItemsTable::pasteValues()
 {
-    const QModelIndex place = fView->currentIndex();
-    if (place.column() != TStackedItemsTableModel::cValue)
+    const QModelIndex place = fProxy->mapToSource(fView->currentIndex());
+    if (!fProxy->isPlain() || place.column() != TStackedItemsTableModel::cValue)
         return;
     const QString text = QApplication::clipboard()->text();
     fModel->pasteValues(place.row(), text.split('\n', Qt::SkipEmptyParts));

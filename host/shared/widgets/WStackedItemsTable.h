@@ -9,6 +9,8 @@ class QPoint;
 class QTableView;
 class QToolButton;
 class TStackedItemsTableModel;
+class TTableProxy;
+class WTableTools;
 
 /// The table of stacked spectra with its tool row: display mode, colours, sorting. A dock or a page holds it.
 class WStackedItemsTable : public QWidget
@@ -20,11 +22,16 @@ public:
 
     TStackedItemsTableModel *model() const { return fModel; }
     QTableView *view() const { return fView; }
+    /// The rows as the view sorts and filters them.
+    TTableProxy *proxy() const { return fProxy; }
+    WTableTools *tools() const { return fTools; }
 
 private:
     void makeToolRow();
+    void makeSortMenu();
     void makeView();
-    void makeShortcuts();
+    void makeHeader();
+    void makeKeys();
     void showState();
     void onClicked(const QModelIndex &place);
     void onHeaderClicked(int column);
@@ -32,12 +39,19 @@ private:
     void toggleChecks(int column);
     void moveSelected(int step);
     void pasteValues();
+    void goTo(int row);
+    void edit();
+    void followOrder();
+    /// Of the model.
     QVector<int> selectedRows() const;
 
     TStackedItemsTableModel *fModel;
+    TTableProxy *fProxy;
     QTableView *fView;
+    WTableTools *fTools;
     QComboBox *fMode;
     QComboBox *fColors;
     QToolButton *fSort;
+    QToolButton *fFromTitles;
     QLabel *fEmpty;
 };
