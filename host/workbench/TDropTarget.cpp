@@ -45,8 +45,10 @@ QStringList TDropTarget::filesOf(const QMimeData &mime)
     return files;
 }
 
-QString TDropTarget::labelFor(int files) const
+QString TDropTarget::labelFor(int files, bool asStack) const
 {
+    if (asStack && files > 1)
+        return tr("Stack of %1 files").arg(files);
     const TPage *page = fDocuments.page();
     const bool isEmpty = page && page->items().isEmpty();
     const int pages = isEmpty ? files - 1 : files;
@@ -56,14 +58,19 @@ QString TDropTarget::labelFor(int files) const
     return isEmpty ? tr("Add to page, %1").arg(more) : more;
 }
 
+bool TDropTarget::wantsStack(const QDropEvent &drop)
+{
+    return drop.keyboardModifiers() & Qt::ControlModifier;
+}
+
 bool TDropTarget::accepts(const QMimeData *mime) const
 {
     return mime && mime->hasUrls();
 }
 
-void TDropTarget::showLabel(const QPoint &place)
+void TDropTarget::showLabel(const QPoint &place, bool asStack)
 {
-    fLabel->setText(labelFor(fCount));
+    fLabel->setText(labelFor(fCount, asStack));
     fLabel->adjustSize();
     fLabel->move(place + QPoint(16, 16));
     fLabel->raise();
@@ -83,7 +90,7 @@ bool TDropTarget::eventFilter(QObject *object, QEvent *event)
     }
     case QEvent::DragMove: {
         auto *drag = static_cast<QDragMoveEvent *>(event);
-        showLabel(drag->pos());
+        showLabel(drag->pos(), wantsStack(*drag));
         drag->acceptProposedAction();
         return true;
     }
@@ -106,7 +113,10 @@ bool TDropTarget::eventFilter(QObject *object, QEvent *event)
                 return true;
             files = files.mid(0, cMaxFiles);
         }
-        fFiles.open(files);
+        if (wantsStack(*drop))
+            fFiles.openAsStack(files);
+        else
+            fFiles.open(files);
         return true;
     }
     default:

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QStringList>
 
+class QDropEvent;
 class QLabel;
 class QMimeData;
 class QWidget;
@@ -22,12 +23,13 @@ public:
     bool eventFilter(QObject *object, QEvent *event) override;
     /// The files of a drag; folders are walked, up to cMaxFiles and one more.
     static QStringList filesOf(const QMimeData &mime);
-    /// What a drop of so many files would do.
-    QString labelFor(int files) const;
+    /// What a drop of so many files would do; Ctrl held makes a stack of them.
+    QString labelFor(int files, bool asStack = false) const;
 
 private:
     bool accepts(const QMimeData *mime) const;
-    void showLabel(const QPoint &place);
+    static bool wantsStack(const QDropEvent &drop);
+    void showLabel(const QPoint &place, bool asStack);
 
     QWidget *fWindow;
     TDocumentController &fDocuments;

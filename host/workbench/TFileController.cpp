@@ -1,18 +1,22 @@
 #include "TFileController.h"
 
 #include "TDocumentController.h"
+#include "TScratchImport.h"
 #include "WDocumentView.h"
 #include "WFileFacts.h"
 #include "WInspectDialog.h"
 #include "WOpenReport.h"
+#include "WPastePreview.h"
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TLoadReport.h"
 #include "canvas/TPage.h"
+#include "commands/TCmdCreateItem.h"
 #include "contexts/IStackedItemCtx.h"
 #include "exchange/ExportFile.h"
 #include "log/TLogger.h"
 #include "plugin/IConverter.h"
+#include "plugin/IPluginGathering.h"
 #include "services/TImportDriver.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
@@ -20,6 +24,7 @@
 #include "widgets/GuiUtils.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -67,10 +72,10 @@ QString TFileController::dialogFilters() const
     return filters.join(";;");
 }
 
-void TFileController::openDialog()
+QStringList TFileController::askForFiles(const QString &title)
 {
     const QString folder = TDefaultsIni().value(cOpenFolder, QDir::homePath()).toString();
-    QFileDialog dialog(fWindow, tr("Open"), folder, dialogFilters());
+    QFileDialog dialog(fWindow, title, folder, dialogFilters());
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setOption(QFileDialog::DontUseNativeDialog); // which has no place for the facts
     auto *facts = new WFileFacts(fHost.importDriver(), &dialog);
@@ -79,10 +84,24 @@ void TFileController::openDialog()
     connect(&dialog, &QFileDialog::currentChanged, facts, &WFileFacts::showFile);
     dialog.resize(cOpenSize);
     if (dialog.exec() != QDialog::Accepted)
-        return;
+        return {};
     const QStringList paths = dialog.selectedFiles();
     TDefaultsIni().setValue(cOpenFolder, QFileInfo(paths.first()).absolutePath());
-    open(paths);
+    return paths;
+}
+
+void TFileController::openDialog()
+{
+    const QStringList paths = askForFiles(tr("Open"));
+    if (!paths.isEmpty())
+        open(paths);
+}
+
+void TFileController::openStackDialog()
+{
+    const QStringList paths = askForFiles(tr("Open as Stack"));
+    if (!paths.isEmpty())
+        openAsStack(paths);
 }
 
 QList<TOpenResult> TFileController::open(const QStringList &paths)
@@ -97,16 +116,119 @@ QList<TOpenResult> TFileController::open(const QStringList &paths)
     return results;
 }
 
-TOpenResult TFileController::openTable(const QByteArray &text)
+QList<TOpenResult> TFileController::readForStacks(const QStringList &paths, TFileStacks &stacks)
 {
-    TOpenResult result;
-    const QTemporaryDir folder; // the reader takes files, and the name becomes the title
-    result.fPath = folder.filePath(tr("Pasted numbers") + ".csv");
-    if (ExportFile::write(result.fPath, text, &result.fReason))
-        result = importOne(result.fPath, "csv");
+    QList<TOpenResult> results;
+    for (const QString &path : paths) {
+        auto file = std::make_unique<TScratchImport>(fHost.importDriver(), path);
+        TOpenResult result;
+        result.fPath = path;
+        result.fCode = file->result().fCode;
+        result.fReason = file->result().fReason;
+        result.fOk = file->isOk();
+        result.fSpectra = file->spectrumCount();
+        results.append(result);
+        if (!result.fOk) {
+            TLogger::printToLogger("Kelmora", QString("%1: %2").arg(path, result.fReason), TLogger::cError);
+            continue;
+        }
+        addRecent(cRecentFiles, path);
+        stacks.add(std::move(file));
+    }
+    return results;
+}
+
+void TFileController::placeStacks(const QList<TFileStacks::TStack> &stacks)
+{
+    TDocument *document = fDocuments.document();
+    document->history().beginMerged(tr("Open as Stack"));
+    for (const TFileStacks::TStack &stack : stacks) {
+        document->history().push(
+            new TCmdCreateItem(TCmdCreateItem::cImport, stack.fItems, document, nullptr, stack.fProvenance, 0));
+        fImported.append({stack.fPaths.first(), stack.fItems});
+    }
+    document->history().endMerged();
+    if (!stacks.isEmpty())
+        select(canvasItem(stacks.first().fItems.first()));
+}
+
+QList<TOpenResult> TFileController::openAsStack(const QStringList &paths)
+{
+    QStringList data;
+    QStringList documents;
+    for (const QString &path : paths)
+        (TDocument::isDocument(path) ? documents : data).append(QFileInfo(path).absoluteFilePath());
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    TFileStacks files(fHost);
+    QList<TOpenResult> results = readForStacks(data, files);
+    const QList<TFileStacks::TStack> stacks = files.take();
+    placeStacks(stacks);
     tellImported();
-    reportFailures({result});
-    return result;
+    for (const QString &path : qAsConst(documents))
+        results.append(openOne(path));
+    QGuiApplication::restoreOverrideCursor();
+    QStringList units;
+    for (const TFileStacks::TStack &stack : stacks)
+        units.append(stack.fUnit.isEmpty() ? tr("other") : stack.fUnit);
+    if (stacks.size() > 1)
+        emit told(
+            tr("The files do not share one horizontal unit: %1 stacks (%2)").arg(stacks.size()).arg(units.join(", ")));
+    else if (!stacks.isEmpty())
+        emit told(stacks.first().fPaths.size() == 1 ? tr("One file opened")
+                                                    : tr("One stack of %1 files").arg(stacks.first().fPaths.size()));
+    reportFailures(results);
+    return results;
+}
+
+void TFileController::openTable(const QByteArray &text)
+{
+    const QTemporaryDir folder; // the reader takes files, and the name becomes the title
+    TOpenResult result;
+    result.fPath = tr("Pasted numbers");
+    const QString path = folder.filePath(result.fPath + ".csv");
+    std::unique_ptr<TScratchImport> table;
+    if (ExportFile::write(path, text, &result.fReason)) {
+        table = std::make_unique<TScratchImport>(fHost.importDriver(), path, "csv");
+        result.fCode = table->result().fCode;
+        result.fReason = table->result().fReason;
+        result.fOk = table->isOk() && !table->result().fItems.isEmpty();
+    }
+    if (!result.fOk)
+        return reportFailures({result});
+    auto *preview = new WPastePreview(std::move(table), fHost, fWindow);
+    preview->setAttribute(Qt::WA_DeleteOnClose);
+    connect(preview, &QDialog::accepted, this, [this, preview, text] { placeTable(preview->table(), text); });
+    preview->open();
+}
+
+/// The file of the reader is gone, and nothing is to name it.
+void TFileController::placeTable(TScratchImport &table, const QByteArray &text)
+{
+    const QString source = tr("clipboard");
+    const QString sum = QString::fromLatin1(QCryptographicHash::hash(text, QCryptographicHash::Md5).toHex());
+    const TCanvasItemList items = table.take();
+    for (ICanvasItem *item : items) {
+        for (QObject *plugin : fHost.plugins()) {
+            if (const auto *gathering = qobject_cast<IPluginGathering *>(plugin))
+                gathering->nameSource(canvasItem(item), source);
+        }
+    }
+    TDocument *document = fDocuments.document();
+    auto *command = new TCmdCreateItem(TCmdCreateItem::cImport, items, document, nullptr,
+                                       {{"Filename", source}, {"md5sum", QVariantMap{{source, sum}}}}, 0);
+    command->setDescription(tr("Paste Numbers"));
+    document->history().push(command);
+    fImported.append({source + ".csv", items});
+    select(canvasItem(items.first()));
+    tellImported();
+}
+
+void TFileController::select(TCanvasItem *item)
+{
+    if (!item || !item->canvas())
+        return;
+    fDocuments.setPage(item->canvas());
+    fDocuments.view()->selection().select(item);
 }
 
 void TFileController::tellImported()
@@ -140,14 +262,14 @@ TOpenResult TFileController::openOne(const QString &path)
     return result;
 }
 
-TOpenResult TFileController::importOne(const QString &path, const QString &format)
+TOpenResult TFileController::importOne(const QString &path)
 {
     TOpenResult result;
     result.fPath = path;
     TPage *shown = fDocuments.page();
     TPage elsewhere; // none of the document: the command makes a new page then
     TPage *target = shown && shown->items().isEmpty() ? shown : &elsewhere;
-    const TImportResult imported = fHost.importDriver().import(path, target, format);
+    const TImportResult imported = fHost.importDriver().import(path, target);
     result.fCode = imported.fCode;
     result.fOk = Utils::Common::has_no_error(imported.fCode);
     result.fReason = imported.fReason;
@@ -158,11 +280,7 @@ TOpenResult TFileController::importOne(const QString &path, const QString &forma
         const IStackedItemCtx *stack = canvasItem(one)->stackedContext();
         result.fSpectra += stack ? stack->count() : 1;
     }
-    TCanvasItem *item = canvasItem(imported.fItems.first());
-    if (item->canvas()) {
-        fDocuments.setPage(item->canvas());
-        fDocuments.view()->selection().select(item);
-    }
+    select(canvasItem(imported.fItems.first()));
     return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TFileStacks.h"
 #include "canvas/TCanvasItemList.h"
 
 #include <QObject>
@@ -8,6 +9,7 @@
 class QWidget;
 class TDocumentController;
 class TKelmoraHost;
+class TScratchImport;
 
 /// What became of a file that was to be opened.
 struct TOpenResult
@@ -39,10 +41,16 @@ public:
 
     /// Asks for files and opens them.
     void openDialog();
+    /// Asks for files and makes stacks of them.
+    void openStackDialog();
     /// Opens files in order; failed ones never stop the others, and are told of behind the last.
     QList<TOpenResult> open(const QStringList &paths);
-    /// Makes spectra of a table of numbers, as of a text file; what is no table is told.
-    TOpenResult openTable(const QByteArray &text);
+    /// Makes one stacked item of all spectra of the files, as one step; where their horizontal units differ, one for
+    /// each unit. Documents among them open in tabs of their own.
+    QList<TOpenResult> openAsStack(const QStringList &paths);
+    /// Reads a table of numbers, as of a text file, and makes spectra of it once the user has seen what was read and
+    /// taken it. What is no table is told. Does not wait for the answer.
+    void openTable(const QByteArray &text);
     /// Asks for a file and shows what the readers see inside it.
     void inspectDialog();
     void inspect(const QString &path);
@@ -62,9 +70,13 @@ signals:
     void told(const QString &text);
 
 private:
+    QStringList askForFiles(const QString &title);
+    QList<TOpenResult> readForStacks(const QStringList &paths, TFileStacks &stacks);
+    void placeTable(TScratchImport &table, const QByteArray &text);
+    void select(TCanvasItem *item);
+    void placeStacks(const QList<TFileStacks::TStack> &stacks);
     TOpenResult openOne(const QString &path);
-    /// `format` names the converter outright.
-    TOpenResult importOne(const QString &path, const QString &format = QString());
+    TOpenResult importOne(const QString &path);
     void tellImported();
     void reportFailures(const QList<TOpenResult> &results);
     void offerWhatIsWhole(const TOpenResult &result);

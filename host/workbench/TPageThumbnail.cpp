@@ -11,11 +11,15 @@
 
 namespace {
 
+constexpr double cBoldWidth = 18.0;     // canvas units, so that a curve is seen at a twentieth of its size
+constexpr double cSparklineWidth = 1.2; // pixels
+
 /// A plot turned into an overview for as long as this lives.
 class TOverview
 {
 public:
-    explicit TOverview(TBasePlot *plot)
+    /// `penWidth` in canvas units.
+    TOverview(TBasePlot *plot, double penWidth)
         : fPlot(plot)
     {
         if (!fPlot)
@@ -24,7 +28,7 @@ public:
         fBuffer.open(QIODevice::ReadWrite);
         TDataStream stream(&fBuffer);
         fPlot->setupFullView(stream);
-        fPlot->properties().curvePen.setWidthF(cBoldWidth);
+        fPlot->properties().curvePen.setWidthF(penWidth);
     }
     ~TOverview()
     {
@@ -39,16 +43,14 @@ public:
     TOverview &operator=(const TOverview &) = delete;
 
 private:
-    static constexpr double cBoldWidth = 18.0; // canvas units, so that a curve is seen at a twentieth of its size
-
     TBasePlot *fPlot;
     QBuffer fBuffer;
 };
 
-void paintOverview(QPainter &painter, TCanvasItem &item)
+void paintOverview(QPainter &painter, TCanvasItem &item, double penWidth)
 {
     const auto *spectrum = dynamic_cast<TCanvasSpectrum *>(&item);
-    const TOverview overview(spectrum ? spectrum->activePlot() : nullptr);
+    const TOverview overview(spectrum ? spectrum->activePlot() : nullptr, penWidth);
     painter.save();
     painter.translate(item.rect().topLeft());
     item.paintPicture(painter);
@@ -70,9 +72,28 @@ QPixmap pageThumbnail(const TPage &page, const QSize &size, double devicePixelRa
     painter.save();
     painter.scale(scale, scale);
     for (TCanvasItem *item : page.items())
-        paintOverview(painter, *item);
+        paintOverview(painter, *item, cBoldWidth);
     painter.restore();
     painter.setPen(QColor(0x90, 0x94, 0x9A));
     painter.drawRect(QRectF(QPointF(0, 0), paper));
+    return picture;
+}
+
+QPixmap itemSparkline(TCanvasItem &item, const QSize &size, double devicePixelRatio)
+{
+    QPixmap picture(size * devicePixelRatio);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    picture.fill(Qt::white);
+    const QRectF box = item.rect();
+    if (box.isEmpty())
+        return picture;
+    const double scale = qMin(size.width() / box.width(), size.height() / box.height());
+    const QSizeF drawn = box.size() * scale;
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate((size.width() - drawn.width()) / 2.0, (size.height() - drawn.height()) / 2.0);
+    painter.scale(scale, scale);
+    painter.translate(-box.topLeft());
+    paintOverview(painter, item, cSparklineWidth / scale);
     return picture;
 }

@@ -5,7 +5,23 @@
 #include "commands/TCmdChangePlots.h"
 #include "contexts/IStackedItemCtx.h"
 #include "plugin/IPluginDAItems.h"
+#include "plugin/IPluginGathering.h"
 #include "services/TKelmoraHost.h"
+
+QVariant TStackEdits::fact(TCanvasItem *item, int index, TFact fact) const
+{
+    const IPluginGathering::TFact asked = fact == cDate     ? IPluginGathering::cDate
+                                          : fact == cPoints ? IPluginGathering::cPoints
+                                          : fact == cFormat ? IPluginGathering::cFormat
+                                                            : IPluginGathering::cTitle;
+    for (QObject *plugin : fHost.plugins()) {
+        const auto *gathering = qobject_cast<IPluginGathering *>(plugin);
+        const QVariant answer = gathering ? gathering->spectrumFact(item, index, asked) : QVariant();
+        if (answer.isValid())
+            return answer;
+    }
+    return QVariant();
+}
 
 TCommand *TStackEdits::activeCommand(TCanvasItem *item, int index)
 {

@@ -14,7 +14,7 @@ public:
     }
 
     bool canEdit(TEdit edit) const override { return edit == cColors || edit == cValues; }
-    QVariant fact(TCanvasItem *, int, TFact) const override { return QVariant(); }
+    QVariant fact(TCanvasItem *item, int index, TFact fact) const override;
     TCommand *activeCommand(TCanvasItem *item, int index) override;
     TCommand *titleCommand(TCanvasItem *, int, const QString &) override { return nullptr; }
     TCommand *valuesCommand(TCanvasItem *item, const QMap<int, double> &values) override;

@@ -1,6 +1,10 @@
 #include "WFileFacts.h"
 
+#include "TPageThumbnail.h"
+#include "TScratchImport.h"
 #include "canvas/TDocument.h"
+#include "canvas/TLoadReport.h"
+#include "canvas/TPage.h"
 #include "consts/Consts.h"
 #include "params/TSpectrumParam.h"
 #include "plugin/IConverter.h"
@@ -17,6 +21,7 @@
 namespace {
 
 constexpr int cPanelWidth = 240;
+constexpr QSize cPictureSize(220, 156);
 
 QString rangeText(const QVariantList &ends)
 {
@@ -31,6 +36,7 @@ QString rangeText(const QVariantList &ends)
 WFileFacts::WFileFacts(const TImportDriver &driver, QWidget *parent)
     : QFrame(parent)
     , fDriver(driver)
+    , fPicture(new QLabel)
     , fName(new QLabel)
     , fFacts(new QFormLayout)
 {
@@ -41,18 +47,30 @@ WFileFacts::WFileFacts(const TImportDriver &driver, QWidget *parent)
     fName->setFont(bold);
     fName->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
+    fPicture->setFixedSize(cPictureSize); // so that the facts below do not jump
+    fPicture->setAccessibleName(tr("Preview"));
+    layout->addWidget(fPicture);
     layout->addWidget(fName);
     layout->addLayout(fFacts);
     layout->addStretch();
     fTimer.setSingleShot(true);
     fTimer.setInterval(cDelay);
     connect(&fTimer, &QTimer::timeout, this, &WFileFacts::read);
+    fPictureTimer.setSingleShot(true);
+    fPictureTimer.setInterval(cPictureDelay);
+    connect(&fPictureTimer, &QTimer::timeout, this, &WFileFacts::drawPicture);
 }
 
 void WFileFacts::showFile(const QString &path)
 {
     fPath = path;
+    fPictureTimer.stop(); // of a file that is no longer meant
     fTimer.start();
+}
+
+QPixmap WFileFacts::picture() const
+{
+    return fPicture->pixmap(Qt::ReturnByValue);
 }
 
 QString WFileFacts::fact(const QString &label) const
@@ -80,6 +98,7 @@ void WFileFacts::read()
 {
     while (fFacts->rowCount() > 0)
         fFacts->removeRow(0);
+    fPicture->clear();
     const QFileInfo info(fPath);
     fName->setText(info.isFile() ? info.fileName() : QString());
     if (!info.isFile())
@@ -90,6 +109,29 @@ void WFileFacts::read()
         addFact(tr("Format"), tr("Kelmora document"));
     else
         addHeader(fPath);
+    if (info.size() <= cMaxDrawn)
+        fPictureTimer.start();
+}
+
+void WFileFacts::drawPicture()
+{
+    const auto show = [this](const TPage &page) {
+        fPicture->setPixmap(pageThumbnail(page, cPictureSize, devicePixelRatioF()));
+    };
+    if (TDocument::isDocument(fPath)) {
+        TDocument document;
+        TLoadReport report;
+        if (document.loadFrom(fPath, report) && !document.pages().isEmpty())
+            show(*document.pages().first());
+        return;
+    }
+    if (!fDriver.converterFor(fPath))
+        return;
+    TScratchImport file(fDriver, fPath);
+    if (!file.isOk() || file.result().fItems.isEmpty())
+        return;
+    addFact(tr("Spectra"), QString::number(file.spectrumCount()));
+    show(file.page());
 }
 
 void WFileFacts::addHeader(const QString &path)

@@ -14,6 +14,7 @@
 #include "TItemController.h"
 #include "TModeController.h"
 #include "TPageController.h"
+#include "TPageDock.h"
 #include "TPlaceMenus.h"
 #include "TPlotController.h"
 #include "TPrintController.h"
@@ -33,7 +34,6 @@
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
-#include "commands/TCmdPages.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
 #include "ui/TMarkupLoader.h"
@@ -120,10 +120,6 @@ void WMainWindow::makeDocks()
     addDockWidget(Qt::BottomDockWidgetArea, fStack);
     tabifyDockWidget(fStack, fLog);
     fStack->hide();
-    connect(fPages, &WPageNavigator::pageChosen, fDocuments.get(), &TDocumentController::setPage);
-    connect(fPages, &WPageNavigator::pageRenamed, this, [this](TPage *page, const QString &title) {
-        fDocuments->document()->history().push(TCmdPages::renamePage(fDocuments->document(), page, title));
-    });
 }
 
 void WMainWindow::connectActions()
@@ -131,6 +127,7 @@ void WMainWindow::connectActions()
     TDocumentController *documents = fDocuments.get();
     fActions->on("newDocument", [documents] { documents->newDocument(); });
     fActions->on("open", [this] { fFiles->openDialog(); });
+    fActions->on("openAsStack", [this] { fFiles->openStackDialog(); });
     fActions->on("inspectFile", [this] { fFiles->inspectDialog(); });
     fActions->on("save", [documents] { documents->save(); });
     fActions->on("saveAs", [documents] { documents->saveAs(); });
@@ -157,8 +154,10 @@ void WMainWindow::connectActions()
     fShow = new TShowController(*fActions, *fDocuments, this);
     fStackActions = new TStackController(*fActions, *fDocuments, this);
     new TDarkPaper(*fActions, *fDocuments, this);
+    connect(fActions->action("darkPaper"), &QAction::triggered, fStack, &WStackedSpectraDock::refresh); // swatches
     new TPlaceMenus(*fActions, *fDocuments, this);
     fActions->on("renamePage", [this] { fPages->renameCurrent(); });
+    new TPageDock(*fPages, *fActions, *fDocuments);
     new TItemController(*fActions, *fDocuments, this);
     new TClipboardController(*fActions, *fDocuments, *fFiles, this);
     fExports = new TExportController(fHost, *fActions, *fDocuments, this);
@@ -224,8 +223,6 @@ void WMainWindow::connectDocuments()
     });
     connect(documents, &TDocumentController::pageShown, this, &WMainWindow::selectOnlyItem);
     connect(documents, &TDocumentController::pageShown, this, &WMainWindow::followSelection);
-    connect(documents, &TDocumentController::documentShown, fPages, &WPageNavigator::setDocument);
-    connect(documents, &TDocumentController::pageShown, fPages, &WPageNavigator::setPage);
     connect(documents, &TDocumentController::contentChanged, this, [this] {
         updateTitle();
         fActions->scheduleUpdate();
