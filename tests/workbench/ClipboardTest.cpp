@@ -1,5 +1,6 @@
 #include "TWindowFixture.h"
 #include "WOpenReport.h"
+#include "WPastePreview.h"
 #include "canvas/TItemFragment.h"
 #include "consts/Consts.h"
 #include "contexts/IStackedItemCtx.h"
@@ -108,19 +109,44 @@ TEST_F(ClipboardTest, cutTakesTheItemAndDuplicateLeavesTheClipboard)
     EXPECT_EQ(document()->items().size(), 2);
 }
 
-TEST_F(ClipboardTest, aTableOfNumbersBecomesASpectrum)
+TEST_F(ClipboardTest, aTableOfNumbersBecomesASpectrumOnceItWasSeen)
 {
     open(writeCsv("one.csv", 2));
     run("copyNumbers");
     const QString text = data()->text();
+    const auto preview = [this] { return fWindow->findChild<WPastePreview *>(); };
     run("paste");
+    ASSERT_TRUE(preview());
+    EXPECT_EQ(preview()->fact("Rows"), "101");
+    EXPECT_EQ(preview()->fact("Columns"), "3");
+    EXPECT_EQ(preview()->fact("Range of x"), "100 .. 1100");
+    EXPECT_FALSE(preview()->fact("Units").isEmpty());
+    QTest::keyClick(preview(), Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(preview());
+    EXPECT_EQ(document()->items().size(), 1);
+    run("paste");
+    QTest::keyClick(preview(), Qt::Key_Return);
+    settle();
     ASSERT_EQ(document()->items().size(), 2);
     EXPECT_EQ(document()->pages().size(), 2);
-    view()->selection().select(canvasItem(document()->items().last()));
+    EXPECT_EQ(lastStep(), "Paste Numbers");
+    TCanvasItem *pasted = canvasItem(document()->items().last());
+    EXPECT_TRUE(view()->selection().contains(pasted));
+    EXPECT_EQ(pasted->provenance().value("Filename").toString(), "clipboard");
+    QByteArray folder; // as streams write texts
+    for (const QChar c : QDir::tempPath())
+        folder.append(char(c.row())).append(char(c.cell()));
+    EXPECT_FALSE(TItemFragment::store({pasted}).contains(folder)) << "no file stood there";
     run("copyNumbers");
     EXPECT_EQ(data()->text().section('\n', 1), text.section('\n', 1));
+}
+
+TEST_F(ClipboardTest, textWithoutNumbersSaysWhy)
+{
     QApplication::clipboard()->setText("no numbers at all");
     run("paste");
-    EXPECT_TRUE(fWindow->findChild<WOpenReport *>()) << "it says why";
-    EXPECT_EQ(document()->items().size(), 2);
+    EXPECT_TRUE(fWindow->findChild<WOpenReport *>());
+    EXPECT_FALSE(fWindow->findChild<WPastePreview *>());
+    EXPECT_TRUE(document()->items().isEmpty());
 }

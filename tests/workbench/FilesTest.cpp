@@ -1,12 +1,16 @@
+#include "TDropTarget.h"
 #include "TWindowFixture.h"
 #include "WFileFacts.h"
 #include "WInspectDialog.h"
 #include "WOpenReport.h"
+#include "contexts/IStackedItemCtx.h"
 #include "plugin/IConverter.h"
 #include "services/TImportDriver.h"
 
 #include <QClipboard>
+#include <QMimeData>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QTableWidget>
 #include <QTreeWidget>
 
@@ -120,12 +124,81 @@ TEST_F(FilesTest, factsOfAFileAreReadWithoutImportingIt)
     EXPECT_EQ(facts.fact("Format"), "csv");
     EXPECT_EQ(facts.fact("Points"), "101");
     EXPECT_EQ(facts.fact("Range"), "100 .. 1100");
+    QTest::qWait(2 * WFileFacts::cPictureDelay);
+    EXPECT_FALSE(facts.picture().isNull());
+    EXPECT_EQ(facts.fact("Spectra"), "1");
     facts.showFile(write("odd.bin", QByteArray(20, '\1')));
     QTest::qWait(2 * WFileFacts::cDelay);
     EXPECT_EQ(facts.fact("Format"), "not known");
+    QTest::qWait(2 * WFileFacts::cPictureDelay);
+    EXPECT_TRUE(facts.picture().isNull());
+    facts.showFile(writeCsv("large.csv", 1, 60000)); // the facts alone
+    QTest::qWait(2 * (WFileFacts::cDelay + WFileFacts::cPictureDelay));
+    EXPECT_EQ(facts.fact("Points"), "60000");
+    EXPECT_TRUE(facts.picture().isNull());
     facts.showFile(fFolder.path());
     QTest::qWait(2 * WFileFacts::cDelay);
     EXPECT_TRUE(facts.fact("Size").isEmpty());
     EXPECT_TRUE(document()->items().isEmpty());
     EXPECT_EQ(document()->history().stack()->count(), 0);
+}
+
+TEST_F(FilesTest, filesOpenAsOneStackInOneStep)
+{
+    const QString broken = write("broken.spc", QByteArray(64, '\0'));
+    fWindow->files().openAsStack({writeCsv("one.csv"), broken, writeCsv("three.csv", 3)});
+    settle();
+    ASSERT_EQ(document()->items().size(), 1);
+    EXPECT_EQ(item()->stackedContext()->count(), 4);
+    EXPECT_EQ(document()->pages().size(), 1);
+    EXPECT_TRUE(view()->selection().contains(item()));
+    EXPECT_TRUE(item()->provenance().value("Filename").toString().contains("three.csv"));
+    EXPECT_EQ(item()->provenance().value("md5sum").toMap().size(), 2);
+    ASSERT_TRUE(report());
+    EXPECT_EQ(report()->findChild<QTableWidget *>()->rowCount(), 3);
+    EXPECT_EQ(lastStep(), "Open as Stack");
+    document()->history().stack()->undo();
+    EXPECT_TRUE(document()->items().isEmpty());
+    document()->history().stack()->redo();
+    EXPECT_EQ(item()->stackedContext()->count(), 4);
+}
+
+TEST_F(FilesTest, anotherUnitMakesAnotherStackAndTheStatusBarSaysSo)
+{
+    const auto jcamp = [this](const QString &name, const QByteArray &unit) {
+        return write(name, "##TITLE=" + unit + "\n##JCAMP-DX=4.24\n##DATA TYPE=INFRARED SPECTRUM\n##XUNITS=" + unit +
+                               "\n##YUNITS=ABSORBANCE\n##FIRSTX=400\n##LASTX=700\n##NPOINTS=4\n##XFACTOR=1\n"
+                               "##YFACTOR=1\n##DELTAX=100\n##XYDATA=(X++(Y..Y))\n400 1 2 4 3\n##END=\n");
+    };
+    fWindow->files().openAsStack({jcamp("a.dx", "1/CM"), jcamp("b.dx", "NANOMETERS"), jcamp("c.dx", "1/CM")});
+    settle();
+    ASSERT_EQ(document()->items().size(), 2);
+    EXPECT_EQ(item()->stackedContext()->count(), 2);
+    EXPECT_EQ(document()->pages().size(), 2);
+    EXPECT_EQ(view()->page(), document()->pages().first());
+    EXPECT_TRUE(fWindow->statusBar()->currentMessage().contains("2 stacks (Wavenumber, Nanometers)"))
+        << fWindow->statusBar()->currentMessage().toStdString();
+    document()->history().stack()->undo();
+    EXPECT_TRUE(document()->items().isEmpty()) << "both go with one step";
+}
+
+TEST_F(FilesTest, controlHeldStacksWhatIsDropped)
+{
+    ASSERT_TRUE(QDir(fFolder.path()).mkdir("series"));
+    writeCsv("series/a.csv");
+    writeCsv("series/b.csv");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(fFolder.filePath("series"))});
+    const auto dropWith = [&](Qt::KeyboardModifiers modifiers) {
+        QDragEnterEvent enter(QPoint(500, 400), Qt::CopyAction, &data, Qt::LeftButton, modifiers);
+        QCoreApplication::sendEvent(fWindow.get(), &enter);
+        QDropEvent drop(QPoint(500, 400), Qt::CopyAction, &data, Qt::LeftButton, modifiers);
+        QCoreApplication::sendEvent(fWindow.get(), &drop);
+        settle();
+    };
+    dropWith(Qt::ControlModifier);
+    ASSERT_EQ(document()->items().size(), 1);
+    EXPECT_EQ(item()->stackedContext()->count(), 2);
+    dropWith(Qt::NoModifier);
+    EXPECT_EQ(document()->items().size(), 3);
 }

@@ -5,17 +5,25 @@
 #include "canvas/ItemPlaces.h"
 #include "consts/Consts.h"
 #include "contexts/IStackedItemCtx.h"
+#include "plot/ColorUtils.h"
 #include "plot/T1DStackedPlot.h"
 #include "plugin/IPluginEvent.h"
 #include "services/IGuiHost.h"
 #include "widgets/TStackedItemsTableModel.h"
+#include "widgets/TTableProxy.h"
 #include "widgets/WStackedItemsTable.h"
+#include "widgets/WTableTools.h"
 
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QMenu>
+#include <QMimeData>
+#include <QTableView>
 #include <QTimer>
+#include <QToolButton>
 
 namespace {
 
@@ -33,6 +41,37 @@ protected:
     TStackedItemsTableModel *table()
     {
         return fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable")->table()->model();
+    }
+    WStackedItemsTable *widget()
+    {
+        return fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable")->table();
+    }
+    void showTable()
+    {
+        auto *dock = fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable");
+        dock->show();
+        dock->raise();
+        settle();
+    }
+    /// A key in the table, on the way that finds the shortcuts of the window.
+    void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        fWindow->activateWindow();
+        widget()->view()->setFocus();
+        fWindow->actionTable().updateStates();
+        settle();
+        QTest::keyClick(fWindow->windowHandle(), Qt::Key(key), modifiers);
+        settle();
+    }
+    /// A stack of files of those names, which are the titles.
+    void openTitled(const QStringList &titles)
+    {
+        QStringList paths;
+        for (const QString &title : titles)
+            paths.append(writeCsv(title + ".csv"));
+        fWindow->files().openAsStack(paths);
+        settle();
+        fWindow->grab();
     }
     QMenu *menuAt(const QPoint &place)
     {
@@ -82,6 +121,170 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
     EXPECT_DOUBLE_EQ(stack()->arrayedValue(2), value);
     run("delete");
     EXPECT_EQ(table()->rowCount(), 0);
+}
+
+TEST_F(StackDockTest, keysInTheTableAreTheTablesOwn)
+{
+    open(writeCsv("stack.csv", 4));
+    showTable();
+    const int before = undo()->index();
+    widget()->view()->selectRow(1);
+    press(Qt::Key_C, Qt::ControlModifier);
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    ASSERT_EQ(lines.size(), 3) << "header, row, end";
+    EXPECT_TRUE(lines.at(0).startsWith("Show\tUse\t#\tTitle\tClass\tValue\tFactor\tOffset"))
+        << lines.at(0).toStdString();
+    EXPECT_TRUE(lines.at(1).startsWith("yes\tyes\t2\t"));
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->html().contains("<th>Title</th>"));
+    press(Qt::Key_Space);
+    EXPECT_FALSE(stack()->isVisible(1));
+    press(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(stack()->ids(false, true).size(), 3);
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(stack()->order().first(), 1);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(stack()->order().first(), 0);
+    widget()->view()->setCurrentIndex(widget()->proxy()->index(1, TStackedItemsTableModel::cClass));
+    for (const int opens : {int(Qt::Key_Return), int(Qt::Key_F2)}) {
+        press(opens);
+        auto *editor = widget()->view()->findChild<QComboBox *>();
+        ASSERT_TRUE(editor) << opens;
+        QTest::keyClick(editor, Qt::Key_Escape);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        settle();
+    }
+    press(Qt::Key_Delete);
+    EXPECT_EQ(stack()->count(), 3);
+    EXPECT_EQ(document()->items().size(), 1) << "the item itself stays";
+    press(Qt::Key_End);
+    EXPECT_EQ(widget()->view()->currentIndex().row(), 2);
+    press(Qt::Key_Home);
+    EXPECT_EQ(widget()->view()->currentIndex().row(), 0);
+    EXPECT_EQ(undo()->index(), before + 4);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(view()->hasFocus());
+}
+
+TEST_F(StackDockTest, typingFindsTitlesAndNeverEdits)
+{
+    openTitled({"acid", "base", "salt"});
+    showTable();
+    widget()->view()->setCurrentIndex(widget()->proxy()->index(0, TStackedItemsTableModel::cClass));
+    press(Qt::Key_S);
+    EXPECT_EQ(widget()->view()->currentIndex().row(), 2);
+    EXPECT_FALSE(widget()->view()->findChild<QComboBox *>());
+    EXPECT_EQ(stack()->displayMode(), int(overlayMode));
+}
+
+TEST_F(StackDockTest, theHeaderSortsTheViewAndTheThirdClickGivesTheOrderBack)
+{
+    openTitled({"b", "a", "c"});
+    showTable();
+    const int before = undo()->index();
+    const auto shown = [this] {
+        QString all;
+        for (int row = 0; row < widget()->proxy()->rowCount(); ++row)
+            all += widget()->proxy()->index(row, TStackedItemsTableModel::cTitle).data().toString();
+        return all;
+    };
+    QHeaderView *header = widget()->view()->horizontalHeader();
+    const auto click = [header] {
+        const int x = header->sectionViewportPosition(TStackedItemsTableModel::cTitle) + 20;
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    };
+    EXPECT_EQ(shown(), "bac");
+    click();
+    EXPECT_EQ(shown(), "abc");
+    widget()->view()->selectRow(0);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(stack()->isVisible(1)) << "the row that is seen";
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(undo()->index(), before + 1) << "a sorted table moves no rows";
+    click();
+    EXPECT_EQ(shown(), "cba");
+    click();
+    EXPECT_EQ(shown(), "bac");
+    widget()->tools()->filter()->setText("A");
+    EXPECT_EQ(shown(), "a");
+    widget()->tools()->filter()->clear();
+    EXPECT_EQ(shown(), "bac");
+}
+
+TEST_F(StackDockTest, tablesAreCopiedAndExportedAsShown)
+{
+    openTitled({"dye, 1", "dye 2"});
+    showTable();
+    ASSERT_TRUE(table()->setData(table()->index(1, TStackedItemsTableModel::cFactor), "0.1", Qt::EditRole));
+    widget()->view()->setColumnHidden(TStackedItemsTableModel::cPoints, false);
+    widget()->view()->clearSelection();
+    emit widget()->tools()->decimalsChosen(2);
+    QString error;
+    const auto written = [&](const QString &name) {
+        const QString path = fFolder.filePath(name);
+        EXPECT_TRUE(widget()->tools()->exportTo(path, &error));
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    };
+    const QStringList csv = written("table.csv").split('\n');
+    ASSERT_EQ(csv.size(), 4);
+    EXPECT_EQ(csv.at(0), "Show,Use,#,Title,Class,Value,Factor,Offset,Points");
+    EXPECT_TRUE(csv.at(1).contains(",\"dye, 1\",")) << csv.at(1).toStdString();
+    EXPECT_TRUE(csv.at(2).endsWith(",0.10,0.00,101")) << csv.at(2).toStdString();
+    EXPECT_TRUE(written("table.html").contains("<td>dye 2</td>"));
+    EXPECT_TRUE(written("table.txt").contains("\tdye 2\t"));
+    EXPECT_FALSE(widget()->tools()->exportTo(fFolder.filePath("none/table.csv"), &error));
+    EXPECT_FALSE(error.isEmpty());
+    widget()->tools()->copy(true);
+    EXPECT_DOUBLE_EQ(QApplication::clipboard()->text().split('\n').at(2).split('\t').at(6).toDouble(),
+                     stack()->relativeFactor(1));
+    TDefaultsIni().setValue("Kelmora/Clipboard/DecimalSign", ",");
+    widget()->tools()->copy(false);
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("\t0,10\t"));
+}
+
+TEST_F(StackDockTest, valuesComeFromTitlesThatAllEndInANumber)
+{
+    openTitled({"dye 2.5", "dye 10"});
+    showTable();
+    const auto button = [this]() -> QToolButton * {
+        for (QToolButton *one : widget()->findChildren<QToolButton *>()) {
+            if (one->text() == "Values from Titles")
+                return one;
+        }
+        return nullptr;
+    };
+    ASSERT_TRUE(button());
+    ASSERT_TRUE(button()->isVisible());
+    button()->click();
+    EXPECT_DOUBLE_EQ(stack()->arrayedValue(0), 2.5);
+    EXPECT_DOUBLE_EQ(stack()->arrayedValue(1), 10.0);
+    EXPECT_EQ(lastStep(), "Set Series Values");
+    run("newPage");
+    openTitled({"dye 1", "blank"});
+    EXPECT_FALSE(table()->titlesEndInNumbers());
+}
+
+TEST_F(StackDockTest, factsGroupsAndDarkPaper)
+{
+    openTitled({"a", "b", "c"});
+    using T = TStackedItemsTableModel;
+    const auto cell = [this](int row, int column, int role) { return table()->index(row, column).data(role); };
+    EXPECT_EQ(cell(0, T::cPoints, Qt::DisplayRole).toInt(), 101);
+    EXPECT_FALSE(cell(0, T::cFormat, Qt::DisplayRole).toString().isEmpty());
+    table()->setData(table()->index(0, T::cClass), "y", Qt::EditRole);
+    table()->setData(table()->index(1, T::cClass), "x", Qt::EditRole);
+    table()->setData(table()->index(2, T::cClass), "y", Qt::EditRole);
+    run("modeGrouped");
+    EXPECT_EQ(cell(0, T::cTitle, Qt::DisplayRole).toString(), "b");
+    EXPECT_EQ(cell(1, T::cTitle, Qt::DisplayRole).toString(), "a");
+    EXPECT_NE(cell(0, T::cTitle, Qt::BackgroundRole), cell(1, T::cTitle, Qt::BackgroundRole));
+    EXPECT_EQ(cell(1, T::cTitle, Qt::BackgroundRole), cell(2, T::cTitle, Qt::BackgroundRole));
+    table()->setColor(0, Qt::black);
+    EXPECT_EQ(cell(0, T::cSwatch, Qt::DecorationRole).value<QColor>(), QColor(Qt::black));
+    run("darkPaper");
+    EXPECT_EQ(cell(0, T::cSwatch, Qt::DecorationRole).value<QColor>(), Utils::Color::onDarkPaper(Qt::black));
+    EXPECT_EQ(table()->color(0), QColor(Qt::black)) << "what is stored";
+    run("darkPaper");
 }
 
 TEST_F(StackDockTest, theActiveSpectrumIsAViewAndHeldKeysAreOneStep)
@@ -238,15 +441,6 @@ TEST_F(StackDockTest, anExpansionIsAnItemTiedToItsSource)
     EXPECT_EQ(document()->items().last(), part);
     undo()->undo();
     EXPECT_EQ(document()->items().size(), 1);
-}
-
-TEST_F(StackDockTest, pagesAreRenamedByACommand)
-{
-    fWindow->findChild<QListView *>()->model()->setData(fWindow->findChild<QListView *>()->model()->index(0, 0),
-                                                        " Dyes ", Qt::EditRole);
-    EXPECT_EQ(view()->page()->title(), "Dyes");
-    undo()->undo();
-    EXPECT_EQ(view()->page()->title(), "");
 }
 
 TEST_F(StackDockTest, modesAndEventsReachPlugins)

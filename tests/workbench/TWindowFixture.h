@@ -6,6 +6,7 @@
 #include "WDocumentView.h"
 #include "WMainWindow.h"
 #include "WStatusReadout.h"
+#include "builtin/TJCAMPPlugin.h"
 #include "canvas/TCanvasSpectrum.h"
 #include "plot/TBasePlot.h"
 #include "services/TKelmoraHost.h"
@@ -32,6 +33,7 @@ protected:
             fMessages.append(message.fText);
             return fAnswer;
         });
+        fHost.addBuiltIn(new TJCAMPPlugin);
         fHost.start({YREX_PLUGIN_DIR});
         fWindow = std::make_unique<WMainWindow>(fHost);
         fWindow->resize(1100, 800);
