@@ -69,7 +69,10 @@ TEST(TCanvasYrexSpectrum, titlesExpandPlaceholders)
 {
     TCanvasYrexSpectrum item({titled("Band", "folder/a.b.csv"), titled("", "folder/a_2.b.csv")}, nullptr, nullptr);
     EXPECT_EQ(item.title(true), "Band");
-    EXPECT_EQ(item.spectrumTitle(1), "a\\_2.b 2") << "an untitled spectrum goes by its file";
+    EXPECT_EQ(item.spectrumTitle(1), "a\\_2.b") << "an untitled spectrum goes by its file";
+    const TCanvasYrexSpectrum same({titled("", "a.csv"), titled("", "b.csv"), titled("", "b.csv")}, nullptr, nullptr);
+    EXPECT_EQ(same.spectrumTitle(0), "a");
+    EXPECT_EQ(same.spectrumTitle(2), "b 3") << "with its number beside others of the file";
     item.stack().setCurrent(1);
     EXPECT_EQ(item.title(true), "a_2.b");
     item.activeYrexPlot()->titleProperties().format = "{Number}/{Count} {File} [{Units}] {Title}{nonsense}";
