@@ -51,15 +51,20 @@ QString fixed(double value, int decimals)
     return shown(QString::number(value, 'f', decimals));
 }
 
-bool read(const QString &text, double &value)
+QString plain(const QString &text)
 {
     QString plain;
     for (const QChar sign : text) {
         if (!sign.isSpace())
             plain.append(sign == ',' ? QChar('.') : sign == cMinus ? QChar('-') : sign);
     }
+    return plain;
+}
+
+bool read(const QString &text, double &value)
+{
     bool isNumber = false;
-    const double number = plain.toDouble(&isNumber);
+    const double number = plain(text).toDouble(&isNumber);
     if (!isNumber || !std::isfinite(number))
         return false;
     value = number;

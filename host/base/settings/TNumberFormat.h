@@ -21,6 +21,8 @@ bool hasGroups();
 QString shown(const QString &plain);
 /// The number with so many digits behind the sign.
 QString fixed(double value, int decimals);
+/// A number as `shown` writes it, or as it was typed, the way programs read it: point, no groups, ASCII minus.
+QString plain(const QString &text);
 /// Reads a typed number: point or comma, groups parted by spaces, both minus signs. False, and `value` untouched, for
 /// what is no finite number.
 bool read(const QString &text, double &value);

@@ -201,7 +201,7 @@ QMap<int, double> TStackedItemsTableModel::numbersOfTitles() const
     for (int i = 0; stack() && i < stack()->count(); ++i) {
         double number = 0.0;
         const QRegularExpressionMatch match = cTrailing.match(titleOf(i).trimmed());
-        if (match.hasMatch() && toNumber(match.captured(), number))
+        if (match.hasMatch() && TNumberFormat::read(match.captured(), number))
             numbers.insert(i, number);
     }
     return numbers;

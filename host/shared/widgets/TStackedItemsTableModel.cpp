@@ -202,14 +202,9 @@ QVariant TStackedItemsTableModel::textOf(int spectrum, int column) const
     case cClass:
         return stack()->className(spectrum).trimmed();
     case cValue:
-        return TNumberFormat::shown(QString::number(stack()->arrayedValue(spectrum), 'g', 10));
-    case cFactor:
-        return TNumberFormat::shown(QString::number(stack()->relativeFactor(spectrum), 'g', 6));
-    case cOffset:
-        return TNumberFormat::shown(trimmedNumber(stack()->offsetText(spectrum, cOffsetDecimals)));
     case cFactor:
     case cOffset:
-        return numberText(spectrum, column);
+        return TNumberFormat::shown(numberText(spectrum, column));
     case cDate:
         return factOf(spectrum, column).toDateTime().toString("yyyy-MM-dd HH:mm");
     case cPoints:

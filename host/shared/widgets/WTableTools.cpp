@@ -1,7 +1,9 @@
 #include "widgets/WTableTools.h"
 
 #include "exchange/ExportFile.h"
+#include "exchange/TItemsMime.h"
 #include "settings/TDefaultsIni.h"
+#include "settings/TNumberFormat.h"
 #include "widgets/GuiUtils.h"
 #include "widgets/TTableProxy.h"
 
@@ -23,7 +25,6 @@ namespace {
 constexpr int cAllDigits = 17; // read back to the same double
 constexpr int cMaxDecimals = 8;
 constexpr int cFilterWidth = 140;
-constexpr char cDecimalSign[] = "Kelmora/Clipboard/DecimalSign";
 constexpr char cExportFolder[] = "Kelmora/Folders/ExportTable";
 
 } // namespace
@@ -84,12 +85,11 @@ QString WTableTools::cell(int row, int column, bool allDigits) const
     if (check.isValid())
         return check.toInt() == Qt::Checked ? tr("yes") : tr("no");
     const QVariant number = place.data(TTableProxy::cNumberRole);
-    QString text = place.data().toString();
+    const QString shown = place.data().toString();
     if (!number.isValid())
-        return text;
-    if (allDigits)
-        text = QString::number(number.toDouble(), 'g', cAllDigits);
-    return TDefaultsIni().value(cDecimalSign, ".").toString() == "," ? text.replace('.', ',') : text;
+        return shown;
+    QString text = allDigits ? QString::number(number.toDouble(), 'g', cAllDigits) : TNumberFormat::plain(shown);
+    return TDefaultsIni().value(TItemsMime::cDecimalSignKey, ".").toString() == "," ? text.replace('.', ',') : text;
 }
 
 TRowTable WTableTools::rows(bool allDigits, bool onlySelected) const
