@@ -41,10 +41,19 @@ TCanvasItem *single()
     return new TCanvasYrexSpectrum({spectrum}, nullptr, nullptr);
 }
 
+/// With a chain of two actions; one seed with all of them is enough.
+TYrexSpectrum *withShortChain(TYrexSpectrum *spectrum)
+{
+    spectrum->procParams().setActions(spectrum->procParams().actions().mid(0, 2));
+    spectrum->process(cProcessOnlyAccept, 0, 1);
+    return spectrum;
+}
+
 TCanvasItem *stack(int displayMode)
 {
-    auto *item =
-        new TCanvasYrexSpectrum({newSpectrum({1, 2, 3}, 0, 2), newSpectrum({3, 1, 2}, 0, 2, 3, 18)}, nullptr, nullptr);
+    auto *item = new TCanvasYrexSpectrum(
+        {withShortChain(newSpectrum({1, 2, 3}, 0, 2)), withShortChain(newSpectrum({3, 1, 2}, 0, 2, 3, 18))}, nullptr,
+        nullptr);
     item->stack().at(1)->setSpectrumClass("A");
     item->stack().setGrouped(displayMode);
     item->activeYrexPlot()->setStackedDisplayMode(displayMode);
