@@ -51,6 +51,9 @@ TEST_F(MouseTest, aFlatBoxZoomsOneAxisAndATinyOneIsAClick)
     drag(at(0.3, 0.5), at(0.6, 0.505));
     EXPECT_EQ(vert(), height);
     EXPECT_LT(horz().span(), width.span());
+    const TRange zoomed = horz();
+    drag(at(0.3, 0.5), at(0.6, 0.5)); // level to the pixel
+    EXPECT_LT(horz().span(), zoomed.span());
     const int before = steps();
     drag(at(0.5, 0.5), at(0.505, 0.505));
     EXPECT_EQ(steps(), before);

@@ -28,6 +28,15 @@ void drawLabel(QPainter &painter, const QString &text, QPointF corner, bool atRi
     painter.drawText(box, Qt::AlignCenter, text);
 }
 
+/// An intersection of Qt would be nothing for a box without height, which is what a level drag makes.
+QRectF heldWithin(const QRectF &whole, const QPointF &from, const QPointF &to)
+{
+    const auto held = [&whole](const QPointF &pos) {
+        return QPointF(qBound(whole.left(), pos.x(), whole.right()), qBound(whole.top(), pos.y(), whole.bottom()));
+    };
+    return QRectF(held(from), held(to)).normalized();
+}
+
 } // namespace
 
 void TZoomBox::start(const TMouseSpot &spot)
@@ -60,7 +69,7 @@ TZoomBox::TShape TZoomBox::shape() const
     const QRectF whole = curves();
     if (whole.isEmpty())
         return cNone;
-    const QRectF box = QRectF(fStart, fEnd).normalized() & whole;
+    const QRectF box = heldWithin(whole, fStart, fEnd);
     const double threshold = PlotHabits::boxThreshold();
     const bool isWide = box.width() >= threshold * whole.width() && !(fKeys & Qt::ControlModifier);
     const bool isHigh = box.height() >= threshold * whole.height() && !(fKeys & Qt::ShiftModifier);
@@ -72,10 +81,7 @@ TZoomBox::TShape TZoomBox::shape() const
 QRectF TZoomBox::rect() const
 {
     const QRectF whole = curves();
-    QRectF box = QRectF(fStart, fEnd).normalized();
-    box = QRectF(
-        QPointF(qBound(whole.left(), box.left(), whole.right()), qBound(whole.top(), box.top(), whole.bottom())),
-        QPointF(qBound(whole.left(), box.right(), whole.right()), qBound(whole.top(), box.bottom(), whole.bottom())));
+    const QRectF box = heldWithin(whole, fStart, fEnd);
     if (shape() == cHorz)
         return QRectF(box.left(), whole.top(), box.width(), whole.height());
     if (shape() == cVert)
