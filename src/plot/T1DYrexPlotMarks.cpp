@@ -25,6 +25,37 @@ QRectF handleAt(const QPointF &anchor)
     return QRectF(anchor.x() - cShift, anchor.y() - cShift, cSide, cSide);
 }
 
+/// From the current spectrum's values to the heights at which an overlay draws them: its own factor about the baseline,
+/// then its own offset.
+TLinearMap ownHeights(const T1DYrexPlot &plot, const IYrexPlotData &plotData)
+{
+    const T1DStackedPlotProperties &own = plot.stackedProperties();
+    if (!plot.isArrayed() || own.displayMode() != overlayMode)
+        return TLinearMap();
+    const quint32 id = plotData.spectrumId(plotData.currentIndex());
+    const double base = plot.plotter()->baselineScaleValue();
+    return {own.factor(id), base * (1.0 - own.factor(id)) + own.offset(id)};
+}
+
+QVector<double> mapped(const T1DPlotData<double> &values, const TLinearMap &map)
+{
+    QVector<double> heights(values.count);
+    for (int i = 0; i < values.count; ++i)
+        heights[i] = map(values.at(i));
+    return heights;
+}
+
+TYrexPeakPainter::TPeaks drawnPeaks(const T1DYrexPlot &plot, const IYrexPlotData &plotData)
+{
+    TYrexPeakPainter::TPeaks peaks = plotData.peaks(plot.xUnits(), -1);
+    const TLinearMap heights = ownHeights(plot, plotData);
+    for (TYrexDPLib::TYrexDPPeak &peak : peaks) {
+        peak.intensity = heights(peak.intensity);
+        peak.positive = peak.positive == (heights.factor > 0.0);
+    }
+    return peaks;
+}
+
 } // namespace
 
 bool T1DYrexPlot::showsMarks() const
@@ -45,7 +76,9 @@ void T1DYrexPlot::drawBaseline(QPainter &painter)
     IYrexPlotData *plotData = data();
     if (!plotData)
         return;
-    const TSeries y = plotSeries(plotData->previewData(1, fYUnits, -1));
+    const TLinearMap heights = ownHeights(*this, *plotData);
+    const QVector<double> values = mapped(plotSeries(plotData->previewData(1, fYUnits, -1)), heights);
+    const TSeries y(values.constData(), values.size());
     const TSeries x = xSeries(*plotData, -1);
     if (x.isEmpty() || y.isEmpty())
         return;
@@ -56,7 +89,8 @@ void T1DYrexPlot::drawBaseline(QPainter &painter)
     if (!keepsAreas())
         fHotAreas.clearBy(TPlotHotArea::baselinePoint);
     const TSeries pointsX = plotSeries(plotData->baselinePointData(0, fXUnits, -1));
-    const TSeries pointsY = plotSeries(plotData->baselinePointData(1, fYUnits, -1));
+    const QVector<double> pointHeights = mapped(plotSeries(plotData->baselinePointData(1, fYUnits, -1)), heights);
+    const TSeries pointsY(pointHeights.constData(), pointHeights.size());
     const QVector<QRectF> rects =
         fPlotter.drawBaselinePoints(painter, pointsX, pointsY, plotData->baselineFlags(-1), -1);
     fMarkRects += rects;
@@ -86,7 +120,7 @@ void T1DYrexPlot::reserveLabelStrips()
     const IYrexPlotData *plotData = data();
     if (!plotData || !showsMarks() || !(fPeakProperties.flags & TYrexPeakPlotProperties::cShowLabels))
         return;
-    const TYrexPeakPainter::TPeaks peaks = plotData->peaks(fXUnits, -1);
+    const TYrexPeakPainter::TPeaks peaks = drawnPeaks(*this, *plotData);
     if (peaks.isEmpty())
         return;
     const double height = TYrexPeakPainter(fPlotter, fPeakProperties).stripHeight(peaks, peakTexts(peaks));
@@ -102,7 +136,7 @@ void T1DYrexPlot::drawPeaks(QPainter &painter)
     const IYrexPlotData *plotData = data();
     if (!plotData)
         return;
-    const TYrexPeakPainter::TPeaks peaks = plotData->peaks(fXUnits, -1);
+    const TYrexPeakPainter::TPeaks peaks = drawnPeaks(*this, *plotData);
     if (peaks.isEmpty() || !(fPeakProperties.flags & TYrexPeakPlotProperties::cShowLabels))
         return;
     TYrexPeakPainter::THits hits;

@@ -294,6 +294,46 @@ TEST_F(TMarksTest, labelsAtThePeakStandAboveOrBelowItOrNotAtAll)
     EXPECT_TRUE(plot.hotAreasOf(high.id).isEmpty()) << "the top of the plot would cut it";
 }
 
+TEST(TYrexMarks, anOverlayHasThemOnTheCurveThatItDraws)
+{
+    QVector<double> y(1001, 1.0);
+    y[200] = 3.0;
+    TYrexSpectrum *first = newSpectrum(y, 0.0, 1000.0, cUnitRamanShift, cUnitAbsorbance);
+    TYrexSpectrum *second = newSpectrum(y, 0.0, 1000.0, cUnitRamanShift, cUnitAbsorbance);
+    TPeak peak;
+    peak.position = 200;
+    peak.intensity = 3.0;
+    peak.positive = true;
+    first->peaks().append(new TPeak(peak));
+    TCanvasYrexSpectrum item({first, second}, nullptr, nullptr);
+    item.setRect(QRectF(0, 0, 1400, 1000));
+    T1DYrexPlot &plot = *item.activeYrexPlot();
+    item.stackedContext()->makeCurrent(0);
+    plot.titleProperties().visible = false;
+    plot.peakProperties().position = 2;
+    plot.peakProperties().orientation = 1;
+    const auto footOfLabel = [&] { // above the height that it belongs to
+        plot.setFullScale(vertDir, -10.0, 10.0);
+        plot.setScaleToFull(cBothDirs);
+        QImage image(700, 500, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.scale(0.5, 0.5);
+        item.paint(painter);
+        const QVector<TPlotHotArea> areas = plot.hotAreasOf(peak.id);
+        return areas.isEmpty() ? qQNaN() : areas.first().rect().bottom();
+    };
+    const auto above = [&](double height) { return plot.plotter()->scale2Canvas(QPointF(200, height)).y() - 30; };
+    plot.setStackedDisplayMode(overlayMode);
+    plot.stackedProperties().setFactor(quint32(item.stackedContext()->idOf(0)), 2.0);
+    plot.stackedProperties().setOffset(quint32(item.stackedContext()->idOf(0)), -0.5);
+    double foot = footOfLabel(); // the draw gives the plot its places
+    EXPECT_NEAR(foot, above(2.0 * 3.0 - 0.5), 1e-6);
+    plot.setStackedDisplayMode(activeOnlyMode);
+    foot = footOfLabel();
+    EXPECT_NEAR(foot, above(3.0), 1e-6) << "alone it stands as it is";
+}
+
 TEST_F(TMarksTest, hiddenPeaksHaveNoLabels)
 {
     const TPeak shown = addPeak(300, 1.0);
