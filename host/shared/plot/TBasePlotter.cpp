@@ -105,7 +105,7 @@ TPlotPlace TBasePlotter::whereIsMouse(const QPointF &pos) const
     const QRectF curves = getPlotCurvesRect();
     if (curves.contains(pos))
         return placeInCurves;
-    if (getAxisRect(horzDir, curves).contains(pos))
+    if (getAxisRect(horzDir, curves).contains(pos) || secondAxisRect().contains(pos))
         return placeOnHorzAxis;
     if (getAxisRect(vertDir, curves).contains(pos))
         return placeOnVertAxis;

@@ -185,11 +185,13 @@ private:
     double roughLength(TAxisDir dir) const;
     double stripThickness(TAxisDir dir) const;
     double secondStripThickness() const;
+    QRectF secondAxisRect() const;
     double numbersWidth(double length) const;
     TAxisTicks ticksFor(TAxisDir dir, double length) const;
     double exponentRoom() const; // at the end of the vertical axis
     int axisTitleLines(TAxisDir dir, double length) const;
-    void drawCutMark(QPainter &painter, TAxisDir dir, double place) const;
+    void drawBrokenLine(QPainter &painter, TAxisDir dir, double pos, const TRange &span) const;
+    void drawCutMark(QPainter &painter, TAxisDir dir, double pos, double place) const;
     void drawTick(QPainter &painter, TAxisDir dir, double place, double length) const;
     void drawNumber(QPainter &painter, TAxisDir dir, double place, const QString &text, const QRectF &room) const;
     void drawExponent(QPainter &painter, TAxisDir dir, const QString &text, const TTypesetter &typesetter) const;

@@ -222,9 +222,12 @@ void TBasePlotter::drawAxis(QPainter &painter, TAxisDir dir) const
 /// Along a span, with a gap and a mark where a stretch is hidden.
 void TBasePlotter::drawAxisLine(QPainter &painter, TAxisDir dir, const TRange &span) const
 {
-    if (properties().frame == noFrame)
-        return;
-    const double pos = adjustedAxisPos(dir);
+    if (properties().frame != noFrame)
+        drawBrokenLine(painter, dir, adjustedAxisPos(dir), span);
+}
+
+void TBasePlotter::drawBrokenLine(QPainter &painter, TAxisDir dir, double pos, const TRange &span) const
+{
     const double half = properties().axesLineWidth / 2; // more at either end, which closes the corners
     const auto drawPart = [&](double first, double last) {
         const QLineF line = dir == horzDir ? QLineF(first, pos, last, pos) : QLineF(pos, first, pos, last);
@@ -236,8 +239,8 @@ void TBasePlotter::drawAxisLine(QPainter &painter, TAxisDir dir, const TRange &s
     double from = span.a - half;
     for (int i = 1; i < pieces.size(); ++i) {
         drawPart(from, pieces.at(i - 1).places.b);
-        drawCutMark(painter, dir, pieces.at(i - 1).places.b);
-        drawCutMark(painter, dir, pieces.at(i).places.a);
+        drawCutMark(painter, dir, pos, pieces.at(i - 1).places.b);
+        drawCutMark(painter, dir, pos, pieces.at(i).places.a);
         from = pieces.at(i).places.a;
     }
     drawPart(from, span.b + half);
@@ -263,12 +266,11 @@ void TBasePlotter::drawTicks(QPainter &painter, TAxisDir dir, const QRectF &room
         drawExponent(painter, dir, ticks.exponentText(), typesetter);
 }
 
-void TBasePlotter::drawCutMark(QPainter &painter, TAxisDir dir, double place) const
+void TBasePlotter::drawCutMark(QPainter &painter, TAxisDir dir, double pos, double place) const
 {
     constexpr double cDegree = 3.14159265358979323846 / 180.0;
     const double along = cCutStroke / 2 * std::cos(cCutAngle * cDegree);
     const double across = cCutStroke / 2 * std::sin(cCutAngle * cDegree);
-    const double pos = adjustedAxisPos(dir);
     painter.setPen(QPen(ink(properties().axesColor), properties().axesLineWidth, Qt::SolidLine, Qt::FlatCap));
     if (dir == horzDir)
         painter.drawLine(QPointF(place - along, pos + across), QPointF(place + along, pos - across));

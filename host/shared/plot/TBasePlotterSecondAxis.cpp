@@ -29,6 +29,16 @@ double TBasePlotter::secondStripThickness() const
            typesetterOf(properties().axesTitleFont).height();
 }
 
+QRectF TBasePlotter::secondAxisRect() const
+{
+    const double thickness = secondStripThickness();
+    if (thickness == 0.0)
+        return QRectF();
+    const QRectF area = plotArea();
+    const double top = isTurnedOver(horzDir) ? area.bottom() : area.top() - thickness;
+    return QRectF(area.left(), top, area.width(), thickness);
+}
+
 void TBasePlotter::drawSecondAxis(QPainter &painter) const
 {
     if (!fPlot->hasSecondAxis())
@@ -49,12 +59,12 @@ void TBasePlotter::drawSecondAxis(QPainter &painter) const
                                  [&](const QString &text) { return numbers.width(text); });
     painter.save();
     painter.setPen(ink(properties().axesColor));
-    const double half = properties().axesLineWidth / 2;
     const auto drawLine = [&](const QLineF &each) {
         Utils::Painter::drawCrispLine(painter, each, properties().axesLineWidth, ink(properties().axesColor));
     };
     if (properties().frame != boxFrame)
-        drawLine(QLineF(area.left() - half, line, area.right() + half, line));
+        drawBrokenLine(painter, horzDir, line, TRange(area.left(), area.right()));
+    painter.setPen(ink(properties().axesColor));
     const double inside = properties().tickDirection == ticksOut ? 0.0 : 1.0;
     const double outside = properties().tickDirection == ticksIn ? 0.0 : 1.0;
     const auto drawTicks = [&](const QVector<double> &values, double length) {

@@ -37,7 +37,7 @@ TSecondAxisTicks::TSecondAxisTicks(const TRange &span, const TPlace &place, cons
     for (const TInterval &each : qAsConst(intervals)) {
         finest = std::min(finest, each.step);
         const int parts = mantissa(each.step) == 2 ? 4 : 5;
-        if (!fits(each, parts, cMinorGap, false))
+        if (!fits(each, parts, cMinorGap, false, 1))
             continue;
         for (int i = 1; i < parts; ++i) {
             const double value = each.from + (each.to - each.from) * i / parts;
@@ -55,12 +55,12 @@ QString TSecondAxisTicks::label(double value, double step) const
     return TAxisTicks::number(value, std::max(0, -int(std::floor(std::log10(step) + 1e-9))));
 }
 
-/// Whether the parts of an interval that are in view stand far enough from each other.
-bool TSecondAxisTicks::fits(const TInterval &interval, int parts, double leastGap, bool measured) const
+/// Whether the parts of an interval that are in view, at least so many, stand far enough from each other.
+bool TSecondAxisTicks::fits(const TInterval &interval, int parts, double leastGap, bool measured, int leastShown) const
 {
     const double step = (interval.to - interval.from) / parts;
     bool isLastShown = false;
-    bool isAnyShown = false;
+    int shown = 0;
     double last = 0.0;
     for (int i = 0; i <= parts; ++i) {
         const double value = interval.from + i * step;
@@ -69,23 +69,24 @@ bool TSecondAxisTicks::fits(const TInterval &interval, int parts, double leastGa
         const double gap = measured ? cLabelGap * fExtent(label(value, step)) : leastGap;
         if (isShown && isLastShown && std::abs(at - last) < gap)
             return false;
-        isAnyShown = isAnyShown || isShown;
+        shown += isShown ? 1 : 0;
         isLastShown = isShown;
         last = at;
     }
-    return isAnyShown;
+    return shown >= leastShown;
 }
 
 QVector<TSecondAxisTicks::TInterval> TSecondAxisTicks::refined(const QVector<TInterval> &intervals,
                                                                bool alsoDecades) const
 {
+    const int leastShown = alsoDecades ? 1 : 2; // one alone at the border says nothing of the room for its neighbours
     QVector<TInterval> result;
     for (const TInterval &each : intervals) {
         int parts = 1;
         const int unit = mantissa(each.step);
         for (const int tried : {10, 5, 2}) {
             const bool isRound = (unit == 1 && alsoDecades) || (unit == 5 && tried == 5) || (unit == 2 && tried == 2);
-            if (parts == 1 && isRound && fits(each, tried, 0.0, true))
+            if (parts == 1 && isRound && fits(each, tried, 0.0, true, leastShown))
                 parts = tried;
         }
         const double step = (each.to - each.from) / parts;

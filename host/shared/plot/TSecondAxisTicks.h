@@ -28,7 +28,7 @@ private:
         double to;
         double step; // 1, 2 or 5 times a power of ten, or that power itself
     };
-    bool fits(const TInterval &interval, int parts, double leastGap, bool measured) const;
+    bool fits(const TInterval &interval, int parts, double leastGap, bool measured, int leastShown) const;
     QVector<TInterval> refined(const QVector<TInterval> &intervals, bool alsoDecades) const;
     QVector<double> inView(const QVector<TInterval> &intervals) const;
     QString label(double value, double step) const;
