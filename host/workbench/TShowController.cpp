@@ -24,6 +24,8 @@ TShowController::TShowController(TActionTable &actions, TDocumentController &doc
               [](const TBasePlot &plot) { return plot.horzAxis().isVisible(); });
     addToggle(
         "legend", {"plot.legend"}, [](const TBasePlot &plot) { return plot.properties().showLegend; }, true);
+    addReverse("horzReverse", horzDir);
+    addReverse("vertReverse", vertDir);
     addToggle("keepFitting", {"plot.keepFitting"}, [](const TBasePlot &plot) { return plot.properties().keepFitting; });
 }
 
@@ -44,6 +46,25 @@ void TShowController::addToggle(const QString &name, const QStringList &fields, 
             fSelection.setProperties(values);
         },
         [this, needsStack] { return needsStack ? fSelection.noStack() : fSelection.noPlot(); }, isOn);
+}
+
+void TShowController::addReverse(const QString &name, TAxisDir dir)
+{
+    const auto isReversed = [this, dir] {
+        const TBasePlot *plot = fSelection.firstPlot();
+        return plot && (dir == horzDir ? plot->properties().horzAxis : plot->properties().vertAxis).reversed;
+    };
+    const QString field = dir == horzDir ? "axes.horizontal.reversed" : "axes.vertical.reversed";
+    fActions.on(
+        name,
+        [this, field, isReversed] {
+            fSelection.setProperties({{field, !isReversed()}});
+        },
+        [this, dir] {
+            const TBasePlot *plot = fSelection.firstPlot();
+            return plot ? plot->whyNotReversed(dir) : fSelection.noPlot();
+        },
+        isReversed);
 }
 
 void TShowController::fillSecondAxisMenu(QMenu *menu)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TPlotSelection.h"
+#include "plot/TAxisDir.h"
 
 #include <QObject>
 #include <functional>
@@ -24,6 +25,8 @@ private:
 
     /// An action that shows something, or hides it where the first plot shows it.
     void addToggle(const QString &name, const QStringList &fields, const TIsShown &isShown, bool needsStack = false);
+
+    void addReverse(const QString &name, TAxisDir dir);
 
     TActionTable &fActions;
     TPlotSelection fSelection;

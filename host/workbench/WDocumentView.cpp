@@ -214,6 +214,7 @@ TMouseSpot WDocumentView::spotAt(const QPointF &viewPos) const
     spot.area = spot.spectrum->areaAt(spot.itemPos);
     spot.place = plotter->whereIsMouse(spot.itemPos);
     spot.inCurves = spot.place == placeInCurves;
+    spot.onTitle = spot.area.type() == TPlotHotArea::stackedTitle || spot.plot->titleRect().contains(spot.itemPos);
     return spot;
 }
 

@@ -23,6 +23,7 @@
 #include "TShowController.h"
 #include "TStackController.h"
 #include "TTheme.h"
+#include "TTitleController.h"
 #include "TUnitsController.h"
 #include "TViewController.h"
 #include "WDocumentView.h"
@@ -156,6 +157,7 @@ void WMainWindow::connectActions()
     new TDarkPaper(*fActions, *fDocuments, this);
     connect(fActions->action("darkPaper"), &QAction::triggered, fStack, &WStackedSpectraDock::refresh); // swatches
     new TPlaceMenus(*fActions, *fDocuments, this);
+    new TTitleController(*fActions, *fDocuments, this);
     fActions->on("renamePage", [this] { fPages->renameCurrent(); });
     new TPageDock(*fPages, *fActions, *fDocuments);
     new TItemController(*fActions, *fDocuments, this);

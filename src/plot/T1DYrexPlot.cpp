@@ -173,30 +173,54 @@ void T1DYrexPlot::relabelUnits(TAxisDir axisDir, int units)
         showUnits(*plotData, axisDir, units, false, false);
 }
 
+/// A full scale in the direction in which an axis runs: wavenumbers from high to low, whatever the properties say.
+TRange T1DYrexPlot::directed(TAxisDir dir, double low, double high) const
+{
+    const bool isWavenumber = dir == horzDir && fXUnits == cUnitWavenumber;
+    const bool isReversed = (dir == horzDir ? properties().horzAxis : properties().vertAxis).reversed;
+    return isWavenumber || isReversed ? TRange(high, low) : TRange(low, high);
+}
+
+QString T1DYrexPlot::whyNotReversed(TAxisDir dir) const
+{
+    if (dir == horzDir && fXUnits == cUnitWavenumber)
+        return QCoreApplication::translate("T1DYrexPlot", "Wavenumbers always run from high to low.");
+    if (dir == vertDir && isArrayed() && hasRows())
+        return QCoreApplication::translate("T1DYrexPlot", "Needs a display in which all spectra share one axis.");
+    return QString();
+}
+
+void T1DYrexPlot::setReversed(TAxisDir dir, bool reversed)
+{
+    (dir == horzDir ? properties().horzAxis : properties().vertAxis).reversed = reversed;
+    TAxis &turned = dir == horzDir ? hAxis() : isArrayed() ? intensityAxis() : vAxis();
+    const TRange full = turned.getFullScale();
+    const TRange scale = turned.getScale();
+    if (full.isReversed() == directed(dir, full.lo(), full.hi()).isReversed())
+        return;
+    turned.setFullScale(full.b, full.a);
+    turned.setScale(scale.b, scale.a);
+}
+
 void T1DYrexPlot::resetFullScales(IYrexPlotData &plotData, int mask, bool useOriginal)
 {
     if (mask & horzDir) {
         const auto range = useOriginal ? plotData.realXRange() : plotData.axisRange(0, fXUnits, fYUnits);
-        const double low = qMin(range.first, range.second);
-        const double high = qMax(range.first, range.second);
-        // wavenumbers run from high to low
-        if (fXUnits == cUnitWavenumber)
-            setFullScale(horzDir, high, low);
-        else
-            setFullScale(horzDir, low, high);
+        const TRange full = directed(horzDir, qMin(range.first, range.second), qMax(range.first, range.second));
+        setFullScale(horzDir, full.a, full.b);
     }
     if (!(mask & vertDir))
         return;
     const auto range = plotData.axisRange(1, fXUnits, fYUnits);
-    // the pair is swapped for transmittance and for flat data; intensities always grow upwards
-    const double least = qMin(range.first, range.second);
+    // the pair is swapped for transmittance and for flat data; intensities grow upwards unless the axis is reversed
     const double most = qMax(range.first, range.second);
+    const TRange heights = directed(vertDir, qMin(range.first, range.second), most);
     if (!isArrayed()) {
-        setFullScale(vertDir, least, most);
+        setFullScale(vertDir, heights.a, heights.b);
         return;
     }
     const auto rows = plotData.axisRange(2, cUnitArbitrary, fYUnits);
-    setFullScale(intensityAxis(), intensityRanges(), least, most);
+    setFullScale(intensityAxis(), intensityRanges(), heights.a, heights.b);
     setFullScale(stackIndexAxis(), stackIndexRanges(), rows.first, rows.second);
     setFullScale(symmetricAxis(), symmetricRanges(), -most, most);
 }

@@ -37,6 +37,7 @@ public:
     void drawCurves(QPainter &painter) override;
     void drawTitle(QPainter &painter) override;
     QString titleText() const override;
+    QRectF titleRect() const override;
     bool isTitleVisible() const override { return fTitleProperties.visible; }
     void setTitleVisible(bool visible) override { fTitleProperties.visible = visible; }
     void setupFullView(TDataStream &stream) override;
@@ -57,6 +58,9 @@ public:
     double toSecondAxis(double value) const override;
     double fromSecondAxis(double value) const override;
     QVector<QPair<int, QString>> secondAxisUnits() const override;
+    QString whyNotReversed(TAxisDir dir) const override;
+    /// Lets an axis run against the usual direction of its values, or with it again. Wavenumbers stay as they are.
+    void setReversed(TAxisDir dir, bool reversed);
     /// The curve that a baseline correction would take away, and the points that it runs through.
     void drawBaseline(QPainter &painter) override;
     /// The labels of the current spectrum's peaks.
@@ -160,6 +164,7 @@ private:
     int searchUnit() const;
     TRanges visibleIn(int unit) const;
     void fitTo(double minY, double maxY);
+    TRange directed(TAxisDir dir, double low, double high) const;
 
     IYrexPlotable *fPlotable;
     int fPlotKind;

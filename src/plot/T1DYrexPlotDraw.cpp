@@ -63,6 +63,8 @@ void T1DYrexPlot::draw(QPainter &painter, const QRectF &rect)
 {
     setRect(rect);
     prepareDraw();
+    const QMap<int, QRectF> shownLabels = fStackedLabelRects;
+    fStackedLabelRects.clear();
     if (!keepsAreas())
         fHotAreas.clear();
     T1DStackedPlot::draw(painter, rect);
@@ -70,8 +72,9 @@ void T1DYrexPlot::draw(QPainter &painter, const QRectF &rect)
         fHotAreas.setReach(viewReach(cReachPixels, cDefReach));
         for (auto it = fStackedLabelRects.constBegin(); it != fStackedLabelRects.constEnd(); ++it)
             fHotAreas.append(TPlotHotArea(it.value(), it.key(), TPlotHotArea::stackedTitle, 0));
+    } else {
+        fStackedLabelRects = shownLabels; // those of the view stay
     }
-    fStackedLabelRects.clear();
 }
 
 /// What a draw asks for more often than it changes.
@@ -302,6 +305,11 @@ QString T1DYrexPlot::titleText() const
     if (!fTitleProperties.visible || !fPlotable)
         return QString("");
     return fPlotable->titleText(id(), fTitleProperties.format, 0, -1);
+}
+
+QRectF T1DYrexPlot::titleRect() const
+{
+    return hasRowTitles() || titleText().isEmpty() ? QRectF() : fPlotter.getTitleRect(fTitleProperties);
 }
 
 void T1DYrexPlot::drawTitle(QPainter &painter)

@@ -118,7 +118,8 @@ void T1DYrexPlot::fitTo(double minY, double maxY)
         return;
     TAxis &axis = isArrayed() ? intensityAxis() : vAxis();
     TRanges &ranges = isArrayed() ? intensityRanges() : vRanges();
-    setFullScale(axis, ranges, minY - cFitMargin * height, maxY + cFitMargin * height);
+    const TRange full = directed(vertDir, minY - cFitMargin * height, maxY + cFitMargin * height);
+    setFullScale(axis, ranges, full.a, full.b);
     axis.setScaleToFull();
 }
 

@@ -5,6 +5,7 @@
 #include "TYrexChainJson.h"
 #include "TYrexPlotTitleParser.h"
 #include "TYrexSpectrumPropertiesBag.h"
+#include "TYrexTitleEdit.h"
 #include "TYrexUnits.h"
 #include "plot/TStackedClassProperties.h"
 #include "plot/TTypesetter.h"
@@ -127,6 +128,16 @@ QString TCanvasYrexSpectrum::title(bool plotTitle) const
     for (const int index : stack().visibleIndices())
         titles.append(stack().at(index)->title());
     return titles.join('\n');
+}
+
+QString TCanvasYrexSpectrum::titleToEdit(int index) const
+{
+    return TYrexTitleEdit::text(*this, index);
+}
+
+QVariant TCanvasYrexSpectrum::swapTitle(int index, const QVariant &title)
+{
+    return TYrexTitleEdit::swap(*this, index, title);
 }
 
 QString TCanvasYrexSpectrum::type() const

@@ -31,6 +31,8 @@ public:
     ~TCanvasYrexSpectrum() override;
 
     QString title(bool plotTitle) const override;
+    QString titleToEdit(int index) const override;
+    QVariant swapTitle(int index, const QVariant &title) override;
     QString type() const override;
     QString subtype() const override;
     QString descriptiveText() const override;

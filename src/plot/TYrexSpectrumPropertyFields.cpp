@@ -182,6 +182,8 @@ TFields axisFields(TAxisDir dir)
             own(
                 key + "position", axisAtBottom, cMaxPosition, [dir](P &p) { return p.axis(dir).posPolicy(); },
                 [dir](P &p, const QVariant &value) { p.setAxisPosPolicy(dir, value.toInt()); }),
+            {key + "reversed", [properties](P &p) { return QVariant(properties(p).reversed); },
+             [dir](P &p, const QVariant &value) { p.setReversed(dir, value.toBool()); }},
             number(key + "step", 0.0, cMaxStep, [properties](P &p) -> double & { return properties(p).ticks.step; }),
             integer(key + "minorCount", -1, cMaxMinorTicks,
                     [properties](P &p) -> int & { return properties(p).ticks.minorCount; }),

@@ -56,6 +56,11 @@ public:
 
     /// The item's own title, or with `plotTitle` that of its plot.
     virtual QString title(bool plotTitle) const;
+    /// The text that a user edits as the title of one of the item's spectra, with its typesetting signs; null where
+    /// there is none to edit.
+    virtual QString titleToEdit(int) const { return QString(); }
+    /// Sets such a title to a text, or back to what an earlier call gave; gives what it was before.
+    virtual QVariant swapTitle(int, const QVariant &) { return QVariant(); }
     virtual QString type() const { return QString(); }
     virtual QString subtype() const { return fSubtype; }
     virtual QString descriptiveText() const { return QString(); }

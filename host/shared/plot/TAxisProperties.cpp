@@ -16,6 +16,10 @@ void TAxisProperties::store(TDataStream &stream) const
     stream << ticks.step << qint32(ticks.minorCount) << qint32(ticks.numberForm) << qint32(ticks.decimals)
            << quint8(majorGrid) << quint8(minorGrid) << gridColor << majorGridWidth << minorGridWidth
            << qint32(gridStyle);
+    TDataStreamAdaptor more(stream);
+    more.startStore();
+    stream << quint8(reversed);
+    more.endStore();
     block.endStore();
 }
 
@@ -33,6 +37,13 @@ void TAxisProperties::load(TDataStream &stream)
         stream >> read.ticks.step >> minorCount >> form >> decimals >> major >> minor;
         Utils::Stream::read(stream, read.gridColor);
         stream >> read.majorGridWidth >> read.minorGridWidth >> style;
+        TDataStreamAdaptor more(stream); // older documents end here
+        if (more.hasData()) {
+            quint8 isReversed = 0;
+            stream >> isReversed;
+            read.reversed = isReversed != 0;
+        }
+        more.skipData();
         read.ticks.minorCount = qBound(-1, int(minorCount), 9);
         read.ticks.numberForm = qBound(int(autoNumbers), int(form), int(scientificNumbers));
         read.ticks.decimals = qBound(0, int(decimals), 8);
@@ -49,8 +60,8 @@ void TAxisProperties::load(TDataStream &stream)
 bool TAxisProperties::operator==(const TAxisProperties &other) const
 {
     return ticks.step == other.ticks.step && ticks.minorCount == other.ticks.minorCount &&
-           ticks.numberForm == other.ticks.numberForm && ticks.decimals == other.ticks.decimals &&
-           majorGrid == other.majorGrid && minorGrid == other.minorGrid && gridColor == other.gridColor &&
-           majorGridWidth == other.majorGridWidth && minorGridWidth == other.minorGridWidth &&
-           gridStyle == other.gridStyle;
+           ticks.numberForm == other.ticks.numberForm && reversed == other.reversed &&
+           ticks.decimals == other.ticks.decimals && majorGrid == other.majorGrid && minorGrid == other.minorGrid &&
+           gridColor == other.gridColor && majorGridWidth == other.majorGridWidth &&
+           minorGridWidth == other.minorGridWidth && gridStyle == other.gridStyle;
 }

@@ -9,6 +9,7 @@ class TDataStream;
 struct TAxisProperties
 {
     TAxisTicks::TOptions ticks;
+    bool reversed = false; // against the direction in which its kind of values runs
     bool majorGrid = false;
     bool minorGrid = false;
     QColor gridColor;

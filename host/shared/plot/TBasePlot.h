@@ -78,6 +78,8 @@ public:
     virtual void drawTitle(QPainter &painter);
     /// The text for which room is kept: empty for none, null when it is not known before the draw (room for one line).
     virtual QString titleText() const { return QString(); }
+    /// Where the plot's own title stands on the item; empty for none. Titles of rows are hot areas.
+    virtual QRectF titleRect() const { return QRectF(); }
     /// Whether the plot shows its title; a plot without one never does.
     virtual bool isTitleVisible() const { return false; }
     virtual void setTitleVisible(bool) {}
@@ -91,6 +93,8 @@ public:
     virtual QString secondAxisTitle() const { return QString(); }
     virtual double toSecondAxis(double value) const { return value; }
     virtual double fromSecondAxis(double value) const { return value; }
+    /// Why an axis cannot run the other way round; empty when it can.
+    virtual QString whyNotReversed(TAxisDir) const { return QString(); }
     /// The units in which the horizontal axis can be shown a second time, with their names; empty: in none.
     virtual QVector<QPair<int, QString>> secondAxisUnits() const { return {}; }
 

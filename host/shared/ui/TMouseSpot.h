@@ -22,4 +22,5 @@ struct TMouseSpot
     TPlotHotArea area;
     TPlotPlace place = placeOutside;
     bool inCurves = false;
+    bool onTitle = false; // the plot's own or that of a row
 };

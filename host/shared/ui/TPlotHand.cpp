@@ -53,9 +53,10 @@ QString TPlotHand::hint() const
         return tr("Drag zooms, wheel zooms x (Ctrl: intensity), middle button pans, double click: full view.");
     case placeOnHorzAxis:
     case placeOnVertAxis:
-        return tr("Drag pans, wheel zooms.");
+        return tr("Drag pans, wheel zooms, double click: limits.");
     case placeOnRim:
-        return tr("Drag moves the item, handles resize it.");
+        return fOnTitle ? tr("Drag moves the item, double click edits the title.")
+                        : tr("Drag moves the item, handles resize it.");
     default:
         return QString();
     }
@@ -99,6 +100,7 @@ bool TPlotHand::mousePress(QMouseEvent *event, const TMouseSpot &spot)
 void TPlotHand::hover(const TMouseSpot &spot)
 {
     fPlace = spot.place;
+    fOnTitle = spot.onTitle;
     const auto *plotter = spot.inCurves ? dynamic_cast<T1DStackedBasePlotter *>(spot.plot->plotter()) : nullptr;
     view()->pointAt(spot.spectrum, plotter ? plotter->indexOfPointedStackedCurve(spot.itemPos) : -1);
     view()->showReadout(spot.inCurves ? spot.plot->readout(spot.itemPos) : TPlotReadout());
@@ -182,7 +184,7 @@ bool TPlotHand::mouseRelease(QMouseEvent *event, const TMouseSpot &spot)
 
 bool TPlotHand::mouseDoubleClick(QMouseEvent *event, const TMouseSpot &spot)
 {
-    if (event->button() != Qt::LeftButton || !spot.inCurves)
+    if (event->button() != Qt::LeftButton || !spot.inCurves || spot.onTitle)
         return false;
     view()->history().push(new TCmdZoomSpectra({spot.item}, QRectF(), TCmdZoomSpectra::cFullView));
     return true;

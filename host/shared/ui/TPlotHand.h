@@ -46,5 +46,6 @@ private:
     bool fInRun = false;
     TCanvasItemList fItems;
     TPlotPlace fPlace = placeOutside;
+    bool fOnTitle = false;
     bool fSpaceHeld = false;
 };

@@ -1,0 +1,88 @@
+#include "TWindowFixture.h"
+#include "WAxisLimitsDialog.h"
+#include "ui/PlotSteps.h"
+
+#include <QLineEdit>
+#include <QMenu>
+
+namespace {
+
+class AxisTest : public TWindowFixture
+{
+protected:
+    /// The middle of the horizontal axis' strip, or of the one of its second unit.
+    QPoint onStrip(bool second = false)
+    {
+        const TBasePlotter *plotter = plot()->plotter();
+        const QRectF curves = plotter->getPlotCurvesRect();
+        const double middle = curves.center().x();
+        const double y = second ? curves.top() - plot()->properties().plotAreaMargin - 20
+                                : plotter->getAxisRect(horzDir, curves).center().y();
+        return view()->itemToView(*item()).map(QPointF(middle, y)).toPoint();
+    }
+    /// Typed into the dialog that opens at the double click; false when none did.
+    bool doubleClickAndType(const QPoint &place, const QString &from, const QString &to)
+    {
+        bool seen = false;
+        QTimer::singleShot(0, [&] {
+            auto *dialog = qobject_cast<WAxisLimitsDialog *>(QApplication::activeModalWidget());
+            seen = dialog;
+            if (!dialog)
+                return;
+            const QList<QLineEdit *> lines = dialog->findChildren<QLineEdit *>();
+            lines.at(0)->setText(from);
+            lines.at(1)->setText(to);
+            dialog->accept();
+        });
+        QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, place);
+        settle();
+        return seen;
+    }
+    QMenu *menuAt(const QPoint &place)
+    {
+        QTest::mousePress(view()->viewport(), Qt::RightButton, {}, place);
+        QTest::mouseRelease(view()->viewport(), Qt::RightButton, {}, place);
+        return view()->findChild<QMenu *>("horzAxisContextMenu");
+    }
+    void setUnit(const QString &action)
+    {
+        fWindow->actionTable().action(action)->trigger();
+        settle();
+        fWindow->grab();
+    }
+};
+
+} // namespace
+
+TEST_F(AxisTest, aDoubleClickOnAStripAsksForTheLimitsOfThatAxis)
+{
+    open(writeCsv("one.csv"));
+    ASSERT_TRUE(doubleClickAndType(onStrip(), "300", "500,5"));
+    EXPECT_EQ(plot()->horzAxis().getScale().lo(), 300.0);
+    EXPECT_EQ(plot()->horzAxis().getScale().hi(), 500.5);
+}
+
+TEST_F(AxisTest, anAxisIsReversedAndStaysSo)
+{
+    open(writeCsv("one.csv"));
+    const TRange full = plot()->horzAxis().getFullScale();
+    QAction *reverse = fWindow->actionTable().action("horzReverse");
+    QMenu *menu = menuAt(onStrip());
+    ASSERT_TRUE(menu);
+    EXPECT_TRUE(menu->actions().contains(reverse));
+    menu->close();
+    reverse->trigger();
+    settle();
+    EXPECT_EQ(plot()->horzAxis().getFullScale(), TRange(full.b, full.a));
+    EXPECT_TRUE(reverse->isChecked());
+    key(Qt::Key_Home); // fits anew
+    EXPECT_TRUE(plot()->horzAxis().getScale().isReversed());
+    fWindow->actionTable().action("vertReverse")->trigger();
+    key(Qt::Key_F);
+    EXPECT_TRUE(plot()->vertAxis().getScale().isReversed());
+    drag(at(0.2, 0.2), at(0.6, 0.7));
+    EXPECT_TRUE(plot()->vertAxis().getScale().isReversed());
+    EXPECT_TRUE(plot()->horzAxis().getScale().isReversed());
+    while (document()->history().stack()->canUndo() && lastStep() != "Import")
+        document()->history().stack()->undo();
+}
