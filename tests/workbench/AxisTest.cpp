@@ -1,6 +1,5 @@
 #include "TWindowFixture.h"
 #include "WAxisLimitsDialog.h"
-#include "ui/PlotSteps.h"
 
 #include <QLineEdit>
 #include <QMenu>
@@ -10,15 +9,12 @@ namespace {
 class AxisTest : public TWindowFixture
 {
 protected:
-    /// The middle of the horizontal axis' strip, or of the one of its second unit.
-    QPoint onStrip(bool second = false)
+    /// The middle of the horizontal axis' strip.
+    QPoint onStrip()
     {
         const TBasePlotter *plotter = plot()->plotter();
-        const QRectF curves = plotter->getPlotCurvesRect();
-        const double middle = curves.center().x();
-        const double y = second ? curves.top() - plot()->properties().plotAreaMargin - 20
-                                : plotter->getAxisRect(horzDir, curves).center().y();
-        return view()->itemToView(*item()).map(QPointF(middle, y)).toPoint();
+        const QRectF strip = plotter->getAxisRect(horzDir, plotter->getPlotCurvesRect());
+        return view()->itemToView(*item()).map(strip.center()).toPoint();
     }
     /// Typed into the dialog that opens at the double click; false when none did.
     bool doubleClickAndType(const QPoint &place, const QString &from, const QString &to)
@@ -43,12 +39,6 @@ protected:
         QTest::mousePress(view()->viewport(), Qt::RightButton, {}, place);
         QTest::mouseRelease(view()->viewport(), Qt::RightButton, {}, place);
         return view()->findChild<QMenu *>("horzAxisContextMenu");
-    }
-    void setUnit(const QString &action)
-    {
-        fWindow->actionTable().action(action)->trigger();
-        settle();
-        fWindow->grab();
     }
 };
 
@@ -83,6 +73,4 @@ TEST_F(AxisTest, anAxisIsReversedAndStaysSo)
     drag(at(0.2, 0.2), at(0.6, 0.7));
     EXPECT_TRUE(plot()->vertAxis().getScale().isReversed());
     EXPECT_TRUE(plot()->horzAxis().getScale().isReversed());
-    while (document()->history().stack()->canUndo() && lastStep() != "Import")
-        document()->history().stack()->undo();
 }
