@@ -5,6 +5,7 @@
 #include "TYrexPeakPlotProperties.h"
 #include "data/T1DPlotData.h"
 #include "plot/T1DStackedPlot.h"
+#include "plot/TLinearMap.h"
 #include "plot/TPlotHotAreas.h"
 #include "plot/TTitleProperties.h"
 
@@ -45,6 +46,9 @@ public:
     void store(TDataStream &stream) const override;
     void load(TDataStream &stream) override;
     void fitToHeight() override;
+    /// From the values of a spectrum to the heights at which an overlay draws them: its own factor about the baseline,
+    /// then its own offset. In other modes, and for an index that there is not, they are the same.
+    TLinearMap drawnHeights(int index) const;
     bool isArrayed() const override;
     int activeIndex() const override;
     void fitStackAxis() override;

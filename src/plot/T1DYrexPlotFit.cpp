@@ -4,6 +4,7 @@
 #include "IYrexPlotData.h"
 #include "TYrexUnits.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -90,6 +91,18 @@ bool T1DYrexPlot::extremesInView(IYrexPlotData &plotData, int index, int unit, d
     return true;
 }
 
+TLinearMap T1DYrexPlot::drawnHeights(int index) const
+{
+    const IYrexPlotData *plotData = data();
+    const T1DStackedPlotProperties &own = stackedProperties();
+    if (!plotData || !isArrayed() || own.displayMode() != overlayMode || index < 0 ||
+        index >= plotData->spectrumCount())
+        return TLinearMap();
+    const quint32 id = plotData->spectrumId(index);
+    const double base = fPlotter.baselineScaleValue();
+    return {own.factor(id), base * (1.0 - own.factor(id)) + own.offset(id)};
+}
+
 bool T1DYrexPlot::heightInView(double &minY, double &maxY) const
 {
     IYrexPlotData *plotData = data();
@@ -99,8 +112,16 @@ bool T1DYrexPlot::heightInView(double &minY, double &maxY) const
     minY = cLargest;
     maxY = cSmallest;
     bool anyFound = false;
-    for (const int index : plotData->visibleIndices())
-        anyFound = extremesInView(*plotData, index, unit, minY, maxY) || anyFound;
+    for (const int index : plotData->visibleIndices()) {
+        double low = cLargest;
+        double high = cSmallest;
+        if (!extremesInView(*plotData, index, unit, low, high))
+            continue;
+        anyFound = true;
+        const TLinearMap heights = drawnHeights(index);
+        minY = std::min({minY, heights(low), heights(high)});
+        maxY = std::max({maxY, heights(low), heights(high)});
+    }
     if (anyFound)
         return true;
     const auto whole = plotData->axisRange(1, fXUnits, fYUnits);

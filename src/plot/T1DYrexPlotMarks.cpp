@@ -25,18 +25,6 @@ QRectF handleAt(const QPointF &anchor)
     return QRectF(anchor.x() - cShift, anchor.y() - cShift, cSide, cSide);
 }
 
-/// From the current spectrum's values to the heights at which an overlay draws them: its own factor about the baseline,
-/// then its own offset.
-TLinearMap ownHeights(const T1DYrexPlot &plot, const IYrexPlotData &plotData)
-{
-    const T1DStackedPlotProperties &own = plot.stackedProperties();
-    if (!plot.isArrayed() || own.displayMode() != overlayMode)
-        return TLinearMap();
-    const quint32 id = plotData.spectrumId(plotData.currentIndex());
-    const double base = plot.plotter()->baselineScaleValue();
-    return {own.factor(id), base * (1.0 - own.factor(id)) + own.offset(id)};
-}
-
 QVector<double> mapped(const T1DPlotData<double> &values, const TLinearMap &map)
 {
     QVector<double> heights(values.count);
@@ -48,7 +36,7 @@ QVector<double> mapped(const T1DPlotData<double> &values, const TLinearMap &map)
 TYrexPeakPainter::TPeaks drawnPeaks(const T1DYrexPlot &plot, const IYrexPlotData &plotData)
 {
     TYrexPeakPainter::TPeaks peaks = plotData.peaks(plot.xUnits(), -1);
-    const TLinearMap heights = ownHeights(plot, plotData);
+    const TLinearMap heights = plot.drawnHeights(plotData.currentIndex());
     for (TYrexDPLib::TYrexDPPeak &peak : peaks) {
         peak.intensity = heights(peak.intensity);
         peak.positive = peak.positive == (heights.factor > 0.0);
@@ -76,7 +64,7 @@ void T1DYrexPlot::drawBaseline(QPainter &painter)
     IYrexPlotData *plotData = data();
     if (!plotData)
         return;
-    const TLinearMap heights = ownHeights(*this, *plotData);
+    const TLinearMap heights = drawnHeights(plotData->currentIndex());
     const QVector<double> values = mapped(plotSeries(plotData->previewData(1, fYUnits, -1)), heights);
     const TSeries y(values.constData(), values.size());
     const TSeries x = xSeries(*plotData, -1);

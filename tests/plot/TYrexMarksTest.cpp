@@ -329,6 +329,8 @@ TEST(TYrexMarks, anOverlayHasThemOnTheCurveThatItDraws)
     plot.stackedProperties().setOffset(quint32(item.stackedContext()->idOf(0)), -0.5);
     double foot = footOfLabel(); // the draw gives the plot its places
     EXPECT_NEAR(foot, above(2.0 * 3.0 - 0.5), 1e-6);
+    plot.fitToHeight();
+    EXPECT_GE(plot.intensityAxis().getFullScale().hi(), 5.5) << "the fit sees the curve as it is drawn";
     plot.setStackedDisplayMode(activeOnlyMode);
     foot = footOfLabel();
     EXPECT_NEAR(foot, above(3.0), 1e-6) << "alone it stands as it is";
