@@ -196,7 +196,7 @@ int TPageModel::columnCount(const QModelIndex &) const
 
 QVariant TPageModel::data(const QModelIndex &index, int role) const
 {
-    return index.parent().isValid() ? itemData(index, role) : pageData(index, role);
+    return index.parent().isValid() ? itemFacts(index, role) : pageData(index, role);
 }
 
 QVariant TPageModel::pageData(const QModelIndex &index, int role) const
@@ -226,7 +226,7 @@ QVariant TPageModel::pageData(const QModelIndex &index, int role) const
     }
 }
 
-QVariant TPageModel::itemData(const QModelIndex &index, int role) const
+QVariant TPageModel::itemFacts(const QModelIndex &index, int role) const
 {
     TCanvasItem *one = item(index);
     if (!one)

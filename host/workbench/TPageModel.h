@@ -67,7 +67,7 @@ private:
     void itemsChanged(TPage *page);
     void drawNext();
     QVariant pageData(const QModelIndex &index, int role) const;
-    QVariant itemData(const QModelIndex &index, int role) const;
+    QVariant itemFacts(const QModelIndex &index, int role) const;
 
     QPointer<TDocument> fDocument;
     QSize fSize{140, 99};
