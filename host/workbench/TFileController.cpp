@@ -85,7 +85,7 @@ QStringList TFileController::askForFiles(const QString &title)
     dialog.resize(cOpenSize);
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    const QStringList paths = dialog.selectedFiles();
+    QStringList paths = dialog.selectedFiles();
     TDefaultsIni().setValue(cOpenFolder, QFileInfo(paths.first()).absolutePath());
     return paths;
 }

@@ -16,7 +16,7 @@ QVariant TStackEdits::fact(TCanvasItem *item, int index, TFact fact) const
                                                             : IPluginGathering::cTitle;
     for (QObject *plugin : fHost.plugins()) {
         const auto *gathering = qobject_cast<IPluginGathering *>(plugin);
-        const QVariant answer = gathering ? gathering->spectrumFact(item, index, asked) : QVariant();
+        QVariant answer = gathering ? gathering->spectrumFact(item, index, asked) : QVariant();
         if (answer.isValid())
             return answer;
     }

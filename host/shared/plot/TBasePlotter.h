@@ -11,6 +11,7 @@
 #include <QTransform>
 #include <QUuid>
 #include <QVector>
+#include <array>
 
 class QPainter;
 class TBasePlot;
@@ -161,10 +162,10 @@ private:
     struct TLayoutKey
     {
         QRectF rect;
-        TAxis axes[2];
-        TRanges ranges[2];
-        QString titles[2];
-        bool numbers[2];
+        std::array<TAxis, 2> axes;
+        std::array<TRanges, 2> ranges;
+        std::array<QString, 2> titles;
+        std::array<bool, 2> numbers;
         QString secondTitle;
         TBasePlotProperties properties;
         bool operator==(const TLayoutKey &other) const;

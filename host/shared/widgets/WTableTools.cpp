@@ -85,7 +85,7 @@ QString WTableTools::cell(int row, int column, bool allDigits) const
     if (check.isValid())
         return check.toInt() == Qt::Checked ? tr("yes") : tr("no");
     const QVariant number = place.data(TTableProxy::cNumberRole);
-    const QString shown = place.data().toString();
+    QString shown = place.data().toString();
     if (!number.isValid())
         return shown;
     QString text = allDigits ? QString::number(number.toDouble(), 'g', cAllDigits) : TNumberFormat::plain(shown);
