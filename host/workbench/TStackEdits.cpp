@@ -4,8 +4,10 @@
 #include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangePlots.h"
 #include "contexts/IStackedItemCtx.h"
+#include "params/TSpectrumParam.h"
 #include "plugin/IPluginDAItems.h"
 #include "plugin/IPluginGathering.h"
+#include "plugin/IPluginItemParameters.h"
 #include "services/TKelmoraHost.h"
 
 QVariant TStackEdits::fact(TCanvasItem *item, int index, TFact fact) const
@@ -26,6 +28,18 @@ QVariant TStackEdits::fact(TCanvasItem *item, int index, TFact fact) const
 TCommand *TStackEdits::activeCommand(TCanvasItem *item, int index)
 {
     return new TCmdActiveSpectrum(TCanvasItemList{item}, index);
+}
+
+TCommand *TStackEdits::titleCommand(TCanvasItem *item, int index, const QString &title)
+{
+    for (QObject *plugin : fHost.plugins()) {
+        auto *editor = qobject_cast<IPluginItemParameters *>(plugin);
+        if (TCommand *command =
+                editor ? editor->editParamCommand(TCanvasItemList{item}, TSpectrumParam::cTitle, title, index)
+                       : nullptr)
+            return command;
+    }
+    return nullptr;
 }
 
 TCommand *TStackEdits::colorsCommand(TCanvasItem *item, const QVector<QColor> &colors)

@@ -13,8 +13,9 @@ class IPluginItemParameters
 {
 public:
     virtual ~IPluginItemParameters() = default;
-    /// A command that sets one parameter; the caller owns it, null when there is nothing to edit.
-    virtual TCommand *editParamCommand(const TCanvasItemList &items, int id, const QString &value) = 0;
+    /// A command that sets one parameter of the current spectra, or of the spectrum at an index of each item; the
+    /// caller owns it, null when there is nothing to edit.
+    virtual TCommand *editParamCommand(const TCanvasItemList &items, int id, const QString &value, int index = -1) = 0;
     virtual TCommand *editTemplatesCommand(const TCanvasItemList &items, const TSpectrumParamsTemplate &templates) = 0;
     /// A constant object that describes how parameters are shown.
     virtual const QObject *paramsDescriptor() const = 0;

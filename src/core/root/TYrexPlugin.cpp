@@ -2,6 +2,8 @@
 
 #include "TASCIIYrexConverter.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexEditOneParam.h"
+#include "TCmdYrexEditParameterTemplates.h"
 #include "TCmdYrexSeriesValues.h"
 #include "TDAYrexItemCtx.h"
 #include "TJCAMPYrexConverter.h"
@@ -30,6 +32,7 @@
 #include "settings/TDefaultsIni.h"
 
 #include <QPointer>
+#include <algorithm>
 
 namespace {
 
@@ -185,14 +188,22 @@ TCommand *TYrexPlugin::editArrayedDataCommand(const TCanvasItemList &items, cons
     return values.isEmpty() ? nullptr : new TCmdYrexSeriesValues(items, values);
 }
 
-TCommand *TYrexPlugin::editParamCommand(const TCanvasItemList &, int, const QString &)
+TCommand *TYrexPlugin::editParamCommand(const TCanvasItemList &items, int id, const QString &value, int index)
 {
-    return nullptr;
+    const bool hasAny =
+        std::any_of(items.begin(), items.end(), [](ICanvasItem *item) { return yrexItem(item) != nullptr; });
+    if (!hasAny)
+        return nullptr;
+    if (index >= 0)
+        return new TCmdYrexEditOneParam(items, id, value, index);
+    return new TCmdYrexEditOneParam(items, id, value, true, false);
 }
 
-TCommand *TYrexPlugin::editTemplatesCommand(const TCanvasItemList &, const TSpectrumParamsTemplate &)
+TCommand *TYrexPlugin::editTemplatesCommand(const TCanvasItemList &items, const TSpectrumParamsTemplate &templates)
 {
-    return nullptr;
+    const bool hasAny =
+        std::any_of(items.begin(), items.end(), [](ICanvasItem *item) { return yrexItem(item) != nullptr; });
+    return hasAny ? new TCmdYrexEditParameterTemplates(items, templates) : nullptr;
 }
 
 const QObject *TYrexPlugin::paramsDescriptor() const

@@ -54,7 +54,7 @@ public:
     QString tableReport(TTableProperties *properties, TCanvasItem *item, const QString &format) override;
     IDAItemCtx *daContext(TCanvasItem *item) override;
     TCommand *editArrayedDataCommand(const TCanvasItemList &items, const QVariantMap &map) override;
-    TCommand *editParamCommand(const TCanvasItemList &items, int id, const QString &value) override;
+    TCommand *editParamCommand(const TCanvasItemList &items, int id, const QString &value, int index = -1) override;
     TCommand *editTemplatesCommand(const TCanvasItemList &items, const TSpectrumParamsTemplate &templates) override;
     const QObject *paramsDescriptor() const override;
     QVariantMap paramsAsMap(TCanvasItem *item) const override;

@@ -1,0 +1,44 @@
+#include "TCmdYrexEditPeak.h"
+
+#include "TCanvasYrexSpectrum.h"
+#include "history/THistoryCommand.h"
+
+TCmdYrexEditPeak::TCmdYrexEditPeak(int peakIndex, int peakField, const QVariant &value, const TCanvasItemList &items)
+    : TYrexVoidUnlessChanged(tr("Edit Peak"), items)
+    , fPlaces(items)
+    , fPeakIndex(peakIndex)
+    , fPeakField(peakField)
+    , fValue(TCanvasItemsCommand::items().size(), value)
+{
+}
+
+bool TCmdYrexEditPeak::isApplicable(TCanvasYrexSpectrum *item) const
+{
+    const TYrexSpectrum *spectrum = fPlaces.spectrum(item);
+    return spectrum && fPeakIndex >= 0 && fPeakIndex < spectrum->peaks().size();
+}
+
+void TCmdYrexEditPeak::doItem(TCanvasYrexSpectrum *item, int index)
+{
+    if (fPeakField != cAnnotation)
+        return;
+    QString &annotation = fPlaces.spectrum(item)->peaks().at(fPeakIndex)->annotation;
+    const QVariant before = annotation;
+    annotation = fValue.at(index).toString();
+    fValue[index] = before;
+    if (annotation != before.toString())
+        noteChange();
+}
+
+void TCmdYrexEditPeak::undoItem(TCanvasYrexSpectrum *item, int index)
+{
+    doItem(item, index);
+}
+
+THistoryCommand *TCmdYrexEditPeak::makeItemHistory(TCanvasYrexSpectrum *item)
+{
+    THistoryCommand *entry = TYrexSpectrumCommand::makeItemHistory(item);
+    entry->addParam(tr("Peak"), fPeakIndex + 1, QString());
+    entry->addParam(tr("Annotation"), fPlaces.spectrum(item)->peaks().at(fPeakIndex)->annotation, QString());
+    return entry;
+}

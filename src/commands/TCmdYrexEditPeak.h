@@ -1,0 +1,31 @@
+#pragma once
+
+#include "TYrexSpectrumCommand.h"
+#include "TYrexSpectrumPlaces.h"
+#include "TYrexVoidUnlessChanged.h"
+
+#include <QVariant>
+
+/// Edits the annotation of one peak of the items' current spectra.
+class TCmdYrexEditPeak : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
+{
+    Q_OBJECT
+
+public:
+    enum TField : qint32 { cAnnotation = 0 };
+
+    /// `peakIndex` is a place in the list of peaks; an item whose spectrum has fewer is left out. `peakField` is a
+    /// TField; any other does nothing.
+    TCmdYrexEditPeak(int peakIndex, int peakField, const QVariant &value, const TCanvasItemList &items);
+
+    void doItem(TCanvasYrexSpectrum *item, int index) override;
+    void undoItem(TCanvasYrexSpectrum *item, int index) override;
+    bool isApplicable(TCanvasYrexSpectrum *item) const override;
+    THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
+
+private:
+    TYrexSpectrumPlaces fPlaces;
+    qint32 fPeakIndex;
+    qint32 fPeakField;
+    QVector<QVariant> fValue; // by item: the new value, once done the old one
+};

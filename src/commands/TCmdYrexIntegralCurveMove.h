@@ -1,0 +1,30 @@
+#pragma once
+
+#include "TYrexIntegralBand.h"
+#include "TYrexSpectrumCommand.h"
+#include "TYrexVoidUnlessChanged.h"
+
+#include <QRectF>
+#include <QVector>
+
+/// Makes the integral curves of plots higher or lower: one edge of their band is dragged, the other stays.
+class TCmdYrexIntegralCurveMove : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
+{
+    Q_OBJECT
+
+public:
+    /// `delta` is the way of the edge in canvas units, upwards positive. `rect` is the band of the curves in canvas
+    /// units of the item when the drag began; one without height does nothing.
+    TCmdYrexIntegralCurveMove(const TCanvasItemList &items, bool topEdge, double delta, const QRectF &rect);
+
+    void doItem(TCanvasYrexSpectrum *item, int index) override;
+    void undoItem(TCanvasYrexSpectrum *item, int index) override;
+    bool isApplicable(TCanvasYrexSpectrum *item) const override;
+    THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
+
+private:
+    bool fTopEdge;
+    double fDelta;
+    QRectF fRect;
+    QVector<TYrexIntegralBand> fOldSettings; // by item
+};
