@@ -1,13 +1,16 @@
 #include "TCliMarks.h"
 
 #include "TCanvasYrexSpectrum.h"
-#include "TYrexPeakPicking.h"
+#include "TCmdYrexManualIntegration.h"
+#include "TCmdYrexManualPeakPicking.h"
+#include "TYrexUnits.h"
+#include "commands/TCommandHistory.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
-
-constexpr int cManual = 2; // mode of a region that a user drew
 
 double lowerIndex(const TYrexSpectrum &spectrum, double a, double b)
 {
@@ -60,37 +63,38 @@ bool TCliMarks::isOutside(const TYrexSpectrum &spectrum, const TMark &mark)
     return !(high >= 0.0 && low <= double(spectrum.pointCount() - 1));
 }
 
-void TCliMarks::pick(TYrexSpectrum &spectrum, const TMark &mark)
+bool TCliMarks::isOutside(const TCanvasYrexSpectrum &item, const TMark &mark)
 {
+    return std::any_of(item.spectra().begin(), item.spectra().end(),
+                       [&mark](const TYrexSpectrum *spectrum) { return isOutside(*spectrum, mark); });
+}
+
+TCommand *TCliMarks::pickCommand(TCanvasYrexSpectrum &item, const TMark &mark)
+{
+    const QRectF rect(QPointF(mark.fFrom, 0.0), QPointF(mark.fTo, 0.0));
+    return new TCmdYrexManualPeakPicking({&item}, rect, false,
+                                         mark.fHasLevel ? mark.fLevel : std::numeric_limits<double>::quiet_NaN());
+}
+
+TCommand *TCliMarks::integrateCommand(TCanvasYrexSpectrum &item, const TMark &mark)
+{
+    const TYrexSpectrum &spectrum = *item.currentSpectrum();
     const int unit = spectrum.xUnits();
-    TYrexPeakPicking::pickInRange(spectrum, spectrum.xIndexOf(unit, mark.fFrom), spectrum.xIndexOf(unit, mark.fTo),
-                                  mark.fHasLevel ? mark.fLevel : TYrexPeakPicking::openLevel(spectrum));
+    const bool isDown = spectrum.xIndexOf(unit, mark.fFrom) > spectrum.xIndexOf(unit, mark.fTo);
+    return new TCmdYrexManualIntegration({&item}, 0, isDown ? mark.fTo : mark.fFrom, isDown ? mark.fFrom : mark.fTo,
+                                         unit, cUnitArbitrary);
 }
 
-void TCliMarks::integrate(TYrexSpectrum &spectrum, const TMark &mark)
+void TCliMarks::apply(TCanvasYrexSpectrum &item, TCommandHistory &history, QStringList &notes) const
 {
-    const double last = spectrum.pointCount() - 1;
-    const TYrexIntegrationRegion region(qBound(0.0, lowerIndex(spectrum, mark.fFrom, mark.fTo), last),
-                                        qBound(0.0, upperIndex(spectrum, mark.fFrom, mark.fTo), last), cManual);
-    spectrum.integrals().appendCalculated(region, spectrum, spectrum.yUnits());
-}
-
-void TCliMarks::apply(TCanvasYrexSpectrum &item, QStringList &notes) const
-{
-    const auto applyAll = [&](const QVector<TMark> &marks, void (*run)(TYrexSpectrum &, const TMark &)) {
+    const auto applyAll = [&](const QVector<TMark> &marks, TCommand *(*make)(TCanvasYrexSpectrum &, const TMark &)) {
         for (const TMark &mark : marks) {
-            bool anyOutside = false;
-            for (const int index : item.stack().selectedIndices(false, true)) {
-                TYrexSpectrum *spectrum = item.stack().at(index);
-                if (spectrum && isOutside(*spectrum, mark))
-                    anyOutside = true;
-                else if (spectrum)
-                    run(*spectrum, mark);
-            }
-            if (anyOutside)
+            if (isOutside(item, mark))
                 notes.append(QString("the range %1 lies beside the spectrum").arg(mark.fText));
+            if (item.currentSpectrum())
+                history.push(make(item, mark));
         }
     };
-    applyAll(fPicks, pick);
-    applyAll(fIntegrals, integrate);
+    applyAll(fPicks, pickCommand);
+    applyAll(fIntegrals, integrateCommand);
 }

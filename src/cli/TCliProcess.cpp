@@ -153,7 +153,7 @@ void TCliProcess::mark(TCliInput &input, const TCliEnvironment &environment) con
 {
     QStringList notes;
     for (ICanvasItem *item : qAsConst(input.fItems))
-        fMarks.apply(*yrexItem(item), notes);
+        fMarks.apply(*yrexItem(item), environment.fHost.history(), notes);
     for (const QString &note : qAsConst(notes))
         environment.warn(input.fFile + ": " + note);
 }
