@@ -381,6 +381,11 @@ TEST_F(TYrexCommandLineTest, namedUnitsPeaksAndIntegralsStandInTheJson)
     EXPECT_EQ(regions.first().toObject().value("from").toDouble(), 440.0);
     EXPECT_TRUE(regions.first().toObject().value("reference").toBool());
     EXPECT_EQ(regions.first().toObject().value("value").toDouble(), 1.0);
+    QStringList steps;
+    for (const QJsonValue &step : parsed(fOut).at(0).toObject().value("history").toArray())
+        steps.append(step.toObject().value("description").toString());
+    EXPECT_EQ(steps.mid(steps.size() - 3).join('|').toStdString(),
+              "Zarnu Manual Peak Picking|Manual Integration|Manual Integration");
 }
 
 TEST_F(TYrexCommandLineTest, aStackGathersWhatCanBeReadAndFits)

@@ -109,7 +109,6 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
     const QColor color = stack()->color(0);
     model->setColor(0, Qt::red);
     EXPECT_EQ(stack()->color(0), QColor(Qt::red));
-    EXPECT_FALSE(model->flags(model->index(0, TStackedItemsTableModel::cTitle)) & Qt::ItemIsEditable);
     EXPECT_EQ(undo()->index(), before + 6);
     while (undo()->index() > before)
         undo()->undo();
@@ -163,6 +162,21 @@ TEST_F(StackDockTest, keysInTheTableAreTheTablesOwn)
     EXPECT_EQ(undo()->index(), before + 4);
     press(Qt::Key_Escape);
     EXPECT_TRUE(view()->hasFocus());
+}
+
+TEST_F(StackDockTest, titlesAreParametersOfTheirSpectra)
+{
+    openTitled({"acid", "base"});
+    const int steps = undo()->index();
+    const QModelIndex place = table()->index(1, TStackedItemsTableModel::cTitle);
+    ASSERT_TRUE(table()->flags(place) & Qt::ItemIsEditable);
+    EXPECT_TRUE(table()->setData(place, "lye", Qt::EditRole));
+    EXPECT_EQ(stack()->title(1), "lye");
+    EXPECT_EQ(stack()->title(0), "acid");
+    EXPECT_FALSE(table()->setData(place, "lye", Qt::EditRole)) << "it is so already";
+    EXPECT_EQ(undo()->index(), steps + 1);
+    undo()->undo();
+    EXPECT_EQ(stack()->title(1), "base");
 }
 
 TEST_F(StackDockTest, typingFindsTitlesAndNeverEdits)
