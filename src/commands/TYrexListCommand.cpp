@@ -5,7 +5,7 @@
 
 TYrexListCommand::TYrexListCommand(const QString &description, const TCanvasItemList &items)
     : TYrexCommand(description, items)
-    , fSnapshots(TCanvasItemsCommand::items().size())
+    , fSnapshots(size_t(TCanvasItemsCommand::items().size()))
 {
 }
 
@@ -41,18 +41,18 @@ void TYrexListCommand::saveItem(TCanvasYrexSpectrum *item, int index)
 {
     QByteArray state;
     item->storeFullState(state);
-    fSnapshots[index] = qCompress(state, -1);
+    fSnapshots[size_t(index)].take(std::move(state));
 }
 
 void TYrexListCommand::restoreItem(TCanvasYrexSpectrum *item, int index)
 {
-    item->restoreFullState(qUncompress(fSnapshots.at(index)));
+    item->restoreFullState(fSnapshots.at(size_t(index)).state());
 }
 
 qint64 TYrexListCommand::snapshotBytes() const
 {
     qint64 bytes = 0;
-    for (const QByteArray &snapshot : fSnapshots)
-        bytes += snapshot.size();
+    for (const TYrexSnapshot &snapshot : fSnapshots)
+        bytes += snapshot.bytes();
     return bytes;
 }

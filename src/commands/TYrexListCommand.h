@@ -1,9 +1,9 @@
 #pragma once
 
 #include "TYrexCommand.h"
+#include "TYrexSnapshot.h"
 
-#include <QByteArray>
-#include <QVector>
+#include <vector>
 
 class TYrexSpectrum;
 
@@ -27,9 +27,9 @@ public:
     virtual void saveItem(TCanvasYrexSpectrum *item, int index);
     virtual void restoreItem(TCanvasYrexSpectrum *item, int index);
 
-    /// The bytes of all snapshots.
+    /// The bytes of all snapshots, compressed; waits for that.
     qint64 snapshotBytes() const;
 
 private:
-    QVector<QByteArray> fSnapshots; // compressed, by item
+    std::vector<TYrexSnapshot> fSnapshots; // by item
 };

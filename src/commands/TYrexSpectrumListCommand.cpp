@@ -5,7 +5,7 @@
 
 TYrexSpectrumListCommand::TYrexSpectrumListCommand(const QString &description, const TCanvasItemList &items)
     : TYrexSpectrumCommand(description, items)
-    , fSnapshots(TCanvasItemsCommand::items().size())
+    , fSnapshots(size_t(TCanvasItemsCommand::items().size()))
 {
 }
 
@@ -57,10 +57,10 @@ void TYrexSpectrumListCommand::saveItem(TCanvasYrexSpectrum *item, int index)
 {
     QByteArray state;
     item->storeDataState(state);
-    fSnapshots[index] = qCompress(state, -1);
+    fSnapshots[size_t(index)].take(std::move(state));
 }
 
 void TYrexSpectrumListCommand::restoreItem(TCanvasYrexSpectrum *item, int index)
 {
-    item->restoreDataState(qUncompress(fSnapshots.at(index)));
+    item->restoreDataState(fSnapshots.at(size_t(index)).state());
 }

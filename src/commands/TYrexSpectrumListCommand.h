@@ -1,9 +1,9 @@
 #pragma once
 
+#include "TYrexSnapshot.h"
 #include "TYrexSpectrumCommand.h"
 
-#include <QByteArray>
-#include <QVector>
+#include <vector>
 
 class TYrexSpectrum;
 
@@ -34,7 +34,7 @@ protected:
 private:
     void applyToTargets(TCanvasYrexSpectrum *item, int index);
 
-    QVector<QByteArray> fSnapshots; // compressed, by item
+    std::vector<TYrexSnapshot> fSnapshots; // by item
     bool fSelectionOnly = false;
     bool fCurrentOnly = false;
 };

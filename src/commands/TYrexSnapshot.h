@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <memory>
+
+/// The state of an item as undo keeps it. Compressing takes longer than most commands, so that a worker does it once
+/// the state is handed over; in the end only the compressed form is held. What waits uncompressed is bounded over all
+/// snapshots: beyond cMostWaiting the next one waits until it fits.
+class TYrexSnapshot
+{
+public:
+    static constexpr qint64 cMostWaiting = 256 * 1024 * 1024; // bytes
+
+    TYrexSnapshot() = default;
+    /// A worker that is still busy is told to leave off; nothing waits for it.
+    ~TYrexSnapshot();
+    TYrexSnapshot(const TYrexSnapshot &) = delete;
+    TYrexSnapshot &operator=(const TYrexSnapshot &) = delete;
+
+    /// Takes the place of what was held. `state` is to be moved in: a copy held elsewhere keeps its memory.
+    void take(QByteArray &&state);
+    /// What was handed over, byte by byte; while it is not compressed yet, without waiting. Empty before take.
+    QByteArray state() const;
+    /// The size of the compressed form; waits for it. 0 before take.
+    qint64 bytes() const;
+
+    /// The bytes of all snapshots that are not compressed yet.
+    static qint64 waitingBytes();
+
+private:
+    struct TJob;
+    class TWorker;
+
+    void drop();
+
+    std::shared_ptr<TJob> fJob; // shared with the worker
+};
