@@ -77,13 +77,19 @@ TCmdYrexProcessing::TCmdYrexProcessing(const TCanvasItemList &items, const TYrex
     : TYrexProcessingCommand(tr("Processing"), items)
     , fNewParams(newParams)
 {
-    if (mainItem() && mainItem()->currentSpectrum())
-        fOldParams = mainItem()->currentSpectrum()->procParams().params();
     const TCanvasYrexSpectrum *first = yrexItemAt(0);
     if (!first)
         return;
     fTargetCount = first->stack().selectedIndices(false, true).size();
     fPointCount = first->stack().isEmpty() ? 0 : first->stack().at(0)->pointCount();
+}
+
+void TCmdYrexProcessing::doCmd()
+{
+    // not when it is made: within an edit run its predecessor is undone first
+    if (mainItem() && mainItem()->currentSpectrum())
+        fOldParams = mainItem()->currentSpectrum()->procParams().params();
+    TYrexProcessingCommand::doCmd();
 }
 
 void TCmdYrexProcessing::setSpectrumParams(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)

@@ -14,6 +14,7 @@ class TCmdYrexProcessing : public TYrexProcessingCommand
 public:
     TCmdYrexProcessing(const TCanvasItemList &items, const TYrexProcParams &newParams);
 
+    void doCmd() override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void setSpectrumParams(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     /// One entry, for the first item: what changed in the chain. None for a chain that is the same.
@@ -31,5 +32,5 @@ private:
     int fTargetCount = 0;
     int fPointCount = 0;
     QVector<int> fTargets;      // indices, taken afresh for each section
-    TYrexProcParams fOldParams; // of the main item's current spectrum, for the history
+    TYrexProcParams fOldParams; // of the main item's current spectrum before the do step, for the history
 };

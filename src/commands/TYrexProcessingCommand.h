@@ -10,6 +10,7 @@ class TYrexProcessingCommand : public TYrexListCommand
 public:
     using TYrexListCommand::TYrexListCommand;
 
+    bool replacesInEditRun() const override { return true; }
     /// Gives the chain to a spectrum without running it.
     virtual void setSpectrumParams(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) = 0;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;

@@ -178,3 +178,25 @@ TEST_F(TYrexProcessing, unitsAreNamedAndTakenBack)
     EXPECT_EQ(item->stack().at(0)->origYUnits(), cUnitAbsorbance);
     EXPECT_EQ(item->stack().at(1)->origYUnits(), cUnitArbitrary);
 }
+
+TEST_F(TYrexProcessing, anEditRunIsOneStepWithTheChangesSinceItsStart)
+{
+    const QByteArray before = bytesOf(*fItem);
+    TCommandHistory &history = fDocument.history();
+    history.beginEditRun();
+    for (const QList<int> &ids : {QList<int>{64}, QList<int>{39}}) {
+        auto *command = new TCmdYrexProcessing(fDocument.items(), applying(ids));
+        command->setMergeableFlag(true);
+        push(command);
+    }
+    history.endGesture();
+    EXPECT_EQ(history.stack()->count(), 1);
+    ASSERT_EQ(history.entries().size(), 1);
+    ASSERT_EQ(history.entries().first()->params().size(), 1) << "against the chain before the run";
+    EXPECT_TRUE(history.entries().first()->params().first().fName.contains(TYrexProcParams::label(39)));
+    const QByteArray after = bytesOf(*fItem);
+    history.stack()->undo();
+    EXPECT_EQ(bytesOf(*fItem), before);
+    history.stack()->redo();
+    EXPECT_EQ(bytesOf(*fItem), after);
+}

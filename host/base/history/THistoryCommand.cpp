@@ -10,7 +10,9 @@ THistoryCommand::THistoryCommand(const QString &description, THistoryItem *item,
     : fDescription(description)
     , fText(text)
     , fItem(item)
+    , fLife(item ? item->life() : std::weak_ptr<void>())
     , fItemId(item ? item->historyId() : QUuid())
+    , fItemName(item ? item->historyName() : QString())
     , fTime(Utils::Common::now())
 {
 }

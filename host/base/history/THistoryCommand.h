@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QUuid>
 #include <QVariantMap>
+#include <memory>
 
 class THistoryItem;
 
@@ -26,8 +27,11 @@ public:
     QString description() const { return fDescription; }
     void setDescription(const QString &description) { fDescription = description; }
     QString text() const { return fText; }
-    THistoryItem *item() const { return fItem; }
+    /// Null once the item is gone.
+    THistoryItem *item() const { return fLife.expired() ? nullptr : fItem; }
     QUuid itemId() const { return fItemId; }
+    /// The name of the item when the entry was made.
+    QString itemName() const { return fItemName; }
     const QList<THistoryParameter> &params() const { return fParams; }
     QDateTime time() const { return fTime; }
     /// Whether the command that it tells of is undone at present.
@@ -41,7 +45,9 @@ private:
     QString fDescription;
     QString fText;
     THistoryItem *fItem;
+    std::weak_ptr<void> fLife; // of the item
     QUuid fItemId;
+    QString fItemName;
     QList<THistoryParameter> fParams;
     QDateTime fTime;
     bool fUndone = false;

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QUuid>
 #include <QVariant>
+#include <memory>
 
 class QObject;
 
@@ -11,6 +12,9 @@ class QObject;
 class THistoryItem
 {
 public:
+    THistoryItem() = default;
+    THistoryItem(const THistoryItem &) = delete;
+    THistoryItem &operator=(const THistoryItem &) = delete;
     virtual ~THistoryItem() = default;
 
     virtual QUuid historyId() const = 0;
@@ -22,8 +26,12 @@ public:
     /// The history item that a script wrapper stands for, or null.
     static THistoryItem *getHistoryItemProperty(const QObject *wrapper);
 
+    /// Expires when the item goes; for those who keep a pointer.
+    std::weak_ptr<void> life() const { return fLife; }
+
 private:
     QHash<QByteArray, QVariant> fProperties;
+    std::shared_ptr<void> fLife = std::make_shared<char>();
 };
 
 Q_DECLARE_METATYPE(THistoryItem *)

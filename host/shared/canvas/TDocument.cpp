@@ -18,6 +18,7 @@ TDocument::TDocument(QObject *parent)
         fModified = fHistory.isModified();
         if (fModified != wasModified)
             emit modifiedChanged(fModified);
+        emit historyChanged();
     });
 }
 

@@ -54,6 +54,8 @@ public:
     TCanvasItem *item(const QUuid &id) const;
 
     TCommandHistory &history() { return fHistory; }
+    /// The entries that came with the document.
+    const QList<TStoredHistoryEntry> &storedHistory() const { return fStoredHistory; }
     /// The entries that came with the document, and behind them those of this session.
     QList<TStoredHistoryEntry> historyEntries() const;
 
@@ -78,6 +80,8 @@ signals:
     void itemAdded(TCanvasItem *item);
     void itemRemoved(TCanvasItem *item);
     void modifiedChanged(bool modified);
+    /// A step was done, undone, done again or took in another command.
+    void historyChanged();
     void currentPageChanged(TPage *page);
     /// Pages came, went or changed places.
     void pagesChanged();

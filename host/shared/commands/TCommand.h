@@ -45,6 +45,10 @@ public:
     /// Whether `next` may join this undo step. Here: both mergeable, of one class.
     virtual bool mergeCommand(TCommand *next);
 
+    /// Whether it sets what its predecessor set, so that within an edit run it takes the place of one that accepts it
+    /// instead of following it.
+    virtual bool replacesInEditRun() const { return false; }
+
     /// Does or undoes the step and notes which; nothing else sets the done flag.
     void execute();
     void revert();

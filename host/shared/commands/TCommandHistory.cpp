@@ -29,13 +29,15 @@ public:
     ~TStackEntry() override
     {
         fHistory.fEntries.removeOne(this);
-        last().removeHistoryCommand();
+        if (!isEmpty())
+            last().removeHistoryCommand();
     }
     void undo() override
     {
         for (auto it = fCommands.rbegin(); it != fCommands.rend(); ++it)
             (*it)->revert();
-        last().undoHistoryCommand();
+        if (!isEmpty())
+            last().undoHistoryCommand();
         fHistory.changed();
     }
     void redo() override
@@ -52,9 +54,23 @@ public:
     {
         if (!command->isViewOnly())
             fStamp = ++fHistory.fLastStamp;
+        setText(command->description());
         fCommands.push_back(std::move(command));
     }
-    bool isDone() const { return last().isDone(); }
+    /// Undoes and gives up the last command; the next one takes its place.
+    void dropLast()
+    {
+        last().revert();
+        last().removeHistoryCommand();
+        fCommands.pop_back();
+    }
+    bool isDone() const { return !fCommands.empty() && last().isDone(); }
+    bool isEmpty() const { return fCommands.empty(); }
+    /// The last command's entries tell of all.
+    QList<THistoryCommand *> entries() const
+    {
+        return fCommands.empty() ? QList<THistoryCommand *>() : last().historyCmdList();
+    }
     int gesture() const { return fGesture; }
     /// 0 for a step that changed views only.
     qint64 stamp() const { return fStamp; }
@@ -108,14 +124,53 @@ void TCommandHistory::beginGesture()
 {
     ++fGesture;
     fInGesture = true;
+    fIsEditRun = false;
+}
+
+void TCommandHistory::beginEditRun()
+{
+    beginGesture();
+    fIsEditRun = true;
+}
+
+void TCommandHistory::endGesture()
+{
+    fInGesture = false;
+    fIsEditRun = false;
+}
+
+/// The newest step, when the present gesture made it and it is done; null otherwise.
+TCommandHistory::TStackEntry *TCommandHistory::newestOfGesture() const
+{
+    if (!fInGesture || fMergeDepth > 0 || fEntries.isEmpty())
+        return nullptr;
+    TStackEntry *newest = fEntries.last();
+    return newest->isDone() && newest->gesture() == fGesture ? newest : nullptr;
+}
+
+/// False when the command makes a step of its own or follows its predecessor.
+bool TCommandHistory::replaceInRun(std::unique_ptr<TCommand> &command)
+{
+    TStackEntry *newest = newestOfGesture();
+    if (!fIsEditRun || !newest || !command->replacesInEditRun() || !newest->last().mergeCommand(command.get()))
+        return false;
+    newest->dropLast();
+    command->execute();
+    if (!command->isVoid()) {
+        command->doHistoryCommand();
+        newest->take(std::move(command));
+    } else if (newest->isEmpty()) { // the run is back where it began
+        newest->setObsolete(true);
+        fStack.undo(); // which deletes an obsolete step
+    }
+    changed();
+    return true;
 }
 
 bool TCommandHistory::joinGesture(std::unique_ptr<TCommand> &command)
 {
-    if (!fInGesture || fMergeDepth > 0 || fEntries.isEmpty())
-        return false;
-    TStackEntry *newest = fEntries.last();
-    if (!newest->isDone() || newest->gesture() != fGesture || !newest->last().mergeCommand(command.get()))
+    TStackEntry *newest = newestOfGesture();
+    if (!newest || !newest->last().mergeCommand(command.get()))
         return false;
     newest->last().removeHistoryCommand(); // one entry, with the last parameters
     newest->take(std::move(command));
@@ -127,6 +182,8 @@ bool TCommandHistory::push(TCommand *command)
     std::unique_ptr<TCommand> owned(command);
     if (!command || command->isVoid())
         return false;
+    if (replaceInRun(owned))
+        return !owned; // a void command is left over
     command->execute();
     if (command->isVoid()) // running it showed that there was nothing to do
         return false;
@@ -165,6 +222,27 @@ QList<THistoryCommand *> TCommandHistory::entries() const
 {
     QList<THistoryCommand *> entries;
     for (const TStackEntry *entry : fEntries)
-        entries += entry->last().historyCmdList();
+        entries += entry->entries();
     return entries;
+}
+
+void TCommandHistory::addTo(TStep &step, const QUndoCommand *command)
+{
+    if (const auto *entry = dynamic_cast<const TStackEntry *>(command)) {
+        step.fEntries += entry->entries();
+        step.fIsViewOnly = step.fIsViewOnly && entry->stamp() == 0;
+    }
+    for (int i = 0; i < command->childCount(); ++i)
+        addTo(step, command->child(i));
+}
+
+TCommandHistory::TStep TCommandHistory::step(int index) const
+{
+    TStep step;
+    if (const QUndoCommand *command = fStack.command(index)) {
+        step.fText = command->text();
+        step.fIsViewOnly = true;
+        addTo(step, command);
+    }
+    return step;
 }

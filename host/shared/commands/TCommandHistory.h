@@ -26,7 +26,11 @@ public:
     /// A press to its release, a key held, a run of wheel events: within one, commands that accept each other
     /// (TCommand::mergeCommand) make one undo step. Outside of gestures nothing merges.
     void beginGesture();
-    void endGesture() { fInGesture = false; }
+    /// A gesture of edits that each set the same things anew, as those of a dock: within it a command that
+    /// TCommand::replacesInEditRun says so of is preceded by the undo of its predecessor, which leaves the step, so
+    /// that the step holds what one command holds. Ends with endGesture.
+    void beginEditRun();
+    void endGesture();
     /// The number of the present gesture; 0 outside of gestures.
     int gesture() const { return fInGesture ? fGesture : 0; }
 
@@ -49,10 +53,23 @@ public:
     /// The entries of all commands on the stack, in the order in which they were done.
     QList<THistoryCommand *> entries() const;
 
+    /// What the undo stack holds at one of its places.
+    struct TStep
+    {
+        QString fText;
+        QList<THistoryCommand *> fEntries; // not owned; of all commands of a group
+        bool fIsViewOnly = false;
+    };
+    /// `index` is that of the undo stack.
+    TStep step(int index) const;
+
 private:
     class TStackEntry;
 
+    TStackEntry *newestOfGesture() const;
+    bool replaceInRun(std::unique_ptr<TCommand> &command);
     bool joinGesture(std::unique_ptr<TCommand> &command);
+    static void addTo(TStep &step, const QUndoCommand *command);
     void changed();
     /// Names the state of the document: the last step done that changed more than views; 0 without one.
     qint64 stamp() const;
@@ -63,6 +80,7 @@ private:
     int fEditCount = 0;
     int fGesture = 0;
     bool fInGesture = false;
+    bool fIsEditRun = false;
     QList<TStackEntry *> fEntries; // owned by the stack; stands before it, since its entries sign off here
     QUndoStack fStack;
     int fMergeDepth = 0;
