@@ -1,5 +1,6 @@
 // A whole chain on a stack of 1,000 spectra of 2,000 points: units, automatic baseline, standard normal variate,
-// smoothing, peaks. The chain alone, and as a command with its snapshot, undone and done again.
+// smoothing, peaks. The chain alone, and as a command with its snapshot, undone and done again; what a user waits for
+// in the history, beside the time that compressing the snapshot takes; a dock's run of a hundred edits.
 #include "../import/TPeakMemory.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexProcessing.h"
@@ -9,9 +10,12 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QUndoStack>
 #include <benchmark/benchmark.h>
 #include <cmath>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -101,10 +105,64 @@ void commandOnStack(benchmark::State &state)
     state.counters["snapshot MB"] = double(bytes) / 1e6;
 }
 
+double seconds(const std::function<void()> &work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return double(timer.nsecsElapsed()) * 1e-9;
+}
+
+/// Do, undo and redo one after the other, as a user has them who does not wait for the snapshot; then undo from the
+/// compressed one.
+void historyOnStack(benchmark::State &state)
+{
+    TDocument document;
+    TCanvasYrexSpectrum *item = addStack(document);
+    QUndoStack *stack = document.history().stack();
+    QByteArray bytes;
+    item->storeFullState(bytes);
+    for (auto _ : state) {
+        auto *command = new TCmdYrexProcessing(document.items(), wholeChain());
+        state.counters["compress s"] = seconds([&bytes] { benchmark::DoNotOptimize(qCompress(bytes, -1)); });
+        state.counters["do s"] = seconds([&document, command] { document.history().push(command); });
+        state.counters["undo s"] = seconds([stack] { stack->undo(); });
+        state.counters["redo s"] = seconds([stack] { stack->redo(); });
+        state.counters["snapshot MB"] = double(command->snapshotBytes()) / 1e6;
+        state.counters["late undo s"] = seconds([stack] { stack->undo(); });
+    }
+}
+
+void editRunOnStack(benchmark::State &state)
+{
+    constexpr int cEdits = 100;
+    TDocument document;
+    addStack(document);
+    TYrexProcParams chain;
+    const int index = chain.indexOfAction(cProcSmoothing);
+    QVariantMap action = chain.action(index);
+    action[cKeyApply] = true;
+    chain.setAction(index, action);
+    const TPeakMemory memory;
+    for (auto _ : state) {
+        document.history().beginEditRun();
+        for (int i = 0; i < cEdits; ++i) {
+            auto *command = new TCmdYrexProcessing(document.items(), chain);
+            command->setMergeableFlag(true);
+            document.history().push(command);
+        }
+        document.history().endGesture();
+    }
+    state.counters["steps"] = document.history().stack()->count();
+    state.counters["peak MB"] = double(memory.peak()) / 1e6;
+}
+
 } // namespace
 
 BENCHMARK(chainOnStack)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(commandOnStack)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(2);
+BENCHMARK(historyOnStack)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
+BENCHMARK(editRunOnStack)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
 int main(int argc, char **argv)
 {

@@ -27,6 +27,7 @@
 #include "TUnitsController.h"
 #include "TViewController.h"
 #include "WDocumentView.h"
+#include "WHistoryPane.h"
 #include "WLogPane.h"
 #include "WPageNavigator.h"
 #include "WRecoveryDialog.h"
@@ -117,6 +118,9 @@ void WMainWindow::makeDocks()
     fLog = new WLogPane(this);
     addDockWidget(Qt::BottomDockWidgetArea, fLog);
     fLog->hide();
+    fHistory = new WHistoryPane(*fDocuments, this);
+    addDockWidget(Qt::RightDockWidgetArea, fHistory);
+    fHistory->hide();
     fStack = new WStackedSpectraDock(fHost, *fDocuments, this);
     addDockWidget(Qt::BottomDockWidgetArea, fStack);
     tabifyDockWidget(fStack, fLog);
@@ -245,6 +249,7 @@ void WMainWindow::connectDocuments()
     connect(fActions->menu("window"), &QMenu::aboutToShow, this, &WMainWindow::fillWindowMenu);
     addDockAction(fPages, "Ctrl+1");
     addDockAction(fStack, "Ctrl+5");
+    addDockAction(fHistory, "Ctrl+7");
     addDockAction(fLog, QString());
 }
 
@@ -294,10 +299,12 @@ void WMainWindow::setFirstLayout()
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         dock->setFloating(false);
     addDockWidget(Qt::LeftDockWidgetArea, fPages);
+    addDockWidget(Qt::RightDockWidgetArea, fHistory);
     addDockWidget(Qt::BottomDockWidgetArea, fStack);
     addDockWidget(Qt::BottomDockWidgetArea, fLog);
     tabifyDockWidget(fStack, fLog);
     fPages->show();
+    fHistory->hide();
     fStack->hide();
     fLog->hide();
     resizeDocks({fPages}, {cPagesWidth}, Qt::Horizontal);

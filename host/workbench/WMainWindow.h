@@ -18,6 +18,7 @@ class TStackController;
 class WStatusReadout;
 class TGuiHost;
 class TKelmoraHost;
+class WHistoryPane;
 class WPageNavigator;
 class WStackedSpectraDock;
 
@@ -75,6 +76,7 @@ private:
     std::unique_ptr<TGuiHost> fGui;
     WPageNavigator *fPages;
     QDockWidget *fLog;
+    WHistoryPane *fHistory;
     WStackedSpectraDock *fStack;
     TShellController *fShell = nullptr;
     TShowController *fShow = nullptr;

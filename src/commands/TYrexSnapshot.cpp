@@ -22,7 +22,7 @@ public:
     void add(qint64 bytes)
     {
         QMutexLocker lock(&fMutex);
-        while (fBytes > 0 && fBytes + bytes > TYrexSnapshot::cMostWaiting)
+        while (fBytes > 0 && fBytes + bytes > fMost)
             fLess.wait(&fMutex);
         fBytes += bytes;
     }
@@ -30,6 +30,12 @@ public:
     {
         QMutexLocker lock(&fMutex);
         fBytes -= bytes;
+        fLess.wakeAll();
+    }
+    void setMost(qint64 bytes)
+    {
+        QMutexLocker lock(&fMutex);
+        fMost = bytes;
         fLess.wakeAll();
     }
     qint64 bytes()
@@ -42,6 +48,7 @@ private:
     QMutex fMutex;
     QWaitCondition fLess;
     qint64 fBytes = 0;
+    qint64 fMost = TYrexSnapshot::cMostWaiting;
 };
 
 TWaitingBytes &waiting()
@@ -198,4 +205,9 @@ qint64 TYrexSnapshot::bytes() const
 qint64 TYrexSnapshot::waitingBytes()
 {
     return waiting().bytes();
+}
+
+void TYrexSnapshot::setMostWaiting(qint64 bytes)
+{
+    waiting().setMost(bytes);
 }

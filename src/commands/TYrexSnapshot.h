@@ -26,6 +26,8 @@ public:
 
     /// The bytes of all snapshots that are not compressed yet.
     static qint64 waitingBytes();
+    /// Another bound than cMostWaiting, for machines with little memory and for tests.
+    static void setMostWaiting(qint64 bytes);
 
 private:
     struct TJob;

@@ -52,13 +52,19 @@ TEST(TYrexSnapshot, snapshotsThatGoWhileTheirWorkerRunsLeaveNothingWaiting)
         }
     }
     // a taker is let in again although more than the bound was handed over all in all
+    constexpr int cSize = 1024 * 1024;
+    TYrexSnapshot::setMostWaiting(2 * cSize);
     std::vector<std::unique_ptr<TYrexSnapshot>> kept;
     for (int i = 0; i < 6; ++i) {
         kept.push_back(std::make_unique<TYrexSnapshot>());
-        kept.back()->take(QByteArray(64 * 1024 * 1024, char(i)));
-        EXPECT_LE(TYrexSnapshot::waitingBytes(), TYrexSnapshot::cMostWaiting);
+        kept.back()->take(QByteArray(cSize, char(i + 1)));
+        EXPECT_LE(TYrexSnapshot::waitingBytes(), 2 * cSize);
     }
     waitForAll(kept);
     for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(kept.at(size_t(i))->state().at(64 * 1024 * 1024 - 1), char(i));
+        EXPECT_EQ(kept.at(size_t(i))->state().at(cSize - 1), char(i + 1));
+    TYrexSnapshot large; // alone it goes, whatever the bound
+    large.take(noise(3 * cSize, 1));
+    EXPECT_EQ(large.state(), noise(3 * cSize, 1));
+    TYrexSnapshot::setMostWaiting(TYrexSnapshot::cMostWaiting);
 }
