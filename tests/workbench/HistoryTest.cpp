@@ -95,7 +95,7 @@ TEST_F(HistoryTest, viewStepsOfAnItemFoldUnlessTheyAreAskedFor)
     EXPECT_EQ(rows().at(2), zoomed + " <");
     pane()->findChild<QCheckBox *>()->click();
     pane()->findChild<QLineEdit *>()->setText("TITLED");
-    EXPECT_EQ(model()->rowCount(), 3) << "a parameter holds it, or the item's name since then; the rule stays";
+    EXPECT_EQ(model()->rowCount(), 3) << "the step, a later one of the item of that name, and the rule";
 }
 
 TEST_F(HistoryTest, stepsOfAnEarlierSessionStandBelowTheRuleAndCannotBeReached)
