@@ -7,7 +7,6 @@
 #include "canvas/TCanvasSpectrum.h"
 #include "canvas/TDocument.h"
 #include "canvas/TItemFragment.h"
-#include "commands/TCmdChangePlots.h"
 #include "commands/TCmdCreateItem.h"
 #include "commands/TCmdStackedItemsArrange.h"
 #include "commands/TCmdStackedItemsDeletion.h"
@@ -39,14 +38,7 @@ void TStackController::addDisplayModes()
 {
     const auto add = [this](const QString &name, int mode) {
         fActions.on(
-            name,
-            [this, mode] {
-                fSelection.push(new TCmdChangePlots(tr("Display Mode"), fSelection.items(),
-                                                    [mode](TCanvasSpectrum &item, TBasePlot &) {
-                                                        if (IStackedItemCtx *stack = item.stackedContext())
-                                                            stack->setDisplayMode(mode);
-                                                    }));
-            },
+            name, [this, mode] { fSelection.push(fSelection.first()->displayModeCommand(fSelection.items(), mode)); },
             [this] { return fSelection.noStack(); },
             [this, mode] {
                 const T1DStackedPlot *plot = fSelection.stackedPlot();

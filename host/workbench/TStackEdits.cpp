@@ -1,7 +1,6 @@
 #include "TStackEdits.h"
 
 #include "canvas/TCanvasSpectrum.h"
-#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangePlots.h"
 #include "contexts/IStackedItemCtx.h"
 #include "params/TSpectrumParam.h"
@@ -27,7 +26,7 @@ QVariant TStackEdits::fact(TCanvasItem *item, int index, TFact fact) const
 
 TCommand *TStackEdits::activeCommand(TCanvasItem *item, int index)
 {
-    return new TCmdActiveSpectrum(TCanvasItemList{item}, index);
+    return item->activeSpectrumCommand(TCanvasItemList{item}, index);
 }
 
 TCommand *TStackEdits::titleCommand(TCanvasItem *item, int index, const QString &title)

@@ -14,7 +14,10 @@ TCmdYrexSetOrigUnits::TParamState TCmdYrexSetOrigUnits::paramState(const TYrexSp
 void TCmdYrexSetOrigUnits::setParamState(TYrexSpectrum &spectrum, int id, const TParamState &state)
 {
     if (TSpectrumParam *entry = spectrum.params().getParam(id)) {
-        entry->setValue(0, state.fText);
+        if (state.fText.isNull()) // it was never set
+            entry->unset();
+        else
+            entry->setValue(0, state.fText);
         entry->setEdited(state.fEdited);
     }
 }
@@ -25,6 +28,7 @@ TCmdYrexSetOrigUnits::TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDi
     , fUnit(unit)
     , fTargets(targets)
     , fOld(TCanvasItemsCommand::items().size())
+    , fPlots(TCanvasItemsCommand::items().size())
 {
 }
 
@@ -61,6 +65,7 @@ void TCmdYrexSetOrigUnits::doItem(TCanvasYrexSpectrum *item, int index)
 {
     QVector<TUnits> &old = fOld[index];
     old.clear();
+    fPlots[index].capture(item);
     for (const int specIndex : targets(*item)) {
         TYrexSpectrum &spectrum = *item->stack().at(specIndex);
         old.append({specIndex, spectrum.origXUnits(), spectrum.origYUnits(), spectrum.xUnits(), spectrum.yUnits(),
@@ -87,7 +92,8 @@ void TCmdYrexSetOrigUnits::undoItem(TCanvasYrexSpectrum *item, int index)
         setParamState(*spectrum, origParam(), units.fOrigParam);
         setParamState(*spectrum, param(), units.fParam);
     }
-    showUnits(item);
+    fPlots.at(index).restore(item);
+    item->update();
 }
 
 THistoryCommand *TCmdYrexSetOrigUnits::makeItemHistory(TCanvasYrexSpectrum *item)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexSpectrumCommand.h"
+#include "commands/TPlotSnapshot.h"
 #include "plot/TAxisDir.h"
 
 #include <QString>
@@ -48,4 +49,5 @@ private:
     int fUnit;
     TTargets fTargets;
     QVector<QVector<TUnits>> fOld; // by item
+    QVector<TPlotSnapshot> fPlots; // by item: the view follows the unit
 };

@@ -6,6 +6,7 @@
 TYrexListCommand::TYrexListCommand(const QString &description, const TCanvasItemList &items)
     : TYrexCommand(description, items)
     , fSnapshots(size_t(TCanvasItemsCommand::items().size()))
+    , fPlots(TCanvasItemsCommand::items().size())
 {
 }
 
@@ -23,7 +24,7 @@ void TYrexListCommand::doItem(TCanvasYrexSpectrum *item, int index)
 void TYrexListCommand::undoItem(TCanvasYrexSpectrum *item, int index)
 {
     restoreItem(item, index);
-    finishItem(item, index, false);
+    fPlots.at(index).restore(item); // labels and scales followed the spectra
     item->update();
 }
 
@@ -42,6 +43,7 @@ void TYrexListCommand::saveItem(TCanvasYrexSpectrum *item, int index)
     QByteArray state;
     item->storeFullState(state);
     fSnapshots[size_t(index)].take(std::move(state));
+    fPlots[index].capture(item);
 }
 
 void TYrexListCommand::restoreItem(TCanvasYrexSpectrum *item, int index)

@@ -2,6 +2,7 @@
 
 #include "TYrexCommand.h"
 #include "TYrexSnapshot.h"
+#include "commands/TPlotSnapshot.h"
 
 #include <vector>
 
@@ -32,4 +33,5 @@ public:
 
 private:
     std::vector<TYrexSnapshot> fSnapshots; // by item
+    QVector<TPlotSnapshot> fPlots;         // by item
 };

@@ -1,6 +1,8 @@
 #include "TCanvasYrexSpectrum.h"
 
 #include "T1DYrexPlot.h"
+#include "TCmdYrexItemStateChanged.h"
+#include "TCmdYrexSpectrumPanning.h"
 #include "TDAYrexItemCtx.h"
 #include "TYrexChainJson.h"
 #include "TYrexPlotTitleParser.h"
@@ -156,6 +158,23 @@ QString TCanvasYrexSpectrum::descriptiveText() const
 {
     const TYrexSpectrum *spectrum = currentSpectrum();
     return spectrum ? spectrum->descriptiveText() : QString();
+}
+
+TCommand *TCanvasYrexSpectrum::activeSpectrumCommand(const TCanvasItemList &items, int index) const
+{
+    return new TCmdYrexItemStateChanged(TCmdYrexItemStateChanged::cSetActive, index, items);
+}
+
+TCommand *TCanvasYrexSpectrum::displayModeCommand(const TCanvasItemList &items, int mode) const
+{
+    return new TCmdYrexItemStateChanged(TCmdYrexItemStateChanged::cStackedMode, mode, items);
+}
+
+TCommand *TCanvasYrexSpectrum::panCommand(const TCanvasItemList &items, double dx, double dy) const
+{
+    auto command = std::make_unique<TCmdYrexSpectrumPanning>(TCmdYrexSpectrumPanning::cPan, items, true);
+    command->addDelta(dx, dy);
+    return command->hasMoved() ? command.release() : nullptr;
 }
 
 IYrexPlotData *TCanvasYrexSpectrum::plotData(const QUuid &id)

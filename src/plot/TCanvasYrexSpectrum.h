@@ -42,6 +42,9 @@ public:
     void captureView(TViewHistoryEntry &view) const override;
     void restoreView(const TViewHistoryEntry &view) override;
     IStackedItemCtx *stackedContext() override { return &fStackedCtx; }
+    TCommand *activeSpectrumCommand(const TCanvasItemList &items, int index) const override;
+    TCommand *displayModeCommand(const TCanvasItemList &items, int mode) const override;
+    TCommand *panCommand(const TCanvasItemList &items, double dx, double dy) const override;
     QByteArray chainText() const override;
     QVector<TShownSeries> shownSeries() const override;
 

@@ -4,7 +4,6 @@
 #include "TStackItem.h"
 #include "canvas/TItemFragment.h"
 #include "canvas/TLoadReport.h"
-#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdDeleteItems.h"
 #include "commands/TCmdEditSpectrumClass.h"
@@ -326,11 +325,11 @@ TEST(StackCommands, seriesValuesActiveSpectrumAndSecondAxisSwap)
     EXPECT_EQ(stack.stack().arrayedValue(1), 37.5);
     EXPECT_EQ(stack.stack().arrayedValue(2), -4.0);
     EXPECT_FALSE(stack.history().push(new TCmdYrexSeriesValues({stack.item}, {})));
-    EXPECT_TRUE(stack.history().push(new TCmdActiveSpectrum({stack.item}, 2)));
+    EXPECT_TRUE(stack.history().push(stack.item->activeSpectrumCommand({stack.item}, 2)));
     EXPECT_EQ(stack.stack().activeIndex(), 2);
     stack.history().stack()->undo();
     EXPECT_EQ(stack.stack().activeIndex(), 0);
-    EXPECT_FALSE(stack.history().push(new TCmdActiveSpectrum({stack.item}, 3)));
+    EXPECT_FALSE(stack.history().push(stack.item->activeSpectrumCommand({stack.item}, 3)));
     const auto second = [&] {
         auto bag = std::make_unique<TYrexSpectrumPropertiesBag>();
         bag->setValue("axes.second", stack.plot().secondAxisUnits().first().first);

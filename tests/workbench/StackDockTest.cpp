@@ -308,7 +308,7 @@ TEST_F(StackDockTest, theActiveSpectrumIsAViewAndHeldKeysAreOneStep)
     key(Qt::Key_Down);
     key(Qt::Key_Down);
     EXPECT_EQ(stack()->activeIndex(), 2);
-    EXPECT_EQ(lastStep(), "Active Spectrum");
+    EXPECT_EQ(lastStep(), "Set Active Spectrum");
     EXPECT_FALSE(document()->history().isModified());
     undo()->undo();
     EXPECT_EQ(stack()->activeIndex(), 0);

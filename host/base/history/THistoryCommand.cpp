@@ -22,6 +22,11 @@ void THistoryCommand::addParam(const QString &name, const QVariant &value, const
     fParams.append({name, value, QVariant(), text});
 }
 
+void THistoryCommand::addChange(const QString &name, const QVariant &value, const QVariant &oldValue)
+{
+    fParams.append({name, value, oldValue, QString()});
+}
+
 void THistoryCommand::addParamMapDiff(const QString &name, const QVariantMap &now, const QVariantMap &before,
                                       const QString &text)
 {

@@ -21,6 +21,8 @@ public:
     THistoryCommand(const QString &description, THistoryItem *item, const QString &text);
 
     void addParam(const QString &name, const QVariant &value, const QString &text);
+    /// A parameter with what it was before.
+    void addChange(const QString &name, const QVariant &value, const QVariant &oldValue);
     /// Adds a parameter for every key whose value differs between the maps, named "name: key"; none for equal maps.
     void addParamMapDiff(const QString &name, const QVariantMap &now, const QVariantMap &before, const QString &text);
 

@@ -70,6 +70,18 @@ void setDeterministic(const QByteArray &seed)
     uuidSeries() = TUuidSeries{seed, 0};
 }
 
+TUuidScope::TUuidScope(const QByteArray &seed)
+    : fSeed(uuidSeries().fSeed)
+    , fCount(uuidSeries().fCount)
+{
+    setDeterministic(seed);
+}
+
+TUuidScope::~TUuidScope()
+{
+    uuidSeries() = TUuidSeries{fSeed, fCount};
+}
+
 QDateTime now()
 {
     bool ok = false;

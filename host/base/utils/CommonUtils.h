@@ -20,6 +20,21 @@ QUuid createUuid();
 /// batch seeds with its input, so that the same input gives the same bytes.
 void setDeterministic(const QByteArray &seed);
 
+/// While it lives ids are the series of a seed; then they go on as before. A step that is done again gives what it
+/// makes the ids of the first time, so that later steps find it.
+class TUuidScope
+{
+public:
+    explicit TUuidScope(const QByteArray &seed);
+    ~TUuidScope();
+    TUuidScope(const TUuidScope &) = delete;
+    TUuidScope &operator=(const TUuidScope &) = delete;
+
+private:
+    QByteArray fSeed; // of the series outside
+    quint64 fCount;
+};
+
 /// The time to write into files, in UTC: SOURCE_DATE_EPOCH of the environment (seconds) when it is set, else the fixed
 /// time, else the clock.
 QDateTime now();

@@ -17,6 +17,8 @@
 
 class IStackedItemCtx;
 class TBasePlot;
+class TCanvasItemList;
+class TCommand;
 class TDataStream;
 
 /// An item of a document.
@@ -83,6 +85,12 @@ public:
     void followCopies(const QMap<QUuid, QUuid> &copies);
     /// The item's spectra as a stack; null for an item that is none. The item owns it.
     virtual IStackedItemCtx *stackedContext() { return nullptr; }
+    /// Commands for items of this item's kind, as whoever draws it makes them; the caller owns them. Null for a kind
+    /// that knows no such change.
+    virtual TCommand *activeSpectrumCommand(const TCanvasItemList &, int /*index*/) const { return nullptr; }
+    virtual TCommand *displayModeCommand(const TCanvasItemList &, int /*mode*/) const { return nullptr; }
+    /// By canvas units, positive right and up.
+    virtual TCommand *panCommand(const TCanvasItemList &, double /*dx*/, double /*dy*/) const { return nullptr; }
 
     TItemProperties &properties() { return fProperties; }
     const TItemProperties &properties() const { return fProperties; }

@@ -52,6 +52,10 @@ void TCmdPlotProperties::doCmdItem(TCanvasItem *item, int index)
 void TCmdPlotProperties::undoCmdItem(TCanvasItem *item, int index)
 {
     const TBefore &before = fBefore.at(index);
+    const std::unique_ptr<TPropertiesBag> bag = fBag->create(); // some fields stand in bags only, not with the plot
+    for (auto it = before.fields.constBegin(); it != before.fields.constEnd(); ++it)
+        bag->setValue(it.key(), it.value());
+    bag->applyTo(*item);
     if (IStackedItemCtx *stack = item->stackedContext())
         stack->setDisplayMode(before.displayMode); // the grouping of the spectra goes with the mode
     before.plots.restore(item);

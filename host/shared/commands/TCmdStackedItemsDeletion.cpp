@@ -1,9 +1,8 @@
 #include "commands/TCmdStackedItemsDeletion.h"
 
-#include "canvas/TCanvasSpectrum.h"
+#include "canvas/TCanvasItem.h"
 #include "contexts/IStackedItemCtx.h"
 #include "history/THistoryCommand.h"
-#include "plot/T1DStackedPlot.h"
 
 #include <algorithm>
 
@@ -63,22 +62,6 @@ void TCmdStackedItemsDeletion::undoCmdItem(TCanvasItem *item, int index)
         stack.insert(before.taken.at(i).index, before.taken.at(i).bytes);
     before.stack.restore(stack);
     before.plots.restore(item);
-    auto *spectrum = dynamic_cast<TCanvasSpectrum *>(item);
-    auto *plot = spectrum ? dynamic_cast<T1DStackedPlot *>(spectrum->activePlot()) : nullptr;
-    if (!plot)
-        return;
-    T1DStackedPlotProperties &properties = plot->stackedProperties();
-    const QMap<quint32, double> factors = properties.factors();
-    const QMap<quint32, double> offsets = properties.offsets();
-    for (const TTaken &taken : before.taken) {
-        properties.setFactor(quint32(taken.id), 1.0);
-        properties.setOffset(quint32(taken.id), 0.0);
-    }
-    for (const TTaken &taken : before.taken) {
-        const auto id = quint32(stack.idOf(taken.index));
-        properties.setFactor(id, factors.value(quint32(taken.id), 1.0));
-        properties.setOffset(id, offsets.value(quint32(taken.id), 0.0));
-    }
 }
 
 THistoryCommand *TCmdStackedItemsDeletion::itemHistoryCommand(TCanvasItem *item)

@@ -1,6 +1,7 @@
 #include "commands/TCommand.h"
 
 #include "history/THistoryCommand.h"
+#include "utils/CommonUtils.h"
 
 void TCommand::undoHistoryCommand()
 {
@@ -27,6 +28,9 @@ bool TCommand::mergeCommand(TCommand *next)
 
 void TCommand::execute()
 {
+    if (fIdSeed.isNull())
+        fIdSeed = Utils::Common::createUuid();
+    const Utils::Common::TUuidScope scope(fIdSeed.toByteArray());
     doCmd();
     fDone = true;
 }

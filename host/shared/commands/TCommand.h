@@ -3,6 +3,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QUuid>
 
 class THistoryCommand;
 class THistoryItem;
@@ -60,6 +61,7 @@ protected:
 private:
     QString fDescription;
     QList<THistoryCommand *> fHistory; // children of this object
+    QUuid fIdSeed;                     // what a do step makes has the same ids each time
     bool fDone = false;
     bool fMergeable = false;
     bool fVoid = false;

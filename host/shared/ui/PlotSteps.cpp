@@ -1,8 +1,6 @@
 #include "ui/PlotSteps.h"
 
 #include "canvas/TCanvasSpectrum.h"
-#include "commands/TCmdActiveSpectrum.h"
-#include "commands/TCmdPanSpectra.h"
 #include "commands/TCmdPlotProperties.h"
 #include "commands/TCmdZoomSpectra.h"
 #include "commands/TCommandHistory.h"
@@ -63,7 +61,7 @@ void panBy(TCommandHistory &history, const TCanvasItemList &items, double shareX
         return;
     const QRectF curves = plot->plotter()->getPlotCurvesRect();
     // the view goes right when the curves go left
-    history.push(new TCmdPanSpectra(items, -shareX * curves.width(), -shareY * curves.height()));
+    history.push(canvasItem(items.first())->panCommand(items, -shareX * curves.width(), -shareY * curves.height()));
 }
 
 bool stepActive(TCommandHistory &history, const TCanvasItemList &items, int places)
@@ -77,7 +75,7 @@ bool stepActive(TCommandHistory &history, const TCanvasItemList &items, int plac
     if (order.size() < 2 || place < 0)
         return false;
     const int next = order.at(qBound(0, place + places, order.size() - 1));
-    history.push(new TCmdActiveSpectrum(TCanvasItemList{item}, next));
+    history.push(item->activeSpectrumCommand(TCanvasItemList{item}, next));
     return true;
 }
 

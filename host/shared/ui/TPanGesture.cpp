@@ -1,7 +1,7 @@
 #include "ui/TPanGesture.h"
 
+#include "canvas/TCanvasItemList.h"
 #include "canvas/TCanvasSpectrum.h"
-#include "commands/TCmdPanSpectra.h"
 #include "plot/TBasePlot.h"
 
 void TPanGesture::start(const TMouseSpot &spot, int mask)
@@ -43,7 +43,7 @@ TCommand *TPanGesture::finish()
     moved->setPlotData(fStartView);
     if (fDelta.isNull())
         return nullptr;
-    return new TCmdPanSpectra({item}, fDelta.x(), fDelta.y());
+    return item->panCommand({item}, fDelta.x(), fDelta.y());
 }
 
 void TPanGesture::cancel()

@@ -1,9 +1,7 @@
 #include "ui/TPlotHand.h"
 
 #include "canvas/TCanvasSpectrum.h"
-#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
-#include "commands/TCmdPanSpectra.h"
 #include "commands/TCmdZoomSpectra.h"
 #include "commands/TCommandHistory.h"
 #include "contexts/IStackedItemCtx.h"
@@ -153,7 +151,7 @@ void TPlotHand::click(QMouseEvent *event, const TMouseSpot &spot)
         if (!selected.isEmpty()) // the last one stays
             stack->setSelected(selected);
     } else {
-        view()->history().push(new TCmdActiveSpectrum(TCanvasItemList{spot.item}, index));
+        view()->history().push(spot.item->activeSpectrumCommand(TCanvasItemList{spot.item}, index));
     }
     spot.item->update();
     view()->stackChanged(spot.item);
@@ -272,7 +270,7 @@ bool TPlotHand::wheel(QWheelEvent *event, const TMouseSpot &spot)
     if (isPan || (isSideways && !(event->modifiers() & Qt::ShiftModifier))) {
         const double scale = spot.plot->viewScale() > 0.0 ? spot.plot->viewScale() : 1.0;
         const QPointF delta = isPan ? QPointF(event->pixelDelta()) : QPointF(angle.x() / 2.0, 0.0);
-        view()->history().push(new TCmdPanSpectra(items, delta.x() / scale, -delta.y() / scale));
+        view()->history().push(spot.item->panCommand(items, delta.x() / scale, -delta.y() / scale));
         return true;
     }
     const double notches = (angle.y() != 0 ? angle.y() : angle.x()) / cNotch;

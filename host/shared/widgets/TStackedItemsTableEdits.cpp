@@ -1,7 +1,6 @@
 // The edits of TStackedItemsTableModel.
 #include "widgets/TStackedItemsTableModel.h"
 
-#include "commands/TCmdActiveSpectrum.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdEditSpectrumClass.h"
 #include "commands/TCmdPanSpectra.h"
@@ -22,7 +21,6 @@
 
 namespace {
 
-const QString cDisplayModeKey = QStringLiteral("stack.displayMode");
 const QString cColorSettingKey = QStringLiteral("stack.colorSetting");
 
 } // namespace
@@ -111,7 +109,7 @@ void TStackedItemsTableModel::activate(int row)
     if (fEdits) {
         push(fEdits->activeCommand(fItem.get(), spectrum));
     } else {
-        push(new TCmdActiveSpectrum(items(), spectrum));
+        push(fItem->activeSpectrumCommand(items(), spectrum));
     }
     refresh();
 }
@@ -259,7 +257,9 @@ int TStackedItemsTableModel::displayMode() const
 
 void TStackedItemsTableModel::setDisplayMode(int mode)
 {
-    editProperty(cDisplayModeKey, mode);
+    if (fItem)
+        push(fItem->displayModeCommand(items(), mode));
+    refresh();
 }
 
 int TStackedItemsTableModel::colorSetting() const

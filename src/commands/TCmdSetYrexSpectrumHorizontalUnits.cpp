@@ -1,0 +1,73 @@
+#include "TCmdSetYrexSpectrumHorizontalUnits.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TYrexUnits.h"
+
+namespace {
+
+bool isAxisUnit(int unit)
+{
+    switch (unit) {
+    case cUnitWavenumber:
+    case cUnitMicrometers:
+    case cUnitNanometers:
+    case cUnitRamanShift:
+    case cUnitFieldGauss:
+    case cUnitFieldTesla:
+    case cUnitArbitrary:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+TCmdSetYrexSpectrumHorizontalUnits::TCmdSetYrexSpectrumHorizontalUnits(int unit, const TCanvasItemList &items,
+                                                                       bool useOriginal)
+    : TYrexUnitsCommand(tr("Set Zarnu Spec Horz Units to "), horzDir, unit, items)
+    , fBefore(items.size())
+    , fUseOriginal(useOriginal)
+{
+}
+
+void TCmdSetYrexSpectrumHorizontalUnits::doCommand(TCanvasItem *item, TBasePlot *plot)
+{
+    TYrexSpectrum *spectrum = yrexItem(item)->currentSpectrum();
+    if (spectrum && isAxisUnit(unit()) && spectrum->xUnits() != unit()) {
+        setChanged();
+        spectrum->setParamValue(TSpectrumParam::cXUnits, 1, yrexUnitDisplayName(unit()));
+    }
+    if (fUseOriginal || shownUnit(*plot) != unit()) // else the view stays as the user left it
+        static_cast<T1DYrexPlot *>(plot)->changeUnits(horzDir, unit(), fUseOriginal);
+}
+
+void TCmdSetYrexSpectrumHorizontalUnits::undoCommand(TCanvasItem *, TBasePlot *plot, int itemIndex, int plotIndex)
+{
+    static_cast<T1DYrexPlot *>(plot)->changeUnits(horzDir, oldUnit(itemIndex, plotIndex), fUseOriginal);
+}
+
+void TCmdSetYrexSpectrumHorizontalUnits::saveSpectra(TCanvasYrexSpectrum &item, int index)
+{
+    const TYrexSpectrum &spectrum = *item.currentSpectrum();
+    const TSpectrumParam *param = spectrum.params().getParam(TSpectrumParam::cXUnits);
+    fBefore[index] = {item.stack().current(), spectrum.xUnits(), param ? param->value(0) : QString(),
+                      param && param->isEdited()};
+}
+
+void TCmdSetYrexSpectrumHorizontalUnits::restoreSpectra(TCanvasYrexSpectrum &item, int index)
+{
+    const TBefore &before = fBefore.at(index);
+    TYrexSpectrum *spectrum = item.stack().at(before.fIndex);
+    if (!spectrum)
+        return;
+    spectrum->setUnits(before.fXUnits, spectrum->yUnits());
+    if (TSpectrumParam *param = spectrum->params().getParam(TSpectrumParam::cXUnits)) {
+        if (before.fText.isNull()) // it was never set
+            param->unset();
+        else
+            param->setValue(0, before.fText);
+        param->setEdited(before.fEdited);
+    }
+}

@@ -1,0 +1,89 @@
+#include "TCmdYrexPlotProperties.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TYrexSpectrumPropertiesBag.h"
+#include "history/THistoryCommand.h"
+#include "stream/TDataStream.h"
+
+namespace {
+
+QByteArray bytesOf(const TYrexSpectrumPropertiesBag &bag)
+{
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    bag.store(stream);
+    return bytes;
+}
+
+void loadBag(TYrexSpectrumPropertiesBag &bag, const QByteArray &bytes)
+{
+    TDataStream stream(bytes);
+    bag.load(stream);
+}
+
+QVariantMap fieldsOf(const TCanvasYrexSpectrum &item)
+{
+    TYrexSpectrumPropertiesBag bag;
+    bag.fillFrom(item);
+    return bag.values();
+}
+
+} // namespace
+
+TCmdYrexPlotProperties::TCmdYrexPlotProperties(const TCanvasItemList &items, const TYrexSpectrumPropertiesBag &bag)
+    : TYrexSpectrumCommand(tr("Set Zarnu Spectrum Properties"), items)
+    , fNewProps(bytesOf(bag))
+    , fPlots(TCanvasItemsCommand::items().size())
+    , fOldModes(TCanvasItemsCommand::items().size())
+{
+    setMergeableFlag(true);
+    for (ICanvasItem *entry : qAsConst(TCanvasItemsCommand::items())) {
+        TYrexSpectrumPropertiesBag old;
+        old.fillFrom(*canvasItem(entry));
+        fOldProps.append(bytesOf(old));
+    }
+}
+
+bool TCmdYrexPlotProperties::isApplicable(TCanvasYrexSpectrum *item) const
+{
+    return TYrexSpectrumPropertiesBag().isApplicable(*item);
+}
+
+void TCmdYrexPlotProperties::doCmd()
+{
+    fChanged = false;
+    TYrexSpectrumCommand::doCmd();
+    setVoidFlag(!fChanged);
+}
+
+void TCmdYrexPlotProperties::doItem(TCanvasYrexSpectrum *item, int index)
+{
+    fPlots[index].capture(item);
+    fOldModes[index] = item->stackedContext()->displayMode();
+    const QVariantMap before = fieldsOf(*item);
+    TYrexSpectrumPropertiesBag bag;
+    loadBag(bag, fNewProps);
+    bag.applyTo(*item);
+    fChanged = fChanged || fieldsOf(*item) != before;
+    item->update();
+}
+
+void TCmdYrexPlotProperties::undoItem(TCanvasYrexSpectrum *item, int index)
+{
+    TYrexSpectrumPropertiesBag bag;
+    loadBag(bag, fOldProps.at(index));
+    bag.applyTo(*item);
+    item->stackedContext()->setDisplayMode(fOldModes.at(index)); // the grouping goes with the mode
+    fPlots.at(index).restore(item);
+    item->update();
+}
+
+THistoryCommand *TCmdYrexPlotProperties::makeItemHistory(TCanvasYrexSpectrum *item)
+{
+    THistoryCommand *entry = TYrexSpectrumCommand::makeItemHistory(item);
+    TYrexSpectrumPropertiesBag old;
+    loadBag(old, fOldProps.at(items().indexOf(item)));
+    entry->addParamMapDiff(tr("Properties"), fieldsOf(*item), old.values(), QString());
+    return entry;
+}

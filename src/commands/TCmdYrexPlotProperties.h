@@ -1,0 +1,33 @@
+#pragma once
+
+#include "TYrexSpectrumCommand.h"
+#include "commands/TPlotSnapshot.h"
+
+#include <QByteArray>
+#include <QVector>
+
+class TYrexSpectrumPropertiesBag;
+
+/// Gives items the fields of a properties bag.
+class TCmdYrexPlotProperties : public TYrexSpectrumCommand
+{
+    Q_OBJECT
+
+public:
+    /// The fields are copied; those that the bag has not stay as they are.
+    TCmdYrexPlotProperties(const TCanvasItemList &items, const TYrexSpectrumPropertiesBag &bag);
+
+    void doCmd() override;
+    void doItem(TCanvasYrexSpectrum *item, int index) override;
+    void undoItem(TCanvasYrexSpectrum *item, int index) override;
+    /// Items with a plot.
+    bool isApplicable(TCanvasYrexSpectrum *item) const override;
+    THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
+
+private:
+    QByteArray fNewProps;          // a stored bag
+    QVector<QByteArray> fOldProps; // by item
+    QVector<TPlotSnapshot> fPlots; // by item: colours and scales follow from fields
+    QVector<int> fOldModes;        // by item
+    bool fChanged = false;
+};

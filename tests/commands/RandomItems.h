@@ -1,0 +1,14 @@
+#pragma once
+
+#include "TDice.h"
+
+class TCanvasYrexSpectrum;
+class TYrexProcParams;
+
+/// A stack of 1 to 5 spectra of 20 to 200 points with units, chains, peaks, regions, classes, hidden and deselected
+/// spectra and a display mode as they come.
+TCanvasYrexSpectrum *randomItem(TDice &dice);
+/// Actions in any order, some of them applied, with numbers that a user might set.
+TYrexProcParams randomChain(TDice &dice);
+int randomXUnit(TDice &dice);
+int randomYUnit(TDice &dice);

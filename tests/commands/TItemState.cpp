@@ -1,0 +1,87 @@
+#include "TItemState.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TYrexSpectrumPropertiesBag.h"
+#include "stream/TDataStream.h"
+
+#include <QCryptographicHash>
+
+namespace {
+
+template <class T>
+QByteArray storedBytes(const T &stored)
+{
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    stored.store(stream);
+    return bytes;
+}
+
+QByteArray digest(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex();
+}
+
+QString listed(const QVector<int> &numbers)
+{
+    QStringList texts;
+    for (const int number : numbers)
+        texts.append(QString::number(number));
+    return texts.join(' ');
+}
+
+QString shown(const QVariant &value)
+{
+    if (value.userType() == QMetaType::Double)
+        return QString::number(value.toDouble(), 'g', 17);
+    return value.toString();
+}
+
+} // namespace
+
+TItemState::TItemState(TCanvasYrexSpectrum &item)
+    : fBytes(storedBytes(item))
+    , fIds(item.stack().ids())
+{
+    item.captureView(fView);
+    const IStackedItemCtx &stack = *item.stackedContext();
+    fParts.append(QString("active spectrum %1").arg(stack.activeIndex()));
+    fParts.append(QString("order %1, visible %2").arg(listed(stack.order()), listed(stack.visibleOrder())));
+    fParts.append(QString("grouped %1").arg(item.stack().grouped()));
+    for (int i = 0; i < stack.count(); ++i) {
+        const T1DStackedPlotProperties &own = item.activeYrexPlot()->stackedProperties();
+        fParts.append(QString("spectrum %1: deselected %2, colour %3, factor %4, offset %5, units %6 %7, content %8")
+                          .arg(i)
+                          .arg(item.stack().isDeselected(i))
+                          .arg(stack.color(i).name(QColor::HexArgb))
+                          .arg(stack.factor(i), 0, 'g', 17)
+                          .arg(own.offset(item.stack().idOf(i)), 0, 'g', 17)
+                          .arg(item.stack().at(i)->xUnits())
+                          .arg(item.stack().at(i)->yUnits())
+                          .arg(QString(digest(storedBytes(*item.stack().at(i))))));
+    }
+    TYrexSpectrumPropertiesBag bag;
+    bag.fillFrom(item);
+    const QVariantMap fields = bag.values();
+    for (auto it = fields.constBegin(); it != fields.constEnd(); ++it)
+        fParts.append(it.key() + ": " + shown(it.value()));
+}
+
+QString TItemState::difference(const TItemState &other) const
+{
+    QStringList lines;
+    for (int i = 0; i < qMax(fParts.size(), other.fParts.size()); ++i) {
+        if (fParts.value(i) != other.fParts.value(i))
+            lines.append(QString("    %1\n    is %2").arg(fParts.value(i), other.fParts.value(i)));
+    }
+    if (fView != other.fView)
+        lines.append("    another view");
+    if (lines.isEmpty() && fIds == other.fIds && fBytes != other.fBytes) {
+        int at = 0;
+        while (at < qMin(fBytes.size(), other.fBytes.size()) && fBytes.at(at) == other.fBytes.at(at))
+            ++at;
+        lines.append(QString("    the stored bytes from %1 of %2 on").arg(at).arg(fBytes.size()));
+    }
+    return lines.join('\n');
+}
