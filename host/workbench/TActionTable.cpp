@@ -8,10 +8,20 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTimer>
+#include <algorithm>
 
 namespace {
 
 constexpr char cPlotContext[] = "plot";
+constexpr char cHelpMenu[] = "help"; // stays last
+
+/// A letter alone, which is what one types into fields; such keys work on the plot only.
+bool isLetter(const QKeySequence &key)
+{
+    const int code = key[0] & ~int(Qt::KeyboardModifierMask);
+    const int modifiers = key[0] & int(Qt::KeyboardModifierMask);
+    return code >= Qt::Key_A && code <= Qt::Key_Z && (modifiers & ~int(Qt::ShiftModifier)) == 0;
+}
 
 } // namespace
 
@@ -21,6 +31,42 @@ TActionTable::TActionTable(const TMarkup &markup, QObject *parent)
 {
     for (const TMarkupAction &action : qAsConst(fMarkup.fActions))
         makeAction(action);
+}
+
+void TActionTable::addMarkup(const TMarkup &markup)
+{
+    for (const TMarkupAction &action : markup.fActions) {
+        if (fEntries.contains(action.fName)) {
+            TLogger::printToLogger("Kelmora", QString("%1: there is an action %2").arg(markup.fName, action.fName),
+                                   TLogger::cError);
+            continue;
+        }
+        makeAction(action);
+        fMarkup.fActions.append(action);
+    }
+    for (const TMarkupMenu &menu : markup.fMenus)
+        fMarkup.fMenus.insert(menuPlace(menu.fAt), menu);
+    fMarkup.fContextMenus += markup.fContextMenus;
+    fMarkup.fRibbon += markup.fRibbon;
+}
+
+/// Among the menus of the bar: "before:NAME", "after:NAME"; anything else is the end, where the help stays last.
+int TActionTable::menuPlace(const QString &at) const
+{
+    const QString kind = at.section(':', 0, 0);
+    const QString wanted = at.section(':', 1);
+    const auto find = [this](const QString &name) {
+        const auto found = std::find_if(fMarkup.fMenus.begin(), fMarkup.fMenus.end(),
+                                        [&name](const TMarkupMenu &menu) { return menu.fName == name; });
+        return found == fMarkup.fMenus.end() ? -1 : int(found - fMarkup.fMenus.begin());
+    };
+    const int named = find(wanted);
+    if (named >= 0 && kind == QLatin1String("before"))
+        return named;
+    if (named >= 0 && kind == QLatin1String("after"))
+        return named + 1;
+    const int help = find(QLatin1String(cHelpMenu));
+    return help < 0 ? fMarkup.fMenus.size() : help;
 }
 
 void TActionTable::makeAction(const TMarkupAction &markup)
@@ -39,7 +85,8 @@ void TActionTable::makeAction(const TMarkupAction &markup)
     action->setShortcuts(keys);
     TEntry entry;
     entry.fAction = action;
-    entry.fIsPlotKey = markup.fContext == QLatin1String(cPlotContext);
+    entry.fIsPlotKey =
+        markup.fContext == QLatin1String(cPlotContext) || std::any_of(keys.begin(), keys.end(), isLetter);
     entry.fToolTip = action->toolTip();
     if (entry.fIsPlotKey)
         action->setShortcutContext(Qt::WidgetShortcut);
@@ -85,7 +132,10 @@ QMenu *TActionTable::makeMenu(const QString &name, const QString &text, QWidget 
     auto *menu = new QMenu(markupText(text), parent);
     menu->setObjectName(name);
     menu->setToolTipsVisible(true); // they say why an entry is grey
-    fMenus.insert(name, menu);
+    if (!name.isEmpty()) {
+        fMenus.insert(name, menu);
+        connect(menu, &QObject::destroyed, this, [this, name] { fMenus.remove(name); });
+    }
     return menu;
 }
 
@@ -107,7 +157,8 @@ void TActionTable::fill(QMenu *menu, const QVector<TMarkupItem> &items)
             QMenu *sub = known ? known : makeMenu(item.fName, item.fText, menu);
             if (!known)
                 fill(sub, item.fItems);
-            menu->addMenu(sub); // one of the menu bar stands in context menus as well
+            if (item.fItems.isEmpty() || !sub->isEmpty()) // one without entries yet is filled when it opens
+                menu->addMenu(sub);                       // one of the menu bar stands in context menus as well
             break;
         }
         case TMarkupItem::cGroup: {
@@ -128,13 +179,25 @@ void TActionTable::fill(QMenu *menu, const QVector<TMarkupItem> &items)
     }
 }
 
+void TActionTable::buildMenu(QMenuBar *bar, const TMarkupMenu &markup)
+{
+    const QString parent = markup.fAt.endsWith(QLatin1String("/end")) ? markup.fAt.section('/', 0, 0) : QString();
+    if (QMenu *known = fMenus.value(parent)) { // the entries go to the end of a menu that there is
+        fill(known, markup.fItems);
+        return;
+    }
+    QMenu *menu = makeMenu(markup.fName, markup.fText, bar);
+    fill(menu, markup.fItems);
+    if (!markup.fItems.isEmpty() && menu->isEmpty())
+        delete menu; // none of its actions does anything
+    else
+        bar->addMenu(menu);
+}
+
 void TActionTable::buildMenus(QMenuBar *bar, QWidget *window)
 {
-    for (const TMarkupMenu &markup : qAsConst(fMarkup.fMenus)) {
-        QMenu *menu = makeMenu(markup.fName, markup.fText, bar);
-        fill(menu, markup.fItems);
-        bar->addMenu(menu);
-    }
+    for (const TMarkupMenu &markup : qAsConst(fMarkup.fMenus))
+        buildMenu(bar, markup);
     for (const TEntry &entry : qAsConst(fEntries)) {
         if (entry.fIsUsed && !entry.fIsPlotKey)
             window->addAction(entry.fAction);
@@ -160,6 +223,7 @@ void TActionTable::addPlotKeys(QWidget *view)
 void TActionTable::updateStates()
 {
     fUpdateIsDue = false;
+    emit updating();
     for (const TEntry &entry : qAsConst(fEntries)) {
         const QString why = entry.fWhyNot ? entry.fWhyNot() : QString();
         entry.fAction->setEnabled(why.isEmpty());

@@ -27,6 +27,8 @@ public:
 
     explicit TActionTable(const TMarkup &markup, QObject *parent = nullptr);
 
+    /// Adds the actions and menus of a plug-in, before the menus are built. A name that is taken keeps its action.
+    void addMarkup(const TMarkup &markup);
     /// Says what an action does. Names that the mark-up does not have are logged and passed over.
     void on(const QString &name, const TRun &run, const TWhyNot &whyNot = {}, const TIsChecked &isChecked = {});
     /// The action with that name, or null.
@@ -49,6 +51,8 @@ public:
     void scheduleUpdate();
 
 signals:
+    /// The states will be asked for.
+    void updating();
     /// The states were asked for anew.
     void updated();
 
@@ -64,11 +68,13 @@ private:
     };
 
     void makeAction(const TMarkupAction &markup);
+    int menuPlace(const QString &at) const;
+    void buildMenu(QMenuBar *bar, const TMarkupMenu &markup);
     void fill(QMenu *menu, const QVector<TMarkupItem> &items);
     QMenu *makeMenu(const QString &name, const QString &text, QWidget *parent);
 
     TMarkup fMarkup;
     QHash<QString, TEntry> fEntries;
-    QHash<QString, QMenu *> fMenus; // owned by the menu bar
+    QHash<QString, QMenu *> fMenus; // owned by the menu bar, or by a context menu that is open
     bool fUpdateIsDue = false;
 };

@@ -17,6 +17,7 @@
 #include "TPageDock.h"
 #include "TPlaceMenus.h"
 #include "TPlotController.h"
+#include "TPluginActions.h"
 #include "TPrintController.h"
 #include "TRecovery.h"
 #include "TShellController.h"
@@ -160,7 +161,7 @@ void WMainWindow::connectActions()
     fStackActions = new TStackController(*fActions, *fDocuments, this);
     new TDarkPaper(*fActions, *fDocuments, this);
     connect(fActions->action("darkPaper"), &QAction::triggered, fStack, &WStackedSpectraDock::refresh); // swatches
-    new TPlaceMenus(*fActions, *fDocuments, this);
+    auto *places = new TPlaceMenus(*fActions, *fDocuments, this);
     new TTitleController(*fActions, *fDocuments, this);
     fActions->on("renamePage", [this] { fPages->renameCurrent(); });
     new TPageDock(*fPages, *fActions, *fDocuments);
@@ -169,6 +170,8 @@ void WMainWindow::connectActions()
     fExports = new TExportController(fHost, *fActions, *fDocuments, this);
     fPrinting = new TPrintController(*fActions, *fDocuments, this);
     fModes = new TModeController(fHost, *fActions, *fDocuments, this);
+    auto *plugins = new TPluginActions(fHost, *fActions, *fDocuments, *fModes, this);
+    connect(places, &TPlaceMenus::menuFilled, plugins, &TPluginActions::extendMenu);
     addThemes();
     fShell = new TShellController(fHost, *fActions, *fDocuments, *fFiles, this);
 }
