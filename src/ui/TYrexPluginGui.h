@@ -1,16 +1,34 @@
 #pragma once
 
 #include "TYrexPlugin.h"
+#include "plugin/IPluginActions.h"
+
+#include <memory>
+
+class TYrexActions;
 
 /// What the host gets from the library: the module with its menus, docks and mouse modes on top.
-class TYrexPluginGui : public TYrexPlugin
+class TYrexPluginGui : public TYrexPlugin, public IPluginActions
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "com.dornveld.kelmora-qt.IPluginInfo/3.0")
+    Q_INTERFACES(IPluginActions)
 
 public:
+    TYrexPluginGui();
+    ~TYrexPluginGui() override;
+
     void registered(IPluginHost *host) override;
+
+    QString markupResource() const override { return QStringLiteral(":/yrex/ui/YrexPlugin.mui"); }
+    bool isInvalid(const QString &invalidator) const override;
+    bool hasAction(const QString &name) const override;
+    bool executeAction(const QString &name) override;
+    void updateActions(TUpdateItem &update) override;
+    QString contextMenuName(const TMouseSpot &spot) const override;
 
 private:
     void init(IPluginHost *host);
+
+    std::unique_ptr<TYrexActions> fActions; // null before the host is known
 };

@@ -1,0 +1,194 @@
+#include "TYrexActions.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexArithmeticOp.h"
+#include "TCmdYrexArithmeticSetOrgDataToAbsOrg.h"
+#include "TCmdYrexProcessing.h"
+#include "WYrexArithmeticDialog.h"
+#include "YrexActionTables.h"
+#include "commands/TCommandHistory.h"
+#include "services/IGuiHost.h"
+#include "services/IPluginHost.h"
+#include "settings/TDefaultsIni.h"
+#include "ui/IPlotView.h"
+#include "ui/PlotSteps.h"
+#include "widgets/GuiUtils.h"
+
+#include <QAbstractScrollArea>
+
+namespace {
+
+constexpr char cAddFactorKey[] = "Zarnu/Arithmetic/AddFactor";
+
+/// The option of the conversion that stands for a unit; -1 for a unit that it does not reach.
+int conversionOption(int unit)
+{
+    static const QHash<int, int> cOptions{{cUnitTransmittance, cToTransmittance},
+                                          {cUnitPercentTransmittance, cToPercentTransmittance},
+                                          {cUnitAbsorbance, cToAbsorbance},
+                                          {cUnitReflectance, cToReflectance},
+                                          {cUnitKubelkaMunk, cToKubelkaMunk}};
+    return cOptions.value(unit, -1);
+}
+
+/// Where the item's rectangle is on the screen; null when it is in no view.
+QRect screenRect(IPlotView *view, const TCanvasItem &item)
+{
+    const auto *area = dynamic_cast<QAbstractScrollArea *>(view);
+    if (!area)
+        return QRect();
+    const QRect rect =
+        view->itemToView(item).mapRect(QRectF(QPointF(), item.rect().size())).toRect() & area->viewport()->rect();
+    return QRect(area->viewport()->mapToGlobal(rect.topLeft()), rect.size());
+}
+
+} // namespace
+
+TYrexActions::TYrexActions(IPluginHost &host)
+    : fHost(host)
+{
+    for (const TYrexActionCode &toggle : cProcessingToggles)
+        add(toggle.fName, [this, code = toggle.fCode] { return toggleProcessing(code); });
+    addUnits();
+    addMarks();
+    add("yrexArithmeticAdd", [this] { return arithmetic(); });
+}
+
+void TYrexActions::addUnits()
+{
+    for (const TYrexActionCode &unit : cHorizontalUnits)
+        add(unit.fName, [this, code = unit.fCode] { return setHorizontalUnits(code); });
+    for (const TYrexActionCode &unit : cVerticalUnits)
+        add(unit.fName, [this, code = unit.fCode] { return setVerticalUnits(code); });
+    add("yrexNextHorizontalUnits", [this] { return nextHorizontalUnits(); });
+    add("yrexSwapAbsorbance", [this] { return swapAbsorbance(); });
+}
+
+void TYrexActions::addMarks()
+{
+    add("yrexPeaksShow", [this] { return togglePeaks(); });
+}
+
+bool TYrexActions::run(const QString &name) const
+{
+    const auto found = fRuns.constFind(name);
+    return found != fRuns.constEnd() && item() && (*found)();
+}
+
+TCanvasYrexSpectrum *TYrexActions::item() const
+{
+    TCanvasItemList &selected = fHost.itemList();
+    ICanvasItem *active = selected.isRttiActive(TCanvasYrexSpectrum::cRtti);
+    return yrexItem(active ? active : selected.firstRtti(TCanvasYrexSpectrum::cRtti));
+}
+
+TCanvasItemList TYrexActions::items() const
+{
+    return fHost.itemList().getByRtti(TCanvasYrexSpectrum::cRtti);
+}
+
+bool TYrexActions::push(TCommand *command) const
+{
+    const bool isDone = fHost.history().push(command);
+    if (fHost.gui())
+        fHost.gui()->updateActions();
+    return isDone;
+}
+
+bool TYrexActions::toggleProcessing(int action) const
+{
+    const TYrexSpectrum *spectrum = item() ? item()->currentSpectrum() : nullptr;
+    if (!spectrum)
+        return false;
+    TYrexProcParams params = spectrum->procParams().params();
+    const int index = params.indexOfAction(action);
+    if (index < 0)
+        return false;
+    QVariantMap map = params.action(index);
+    const bool isApplied = !params.isApplied(index);
+    map[QLatin1String(cKeyApply)] = isApplied;
+    params.setAction(index, map);
+    push(new TCmdYrexProcessing(items(), params));
+    return isApplied;
+}
+
+bool TYrexActions::setVerticalUnits(int unit) const
+{
+    const TYrexSpectrum *spectrum = item() ? item()->currentSpectrum() : nullptr;
+    const int option = conversionOption(unit);
+    if (!spectrum || option < 0 || spectrum->yUnits() == unit)
+        return false;
+    TYrexProcParams params = spectrum->procParams().params();
+    const int index = params.indexOfAction(cProcUnitConversion);
+    if (index < 0)
+        return false;
+    QVariantMap map = params.action(index);
+    map[QLatin1String(cKeyApply)] = unit != spectrum->origYUnits();
+    map[QLatin1String(cKeyToYUnits)] = option;
+    params.setAction(index, map);
+    return push(new TCmdYrexProcessing(items(), params)); // the axis follows the spectrum
+}
+
+bool TYrexActions::swapAbsorbance() const
+{
+    const TYrexSpectrum *spectrum = item() ? item()->currentSpectrum() : nullptr;
+    if (!spectrum)
+        return false;
+    if (spectrum->yUnits() != cUnitAbsorbance)
+        return setVerticalUnits(cUnitAbsorbance);
+    return setVerticalUnits(spectrum->origYUnits() == cUnitTransmittance ? cUnitTransmittance
+                                                                         : cUnitPercentTransmittance);
+}
+
+bool TYrexActions::nextHorizontalUnits() const
+{
+    const T1DYrexPlot *plot = item() ? item()->activeYrexPlot() : nullptr;
+    if (!plot)
+        return false;
+    constexpr int cCount = int(sizeof(cHorizontalUnits) / sizeof(cHorizontalUnits[0]));
+    for (int i = 0; i < cCount; ++i) {
+        if (cHorizontalUnits[i].fCode == plot->xUnits())
+            return setHorizontalUnits(cHorizontalUnits[(i + 1) % cCount].fCode);
+    }
+    return false;
+}
+
+bool TYrexActions::setHorizontalUnits(int unit) const
+{
+    const TCanvasYrexSpectrum *active = item();
+    const T1DYrexPlot *plot = active ? active->activeYrexPlot() : nullptr;
+    if (!plot || plot->kind() != T1DYrexPlot::cSpectrumKind || plot->xUnits() == unit)
+        return false;
+    const int index = active->stack().current();
+    if (active->firstXIn(cUnitWavenumber, index) * active->lastXIn(cUnitWavenumber, index) < 0.0) {
+        Utils::Gui::message(fHost.gui()->mainWindow(), QMessageBox::Warning, tr("X Range Contains Value Zero"),
+                            tr("X units cannot be converted from/to Wavenumber/Wavelength as value zero is within X "
+                               "spectrum bounds."));
+        return false;
+    }
+    return false;
+}
+
+bool TYrexActions::togglePeaks() const
+{
+    const T1DYrexPlot *plot = item() ? item()->activeYrexPlot() : nullptr;
+    if (!plot)
+        return false;
+    const bool isShown = plot->peakProperties().flags & TYrexPeakPlotProperties::cShowLabels;
+    return PlotSteps::setProperties(fHost.history(), items(), {{"peaks.labels", !isShown}});
+}
+
+bool TYrexActions::arithmetic() const
+{
+    TDefaultsIni settings;
+    WYrexArithmeticDialog dialog(items(), settings.value(cAddFactorKey, 1.0).toDouble(), fHost.gui()->mainWindow());
+    dialog.keepClearOf(screenRect(fHost.gui()->plotView(), *item()));
+    if (dialog.exec() != QDialog::Accepted || !dialog.spectrumA())
+        return false;
+    settings.setValue(cAddFactorKey, dialog.factor());
+    const TCanvasItemList sample{dialog.spectrumA()};
+    if (dialog.isReset())
+        return push(new TCmdYrexArithmeticSetOrgDataToAbsOrg(sample));
+    return push(new TCmdYrexArithmeticOp(sample, dialog.spectrumB(), -dialog.factor()));
+}
