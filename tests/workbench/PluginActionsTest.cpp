@@ -38,14 +38,16 @@ protected:
         settle();
         return view()->grab().toImage();
     }
-    /// Writes a spectrum of `factor` times a peak, so that the units are known from its header.
+    /// Writes a spectrum of `factor` times a peak, so that the units are known
+    /// from its header.
     QString writeAbsorbance(const QString &name, double factor, double from = 400.0, int count = 101)
     {
         QFile file(fFolder.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("##TITLE= " + name.toLatin1() +
                    "\n##JCAMP-DX= 4.24\n##DATA TYPE= INFRARED SPECTRUM\n"
-                   "##XUNITS= 1/CM\n##YUNITS= ABSORBANCE\n##XFACTOR= 1\n##YFACTOR= 0.0001\n##FIRSTX= " +
+                   "##XUNITS= 1/CM\n##YUNITS= ABSORBANCE\n##XFACTOR= 1\n##YFACTOR= "
+                   "0.0001\n##FIRSTX= " +
                    QByteArray::number(from) + "\n##LASTX= " + QByteArray::number(from + 10.0 * (count - 1)) +
                    "\n##NPOINTS= " + QByteArray::number(count) + "\n##XYDATA= (X++(Y..Y))\n");
         for (int i = 0; i < count; ++i)
@@ -55,13 +57,18 @@ protected:
         file.write("##END=\n");
         return file.fileName();
     }
-    /// Puts what a file holds onto the page of the first item and selects all there.
+    /// Puts what a file holds onto the page of the first item and selects all
+    /// there.
     void addToPage(const QString &path)
     {
         TPage *page = document()->pages().first();
         fWindow->files().open({path});
         settle();
-        page->insertItem(canvasItem(document()->items().last()));
+        TCanvasItem *added = canvasItem(document()->items().last());
+        added->setActive(false); // it was on its own page
+        page->insertItem(added);
+        page->items().first()->setRect(QRectF(100, 100, 1350, 1900)); // side by side
+        added->setRect(QRectF(1500, 100, 1350, 1900));
         fWindow->documents().document()->setCurrentPage(page);
         settle();
         view()->selection().selectAll();
@@ -73,7 +80,8 @@ protected:
         addToPage(writeAbsorbance("b.dx", 0.25));
         fWindow->grab();
     }
-    /// Runs the arithmetic action and does `work` in its dialog; false when none came.
+    /// Runs the arithmetic action and does `work` in its dialog; false when none
+    /// came.
     bool inDialog(const std::function<void(QDialog &)> &work)
     {
         bool seen = false;
@@ -154,7 +162,8 @@ TEST_F(PluginActionsTest, anAxisOverZeroKeepsItsUnit)
     open(writeAbsorbance("a.dx", 1.0, -500.0));
     trigger("yrexSetSpecHUnitsToNanometers");
     ASSERT_EQ(fMessages.size(), 1);
-    EXPECT_EQ(fMessages.first(), "X units cannot be converted from/to Wavenumber/Wavelength as value zero is within X "
+    EXPECT_EQ(fMessages.first(), "X units cannot be converted from/to Wavenumber/Wavelength as "
+                                 "value zero is within X "
                                  "spectrum bounds.");
     EXPECT_TRUE(action("yrexSetSpecHUnitsToDefault")->isChecked());
     EXPECT_FALSE(action("yrexSetSpecHUnitsToNanometers")->isChecked());
@@ -219,7 +228,7 @@ TEST_F(PluginActionsTest, arithmeticShowsItsResultBeforeItIsDone)
         ok(dialog)->click();
     }));
     EXPECT_EQ(lastStep(), "Spectrum (reference) subtracted times a Factor");
-    EXPECT_NEAR(shown().at(50), raw.at(50) - 2.0, 1e-9);
+    EXPECT_NEAR(shown().at(50), raw.at(50) - 0.5, 1e-9);
     ASSERT_TRUE(inDialog([&](QDialog &dialog) {
         EXPECT_EQ(spin(dialog)->value(), 2.0) << "k is remembered";
         auto *reset = dialog.findChild<QCheckBox *>("fFirstToOriginalCheckBox");
@@ -233,7 +242,7 @@ TEST_F(PluginActionsTest, arithmeticShowsItsResultBeforeItIsDone)
     EXPECT_EQ(lastStep(), "Spectrum data reset to absolute original data");
     EXPECT_EQ(shown(), raw);
     trigger("undo");
-    EXPECT_NEAR(shown().at(50), raw.at(50) - 2.0, 1e-9);
+    EXPECT_NEAR(shown().at(50), raw.at(50) - 0.5, 1e-9);
 }
 
 TEST_F(PluginActionsTest, arithmeticSaysWhatStandsInItsWay)
@@ -262,7 +271,8 @@ TEST_F(PluginActionsTest, arithmeticSaysWhatStandsInItsWay)
             picker->accept();
         });
         dialog.findChild<QToolButton *>("fSecondSpcToolButton")->click();
-        EXPECT_EQ(message(dialog)->text(), "\nError: Different number of spectral points in A and B.\n\nArithmetic "
+        EXPECT_EQ(message(dialog)->text(), "\nError: Different number of spectral "
+                                           "points in A and B.\n\nArithmetic "
                                            "operation cannot be performed.");
         EXPECT_FALSE(ok(dialog)->isEnabled());
     }));
