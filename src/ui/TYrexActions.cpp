@@ -2,8 +2,12 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdSetYrexSpectrumHorizontalUnits.h"
+#include "TCmdShowYrexItemFeature.h"
 #include "TCmdYrexArithmeticOp.h"
 #include "TCmdYrexArithmeticSetOrgDataToAbsOrg.h"
+#include "TCmdYrexDeleteIntegrals.h"
+#include "TCmdYrexManualPeakPicking.h"
 #include "TCmdYrexProcessing.h"
 #include "WYrexArithmeticDialog.h"
 #include "YrexActionTables.h"
@@ -16,6 +20,7 @@
 #include "widgets/GuiUtils.h"
 
 #include <QAbstractScrollArea>
+#include <limits>
 
 namespace {
 
@@ -68,6 +73,14 @@ void TYrexActions::addUnits()
 void TYrexActions::addMarks()
 {
     add("yrexPeaksShow", [this] { return togglePeaks(); });
+    add("yrexDeleteAllPeaksVisible", [this] { return deleteVisiblePeaks(); });
+    add("yrexIntegrateDeleteAll", [this] { return push(new TCmdYrexDeleteIntegrals(items())); });
+    const auto show = [this](const char *name, int feature) {
+        add(name, [this, feature] { return push(new TCmdShowYrexItemFeature(feature, items())); });
+    };
+    show("yrexIntegralsShow", TCmdShowYrexItemFeature::cIntegrals);
+    show("yrexIntegralLabelsShow", TCmdShowYrexItemFeature::cIntegralLabels);
+    show("yrexIntegralCurvesShow", TCmdShowYrexItemFeature::cIntegralCurves);
 }
 
 bool TYrexActions::run(const QString &name) const
@@ -167,7 +180,18 @@ bool TYrexActions::setHorizontalUnits(int unit) const
                                "spectrum bounds."));
         return false;
     }
-    return false;
+    return push(new TCmdSetYrexSpectrumHorizontalUnits(unit, items()));
+}
+
+/// Those of the range that the active plot shows, in all selected items.
+bool TYrexActions::deleteVisiblePeaks() const
+{
+    const T1DYrexPlot *plot = item() ? item()->activeYrexPlot() : nullptr;
+    if (!plot)
+        return false;
+    const TRange scale = plot->horzAxis().getScale();
+    const QRectF range(QPointF(scale.a, 0.0), QPointF(scale.b, 0.0));
+    return push(new TCmdYrexManualPeakPicking(items(), range, true, std::numeric_limits<double>::quiet_NaN()));
 }
 
 bool TYrexActions::togglePeaks() const

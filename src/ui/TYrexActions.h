@@ -49,6 +49,7 @@ private:
     bool swapAbsorbance() const;
     bool nextHorizontalUnits() const;
     bool togglePeaks() const;
+    bool deleteVisiblePeaks() const;
 
     IPluginHost &fHost;
     QHash<QString, std::function<bool()>> fRuns;

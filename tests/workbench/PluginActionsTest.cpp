@@ -38,16 +38,14 @@ protected:
         settle();
         return view()->grab().toImage();
     }
-    /// Writes a spectrum of `factor` times a peak, so that the units are known
-    /// from its header.
+    /// Writes a spectrum of `factor` times a peak, so that the units are known from its header.
     QString writeAbsorbance(const QString &name, double factor, double from = 400.0, int count = 101)
     {
         QFile file(fFolder.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("##TITLE= " + name.toLatin1() +
                    "\n##JCAMP-DX= 4.24\n##DATA TYPE= INFRARED SPECTRUM\n"
-                   "##XUNITS= 1/CM\n##YUNITS= ABSORBANCE\n##XFACTOR= 1\n##YFACTOR= "
-                   "0.0001\n##FIRSTX= " +
+                   "##XUNITS= 1/CM\n##YUNITS= ABSORBANCE\n##XFACTOR= 1\n##YFACTOR= 0.0001\n##FIRSTX= " +
                    QByteArray::number(from) + "\n##LASTX= " + QByteArray::number(from + 10.0 * (count - 1)) +
                    "\n##NPOINTS= " + QByteArray::number(count) + "\n##XYDATA= (X++(Y..Y))\n");
         for (int i = 0; i < count; ++i)
@@ -57,8 +55,7 @@ protected:
         file.write("##END=\n");
         return file.fileName();
     }
-    /// Puts what a file holds onto the page of the first item and selects all
-    /// there.
+    /// Puts what a file holds onto the page of the first item and selects all there.
     void addToPage(const QString &path)
     {
         TPage *page = document()->pages().first();
@@ -80,8 +77,7 @@ protected:
         addToPage(writeAbsorbance("b.dx", 0.25));
         fWindow->grab();
     }
-    /// Runs the arithmetic action and does `work` in its dialog; false when none
-    /// came.
+    /// Runs the arithmetic action and does `work` in its dialog; false when none came.
     bool inDialog(const std::function<void(QDialog &)> &work)
     {
         bool seen = false;
@@ -157,13 +153,29 @@ TEST_F(PluginActionsTest, verticalUnitsAreConvertedByMenuAndKey)
     EXPECT_EQ(shown(), absorbance);
 }
 
+TEST_F(PluginActionsTest, horizontalUnitsFollowEachOther)
+{
+    open(writeAbsorbance("a.dx", 1.0));
+    const TRange wavenumbers = plot()->horzAxis().getScale();
+    key(Qt::Key_N);
+    EXPECT_TRUE(action("yrexSetSpecHUnitsToMicrometers")->isChecked());
+    EXPECT_NEAR(plot()->horzAxis().getScale().hi(), 25.0, 1e-9);
+    key(Qt::Key_N);
+    EXPECT_TRUE(action("yrexSetSpecHUnitsToNanometers")->isChecked());
+    key(Qt::Key_N);
+    EXPECT_TRUE(action("yrexSetSpecHUnitsToDefault")->isChecked());
+    trigger("undo");
+    trigger("undo");
+    trigger("undo");
+    EXPECT_EQ(plot()->horzAxis().getScale(), wavenumbers);
+}
+
 TEST_F(PluginActionsTest, anAxisOverZeroKeepsItsUnit)
 {
     open(writeAbsorbance("a.dx", 1.0, -500.0));
     trigger("yrexSetSpecHUnitsToNanometers");
     ASSERT_EQ(fMessages.size(), 1);
-    EXPECT_EQ(fMessages.first(), "X units cannot be converted from/to Wavenumber/Wavelength as "
-                                 "value zero is within X "
+    EXPECT_EQ(fMessages.first(), "X units cannot be converted from/to Wavenumber/Wavelength as value zero is within X "
                                  "spectrum bounds.");
     EXPECT_TRUE(action("yrexSetSpecHUnitsToDefault")->isChecked());
     EXPECT_FALSE(action("yrexSetSpecHUnitsToNanometers")->isChecked());
@@ -271,8 +283,7 @@ TEST_F(PluginActionsTest, arithmeticSaysWhatStandsInItsWay)
             picker->accept();
         });
         dialog.findChild<QToolButton *>("fSecondSpcToolButton")->click();
-        EXPECT_EQ(message(dialog)->text(), "\nError: Different number of spectral "
-                                           "points in A and B.\n\nArithmetic "
+        EXPECT_EQ(message(dialog)->text(), "\nError: Different number of spectral points in A and B.\n\nArithmetic "
                                            "operation cannot be performed.");
         EXPECT_FALSE(ok(dialog)->isEnabled());
     }));
