@@ -2,23 +2,34 @@
 
 #include "TDocumentController.h"
 #include "TFileController.h"
-#include "canvas/TCanvasItem.h"
+#include "TPageDrop.h"
+#include "TScratchImport.h"
+#include "WDocumentView.h"
+#include "canvas/TCanvasSpectrum.h"
+#include "canvas/TDocument.h"
+#include "consts/Consts.h"
+#include "services/TKelmoraHost.h"
+#include "ui/TDragAndDropHandler.h"
 #include "widgets/GuiUtils.h"
 
 #include <QDirIterator>
 #include <QDropEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMimeData>
 #include <QUrl>
 
-TDropTarget::TDropTarget(QWidget *window, TDocumentController &documents, TFileController &files)
+TDropTarget::TDropTarget(QWidget *window, TKelmoraHost &host, TDocumentController &documents, TFileController &files)
     : QObject(window)
     , fWindow(window)
+    , fHost(host)
     , fDocuments(documents)
     , fFiles(files)
+    , fDrops(window, host, documents)
     , fLabel(new QLabel(window))
 {
+    fLabel->setObjectName("dropLabel");
     fLabel->setAutoFillBackground(true);
     fLabel->setFrameShape(QFrame::Box);
     fLabel->setMargin(4);
@@ -27,6 +38,8 @@ TDropTarget::TDropTarget(QWidget *window, TDocumentController &documents, TFileC
     window->setAcceptDrops(true);
     window->installEventFilter(this);
 }
+
+TDropTarget::~TDropTarget() = default;
 
 QStringList TDropTarget::filesOf(const QMimeData &mime)
 {
@@ -58,23 +71,141 @@ QString TDropTarget::labelFor(int files, bool asStack) const
     return isEmpty ? tr("Add to page, %1").arg(more) : more;
 }
 
-bool TDropTarget::wantsStack(const QDropEvent &drop)
+bool TDropTarget::isControlHeld(const QDropEvent &drop)
 {
     return drop.keyboardModifiers() & Qt::ControlModifier;
 }
 
-bool TDropTarget::accepts(const QMimeData *mime) const
+bool TDropTarget::isItemDrag(const QMimeData *mime)
 {
-    return mime && mime->hasUrls();
+    return mime && mime->hasFormat(Consts::Common::cPageNavigatorDragId);
 }
 
-void TDropTarget::showLabel(const QPoint &place, bool asStack)
+bool TDropTarget::accepts(const QMimeData *mime) const
 {
-    fLabel->setText(labelFor(fCount, asStack));
+    return mime && (mime->hasUrls() || isItemDrag(mime));
+}
+
+void TDropTarget::showLabel(const QPoint &place, const QString &text)
+{
+    fLabel->setText(text);
     fLabel->adjustSize();
     fLabel->move(place + QPoint(16, 16));
     fLabel->raise();
-    fLabel->show();
+    fLabel->setVisible(!text.isEmpty());
+}
+
+bool TDropTarget::isOnPlot(const QPoint &windowPos) const
+{
+    QPoint place;
+    return fDrops.viewPlace(windowPos, place) && fDocuments.view()->spotAt(place).plot;
+}
+
+const QMimeData *TDropTarget::looseItems()
+{
+    if (fIsRead)
+        return fLoose.get();
+    fIsRead = true;
+    if (fPaths.size() > cMaxFiles)
+        return nullptr;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    TCanvasItemList items;
+    bool isWhole = true;
+    for (const QString &path : qAsConst(fPaths)) {
+        isWhole = isWhole && !TDocument::isDocument(path);
+        if (!isWhole)
+            break;
+        fScratch.push_back(std::make_unique<TScratchImport>(fHost.importDriver(), path));
+        isWhole = fScratch.back()->isOk();
+        items += fScratch.back()->result().fItems;
+    }
+    QGuiApplication::restoreOverrideCursor();
+    if (isWhole && !items.isEmpty())
+        fLoose = std::make_unique<TLooseItemsMime>(items);
+    else
+        fScratch.clear();
+    return fLoose.get();
+}
+
+void TDropTarget::moveFiles(QDragMoveEvent *drag)
+{
+    const bool asStack = isControlHeld(*drag);
+    const QMimeData *loose = !asStack && isOnPlot(drag->pos()) ? looseItems() : nullptr;
+    if (!loose) {
+        fDrops.reset();
+        showLabel(drag->pos(), labelFor(qMax(1, fPaths.size()), asStack));
+        drag->acceptProposedAction();
+        return;
+    }
+    const bool taken = fDrops.move(drag, loose);
+    showLabel(drag->pos(), fDrops.label());
+    if (!taken)
+        drag->ignore();
+}
+
+void TDropTarget::moveItems(QDragMoveEvent *drag)
+{
+    QPoint place;
+    drag->ignore();
+    if (fDrops.move(drag, drag->mimeData()) || fDrops.isRefused()) {
+        showLabel(drag->pos(), fDrops.label());
+        return;
+    }
+    const TPageDrop drop(fDocuments, *drag->mimeData(), isControlHeld(*drag));
+    const bool isOnPaper = fDrops.viewPlace(drag->pos(), place) && !fDocuments.view()->spotAt(place).item;
+    showLabel(drag->pos(), isOnPaper ? drop.label() : QString());
+    if (!isOnPaper || drop.isEmpty())
+        return;
+    drag->setDropAction(isControlHeld(*drag) ? Qt::CopyAction : Qt::MoveAction);
+    drag->accept();
+}
+
+void TDropTarget::dropItems(QDropEvent *drop)
+{
+    drop->ignore();
+    if (fDrops.drop(drop, drop->mimeData()))
+        return;
+    QPoint place;
+    if (!fDrops.viewPlace(drop->pos(), place) || fDocuments.view()->spotAt(place).item)
+        return;
+    const TPageDrop onPaper(fDocuments, *drop->mimeData(), isControlHeld(*drop));
+    if (!onPaper.run(fDocuments.view()->spotAt(place).pagePos))
+        return;
+    drop->setDropAction(isControlHeld(*drop) ? Qt::CopyAction : Qt::MoveAction);
+    drop->accept();
+}
+
+void TDropTarget::dropFiles(QDropEvent *drop)
+{
+    QStringList files = filesOf(*drop->mimeData());
+    const bool isTaken = fLoose && fDrops.drop(drop, fLoose.get());
+    if (isTaken)
+        return;
+    drop->acceptProposedAction();
+    if (files.size() > cMaxFiles) {
+        Utils::Gui::TMessage question;
+        question.fIcon = QMessageBox::Question;
+        question.fTitle = tr("Open");
+        question.fText = tr("There are more than %1 files. Only the first %1 can be opened at once.").arg(cMaxFiles);
+        question.fButtons = QMessageBox::Open | QMessageBox::Cancel;
+        if (Utils::Gui::ask(fWindow, question) != QMessageBox::Open)
+            return;
+        files = files.mid(0, cMaxFiles);
+    }
+    if (isControlHeld(*drop))
+        fFiles.openAsStack(files);
+    else
+        fFiles.open(files);
+}
+
+void TDropTarget::end()
+{
+    fLabel->hide();
+    fDrops.reset();
+    fPaths.clear();
+    fLoose.reset();
+    fScratch.clear();
+    fIsRead = false;
 }
 
 bool TDropTarget::eventFilter(QObject *object, QEvent *event)
@@ -84,39 +215,31 @@ bool TDropTarget::eventFilter(QObject *object, QEvent *event)
         auto *drag = static_cast<QDragEnterEvent *>(event);
         if (!accepts(drag->mimeData()))
             return false;
-        fCount = qMax(1, filesOf(*drag->mimeData()).size());
+        end();
+        if (!isItemDrag(drag->mimeData()))
+            fPaths = filesOf(*drag->mimeData());
         drag->acceptProposedAction();
         return true;
     }
     case QEvent::DragMove: {
         auto *drag = static_cast<QDragMoveEvent *>(event);
-        showLabel(drag->pos(), wantsStack(*drag));
-        drag->acceptProposedAction();
+        if (isItemDrag(drag->mimeData()))
+            moveItems(drag);
+        else
+            moveFiles(drag);
         return true;
     }
     case QEvent::DragLeave:
-        fLabel->hide();
+        end();
         return true;
     case QEvent::Drop: {
         auto *drop = static_cast<QDropEvent *>(event);
         fLabel->hide();
-        QStringList files = filesOf(*drop->mimeData());
-        drop->acceptProposedAction();
-        if (files.size() > cMaxFiles) {
-            Utils::Gui::TMessage question;
-            question.fIcon = QMessageBox::Question;
-            question.fTitle = tr("Open");
-            question.fText =
-                tr("There are more than %1 files. Only the first %1 can be opened at once.").arg(cMaxFiles);
-            question.fButtons = QMessageBox::Open | QMessageBox::Cancel;
-            if (Utils::Gui::ask(fWindow, question) != QMessageBox::Open)
-                return true;
-            files = files.mid(0, cMaxFiles);
-        }
-        if (wantsStack(*drop))
-            fFiles.openAsStack(files);
+        if (isItemDrag(drop->mimeData()))
+            dropItems(drop);
         else
-            fFiles.open(files);
+            dropFiles(drop);
+        end();
         return true;
     }
     default:

@@ -1,16 +1,24 @@
 #pragma once
 
+#include "TItemDrops.h"
+
 #include <QObject>
 #include <QStringList>
+#include <memory>
+#include <vector>
 
+class QDragMoveEvent;
 class QDropEvent;
 class QLabel;
 class QMimeData;
 class QWidget;
 class TDocumentController;
 class TFileController;
+class TLooseItemsMime;
+class TScratchImport;
 
-/// Takes files that are dropped on the window. A label at the cursor says beforehand where they will go.
+/// Takes files, and pages and items of the document, that are dropped on the window. A label at the cursor says
+/// beforehand where they will go.
 class TDropTarget : public QObject
 {
     Q_OBJECT
@@ -18,7 +26,8 @@ class TDropTarget : public QObject
 public:
     static constexpr int cMaxFiles = 1000;
 
-    TDropTarget(QWidget *window, TDocumentController &documents, TFileController &files);
+    TDropTarget(QWidget *window, TKelmoraHost &host, TDocumentController &documents, TFileController &files);
+    ~TDropTarget() override;
 
     bool eventFilter(QObject *object, QEvent *event) override;
     /// The files of a drag; folders are walked, up to cMaxFiles and one more.
@@ -28,12 +37,27 @@ public:
 
 private:
     bool accepts(const QMimeData *mime) const;
-    static bool wantsStack(const QDropEvent &drop);
-    void showLabel(const QPoint &place, bool asStack);
+    static bool isItemDrag(const QMimeData *mime);
+    static bool isControlHeld(const QDropEvent &drop);
+    void showLabel(const QPoint &place, const QString &text);
+    void moveFiles(QDragMoveEvent *drag);
+    void moveItems(QDragMoveEvent *drag);
+    void dropFiles(QDropEvent *drop);
+    void dropItems(QDropEvent *drop);
+    bool isOnPlot(const QPoint &windowPos) const;
+    /// The spectra of the dragged files, which are read when they are over a plot for the first time; null where one of
+    /// them is a document or cannot be read.
+    const QMimeData *looseItems();
+    void end();
 
     QWidget *fWindow;
+    TKelmoraHost &fHost;
     TDocumentController &fDocuments;
     TFileController &fFiles;
+    TItemDrops fDrops;
     QLabel *fLabel;
-    int fCount = 0;
+    QStringList fPaths; // of the drag under way
+    bool fIsRead = false;
+    std::vector<std::unique_ptr<TScratchImport>> fScratch;
+    std::unique_ptr<TLooseItemsMime> fLoose;
 };

@@ -2,6 +2,7 @@
 
 #include "TActionTable.h"
 #include "TDocumentController.h"
+#include "TStackMaker.h"
 #include "WDocumentView.h"
 #include "WPageNavigator.h"
 #include "canvas/TCanvasItem.h"
@@ -10,11 +11,12 @@
 #include <QAction>
 #include <QMenu>
 
-TPageDock::TPageDock(WPageNavigator &dock, TActionTable &actions, TDocumentController &documents)
+TPageDock::TPageDock(WPageNavigator &dock, TActionTable &actions, TDocumentController &documents, TStackMaker &stacks)
     : QObject(&dock)
     , fDock(dock)
     , fActions(actions)
     , fDocuments(documents)
+    , fStacks(stacks)
 {
     connect(&documents, &TDocumentController::documentShown, &dock, &WPageNavigator::setDocument);
     connect(&documents, &TDocumentController::pageShown, &dock, &WPageNavigator::setPage);
@@ -66,6 +68,22 @@ void TPageDock::showMenu(const QPoint &globalPlace)
     if (chosen == 1)
         menu->addAction(fActions.action("renamePage"));
     menu->addSeparator();
+    addStacking(menu);
+    menu->addSeparator();
     menu->addAction(fActions.action("exportPicture"));
     menu->popup(globalPlace);
+}
+
+void TPageDock::addStacking(QMenu *menu)
+{
+    const TCanvasItemList items = TStackMaker::spectraOf(fDock.chosenPages());
+    const QString whyNot = TStackMaker::whyNot(items);
+    const QList<QAction *> actions{
+        menu->addAction(tr("&Stack Selected"), this, [this, items] { fStacks.stack(items, true); }),
+        menu->addAction(tr("S&uperimpose Selected"), this, [this, items] { fStacks.stack(items, false); }),
+        menu->addAction(tr("&Compare"), this, [this, items] { fStacks.compare(items); })};
+    for (QAction *action : actions) {
+        action->setEnabled(whyNot.isEmpty());
+        action->setToolTip(whyNot);
+    }
 }

@@ -4,6 +4,8 @@
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "consts/Consts.h"
+#include "ui/TDragAndDropHandler.h"
 
 #include <QIcon>
 #include <QMimeData>
@@ -247,7 +249,7 @@ Qt::ItemFlags TPageModel::flags(const QModelIndex &index) const
     if (!index.isValid())
         return Qt::ItemIsDropEnabled; // pages are dropped between pages
     const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    return index.parent().isValid() ? flags | Qt::ItemNeverHasChildren
+    return index.parent().isValid() ? flags | Qt::ItemNeverHasChildren | Qt::ItemIsDragEnabled
                                     : flags | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
 }
 
@@ -263,18 +265,27 @@ bool TPageModel::setData(const QModelIndex &index, const QVariant &value, int ro
 
 QStringList TPageModel::mimeTypes() const
 {
-    return {cPagesMime};
+    return {cPagesMime, QString(Consts::Common::cPageNavigatorDragId)};
 }
 
 QMimeData *TPageModel::mimeData(const QModelIndexList &indexes) const
 {
     QStringList rows;
+    QList<TPage *> pages;
+    TCanvasItemList items;
     for (const QModelIndex &index : indexes) {
-        if (!index.parent().isValid())
-            rows.append(QString::number(index.row()));
+        if (index.parent().isValid()) {
+            items.append(item(index));
+            continue;
+        }
+        rows.append(QString::number(index.row()));
+        pages.append(page(index));
     }
     auto *data = new QMimeData;
-    data->setData(cPagesMime, rows.join(' ').toLatin1());
+    if (!rows.isEmpty()) // items alone have no place among pages
+        data->setData(cPagesMime, rows.join(' ').toLatin1());
+    if (fDocument)
+        data->setData(Consts::Common::cPageNavigatorDragId, PageDrag::store(*fDocument, pages, items));
     return data;
 }
 

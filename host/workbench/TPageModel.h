@@ -50,6 +50,8 @@ public:
     /// Only tells that a title was typed; a command changes it.
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    /// Over a plot spectra are copied.
+    Qt::DropActions supportedDragActions() const override { return Qt::MoveAction | Qt::CopyAction; }
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     /// Only tells where pages were dropped.

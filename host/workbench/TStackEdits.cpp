@@ -7,6 +7,7 @@
 #include "plugin/IPluginDAItems.h"
 #include "plugin/IPluginGathering.h"
 #include "plugin/IPluginItemParameters.h"
+#include "plugin/IPluginStacking.h"
 #include "services/TKelmoraHost.h"
 
 QVariant TStackEdits::fact(TCanvasItem *item, int index, TFact fact) const
@@ -52,12 +53,21 @@ TCommand *TStackEdits::colorsCommand(TCanvasItem *item, const QVector<QColor> &c
 
 TCommand *TStackEdits::valuesCommand(TCanvasItem *item, const QMap<int, double> &values)
 {
-    QVariantMap map;
-    for (auto it = values.constBegin(); it != values.constEnd(); ++it)
-        map.insert(QString::number(it.key()), it.value());
     for (QObject *plugin : fHost.plugins()) {
-        auto *editor = qobject_cast<IPluginDAItems *>(plugin);
-        if (TCommand *command = editor ? editor->editArrayedDataCommand(TCanvasItemList{item}, map) : nullptr)
+        auto *stacking = qobject_cast<IPluginStacking *>(plugin);
+        TCommand *command = stacking ? stacking->seriesValuesCommand(TCanvasItemList{item}, values) : nullptr;
+        if (command)
+            return command;
+    }
+    return nullptr;
+}
+
+TCommand *TStackEdits::splitByClassCommand(TCanvasItem *item)
+{
+    for (QObject *plugin : fHost.plugins()) {
+        auto *stacking = qobject_cast<IPluginStacking *>(plugin);
+        TCommand *command = stacking ? stacking->splitByClassCommand(item, fHost.document()) : nullptr;
+        if (command)
             return command;
     }
     return nullptr;

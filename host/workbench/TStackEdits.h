@@ -13,13 +13,13 @@ public:
     {
     }
 
-    bool canEdit(TEdit edit) const override { return edit != cSplit; }
+    bool canEdit(TEdit) const override { return true; }
     QVariant fact(TCanvasItem *item, int index, TFact fact) const override;
     TCommand *activeCommand(TCanvasItem *item, int index) override;
     TCommand *titleCommand(TCanvasItem *item, int index, const QString &title) override;
     TCommand *valuesCommand(TCanvasItem *item, const QMap<int, double> &values) override;
     TCommand *colorsCommand(TCanvasItem *item, const QVector<QColor> &colors) override;
-    TCommand *splitByClassCommand(TCanvasItem *) override { return nullptr; }
+    TCommand *splitByClassCommand(TCanvasItem *item) override;
 
 private:
     TKelmoraHost &fHost;

@@ -181,6 +181,14 @@ void WDocumentView::setDarkPaper(bool dark)
     viewport()->update();
 }
 
+void WDocumentView::setRefusing(bool refuses)
+{
+    if (refuses == fIsRefusing)
+        return;
+    fIsRefusing = refuses;
+    viewport()->setCursor(refuses ? QCursor(Qt::ForbiddenCursor) : fInput->cursor(spotAt(fMousePos)));
+}
+
 void WDocumentView::setModes(TPluginMouseModeHandler *modes)
 {
     fInput->setModes(modes);
@@ -273,6 +281,8 @@ void WDocumentView::drawForeground(QPainter *painter, const QRectF &)
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setFont(font());
     fInput->paint(*painter);
+    if (fPaintDrag)
+        fPaintDrag(*painter);
     painter->restore();
 }
 

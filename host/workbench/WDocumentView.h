@@ -7,6 +7,7 @@
 
 #include <QGraphicsView>
 #include <QPointer>
+#include <functional>
 #include <memory>
 
 class TDocument;
@@ -48,6 +49,10 @@ public:
     TItemSelection &selection() { return fSelection; }
     TViewInput &input() { return *fInput; }
     void setDarkPaper(bool dark);
+    /// Paints what a drag over the page shows, in logical pixels of the view.
+    void setDragPainter(const std::function<void(QPainter &)> &paint) { fPaintDrag = paint; }
+    /// While a drag can end nowhere here the mouse says so.
+    void setRefusing(bool refuses);
     /// The mouse modes of the window; not owned.
     void setModes(TPluginMouseModeHandler *modes);
 
@@ -102,4 +107,6 @@ private:
     bool fFitted = true;
     bool fMenuIsDue = false; // at the release of the right button
     bool fDarkPaper = false;
+    bool fIsRefusing = false;
+    std::function<void(QPainter &)> fPaintDrag;
 };

@@ -23,6 +23,7 @@
 #include "TShellController.h"
 #include "TShowController.h"
 #include "TStackController.h"
+#include "TStackMaker.h"
 #include "TTheme.h"
 #include "TTitleController.h"
 #include "TUnitsController.h"
@@ -88,6 +89,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     fActions = new TActionTable(TMarkupLoader::loadFile(":/kelmora/ui/kelmora.mui"), this);
     fDocuments = std::make_unique<TDocumentController>(host, fTabs);
     fFiles = new TFileController(host, *fDocuments, this);
+    new TDropTarget(this, host, *fDocuments, *fFiles); // before the first view is there
     fGui = std::make_unique<TGuiHost>(*this);
     fHost.setGui(fGui.get());
     setCentralWidget(fTabs);
@@ -98,7 +100,6 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     fStatus = new WStatusReadout(statusBar(), *fDocuments);
     new TEmptyStateController(host, *fDocuments, *fFiles, this);
     fAutosave = new TAutosave(*fDocuments, TAutosaveFile::defaultFolder(), this);
-    new TDropTarget(this, *fDocuments, *fFiles);
     fShell->setAutosave(fAutosave);
     fShell->takeMenus();
     fDocuments->newDocument();
@@ -164,7 +165,9 @@ void WMainWindow::connectActions()
     auto *places = new TPlaceMenus(*fActions, *fDocuments, this);
     new TTitleController(*fActions, *fDocuments, this);
     fActions->on("renamePage", [this] { fPages->renameCurrent(); });
-    new TPageDock(*fPages, *fActions, *fDocuments);
+    fStackMaker = new TStackMaker(
+        *fActions, fHost, *fDocuments, [this] { return fPages->chosenPages(); }, this);
+    new TPageDock(*fPages, *fActions, *fDocuments, *fStackMaker);
     new TItemController(*fActions, *fDocuments, this);
     new TClipboardController(*fActions, *fDocuments, *fFiles, this);
     fExports = new TExportController(fHost, *fActions, *fDocuments, this);
@@ -240,6 +243,7 @@ void WMainWindow::connectDocuments()
     const auto show = [this](const QString &text) { statusBar()->showMessage(text, 5000); };
     connect(fFiles, &TFileController::told, this, show);
     connect(fExports, &TExportController::told, this, show);
+    connect(fStackMaker, &TStackMaker::told, this, show);
     connect(new TUnitsController(fHost, *fDocuments, *fFiles), &TUnitsController::told, this, show);
     new TFileMenus(*fActions, *fFiles, this);
     const auto fills = [this](const QString &name, const std::function<void(QMenu *)> &fill) {

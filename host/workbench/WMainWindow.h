@@ -15,6 +15,7 @@ class TPrintController;
 class TShellController;
 class TShowController;
 class TStackController;
+class TStackMaker;
 class WStatusReadout;
 class TGuiHost;
 class TKelmoraHost;
@@ -81,6 +82,7 @@ private:
     TShellController *fShell = nullptr;
     TShowController *fShow = nullptr;
     TStackController *fStackActions = nullptr;
+    TStackMaker *fStackMaker = nullptr;
     TModeController *fModes = nullptr;
     TExportController *fExports = nullptr;
     TPrintController *fPrinting = nullptr;

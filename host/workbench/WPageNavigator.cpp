@@ -2,6 +2,7 @@
 
 #include "widgets/TOwnKeys.h"
 
+#include <QMouseEvent>
 #include <QResizeEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -16,6 +17,24 @@ constexpr int cMaxWidth = 320;
 constexpr int cPadding = 12;
 constexpr int cIndentation = 16;
 constexpr double cPaperRatio = 2100.0 / 2970.0;
+
+class TPagesView : public QTreeView
+{
+public:
+    using QTreeView::QTreeView;
+
+    void setDragEnd(const std::function<void()> &dragEnd) { fDragEnd = dragEnd; }
+
+protected:
+    void startDrag(Qt::DropActions actions) override
+    {
+        QTreeView::startDrag(actions);
+        fDragEnd();
+    }
+
+private:
+    std::function<void()> fDragEnd;
+};
 
 /// The thumbnail of a page stands above its title.
 class TPageDelegate : public QStyledItemDelegate
@@ -53,7 +72,7 @@ private:
 
 WPageNavigator::WPageNavigator(QWidget *parent)
     : WPluginDockWidget("pageNavigator", tr("Pages"), parent)
-    , fView(new QTreeView(this))
+    , fView(new TPagesView(this))
 {
     makeView();
     setWidget(fView);
@@ -65,16 +84,51 @@ WPageNavigator::WPageNavigator(QWidget *parent)
     connect(&fModel, &QAbstractItemModel::modelAboutToBeReset, this, &WPageNavigator::keepState);
     connect(&fModel, &QAbstractItemModel::modelReset, this, &WPageNavigator::restoreState);
     connect(fView->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &index) {
-        TPage *page = fIsQuiet ? nullptr : fModel.page(index);
-        if (!page)
-            return;
-        if (TCanvasItem *item = fModel.item(index))
-            emit itemChosen(item);
-        else
-            emit pageChosen(page);
+        fIsChoiceDue = fIsPressed && !fIsQuiet;
+        if (!fIsPressed && !fIsQuiet)
+            choose(index);
     });
     connect(fView, &QWidget::customContextMenuRequested, this,
             [this](const QPoint &place) { emit menuWanted(fView->viewport()->mapToGlobal(place)); });
+}
+
+/// A drag took the release of the button; the page that is shown stays the current one.
+void WPageNavigator::endDrag()
+{
+    fIsPressed = false;
+    fIsChoiceDue = false;
+    const QScopedValueRollback<bool> quiet(fIsQuiet, true);
+    if (fModel.page(fView->currentIndex()) != fShown && fModel.indexOf(fShown).isValid())
+        fView->setCurrentIndex(fModel.indexOf(fShown));
+}
+
+void WPageNavigator::choose(const QModelIndex &index)
+{
+    fIsChoiceDue = false;
+    TPage *page = fModel.page(index);
+    if (!page)
+        return;
+    if (TCanvasItem *item = fModel.item(index))
+        emit itemChosen(item);
+    else
+        emit pageChosen(page);
+}
+
+bool WPageNavigator::eventFilter(QObject *object, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        fIsPressed = static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
+        break;
+    case QEvent::MouseButtonRelease:
+        fIsPressed = false;
+        if (fIsChoiceDue)
+            choose(fView->currentIndex());
+        break;
+    default:
+        break;
+    }
+    return WPluginDockWidget::eventFilter(object, event);
 }
 
 void WPageNavigator::makeView()
@@ -93,6 +147,8 @@ void WPageNavigator::makeView()
     fView->setAccessibleName(tr("Pages"));
     fView->setItemDelegate(new TPageDelegate(fView));
     fView->setModel(&fModel);
+    fView->viewport()->installEventFilter(this);
+    static_cast<TPagesView *>(fView)->setDragEnd([this] { endDrag(); });
     auto *keys = new TOwnKeys(fView);
     keys->add(QKeySequence(Qt::Key_Delete), [this] { emit deletionWanted(); });
     keys->add(QKeySequence(Qt::Key_Escape), [this] { emit focusReturned(); });

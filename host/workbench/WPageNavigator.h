@@ -25,6 +25,7 @@ public:
     QList<TPage *> chosenPages() const;
     /// Lets the title of the page that is shown be typed.
     void renameCurrent();
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 signals:
     void pageChosen(TPage *page);
@@ -41,6 +42,8 @@ protected:
 
 private:
     void makeView();
+    void endDrag();
+    void choose(const QModelIndex &index);
     void keepState();
     void restoreState();
 
@@ -50,4 +53,6 @@ private:
     QList<const TPage *> fSelected; // likewise
     QPointer<TPage> fShown;
     bool fIsQuiet = false;
+    bool fIsPressed = false; // what is pressed may become a drag, which does not turn the page
+    bool fIsChoiceDue = false;
 };

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int cSeriesValueId = 13;
+const QString cLabelKey = QStringLiteral("Arrayed Label"); // in the data object
 
 /// The sample nearest to a wavenumber, held within the data.
 int sampleAt(const TYrexSpectrum &spectrum, double wavenumber)
@@ -121,4 +122,19 @@ bool TDAYrexItemCtx::regionValue(int index, const TDARegion &region, double from
 int TDAYrexItemCtx::count() const
 {
     return fItem ? fItem->stack().count() : 0;
+}
+
+QString TDAYrexItemCtx::arrayedLabel() const
+{
+    return hasSpectra() ? fItem->dataObj()->properties().value(cLabelKey).toString() : QString();
+}
+
+void TDAYrexItemCtx::setArrayedLabel(const QString &label)
+{
+    if (!hasSpectra())
+        return;
+    if (label.isEmpty())
+        fItem->dataObj()->properties().remove(cLabelKey);
+    else
+        fItem->dataObj()->properties().insert(cLabelKey, label);
 }

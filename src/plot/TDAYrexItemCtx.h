@@ -26,6 +26,10 @@ public:
     bool regionValue(int index, const TDARegion &region, double from, double to, double &value) override;
     int count() const override;
 
+    /// What the values of the series are, in the user's words; empty when nobody said so.
+    QString arrayedLabel() const;
+    void setArrayedLabel(const QString &label);
+
 private:
     TYrexSpectrum *spectrum(int index) const;
 

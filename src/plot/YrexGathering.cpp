@@ -22,14 +22,18 @@ QString YrexGathering::horzUnitOf(const TCanvasYrexSpectrum &item)
                : QString("%1 (%2)").arg(shown, yrexUnitDisplayName(first->origXUnits()));
 }
 
+TYrexSpectrum *YrexGathering::copyOf(const TYrexSpectrum &spectrum)
+{
+    auto clone = spectrum.clone();
+    clone->reparseParams();
+    return clone.release();
+}
+
 TYrexSpectrumList YrexGathering::copiesOf(const TCanvasYrexSpectrum &item)
 {
     TYrexSpectrumList copies;
-    for (const TYrexSpectrum *spectrum : item.spectra()) {
-        auto clone = spectrum->clone();
-        clone->reparseParams();
-        copies.append(clone.release());
-    }
+    for (const TYrexSpectrum *spectrum : item.spectra())
+        copies.append(copyOf(*spectrum));
     return copies;
 }
 

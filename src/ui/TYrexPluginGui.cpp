@@ -3,7 +3,11 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexActions.h"
+#include "WYrexStackOptionsDialog.h"
+#include "canvas/TDocument.h"
+#include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "ui/PlotSteps.h"
 #include "ui/TUpdateItem.h"
 
 TYrexPluginGui::TYrexPluginGui() = default;
@@ -64,4 +68,30 @@ QString TYrexPluginGui::contextMenuName(const TMouseSpot &spot) const
     default:
         return QStringLiteral("yrex1DSpectrumContextMenu");
     }
+}
+
+void TYrexPluginGui::adjustStackedItems(const TCanvasItemList &items)
+{
+    if (!fHost || !fHost->gui())
+        return;
+    QVector<QUuid> stacks; // items may go while the dialog is open
+    for (ICanvasItem *entry : items) {
+        const TCanvasYrexSpectrum *item = yrexItem(entry);
+        if (item && item->isStacked())
+            stacks.append(item->uniqueId());
+    }
+    auto *dialog =
+        new WYrexStackOptionsDialog(stackAngle(), oneStackPerYUnit(), !stacks.isEmpty(), fHost->gui()->mainWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [this, dialog, stacks] {
+        setStackSettings(dialog->angle(), dialog->oneStackPerYUnit());
+        TCanvasItemList present;
+        for (const QUuid &id : stacks) {
+            if (TCanvasItem *item = fHost->document()->item(id))
+                present.append(item);
+        }
+        if (dialog->appliesToPresent() && !present.isEmpty())
+            PlotSteps::setProperties(fHost->history(), present, {{"stack.angle", dialog->angle()}});
+    });
+    dialog->open();
 }

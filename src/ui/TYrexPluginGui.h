@@ -19,6 +19,8 @@ public:
     ~TYrexPluginGui() override;
 
     void registered(IPluginHost *host) override;
+    /// The dialog of the options of stacks. Does not wait for the answer.
+    void adjustStackedItems(const TCanvasItemList &items) override;
 
     QString markupResource() const override { return QStringLiteral(":/yrex/ui/YrexPlugin.mui"); }
     bool isInvalid(const QString &invalidator) const override;

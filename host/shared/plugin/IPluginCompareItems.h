@@ -2,6 +2,7 @@
 
 #include <QtPlugin>
 
+class TCanvasItem;
 class TCanvasItemList;
 
 /// Comparison of items in one plot.
@@ -11,7 +12,8 @@ public:
     virtual ~IPluginCompareItems() = default;
     /// The ways of comparing that the plug-in offers, as bits.
     virtual int availableFlags() const = 0;
-    virtual void compare(const TCanvasItemList &items, int flags) = 0;
+    /// A new item without a page, which the caller owns; null for items that cannot be compared.
+    virtual TCanvasItem *compare(const TCanvasItemList &items, int flags) = 0;
 };
 
 #define cIPluginCompareItemsIID "com.dornveld.kelmora-qt.IPluginCompareItems/1.0"

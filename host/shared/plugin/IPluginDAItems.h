@@ -15,8 +15,8 @@ public:
     virtual ~IPluginDAItems() = default;
     /// The analysis context of an item, which owns it; null for an item of another type.
     virtual IDAItemCtx *daContext(TCanvasItem *item) = 0;
-    /// A command that sets series values of stacked items, by the index of the spectrum as text; the caller owns it,
-    /// null when there is nothing to set.
+    /// A command that edits what belongs to the series of items as a whole, by numbers as text ("5": its label). The
+    /// caller owns it.
     virtual TCommand *editArrayedDataCommand(const TCanvasItemList &items, const QVariantMap &map) = 0;
 };
 

@@ -1,14 +1,20 @@
 #include "TYrexPlugin.h"
 
+#include "T1DYrexPlot.h"
 #include "TASCIIYrexConverter.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexEditOneParam.h"
 #include "TCmdYrexEditParameterTemplates.h"
+#include "TCmdEditYrexArrayedData.h"
+#include "TCmdYrexArrayedFromSelection.h"
+#include "TCmdYrexInsert.h"
 #include "TCmdYrexSeriesValues.h"
 #include "TDAYrexItemCtx.h"
 #include "TJCAMPYrexConverter.h"
 #include "TMultiYrexSpectrumPropertiesBag.h"
 #include "TYrexCommandLine.h"
+#include "TYrexCompareItems.h"
+#include "TYrexDragAndDropHandler.h"
 #include "TYrexGalacticSpcConverter.h"
 #include "TYrexOmnicSpaConverter.h"
 #include "TYrexOpusConverter.h"
@@ -21,6 +27,8 @@
 #include "YrexGathering.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "commands/TCmdCreateItem.h"
+#include "commands/TCmdList.h"
 #include "consts/Consts.h"
 #include "contexts/TStackedSpectrumItemCtx.h"
 #include "params/TParamsParser.h"
@@ -39,6 +47,8 @@ namespace {
 constexpr int cReportItemRtti = 107;
 constexpr int cFactoryCount = 3; // one for each engine that a host keeps: console, files, menu entries
 constexpr double cDefaultStackAngle = 15.0;
+constexpr char cStackAngleKey[] = "Zarnu/Stack/Angle";
+constexpr char cOneStackPerYUnitKey[] = "Zarnu/Stack/OneStackPerYUnit";
 
 QPointer<TYrexPlugin> gInstance;
 
@@ -63,8 +73,9 @@ TYrexPlugin::TYrexPlugin()
     fOrderHint = 7;
     fCapabilities = 3;
     const TDefaultsIni settings;
-    fStackAngle = settings.value("Zarnu/Stack/Angle", cDefaultStackAngle).toDouble();
-    fOneStackPerYUnit = settings.value("Zarnu/Stack/OneStackPerYUnit", true).toBool();
+    fStackAngle = settings.value(cStackAngleKey, cDefaultStackAngle).toDouble();
+    fOneStackPerYUnit = settings.value(cOneStackPerYUnitKey, true).toBool();
+    fDragAndDrop = std::make_unique<TYrexDragAndDropHandler>();
 }
 
 TYrexPlugin::~TYrexPlugin()
@@ -152,10 +163,70 @@ void TYrexPlugin::hostEvent(const QByteArray &name)
         canvasItem(item)->update();
 }
 
-TCanvasItem *TYrexPlugin::stackItems(TPage *, TCanvasItem *, TCmdList *&commands, bool)
+void TYrexPlugin::setStackSettings(double angle, bool oneStackPerYUnit)
 {
+    fStackAngle = angle;
+    fOneStackPerYUnit = oneStackPerYUnit;
+    TDefaultsIni settings;
+    settings.setValue(cStackAngleKey, angle);
+    settings.setValue(cOneStackPerYUnitKey, oneStackPerYUnit);
+}
+
+TCanvasItem *TYrexPlugin::stackItems(TPage *, TCanvasItem *item, TCmdList *&commands, bool)
+{
+    constexpr bool cStacked = true;
+    constexpr bool cForceNewPage = false;
     commands = nullptr;
-    return nullptr;
+    auto command =
+        std::make_unique<TCmdYrexArrayedFromSelection>(TCanvasItemList{item}, fHost ? fHost->document() : nullptr, this,
+                                                       cStacked, fStackAngle, fOneStackPerYUnit, cForceNewPage);
+    if (command->isVoid())
+        return nullptr;
+    TCanvasItem *first = command->newItems().first();
+    commands = new TCmdList(command->description());
+    commands->append(command.release());
+    return first;
+}
+
+TCommand *TYrexPlugin::stackCommand(const TCanvasItemList &items, TDocument *document, bool stacked)
+{
+    constexpr bool cForceNewPage = true;
+    auto command = std::make_unique<TCmdYrexArrayedFromSelection>(items, document, this, stacked, fStackAngle,
+                                                                  fOneStackPerYUnit, cForceNewPage);
+    return command->isVoid() ? nullptr : command.release();
+}
+
+TCommand *TYrexPlugin::insertCommand(TCanvasItem *item, const TCanvasItemList &from)
+{
+    TCanvasYrexSpectrum *target = yrexItem(item);
+    if (!target || !target->activeYrexPlot() || !(fDragAndDrop->acceptItems(item, from)))
+        return nullptr;
+    TYrexSpectrumList clones;
+    for (ICanvasItem *entry : from)
+        clones += YrexGathering::copiesOf(*yrexItem(entry));
+    return new TCmdYrexInsert(target, clones, TCmdYrexInsert::cAtEnd, stackedMode);
+}
+
+TCommand *TYrexPlugin::splitByClassCommand(TCanvasItem *item, TDocument *document)
+{
+    const TCanvasYrexSpectrum *source = yrexItem(item);
+    const auto groups = source ? source->stack().classGroups(false) : QVector<TYrexStack::TGroup>();
+    if (groups.size() < 2)
+        return nullptr;
+    auto *list = new TCmdList(tr("Split by Class"));
+    for (const TYrexStack::TGroup &group : groups) {
+        TYrexSpectrumList clones;
+        for (const TYrexSpectrum *spectrum : group.second)
+            clones.append(YrexGathering::copyOf(*spectrum));
+        auto *part = new TCanvasYrexSpectrum(clones, nullptr, this);
+        list->append(new TCmdCreateItem(TCmdCreateItem::cOther, {part}, document, nullptr, source->provenance(), 0));
+    }
+    return list;
+}
+
+TCommand *TYrexPlugin::seriesValuesCommand(const TCanvasItemList &items, const QMap<int, double> &values)
+{
+    return values.isEmpty() ? nullptr : new TCmdYrexSeriesValues(items, values);
 }
 
 QObject *TYrexPlugin::tableSettings(TTableProperties *, TCanvasItem *)
@@ -176,16 +247,14 @@ IDAItemCtx *TYrexPlugin::daContext(TCanvasItem *item)
 
 TCommand *TYrexPlugin::editArrayedDataCommand(const TCanvasItemList &items, const QVariantMap &map)
 {
-    QMap<int, double> values;
+    TCmdEditYrexArrayedData::TValues values;
     for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
-        bool isIndex = false;
-        bool isNumber = false;
-        const int index = it.key().toInt(&isIndex);
-        const double value = it.value().toDouble(&isNumber);
-        if (isIndex && isNumber)
-            values.insert(index, value);
+        bool isKey = false;
+        const int key = it.key().toInt(&isKey);
+        if (isKey)
+            values.insert(key, it.value());
     }
-    return values.isEmpty() ? nullptr : new TCmdYrexSeriesValues(items, values);
+    return new TCmdEditYrexArrayedData(items, values);
 }
 
 TCommand *TYrexPlugin::editParamCommand(const TCanvasItemList &items, int id, const QString &value, int index)
@@ -246,10 +315,13 @@ void TYrexPlugin::adjustStackedItems(const TCanvasItemList &) {}
 
 int TYrexPlugin::availableFlags() const
 {
-    return 0;
+    return TYrexCompareItems(nullptr).availableFlags();
 }
 
-void TYrexPlugin::compare(const TCanvasItemList &, int) {}
+TCanvasItem *TYrexPlugin::compare(const TCanvasItemList &items, int flags)
+{
+    return TYrexCompareItems(this).compare(items, flags);
+}
 
 QList<TConsoleCommand> TYrexPlugin::commands() const
 {

@@ -9,9 +9,12 @@
 #include "plugin/IPluginItemParameters.h"
 #include "plugin/IPluginSpectrumItemsContext.h"
 #include "plugin/IPluginStackedItemsContext.h"
+#include "plugin/IPluginStacking.h"
 #include "plugin/IPluginUnits.h"
 #include "plugin/IYrexPlugin.h"
 #include "plugin/TBasePluginEx.h"
+
+#include <memory>
 
 class IDAPlugin;
 class IDrawingTools;
@@ -28,11 +31,12 @@ class TYrexPlugin : public TBasePluginEx,
                     public IPluginCommandLine,
                     public IPluginUnits,
                     public IPluginGathering,
+                    public IPluginStacking,
                     public IYrexItemFactory
 {
     Q_OBJECT
     Q_INTERFACES(IYrexPlugin IPluginDAItems IPluginItemParameters IPluginSpectrumItemsContext IPluginStackedItemsContext
-                     IPluginCompareItems IPluginCommandLine IPluginUnits IPluginGathering)
+                     IPluginCompareItems IPluginCommandLine IPluginUnits IPluginGathering IPluginStacking)
 
 public:
     TYrexPlugin();
@@ -63,7 +67,7 @@ public:
     IStackedItemCtx *stackedContext(TCanvasItem *item) override;
     void adjustStackedItems(const TCanvasItemList &items) override;
     int availableFlags() const override;
-    void compare(const TCanvasItemList &items, int flags) override;
+    TCanvasItem *compare(const TCanvasItemList &items, int flags) override;
 
     QList<TConsoleCommand> commands() const override;
     bool hasUnknownUnits(TCanvasItem *item) const override;
@@ -74,12 +78,19 @@ public:
     TCanvasItem *gather(const TCanvasItemList &items) const override;
     QVariant spectrumFact(TCanvasItem *item, int index, TFact fact) const override;
     void nameSource(TCanvasItem *item, const QString &name) const override;
+    TCommand *stackCommand(const TCanvasItemList &items, TDocument *document, bool stacked) override;
+    TCommand *insertCommand(TCanvasItem *item, const TCanvasItemList &from) override;
+    TCommand *splitByClassCommand(TCanvasItem *item, TDocument *document) override;
+    TCommand *seriesValuesCommand(const TCanvasItemList &items, const QMap<int, double> &values) override;
+    TDragAndDropHandler *dragAndDropHandler() override { return fDragAndDrop.get(); }
 
     int run(const QString &name, const QStringList &arguments, IConsole &console) override;
 
     /// Skew angle of new stacks, in degrees.
     double stackAngle() const { return fStackAngle; }
     bool oneStackPerYUnit() const { return fOneStackPerYUnit; }
+    /// For the stacks to come, here and in later sessions.
+    void setStackSettings(double angle, bool oneStackPerYUnit);
 
 protected:
     void registerConverters() override;
@@ -90,6 +101,7 @@ private:
     IDAPlugin *fDAPlugin = nullptr;
     double fStackAngle;
     bool fOneStackPerYUnit;
+    std::unique_ptr<TDragAndDropHandler> fDragAndDrop;
 };
 
 /// The first plug-in object of this process; a later one does not replace it.

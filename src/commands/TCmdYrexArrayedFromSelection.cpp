@@ -1,0 +1,252 @@
+#include "TCmdYrexArrayedFromSelection.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TYrexUnits.h"
+#include "YrexGathering.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "history/THistoryCommand.h"
+#include "log/TLogger.h"
+
+#include <algorithm>
+#include <new>
+
+namespace {
+
+struct TCopy
+{
+    TYrexSpectrum *fSpectrum;
+    QUuid fSource;
+    QColor fColor;
+};
+
+QColor colorOf(const TCanvasYrexSpectrum &item, int index)
+{
+    const T1DYrexPlot *plot = item.activeYrexPlot();
+    const QColor own = item.isStacked() && plot ? plot->stackedProperties().arrayedColor(index) : QColor();
+    return own.isValid() || !plot ? own : plot->properties().curvePen.color();
+}
+
+QVector<TCopy> copiesOf(const TCanvasItemList &items, TCmdYrexArrayedFromSelection::TLinks *links)
+{
+    QVector<TCopy> copies;
+    for (ICanvasItem *entry : items) {
+        const TCanvasYrexSpectrum *item = yrexItem(entry);
+        if (!item)
+            continue;
+        const TYrexSpectrumList spectra = YrexGathering::copiesOf(*item);
+        for (int i = 0; i < spectra.size(); ++i)
+            copies.append({spectra.at(i), item->uniqueId(), colorOf(*item, i)});
+        if (!links)
+            continue;
+        for (const QByteArray &role : item->roles()) {
+            QList<QUuid> &ids = (*links)[role];
+            for (const QUuid &id : item->links(role)) {
+                if (!ids.contains(id))
+                    ids.append(id);
+            }
+        }
+    }
+    return copies;
+}
+
+QVector<int> unitsOf(const QVector<TCopy> &copies)
+{
+    QVector<int> units;
+    for (const TCopy &copy : copies) {
+        if (!units.contains(copy.fSpectrum->yUnits()))
+            units.append(copy.fSpectrum->yUnits());
+    }
+    return units;
+}
+
+/// Null when there is no memory for it; the spectra are gone then.
+TCanvasYrexSpectrum *itemOf(const QVector<TCopy> &copies, IProgress *progress)
+{
+    TYrexSpectrumList spectra;
+    QVector<QColor> colors;
+    for (const TCopy &copy : copies) {
+        spectra.append(copy.fSpectrum);
+        colors.append(copy.fColor);
+    }
+    TCanvasYrexSpectrum *item = nullptr;
+    try {
+        item = new TCanvasYrexSpectrum(spectra, nullptr, progress);
+    } catch (const std::bad_alloc &) {
+        TLogger::printToLogger("TCmdYrexArrayedFromSelection::stackFromCanvasItemsList",
+                               TCmdYrexArrayedFromSelection::tr("Not enough memory"), TLogger::cError);
+        return nullptr;
+    }
+    T1DYrexPlot *plot = item->activeYrexPlot();
+    const bool isUniform = std::adjacent_find(colors.begin(), colors.end(), std::not_equal_to<>()) == colors.end();
+    if (!isUniform && plot && item->isStacked()) {
+        plot->stackedProperties().setColors(colors);
+        plot->stackedProperties().setOwnColors(true);
+    }
+    return item;
+}
+
+QList<QUuid> sourcesOf(const QVector<TCopy> &copies)
+{
+    QList<QUuid> ids;
+    for (const TCopy &copy : copies) {
+        if (!ids.contains(copy.fSource))
+            ids.append(copy.fSource);
+    }
+    return ids;
+}
+
+QVariantMap numbered(const QList<QUuid> &ids)
+{
+    QVariantMap map;
+    const int digits = QString::number(ids.size()).size();
+    for (int i = 0; i < ids.size(); ++i)
+        map.insert(QString("%1%2").arg(QString()).arg(i + 1, digits, 10, QChar('0')), ids.at(i));
+    return map;
+}
+
+} // namespace
+
+QVector<TCanvasYrexSpectrum *> TCmdYrexArrayedFromSelection::stackFromCanvasItemsList(const TCanvasItemList &items,
+                                                                                      IProgress *progress,
+                                                                                      bool oneStackPerYUnit,
+                                                                                      TLinks *links,
+                                                                                      QVector<QList<QUuid>> *sourceIds)
+{
+    const QVector<TCopy> copies = copiesOf(items, links);
+    const QVector<int> units = unitsOf(copies);
+    QVector<QVector<TCopy>> groups;
+    if (units.size() > 1 && oneStackPerYUnit) {
+        for (const int unit : units) {
+            QVector<TCopy> group;
+            std::copy_if(copies.begin(), copies.end(), std::back_inserter(group),
+                         [unit](const TCopy &copy) { return copy.fSpectrum->yUnits() == unit; });
+            groups.append(group);
+        }
+    } else if (!copies.isEmpty()) {
+        for (const TCopy &copy : copies) {
+            if (units.size() > 1)
+                copy.fSpectrum->setUnits(copy.fSpectrum->xUnits(), cUnitArbitrary);
+        }
+        groups.append(copies);
+    }
+    QVector<TCanvasYrexSpectrum *> made;
+    bool isOutOfMemory = false;
+    for (const QVector<TCopy> &group : qAsConst(groups)) {
+        TCanvasYrexSpectrum *item = isOutOfMemory ? nullptr : itemOf(group, progress);
+        if (item) {
+            made.append(item);
+            if (sourceIds)
+                sourceIds->append(sourcesOf(group));
+            continue;
+        }
+        if (isOutOfMemory) { // what was made stands; the rest is given up
+            for (const TCopy &copy : group)
+                delete copy.fSpectrum;
+        }
+        isOutOfMemory = true;
+    }
+    return made;
+}
+
+TCmdYrexArrayedFromSelection::TCmdYrexArrayedFromSelection(const TCanvasItemList &items, TDocument *host,
+                                                           IProgress *progress, bool stacked, double angle,
+                                                           bool oneStackPerYUnit, bool forceNewPage)
+    : TCommand(stacked ? tr("Stack Spectra") : tr("Superimpose Spectra"))
+    , fHost(host)
+    , fAngle(angle)
+    , fOneStackPerYUnit(oneStackPerYUnit)
+{
+    if (!host)
+        return;
+    TLinks links;
+    QVector<QList<QUuid>> sourceIds;
+    fNewItems = stackFromCanvasItemsList(items, progress, fOneStackPerYUnit, &links, &sourceIds);
+    const bool forceNew = fNewItems.size() >= 2 || forceNewPage || !host->currentPage();
+    for (TCanvasYrexSpectrum *item : qAsConst(fNewItems)) {
+        TPage *page = host->currentPage();
+        if (forceNew) {
+            const TPage *model = page;
+            page = new TPage;
+            if (model) {
+                page->setSize(model->size());
+                page->setMargins(model->margins());
+            }
+            fNewPages.append(page);
+        }
+        fPages.append(page);
+        item->setRect(page->offeredRect(item));
+        showNewItem(item, stacked);
+    }
+    link(links);
+    for (const QList<QUuid> &ids : qAsConst(sourceIds))
+        fHistoryMaps.append(numbered(ids));
+}
+
+void TCmdYrexArrayedFromSelection::showNewItem(TCanvasYrexSpectrum *item, bool stacked)
+{
+    T1DYrexPlot *plot = item->activeYrexPlot();
+    if (!plot)
+        return;
+    const int mode = stacked ? stackedMode : overlayMode;
+    plot->stackedProperties().setAngle(fAngle);
+    item->stack().setGrouped(mode);
+    plot->setStackedDisplayMode(mode);
+    plot->resetView();
+    item->updateStackedColors();
+}
+
+void TCmdYrexArrayedFromSelection::link(const TLinks &links)
+{
+    const TCanvasItemList known = fHost->items();
+    for (TCanvasYrexSpectrum *item : qAsConst(fNewItems)) {
+        for (auto it = links.constBegin(); it != links.constEnd(); ++it) {
+            if (it.key() == TCanvasItem::cCopyRole) // a stack is no copy of one of its sources' origins
+                continue;
+            for (const QUuid &id : it.value()) {
+                if (const ICanvasItem *found = known.firstLinkId(id))
+                    TCanvasItem::link(item, it.key(), found->uniqueId());
+            }
+        }
+    }
+}
+
+TCmdYrexArrayedFromSelection::~TCmdYrexArrayedFromSelection()
+{
+    if (isDone())
+        return;
+    qDeleteAll(fNewItems);
+    qDeleteAll(fNewPages);
+}
+
+void TCmdYrexArrayedFromSelection::doCmd()
+{
+    for (TPage *page : qAsConst(fNewPages))
+        fHost->insertPage(page, fHost->pages().size());
+    for (int i = 0; i < fNewItems.size(); ++i) {
+        fPages.at(i)->insertItem(fNewItems.at(i));
+        fNewItems.at(i)->update();
+    }
+}
+
+void TCmdYrexArrayedFromSelection::undoCmd()
+{
+    for (int i = fNewItems.size() - 1; i >= 0; --i) {
+        TCanvasYrexSpectrum *item = fNewItems.at(i);
+        item->setSelected(false);
+        item->setActive(false);
+        fPages.at(i)->takeItem(item);
+    }
+    for (int i = fNewPages.size() - 1; i >= 0; --i)
+        fHost->takePage(fNewPages.at(i));
+}
+
+void TCmdYrexArrayedFromSelection::doHistoryCommand()
+{
+    for (int i = 0; i < fNewItems.size(); ++i) {
+        auto *entry = new THistoryCommand(description(), fNewItems.at(i), QString());
+        entry->addParam("Spectra", fHistoryMaps.at(i), QString());
+        appendHistoryCommand(entry, fNewItems.at(i));
+    }
+}

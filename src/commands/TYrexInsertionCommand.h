@@ -1,0 +1,61 @@
+#pragma once
+
+#include "TYrexSpectrumList.h"
+#include "canvas/TViewHistoryEntry.h"
+#include "commands/TCommand.h"
+#include "commands/TPlotSnapshot.h"
+
+#include <QByteArray>
+
+class T1DYrexPlot;
+class TCanvasYrexSpectrum;
+
+/// What the commands share that bring spectra into an item. The spectra belong to the item while the command is done
+/// and to the command otherwise. Afterwards everything is in view, and the view from before is one to come back to.
+class TYrexInsertionCommand : public TCommand
+{
+    Q_OBJECT
+
+public:
+    ~TYrexInsertionCommand() override;
+
+    bool isVoid() const override { return TCommand::isVoid() || !fItem || fSpectra.isEmpty(); }
+    void doCmd() final;
+    void undoCmd() final;
+    /// One entry on the item; `describe` adds what it tells.
+    void doHistoryCommand() override;
+
+protected:
+    /// Takes the spectra over, also for a null item.
+    TYrexInsertionCommand(const QString &description, TCanvasYrexSpectrum *item, const TYrexSpectrumList &spectra);
+
+    TCanvasYrexSpectrum *item() const { return fItem; }
+    const TYrexSpectrumList &spectra() const { return fSpectra; }
+    T1DYrexPlot *plot() const;
+    void setSnapshot(const QByteArray &snapshot) { fSnapshot = snapshot; }
+    /// The spectra come from what the item holds now, since the undo of another command may have made them anew.
+    void takeBack(int index, int place);
+    /// Puts a spectrum in the place of the first one, which comes back to the command.
+    void putBack(int index, TYrexSpectrum *former);
+
+    /// Puts the spectra into the stack.
+    virtual void insert() = 0;
+    /// Takes them out, each through takeBack.
+    virtual void remove() = 0;
+    virtual void restoreSnapshot(const QByteArray &snapshot) = 0;
+    virtual void describe(THistoryCommand &) const {}
+    /// How a single spectrum is shown that has become one of several.
+    virtual void beginStack() {}
+    /// Colours for the `count` spectra that stand from `first` on now.
+    void insertColors(int first, int count);
+
+private:
+    void rememberView(const TViewHistoryEntry &before);
+
+    TCanvasYrexSpectrum *fItem; // not owned
+    TYrexSpectrumList fSpectra;
+    QByteArray fSnapshot;
+    TPlotSnapshot fPlots;
+    int fCurrent = -1;
+    bool fPushed = false;
+};
