@@ -11,6 +11,20 @@
 #include <QUndoStack>
 #include <algorithm>
 
+namespace {
+
+/// The time of day, or for earlier days the date; `whole` gives both.
+QString timeText(const QDateTime &time, bool whole)
+{
+    const QDateTime local = time.toLocalTime();
+    if (!local.isValid())
+        return QString();
+    const bool isToday = local.date() == QDate::currentDate();
+    return local.toString(whole ? "yyyy-MM-dd hh:mm:ss" : isToday ? "hh:mm:ss" : "yyyy-MM-dd");
+}
+
+} // namespace
+
 void THistoryModel::setDocument(TDocument *document)
 {
     fDocument = document;
@@ -175,8 +189,10 @@ QVariant THistoryModel::data(const QModelIndex &index, int role) const
             return row.fText;
         if (index.column() == cItem)
             return row.fItems.join(", ");
-        return row.fTime.isValid() ? row.fTime.toLocalTime().toString("yyyy-MM-dd hh:mm:ss") : QString();
+        return timeText(row.fTime, false);
     case Qt::ToolTipRole:
+        if (index.column() == cTime)
+            return timeText(row.fTime, true);
         return row.fKind == cEarlier ? tr("Done before the document was opened; it cannot be undone.") : QVariant();
     case Qt::FontRole: {
         QFont font;

@@ -30,6 +30,8 @@
 namespace {
 
 constexpr int cMargin = 6;
+constexpr int cItemLetters = 10;
+constexpr int cLeastWidth = 320; // room for descriptions beside item and time
 constexpr int cPatience = 500; // ms until a way through many steps shows its progress
 
 /// Draws the rule above what was done before the document was opened.
@@ -78,6 +80,7 @@ WHistoryPane::WHistoryPane(TDocumentController &documents, QWidget *parent)
     fDetails->setHeaderLabels({tr("Parameter"), tr("New"), tr("Old")});
     fDetails->setRootIsDecorated(false);
     auto *page = new QWidget(this);
+    page->setMinimumWidth(cLeastWidth);
     auto *column = new QVBoxLayout(page);
     column->setContentsMargins(cMargin, cMargin, cMargin, cMargin);
     column->setSpacing(cMargin);
@@ -128,7 +131,12 @@ void WHistoryPane::makeView()
     fView->verticalHeader()->hide();
     fView->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     fView->verticalHeader()->setDefaultSectionSize(fView->fontMetrics().height() + cMargin);
-    fView->horizontalHeader()->setStretchLastSection(true);
+    QHeaderView *header = fView->horizontalHeader();
+    header->setSectionResizeMode(THistoryModel::cDescription, QHeaderView::Stretch);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header->setHighlightSections(false);
+    fView->setColumnWidth(THistoryModel::cItem, fView->fontMetrics().averageCharWidth() * cItemLetters);
+    fView->setColumnWidth(THistoryModel::cTime, fView->fontMetrics().horizontalAdvance("0000-00-00") + cMargin);
     fView->setContextMenuPolicy(Qt::CustomContextMenu);
     auto *keys = new TOwnKeys(fView);
     keys->add(QKeySequence::Copy, [this] { copy(); });

@@ -132,6 +132,12 @@ QString TCanvasYrexSpectrum::title(bool plotTitle) const
     return titles.join('\n');
 }
 
+QString TCanvasYrexSpectrum::historyName() const
+{
+    const QString shown = title(true).simplified();
+    return shown.isEmpty() ? title(false).simplified() : shown;
+}
+
 QString TCanvasYrexSpectrum::titleToEdit(int index) const
 {
     return TYrexTitleEdit::text(*this, index);

@@ -31,6 +31,8 @@ public:
     ~TCanvasYrexSpectrum() override;
 
     QString title(bool plotTitle) const override;
+    /// The title that the plot shows in one line; the stored titles where it shows none.
+    QString historyName() const override;
     QString titleToEdit(int index) const override;
     QVariant swapTitle(int index, const QVariant &title) override;
     QString type() const override;

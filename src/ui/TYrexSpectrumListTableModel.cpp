@@ -41,7 +41,8 @@ QString TYrexSpectrumListTableModel::nameOf(const TCanvasYrexSpectrum *item)
     if (!item)
         return tr("No Spectrum Selected");
     const QString separator = QStringLiteral(" - ");
-    QString name = item->title(false);
+    const QString title = item->title(false);
+    QString name = item->isStacked() || title.isEmpty() ? item->historyName() : title; // one line, and not none
     const QString comment = item->currentSpectrum() ? item->currentSpectrum()->comment().trimmed() : QString();
     if (!comment.isEmpty())
         name = comment + separator + name;
