@@ -6,30 +6,13 @@
 
 namespace {
 
-/// Whether a unit can stand on an axis.
-bool isXUnit(int code)
-{
-    switch (code) {
-    case cUnitWavenumber:
-    case cUnitMicrometers:
-    case cUnitNanometers:
-    case cUnitRamanShift:
-    case cUnitFieldGauss:
-    case cUnitFieldTesla:
-    case cUnitArbitrary:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool parseUnit(const QString &text, bool isX, int &code, QString &error)
 {
     if (text.isEmpty())
         return true;
     int unit = cUnitArbitrary;
     const bool known = yrexUnitFromScriptName(text, unit);
-    const bool fits = unit == cUnitArbitrary || isXUnit(unit) == isX;
+    const bool fits = unit == cUnitArbitrary || yrexIsHorizontalUnit(unit) == isX;
     if (known && fits)
         code = unit;
     else

@@ -4,26 +4,6 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
 
-namespace {
-
-bool isAxisUnit(int unit)
-{
-    switch (unit) {
-    case cUnitWavenumber:
-    case cUnitMicrometers:
-    case cUnitNanometers:
-    case cUnitRamanShift:
-    case cUnitFieldGauss:
-    case cUnitFieldTesla:
-    case cUnitArbitrary:
-        return true;
-    default:
-        return false;
-    }
-}
-
-} // namespace
-
 TCmdSetYrexSpectrumHorizontalUnits::TCmdSetYrexSpectrumHorizontalUnits(int unit, const TCanvasItemList &items,
                                                                        bool useOriginal)
     : TYrexUnitsCommand(tr("Set Zarnu Spec Horz Units to "), horzDir, unit, items)
@@ -35,7 +15,7 @@ TCmdSetYrexSpectrumHorizontalUnits::TCmdSetYrexSpectrumHorizontalUnits(int unit,
 void TCmdSetYrexSpectrumHorizontalUnits::doCommand(TCanvasItem *item, TBasePlot *plot)
 {
     TYrexSpectrum *spectrum = yrexItem(item)->currentSpectrum();
-    if (spectrum && isAxisUnit(unit()) && spectrum->xUnits() != unit()) {
+    if (spectrum && yrexIsHorizontalUnit(unit()) && spectrum->xUnits() != unit()) {
         setChanged();
         spectrum->setParamValue(TSpectrumParam::cXUnits, 1, yrexUnitDisplayName(unit()));
     }

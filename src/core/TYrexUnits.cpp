@@ -68,6 +68,22 @@ const TUnitNames *unitNames(int code)
 
 } // namespace
 
+bool yrexIsHorizontalUnit(int code)
+{
+    switch (code) {
+    case cUnitWavenumber:
+    case cUnitMicrometers:
+    case cUnitNanometers:
+    case cUnitRamanShift:
+    case cUnitFieldGauss:
+    case cUnitFieldTesla:
+    case cUnitArbitrary:
+        return true;
+    default:
+        return false;
+    }
+}
+
 QString yrexUnitDisplayName(int code)
 {
     const TUnitNames *names = unitNames(code);

@@ -20,6 +20,8 @@ enum TYrexUnit {
     cUnitArbitrary = 50 // for both axes, and the neutral y unit of a stack of mixed units
 };
 
+/// Whether a unit can stand on the horizontal axis; arbitrary units can on either.
+bool yrexIsHorizontalUnit(int code);
 /// The name shown to users; empty for a code that is not in the table.
 QString yrexUnitDisplayName(int code);
 

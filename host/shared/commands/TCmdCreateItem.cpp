@@ -31,11 +31,12 @@ TPage *TCmdCreateItem::targetPage(TPage *page)
 {
     if (page && (!fDocument || fDocument->pages().contains(page)))
         return page;
-    TPage *current = fDocument->currentPage();
-    if (current && current->items().isEmpty())
-        return current;
-    if (!fNewPage)
+    if (!fNewPage) { // else it is done again, and the page made then is the one
+        TPage *current = fDocument->currentPage();
+        if (current && current->items().isEmpty())
+            return current;
         fNewPage = new TPage;
+    }
     fDocument->insertPage(fNewPage, fDocument->pages().size());
     return fNewPage;
 }
