@@ -42,7 +42,7 @@ void TCmdStackedItemsDeletion::doCmdItem(TCanvasItem *item, int index)
     if (indices.size() == stack.count())
         indices.removeAll(stack.activeIndex());
     for (const int each : qAsConst(indices)) {
-        TTaken taken{each, stack.idOf(each), QByteArray()};
+        TTaken taken{each, QByteArray()};
         if (stack.take(each, taken.bytes))
             before.taken.append(taken);
     }

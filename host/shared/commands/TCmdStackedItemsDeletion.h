@@ -25,7 +25,6 @@ private:
     struct TTaken
     {
         int index = -1;
-        int id = -1;
         QByteArray bytes;
     };
     struct TBefore
