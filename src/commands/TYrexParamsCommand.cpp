@@ -21,14 +21,6 @@ void TYrexParamsCommand::doItem(TCanvasYrexSpectrum *item, int index)
         showUnits(*item);
 }
 
-void TYrexParamsCommand::undoItem(TCanvasYrexSpectrum *item, int index)
-{
-    const QPair<int, int> before = unitsOf(*item);
-    TYrexVoidUnlessChanged::undoItem(item, index);
-    if (unitsOf(*item) != before)
-        showUnits(*item);
-}
-
 void TYrexParamsCommand::showUnits(TCanvasYrexSpectrum &item) const
 {
     T1DYrexPlot *plot = item.activeYrexPlot();

@@ -12,7 +12,6 @@ public:
     using TYrexVoidUnlessChanged::TYrexVoidUnlessChanged;
 
     void doItem(TCanvasYrexSpectrum *item, int index) override;
-    void undoItem(TCanvasYrexSpectrum *item, int index) override;
 
 private:
     void showUnits(TCanvasYrexSpectrum &item) const;

@@ -6,6 +6,7 @@
 TYrexSpectrumListCommand::TYrexSpectrumListCommand(const QString &description, const TCanvasItemList &items)
     : TYrexSpectrumCommand(description, items)
     , fSnapshots(size_t(TCanvasItemsCommand::items().size()))
+    , fPlots(TCanvasItemsCommand::items().size())
 {
 }
 
@@ -27,6 +28,7 @@ void TYrexSpectrumListCommand::doItem(TCanvasYrexSpectrum *item, int index)
 {
     if (!item)
         return;
+    fPlots[index].capture(item);
     saveItem(item, index);
     if (!fCurrentOnly)
         applyToTargets(item, index);
@@ -40,6 +42,7 @@ void TYrexSpectrumListCommand::undoItem(TCanvasYrexSpectrum *item, int index)
     if (!item)
         return;
     restoreItem(item, index);
+    fPlots.at(index).restore(item); // units and scales followed the spectra, which may have got other ids since
     item->update();
 }
 

@@ -2,6 +2,7 @@
 
 #include "TYrexSnapshot.h"
 #include "TYrexSpectrumCommand.h"
+#include "commands/TPlotSnapshot.h"
 
 #include <vector>
 
@@ -35,6 +36,7 @@ private:
     void applyToTargets(TCanvasYrexSpectrum *item, int index);
 
     std::vector<TYrexSnapshot> fSnapshots; // by item
+    QVector<TPlotSnapshot> fPlots;         // by item
     bool fSelectionOnly = false;
     bool fCurrentOnly = false;
 };
