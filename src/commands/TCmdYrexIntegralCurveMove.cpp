@@ -19,6 +19,7 @@ TCmdYrexIntegralCurveMove::TCmdYrexIntegralCurveMove(const TCanvasItemList &item
     , fDelta(delta)
     , fRect(rect.normalized())
     , fOldSettings(TCanvasItemsCommand::items().size())
+    , fNewSettings(TCanvasItemsCommand::items().size())
 {
 }
 
@@ -41,7 +42,9 @@ void TCmdYrexIntegralCurveMove::doItem(TCanvasYrexSpectrum *item, int index)
     const double base = area.top() + old.fCurveMargin * area.height();
     const double fixed = fTopEdge ? fRect.bottom() : fRect.top();
     band.fCurveMargin += item->canvasToFraction((fixed - base) * (1.0 - factor), Qt::Vertical);
-    if (band.giveTo(plot))
+    if (!fNewSettings.at(index))
+        fNewSettings[index] = band;
+    if (fNewSettings.at(index)->giveTo(plot))
         noteChange();
     item->update();
 }

@@ -6,6 +6,7 @@
 
 #include <QRectF>
 #include <QVector>
+#include <optional>
 
 /// Makes the integral curves of plots higher or lower: one edge of their band is dragged, the other stays.
 class TCmdYrexIntegralCurveMove : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
@@ -26,5 +27,6 @@ private:
     bool fTopEdge;
     double fDelta;
     QRectF fRect;
-    QVector<TYrexIntegralBand> fOldSettings; // by item
+    QVector<TYrexIntegralBand> fOldSettings;                // by item
+    QVector<std::optional<TYrexIntegralBand>> fNewSettings; // by item, once done: the area may be another one by then
 };

@@ -27,6 +27,7 @@ TCmdYrexIntegralElementMove::TCmdYrexIntegralElementMove(const TCanvasItemList &
     , fElement(element)
     , fDisplacement(displacement)
     , fOld(TCanvasItemsCommand::items().size())
+    , fNew(TCanvasItemsCommand::items().size())
 {
     setMergeableFlag(true);
 }
@@ -48,7 +49,9 @@ void TCmdYrexIntegralElementMove::doItem(TCanvasYrexSpectrum *item, int index)
         band.fCurveMargin += way;
     else if (fElement == cCurveHeight)
         band.fCurveMaxHeight += way;
-    if (band.giveTo(plot))
+    if (!fNew.at(index))
+        fNew[index] = band;
+    if (fNew.at(index)->giveTo(plot))
         noteChange();
     item->update();
 }

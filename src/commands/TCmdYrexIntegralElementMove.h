@@ -5,6 +5,7 @@
 #include "TYrexVoidUnlessChanged.h"
 
 #include <QVector>
+#include <optional>
 
 /// Moves the rows of integral labels, or the integral curves, or changes the height of the curves. Within a gesture
 /// such moves make one step.
@@ -28,4 +29,5 @@ private:
     qint32 fElement;
     double fDisplacement;
     QVector<TYrexIntegralBand> fOld; // by item, since rounding and the borders of the area would not take a move back
+    QVector<std::optional<TYrexIntegralBand>> fNew; // by item, once done: the area may be another one by then
 };

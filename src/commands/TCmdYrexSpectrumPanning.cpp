@@ -12,6 +12,7 @@ TCmdYrexSpectrumPanning::TCmdYrexSpectrumPanning(int kind, const TCanvasItemList
     , fKind(kind)
     , fMergeable(mergeable)
     , fViews(TCanvasItemsCommand::items().size())
+    , fNewViews(TCanvasItemsCommand::items().size())
     , fPushed(TCanvasItemsCommand::items().size(), false)
 {
     setMergeableFlag(fMergeable);
@@ -23,6 +24,7 @@ void TCmdYrexSpectrumPanning::addDelta(double dx, double dy)
         fDeltaX += dx;
     if (std::isfinite(dy))
         fDeltaY += dy;
+    fNewViews.fill(TViewHistoryEntry());
 }
 
 bool TCmdYrexSpectrumPanning::hasMoved() const
@@ -41,8 +43,12 @@ void TCmdYrexSpectrumPanning::doItem(TCanvasYrexSpectrum *item, int index)
     item->captureView(view);
     fViews[index] = view;
     fPushed[index] = item->pushView(description(), fMergeable);
-    if (fKind == cPan) // fits the height where the plot keeps doing that
+    if (!fNewViews.at(index).isEmpty()) {
+        item->restoreView(fNewViews.at(index));
+    } else if (fKind == cPan) { // fits the height where the plot keeps doing that
         TSpectrumItemCtx(item, item->activeYrexPlot()).pan(fDeltaX, fDeltaY);
+        item->captureView(fNewViews[index]);
+    }
     item->update();
 }
 

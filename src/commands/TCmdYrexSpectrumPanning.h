@@ -33,6 +33,7 @@ private:
     double fDeltaX = 0.0;
     double fDeltaY = 0.0;
     bool fMergeable;
-    QVector<TViewHistoryEntry> fViews; // by item
-    QVector<bool> fPushed;             // by item
+    QVector<TViewHistoryEntry> fViews;    // by item
+    QVector<TViewHistoryEntry> fNewViews; // by item, once done: the plot area may be another one by then
+    QVector<bool> fPushed;                // by item
 };

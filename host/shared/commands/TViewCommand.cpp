@@ -6,6 +6,7 @@
 TViewCommand::TViewCommand(const QString &description, const TCanvasItemList &items)
     : TCanvasItemsCommand(description, items)
     , fViews(items.size())
+    , fNewViews(items.size())
     , fPushed(items.size(), false)
 {
 }
@@ -29,10 +30,13 @@ void TViewCommand::doCmdItem(TCanvasItem *item, int index)
     if (fViews.at(index).isEmpty())
         item->captureView(fViews[index]);
     fPushed[index] = item->pushView(description(), isMergeable());
-    changeView(*spectrum, *spectrum->activePlot());
-    TViewHistoryEntry now;
-    item->captureView(now);
-    if (now != fViews.at(index)) {
+    if (fNewViews.at(index).isEmpty()) {
+        changeView(*spectrum, *spectrum->activePlot());
+        item->captureView(fNewViews[index]);
+    } else {
+        item->restoreView(fNewViews.at(index));
+    }
+    if (fNewViews.at(index) != fViews.at(index)) {
         fChanged = true;
         return;
     }

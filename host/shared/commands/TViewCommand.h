@@ -29,7 +29,8 @@ protected:
     virtual void describe(THistoryCommand &) const {}
 
 private:
-    QVector<TViewHistoryEntry> fViews; // one per item, before the first do step
+    QVector<TViewHistoryEntry> fViews;    // one per item, before the first do step
+    QVector<TViewHistoryEntry> fNewViews; // behind it: a way in canvas units would lead elsewhere in another plot area
     QVector<bool> fPushed;
     bool fChanged = false;
 };
