@@ -8,7 +8,7 @@ TCmdZarnuInsertGroupedSpectrum::TCmdZarnuInsertGroupedSpectrum(TCanvasYrexSpectr
                                                                const TYrexSpectrumList &spectra,
                                                                const QString &classText)
     : TYrexInsertionCommand(tr("Insert Grouped Spectra"), item, spectra)
-    , fClassText(classText)
+    , fClassText(classText.isNull() ? QStringLiteral("") : classText) // a null text would pass for no class at all
 {
     QByteArray snapshot;
     if (item)
