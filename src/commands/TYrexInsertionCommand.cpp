@@ -36,6 +36,11 @@ void TYrexInsertionCommand::doCmd()
     if (plot())
         plot()->updateStackedState();
     rememberView(before);
+    if (fWasDone)
+        fNewPlots.restore(fItem); // scales found anew would not be those of the first time
+    else
+        fNewPlots.capture(fItem);
+    fWasDone = true;
     fItem->update();
 }
 

@@ -56,6 +56,8 @@ private:
     TYrexSpectrumList fSpectra;
     QByteArray fSnapshot;
     TPlotSnapshot fPlots;
+    TPlotSnapshot fNewPlots; // once done
+    bool fWasDone = false;
     int fCurrent = -1;
     bool fPushed = false;
 };
