@@ -7,15 +7,15 @@
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr int cSequences = 60; // for each seed; under the sanitizers a sequence takes many times as long
+constexpr int cSequences = 40; // for each seed; under the sanitizers a sequence takes many times as long
 #elif defined(__has_feature)
 #if __has_feature(address_sanitizer)
-constexpr int cSequences = 60;
+constexpr int cSequences = 40;
 #else
-constexpr int cSequences = 400;
+constexpr int cSequences = 120;
 #endif
 #else
-constexpr int cSequences = 400;
+constexpr int cSequences = 120;
 #endif
 
 constexpr quint32 cSeeds[] = {1, 20, 333, 4444, 55555};

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int cFewestPoints = 20;
 constexpr int cMostPoints = 200;
+constexpr int cCsv = 37; // a file format with templates of parameters
 
 QVector<double> bands(TDice &dice, int count)
 {
@@ -67,6 +68,10 @@ TYrexSpectrum *randomSpectrum(TDice &dice, int number, int xUnit, int yUnit, int
     addParams(dice, *spectrum, number);
     addMarks(dice, *spectrum);
     if (dice.oneIn(3)) {
+        spectrum->setFileFormat(cCsv);
+        spectrum->paramsBundle().setFileFormat(cCsv);
+    }
+    if (dice.oneIn(3)) {
         spectrum->procParams() = randomChain(dice);
         if (dice.oneIn(2))
             spectrum->process(0, 0, spectrum->procParams().actionCount() - 1);
@@ -104,15 +109,21 @@ TYrexProcParams randomChain(TDice &dice)
     return params;
 }
 
-TCanvasYrexSpectrum *randomItem(TDice &dice)
+TYrexSpectrumList randomSpectra(TDice &dice, int count)
 {
     TYrexSpectrumList spectra;
-    const int count = dice.from(1, 5);
     const int points = dice.from(cFewestPoints, cMostPoints);
     const int xUnit = randomXUnit(dice);
     const int yUnit = randomYUnit(dice);
     for (int i = 0; i < count; ++i)
         spectra.append(randomSpectrum(dice, i, xUnit, dice.oneIn(5) ? randomYUnit(dice) : yUnit, points));
+    return spectra;
+}
+
+TCanvasYrexSpectrum *randomItem(TDice &dice)
+{
+    const int count = dice.from(1, 5);
+    const TYrexSpectrumList spectra = randomSpectra(dice, count);
     auto *item = new TCanvasYrexSpectrum(spectra, nullptr, nullptr);
     if (count > 1) {
         item->stackedContext()->setDisplayMode(dice.among<int>(

@@ -1,5 +1,6 @@
 #include "TCommandMakers.h"
 
+#include "MakerValues.h"
 #include "RandomItems.h"
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
@@ -28,35 +29,12 @@
 
 namespace {
 
-TCanvasYrexSpectrum &firstOf(const TCanvasItemList &items)
-{
-    return *yrexItem(items.first());
-}
-
-int countOf(const TCanvasItemList &items)
-{
-    return firstOf(items).stack().count();
-}
-
-int anyIndex(TDice &dice, const TCanvasItemList &items)
-{
-    return dice.from(-1, countOf(items));
-}
-
 QMap<int, double> anyValues(TDice &dice, const TCanvasItemList &items)
 {
     QMap<int, double> values;
     for (const int index : dice.some(countOf(items)))
         values.insert(index, dice.real(0.1, 10.0));
     return values;
-}
-
-TRange anyRange(TDice &dice, const TCanvasItemList &items)
-{
-    const T1DYrexPlot *plot = firstOf(items).activeYrexPlot();
-    const TRange full = plot->horzAxis().getFullScale().sorted();
-    const double margin = 0.2 * full.span();
-    return TRange(dice.real(full.a - margin, full.b + margin), dice.real(full.a - margin, full.b + margin)).sorted();
 }
 
 QRectF anyBox(TDice &dice, const TCanvasItemList &items)
@@ -160,9 +138,9 @@ TCommand *anyMove(TDice &dice, const TCanvasItemList &items)
 
 using TItems = const TCanvasItemList &;
 
-const QVector<TCommandMaker> &commandMakers()
+QVector<TCommandMaker> viewMakers()
 {
-    static const QVector<TCommandMaker> cMakers{
+    return {
         {"processing", [](TDice &dice, TItems items) { return new TCmdYrexProcessing(items, randomChain(dice)); }},
         {"original units", anyOrigUnits},
         {"series values", [](TDice &d, TItems items) { return new TCmdYrexSeriesValues(items, anyValues(d, items)); }},
@@ -215,5 +193,10 @@ const QVector<TCommandMaker> &commandMakers()
              return new TCmdEditTitle(&firstOf(items), anyIndex(dice, items), QString("Title %1").arg(dice.below(9)));
          }},
     };
+}
+
+const QVector<TCommandMaker> &commandMakers()
+{
+    static const QVector<TCommandMaker> cMakers = viewMakers() + markMakers() + stackMakers();
     return cMakers;
 }

@@ -4,32 +4,57 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCommandMakers.h"
 #include "TItemState.h"
+#include "TYrexParamsParsers.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "commands/TCommand.h"
 #include "history/THistoryCommand.h"
+#include "params/TParamsParser.h"
+#include "params/TParamsParsers.h"
 #include "settings/TDefaultsIni.h"
 
 namespace {
 
-/// A document with one or two items, and the states in which its history left them.
+constexpr int cCsv = 37;
+
+/// Pages and their items, by id, and the states of all items.
+struct TDocumentState
+{
+    QStringList fLayout;
+    QVector<TItemState> fItems;
+};
+
+QString textOf(const QRectF &rect)
+{
+    return QString("%1 %2 %3 %4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
+}
+
+/// A document that begins with one or two items, and the states in which its history left it.
 class TRun
 {
 public:
     explicit TRun(quint32 seed)
+        : fTemplates(yrexParamsParsers().value(cCsv)->templates())
     {
         TDefaultsIni::setStore(TDefaultsIni::memory);
+        TDocument::setItemFactory([](int rtti) -> TCanvasItem * {
+            return rtti == TCanvasYrexSpectrum::cRtti ? new TCanvasYrexSpectrum({}, nullptr, nullptr) : nullptr;
+        });
         TDice dice(seed);
         TPage *page = fDocument.appendPage();
         for (int i = dice.oneIn(3) ? 2 : 1; i > 0; --i) {
             TCanvasYrexSpectrum *item = randomItem(dice);
             item->setRect(QRectF(100, 100, 1200, 900));
             page->insertItem(item);
-            fItems.append(item);
         }
-        fStates.append(states());
+        fStates.append(state());
     }
-    ~TRun() { TDefaultsIni::setStore(TDefaultsIni::memory); }
+    ~TRun()
+    {
+        TDefaultsIni::setStore(TDefaultsIni::memory);
+        TDocument::setItemFactory({});
+        yrexParamsParsers().value(cCsv)->setTemplates(fTemplates);
+    }
 
     QString problem() const { return fProblem.isEmpty() ? QString() : fLines.join('\n') + '\n' + fProblem; }
     bool hasFailed() const { return !fProblem.isEmpty(); }
@@ -54,14 +79,16 @@ public:
     void push(const TRandomStep &step, bool isAlone)
     {
         TDice dice(step.fSeed);
-        TCanvasItemList items = fItems;
+        TCanvasItemList items = fDocument.items();
+        if (items.isEmpty())
+            return;
         if (items.size() > 1 && dice.oneIn(2))
-            items.remove(dice.below(2));
+            items.remove(dice.below(items.size()));
         const TCommandMaker &maker = commandMakers().at(step.fMaker);
-        TCommand *command = maker.fMake(dice, items);
+        const TDocumentState before = state();
+        TCommand *command = maker.fMake(dice, items, fDocument);
         if (!command)
             return;
-        const QVector<TItemState> before = states();
         const QString description = command->description();
         const bool isDone = fDocument.history().push(command);
         fLines.append(QString("  %1 \"%2\" %3").arg(maker.fName, description, isDone ? lastParams() : "void"));
@@ -87,11 +114,18 @@ public:
     }
 
 private:
-    QVector<TItemState> states() const
+    TDocumentState state() const
     {
-        QVector<TItemState> all;
-        for (ICanvasItem *item : fItems)
-            all.append(TItemState(*yrexItem(item)));
+        TDocumentState all;
+        all.fLayout.append(QString("%1 templates").arg(yrexParamsParsers().value(cCsv)->templates().count()));
+        for (const TPage *page : fDocument.pages()) {
+            all.fLayout.append("page " + page->id().toString() + page->title() + ' ' +
+                               textOf(QRectF(QPointF(), page->size())) + ' ' + textOf(page->contentRect()));
+            for (TCanvasItem *item : page->items()) {
+                all.fLayout.append("item " + item->uniqueId().toString() + ' ' + textOf(item->rect()));
+                all.fItems.append(TItemState(*yrexItem(item)));
+            }
+        }
         return all;
     }
     QString lastParams()
@@ -110,7 +144,7 @@ private:
         fStates.resize(qMin(fStates.size(), index));
         if (fStates.size() < index)
             fProblem = "  a step more than commands";
-        fStates.append(states());
+        fStates.append(state());
     }
     void goTo(int index)
     {
@@ -125,19 +159,22 @@ private:
         else
             compare(fStates.at(index), what);
     }
-    void compare(const QVector<TItemState> &expected, const QString &what)
+    void compare(const TDocumentState &expected, const QString &what)
     {
-        const QVector<TItemState> now = states();
-        for (int i = 0; i < now.size() && !hasFailed(); ++i) {
-            const QString difference = expected.at(i).difference(now.at(i));
+        const TDocumentState now = state();
+        if (now.fLayout != expected.fLayout)
+            fProblem = QString("  %1:\n    %2\n    is %3")
+                           .arg(what, expected.fLayout.join("\n    "), now.fLayout.join("\n    "));
+        for (int i = 0; i < now.fItems.size() && !hasFailed(); ++i) {
+            const QString difference = expected.fItems.at(i).difference(now.fItems.at(i));
             if (!difference.isEmpty())
                 fProblem = QString("  %1, item %2:\n%3").arg(what).arg(i).arg(difference);
         }
     }
 
     TDocument fDocument;
-    TCanvasItemList fItems;
-    QVector<QVector<TItemState>> fStates; // by the index of the undo stack
+    TSpectrumParamsTemplate fTemplates; // of the program, which outlives the document
+    QVector<TDocumentState> fStates;    // by the index of the undo stack
     QStringList fLines;
     QString fProblem;
 };

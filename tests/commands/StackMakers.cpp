@@ -1,0 +1,128 @@
+#include "MakerValues.h"
+#include "RandomItems.h"
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdEditYrexArrayedData.h"
+#include "TCmdYrexArithmeticOp.h"
+#include "TCmdYrexArrayedFromSelection.h"
+#include "TCmdYrexInsert.h"
+#include "TCmdYrexReplace.h"
+#include "TCmdZarnuInsertGroupedSpectrum.h"
+#include "TCommandMakers.h"
+#include "canvas/TDocument.h"
+#include "canvas/TItemFragment.h"
+#include "canvas/TPage.h"
+#include "commands/TCmdDeleteItems.h"
+#include "commands/TCmdItemOrder.h"
+#include "commands/TCmdPages.h"
+#include "commands/TCmdPasteItems.h"
+
+namespace {
+
+using TItems = const TCanvasItemList &;
+
+constexpr int cMostItems = 4; // of a document, and spectra twice as many: sequences do not become slow
+constexpr int cMostSpectra = 8;
+
+bool isFull(const TDocument &document)
+{
+    return document.items().size() >= cMostItems || document.pages().size() >= cMostItems;
+}
+
+TCommand *anyArithmetic(TDice &dice, TItems items)
+{
+    return new TCmdYrexArithmeticOp(items, &firstOf(items), dice.real(-2.0, 2.0));
+}
+
+TCommand *anyInsertion(TDice &dice, TItems items)
+{
+    if (countOf(items) >= cMostSpectra)
+        return nullptr;
+    const int mode = dice.among<int>({stackedMode, overlayMode, groupedMode, activeOnlyMode});
+    auto *command =
+        new TCmdYrexInsert(&firstOf(items), randomSpectra(dice, dice.from(1, 2)), anyIndex(dice, items), mode);
+    command->setShownAbove(dice.oneIn(2));
+    return command;
+}
+
+TCommand *anyReplacement(TDice &dice, TItems items)
+{
+    if (countOf(items) >= cMostSpectra)
+        return nullptr;
+    return new TCmdYrexReplace(&firstOf(items), randomSpectra(dice, dice.from(1, 2)), anyIndex(dice, items));
+}
+
+TCommand *anyGrouping(TDice &dice, TItems items)
+{
+    if (countOf(items) >= cMostSpectra)
+        return nullptr;
+    return new TCmdZarnuInsertGroupedSpectrum(&firstOf(items), randomSpectra(dice, dice.from(1, 2)),
+                                              dice.among<QString>({"acid", "base", "new", QString()}));
+}
+
+TCommand *anySeriesData(TDice &dice, TItems items)
+{
+    return new TCmdEditYrexArrayedData(
+        items, {{TCmdEditYrexArrayedData::cLabel, QString("L%1").arg(dice.below(4))}, {dice.below(5), dice.below(3)}});
+}
+
+TCommand *anyStack(TDice &dice, TItems items, TDocument &document)
+{
+    if (isFull(document))
+        return nullptr;
+    return new TCmdYrexArrayedFromSelection(items, &document, nullptr, dice.oneIn(2), dice.real(0.0, 60.0),
+                                            dice.oneIn(2), dice.oneIn(2));
+}
+
+TCommand *anyPaste(TDice &dice, TItems items, TDocument &document)
+{
+    if (isFull(document))
+        return nullptr;
+    return new TCmdPasteItems(TItemFragment::store({items.at(dice.below(items.size()))}), document.currentPage());
+}
+
+TCommand *anyPages(TDice &dice, TItems, TDocument &document)
+{
+    const int count = document.pages().size();
+    TPage *page = document.pages().at(dice.below(count));
+    switch (dice.below(6)) {
+    case 0:
+        return isFull(document) ? nullptr : TCmdPages::newPage(&document, dice.from(0, count));
+    case 1:
+        return TCmdPages::deletePages(&document, {page});
+    case 2:
+        return isFull(document) ? nullptr : TCmdPages::duplicatePages(&document, {page});
+    case 3:
+        return TCmdPages::movePage(&document, page, dice.below(count));
+    case 4:
+        return TCmdPages::renamePage(&document, page, QString("Page %1").arg(dice.below(5)));
+    default:
+        return TCmdPages::resizePages(&document, {page}, QSizeF(dice.real(1000, 3000), dice.real(1000, 3000)),
+                                      QMarginsF(50, 50, dice.real(0, 100), 50));
+    }
+}
+
+} // namespace
+
+QVector<TCommandMaker> stackMakers()
+{
+    return {
+        {"arithmetic", anyArithmetic},
+        {"insertion", anyInsertion},
+        {"replacement", anyReplacement},
+        {"grouping", anyGrouping},
+        {"series data", anySeriesData},
+        {"new stack", anyStack},
+        {"paste", anyPaste},
+        {"item deletion",
+         [](TDice &dice, TItems items) {
+             return dice.oneIn(2) ? new TCmdDeleteItems({items.at(dice.below(items.size()))}) : nullptr;
+         }},
+        {"item order",
+         [](TDice &dice, TItems items) {
+             return new TCmdItemOrder({items.at(dice.below(items.size()))},
+                                      dice.oneIn(2) ? TCmdItemOrder::cToFront : TCmdItemOrder::cToBack);
+         }},
+        {"pages", anyPages},
+    };
+}
