@@ -15,11 +15,12 @@ TCmdSetYrexSpectrumHorizontalUnits::TCmdSetYrexSpectrumHorizontalUnits(int unit,
 void TCmdSetYrexSpectrumHorizontalUnits::doCommand(TCanvasItem *item, TBasePlot *plot)
 {
     TYrexSpectrum *spectrum = yrexItem(item)->currentSpectrum();
-    if (spectrum && yrexIsHorizontalUnit(unit()) && spectrum->xUnits() != unit()) {
+    const bool isOther = shownUnit(*plot) != unit();
+    if (spectrum && yrexIsHorizontalUnit(unit()) && (isOther || spectrum->xUnits() != unit())) {
         setChanged();
         spectrum->setParamValue(TSpectrumParam::cXUnits, 1, yrexUnitDisplayName(unit()));
     }
-    if (fUseOriginal || shownUnit(*plot) != unit()) // else the view stays as the user left it
+    if (fUseOriginal || isOther) // else the view stays as the user left it
         static_cast<T1DYrexPlot *>(plot)->changeUnits(horzDir, unit(), fUseOriginal);
 }
 

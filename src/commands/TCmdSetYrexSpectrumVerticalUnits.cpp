@@ -19,7 +19,7 @@ QByteArray chainOf(const TYrexSpectrum &spectrum)
 
 TCmdSetYrexSpectrumVerticalUnits::TCmdSetYrexSpectrumVerticalUnits(int unit, const TCanvasItemList &items)
     : TYrexUnitsCommand(tr("Set Zarnu Spec Vert Units to "), vertDir, unit, items)
-    , fSnapshots(items.size())
+    , fSnapshots(size_t(items.size()))
 {
 }
 
@@ -41,6 +41,7 @@ void TCmdSetYrexSpectrumVerticalUnits::doCommand(TCanvasItem *item, TBasePlot *p
             setChanged();
         hasRun = hasRun || !isLabel;
     }
+    shown.setAxisUnits(vertDir, unit()); // once more: its label is that of the spectra
     if (hasRun)
         shown.keepCurveInView();
 }
@@ -54,11 +55,11 @@ void TCmdSetYrexSpectrumVerticalUnits::saveSpectra(TCanvasYrexSpectrum &item, in
 {
     QByteArray state;
     item.storeDataState(state);
-    fSnapshots[index] = qCompress(state, -1);
+    fSnapshots[size_t(index)].take(std::move(state));
 }
 
 void TCmdSetYrexSpectrumVerticalUnits::restoreSpectra(TCanvasYrexSpectrum &item, int index)
 {
     // running the chain anew would not do: it runs the first action only
-    item.restoreDataState(qUncompress(fSnapshots.at(index)));
+    item.restoreDataState(fSnapshots.at(size_t(index)).state());
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "TYrexSnapshot.h"
 #include "TYrexUnitsCommand.h"
 
-#include <QByteArray>
+#include <vector>
 
 /// Gives plots and all their spectra another y unit. A mere relabelling leaves the values; any other change runs the
 /// start of each spectrum's chain anew.
@@ -22,5 +23,5 @@ protected:
     void restoreSpectra(TCanvasYrexSpectrum &item, int index) override;
 
 private:
-    QVector<QByteArray> fSnapshots; // compressed, by item
+    std::vector<TYrexSnapshot> fSnapshots; // by item
 };
