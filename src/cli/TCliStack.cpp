@@ -69,7 +69,9 @@ void TCliStack::putTogether(const TCliEnvironment &environment)
     fSpectra.clear();
     fInput.fFile = fTaken.join("; ");
     fInput.fSums = fSums;
-    document.history().push(new TCmdCreateItem(TCmdCreateItem::cImport, {item}, &document, nullptr,
-                                               {{"Filename", fInput.fFile}, {"md5sum", fSums}}, 0));
+    auto *command = new TCmdCreateItem(TCmdCreateItem::cImport, {item}, &document, nullptr,
+                                       {{"Filename", fInput.fFile}, {"md5sum", fSums}}, 0);
+    command->setDescription("Import Item"); // as that of a file by itself
+    document.history().push(command);
     fInput.fItems = {item};
 }

@@ -1,6 +1,7 @@
 #include "TJsonWriter.h"
 
 #include <QMetaType>
+#include <QRectF>
 #include <charconv>
 #include <cmath>
 
@@ -145,6 +146,16 @@ void TJsonWriter::value(const QVariant &variant)
         for (const QVariant &element : variant.toList())
             value(element);
         return endArray();
+    case QMetaType::QRect:
+    case QMetaType::QRectF: {
+        const QRectF rect = variant.toRectF();
+        beginObject(cFlat);
+        pair("x", rect.x());
+        pair("y", rect.y());
+        pair("width", rect.width());
+        pair("height", rect.height());
+        return endObject();
+    }
     default:
         return value(variant.toString());
     }

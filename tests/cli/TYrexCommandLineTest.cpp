@@ -5,6 +5,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCliFixture.h"
 #include "TCliSyntax.h"
+#include "TCmdYrexSetOrigUnits.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "canvas/TStoredHistoryEntry.h"
@@ -59,6 +60,22 @@ struct TNoWindows : IGuiHost
     QAction *action(const QString &) override { return nullptr; }
     IReportService *reports() override { return nullptr; }
 };
+
+/// The history of the first file: "description(name, name)", a step each.
+QStringList stepsOf(const QByteArray &json)
+{
+    QStringList steps;
+    for (const QJsonValue &entry : QJsonDocument::fromJson(json).array().at(0).toObject().value("history").toArray()) {
+        const QJsonObject step = entry.toObject();
+        QStringList names;
+        for (const QJsonValue &param : step["params"].toArray())
+            names.append(param.toObject()["name"].toString());
+        steps.append(
+            QString("%1(%2)%3")
+                .arg(step["description"].toString(), names.join(", "), step["undone"].toBool() ? " undone" : ""));
+    }
+    return steps;
+}
 
 } // namespace
 
@@ -386,6 +403,45 @@ TEST_F(TYrexCommandLineTest, namedUnitsPeaksAndIntegralsStandInTheJson)
         steps.append(step.toObject().value("description").toString());
     EXPECT_EQ(steps.mid(steps.size() - 3).join('|').toStdString(),
               "Zarnu Manual Peak Picking|Manual Integration|Manual Integration");
+}
+
+TEST_F(TYrexCommandLineTest, theHistoryOfACallHasEachStepWithItsParameters)
+{
+    writeBand("a.csv", 450.0);
+    writeBand("b.csv", 480.0);
+    write("chain.json", "[ { \"action\": \"Smoothing\" } ]");
+    for (const QStringList &stack : {QStringList(), QStringList{"b.csv", "--stack"}}) {
+        ASSERT_EQ(run(QStringList{"process", "a.csv"} + stack +
+                      QStringList{"--json", "-o", "a.klm", "--force", "--orig-units", "cm-1:absorbance", "--chain",
+                                  "chain.json", "--pick", "500:410", "--integrate", "440:460"}),
+                  0);
+        const QStringList steps = stepsOf(fOut);
+        ASSERT_EQ(steps.size(), 6);
+        EXPECT_EQ(steps.at(0), "Import Item(Filename, md5sum)");
+        EXPECT_EQ(steps.at(1), "Set Zarnu Original X Units(Zarnu Spectrum, X Units)");
+        EXPECT_EQ(steps.at(2), "Set Zarnu Original Y Units(Zarnu Spectrum, Y Units)");
+        EXPECT_EQ(steps.at(3), "Processing(New Zarnu Processing Action Applied)");
+        EXPECT_EQ(steps.at(4), "Zarnu Manual Peak Picking(From, To, Region)");
+        EXPECT_TRUE(steps.at(5).startsWith("Manual Integration(")) << steps.at(5).toStdString();
+        ASSERT_EQ(run({"info", "--json", "a.klm"}), 0);
+        EXPECT_EQ(stepsOf(fOut), steps) << "a document brings its steps along";
+    }
+}
+
+TEST_F(TYrexCommandLineTest, undoneStepsOfADocumentAreMarked)
+{
+    writeBand("a.csv", 450.0);
+    const TImportResult result = fHost.importDriver().import("a.csv", fHost.document()->appendPage());
+    ASSERT_EQ(result.fCode, 0) << result.fReason.toStdString();
+    for (int i = 0; i < 2; ++i)
+        fHost.history().push(new TCmdYrexSetOrigUnits(result.fItems, horzDir, i, TCmdYrexSetOrigUnits::cAllSpectra));
+    fHost.history().stack()->undo();
+    ASSERT_TRUE(fHost.document()->saveTo("a.klm"));
+    ASSERT_EQ(run({"info", "--json", "a.klm"}), 0);
+    const QStringList steps = stepsOf(fOut);
+    ASSERT_EQ(steps.size(), 3);
+    EXPECT_FALSE(steps.at(1).endsWith(" undone"));
+    EXPECT_EQ(steps.at(2), steps.at(1) + " undone");
 }
 
 TEST_F(TYrexCommandLineTest, aStackGathersWhatCanBeReadAndFits)
