@@ -1,6 +1,7 @@
 // A whole chain on a stack of 1,000 spectra of 2,000 points: units, automatic baseline, standard normal variate,
 // smoothing, peaks. The chain alone, and as a command with its snapshot, undone and done again; what a user waits for
-// in the history, beside the time that compressing the snapshot takes; a dock's run of a hundred edits.
+// in the history, beside the time that compressing the snapshot takes; a dock's run of a hundred edits; edits that are
+// steps of their own.
 #include "../import/TPeakMemory.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexProcessing.h"
@@ -55,6 +56,18 @@ TYrexProcParams wholeChain()
         params.setAction(index, action);
     }
     return params;
+}
+
+/// Smoothing alone, over another width for each step.
+TYrexProcParams smoothedBy(int step)
+{
+    TYrexProcParams chain;
+    const int index = chain.indexOfAction(cProcSmoothing);
+    QVariantMap action = chain.action(index);
+    action[cKeyApply] = true;
+    action[cKeySmoothWindow] = 5 + 2 * step;
+    chain.setAction(index, action);
+    return chain;
 }
 
 TCanvasYrexSpectrum *addStack(TDocument &document)
@@ -138,11 +151,7 @@ void editRunOnStack(benchmark::State &state)
     constexpr int cEdits = 100;
     TDocument document;
     addStack(document);
-    TYrexProcParams chain;
-    const int index = chain.indexOfAction(cProcSmoothing);
-    QVariantMap action = chain.action(index);
-    action[cKeyApply] = true;
-    chain.setAction(index, action);
+    const TYrexProcParams chain = smoothedBy(0);
     const TPeakMemory memory;
     for (auto _ : state) {
         document.history().beginEditRun();
@@ -157,11 +166,46 @@ void editRunOnStack(benchmark::State &state)
     state.counters["peak MB"] = double(memory.peak()) / 1e6;
 }
 
+/// Edits that are undo steps of their own. What a step holds is the same for each, so that a few tell what a hundred
+/// take.
+void separateStepsOnStack(benchmark::State &state)
+{
+    constexpr int cSteps = 20;
+    constexpr int cTold = 100;
+    TDocument document;
+    addStack(document);
+    document.history().push(new TCmdYrexProcessing(document.items(), wholeChain())); // what a first run allocates stays
+    const TPeakMemory memory;
+    const qint64 before = TPeakMemory::now();
+    QVector<TCmdYrexProcessing *> commands;
+    for (auto _ : state) {
+        const double pushed = seconds([&] {
+            for (int i = 0; i < cSteps; ++i) {
+                commands.append(new TCmdYrexProcessing(document.items(), smoothedBy(i)));
+                document.history().push(commands.last());
+            }
+        });
+        state.counters["do s"] = pushed / cSteps;
+    }
+    qint64 bytes = 0;
+    for (const TCmdYrexProcessing *command : qAsConst(commands))
+        bytes += command->snapshotBytes(); // waits for the workers
+    state.counters["snapshot MB"] = double(bytes) / cSteps / 1e6;
+    state.counters["peak MB"] = double(memory.peak()) / 1e6;
+    state.counters["MB of 20"] = double(TPeakMemory::now() - before) / 1e6;
+    state.counters["MB of 100, from 20"] = double(TPeakMemory::now() - before) / 1e6 * cTold / cSteps;
+}
+
 } // namespace
 
 BENCHMARK(chainOnStack)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(commandOnStack)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(2);
 BENCHMARK(historyOnStack)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
+BENCHMARK(separateStepsOnStack)
+    ->Name("separateStepsOnStack/20 steps")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1);
 BENCHMARK(editRunOnStack)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
 int main(int argc, char **argv)

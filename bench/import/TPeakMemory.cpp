@@ -30,6 +30,12 @@ TPeakMemory::TPeakMemory()
     fStart = statusBytes("VmRSS:");
 }
 
+qint64 TPeakMemory::now()
+{
+    malloc_trim(0);
+    return statusBytes("VmRSS:");
+}
+
 qint64 TPeakMemory::peak() const
 {
     const qint64 most = statusBytes("VmHWM:");

@@ -10,6 +10,8 @@ public:
     TPeakMemory();
     /// Bytes above the start; -1 where the system does not tell.
     qint64 peak() const;
+    /// Bytes that the process holds, free heap pages given back; -1 where the system does not tell.
+    static qint64 now();
 
 private:
     qint64 fStart;
