@@ -25,7 +25,7 @@ QVariantMap named(const TCmdEditYrexArrayedData::TValues &values)
 } // namespace
 
 TCmdEditYrexArrayedData::TCmdEditYrexArrayedData(const TCanvasItemList &items, const TValues &values)
-    : TYrexSpectrumCommand(tr("Edit Arrayed Data"), items)
+    : TYrexVoidUnlessChanged(tr("Edit Arrayed Data"), items)
     , fValues(TCanvasItemsCommand::items().size(), values)
 {
 }
@@ -33,7 +33,7 @@ TCmdEditYrexArrayedData::TCmdEditYrexArrayedData(const TCanvasItemList &items, c
 bool TCmdEditYrexArrayedData::isVoid() const
 {
     const auto isEmpty = [](const TValues &values) { return values.isEmpty(); };
-    return TYrexSpectrumCommand::isVoid() || std::all_of(fValues.begin(), fValues.end(), isEmpty);
+    return TYrexVoidUnlessChanged::isVoid() || std::all_of(fValues.begin(), fValues.end(), isEmpty);
 }
 
 void TCmdEditYrexArrayedData::doItem(TCanvasYrexSpectrum *item, int index)
@@ -45,6 +45,8 @@ void TCmdEditYrexArrayedData::doItem(TCanvasYrexSpectrum *item, int index)
         if (it.key() != cLabel)
             continue;
         const QString old = context->arrayedLabel();
+        if (old != it.value().toString())
+            noteChange();
         context->setArrayedLabel(it.value().toString());
         it.value() = old;
     }

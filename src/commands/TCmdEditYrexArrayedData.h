@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexSpectrumCommand.h"
+#include "TYrexVoidUnlessChanged.h"
 
 #include <QHash>
 #include <QMap>
@@ -8,7 +9,7 @@
 #include <QVector>
 
 /// Edits what belongs to the series of an item as a whole.
-class TCmdEditYrexArrayedData : public TYrexSpectrumCommand
+class TCmdEditYrexArrayedData : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 {
     Q_OBJECT
 

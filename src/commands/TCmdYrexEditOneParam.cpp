@@ -23,16 +23,12 @@ TCmdYrexEditOneParam::TCmdYrexEditOneParam(const TCanvasItemList &items, int id,
     setVoidFlag(specIndex < 0);
 }
 
-void TCmdYrexEditOneParam::doItem(TCanvasYrexSpectrum *item, int index)
+void TCmdYrexEditOneParam::applyToTargets(TCanvasYrexSpectrum *item, int index)
 {
-    if (fSpecIndex == cByFamily) {
-        TYrexParamsCommand::doItem(item, index);
-        return;
-    }
-    saveItem(item, index);
-    if (TYrexSpectrum *spectrum = item->stack().at(fSpecIndex))
+    if (fSpecIndex == cByFamily)
+        TYrexParamsCommand::applyToTargets(item, index);
+    else if (TYrexSpectrum *spectrum = item->stack().at(fSpecIndex))
         applyToSpectrum(item, index, spectrum, fSpecIndex);
-    item->update();
 }
 
 void TCmdYrexEditOneParam::applyToSpectrum(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)

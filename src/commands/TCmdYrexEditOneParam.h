@@ -16,9 +16,11 @@ public:
     /// Reaches the spectrum at that index; an index out of range does nothing.
     TCmdYrexEditOneParam(const TCanvasItemList &items, int id, const QString &value, int specIndex);
 
-    void doItem(TCanvasYrexSpectrum *item, int index) override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
+
+protected:
+    void applyToTargets(TCanvasYrexSpectrum *item, int index) override;
 
 private:
     static constexpr int cByFamily = -1;

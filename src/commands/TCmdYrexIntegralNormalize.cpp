@@ -39,7 +39,8 @@ void TCmdYrexIntegralNormalize::undoItem(TCanvasYrexSpectrum *item, int index)
 THistoryCommand *TCmdYrexIntegralNormalize::makeItemHistory(TCanvasYrexSpectrum *item)
 {
     THistoryCommand *entry = TYrexSpectrumCommand::makeItemHistory(item);
-    entry->addParam(tr("Normalization"), fValue, QString());
+    const TYrexSpectrum *spectrum = fPlaces.spectrum(item);
+    entry->addParam(tr("Normalization"), spectrum ? spectrum->integrals().normValue() : fValue, QString());
     entry->addParam(tr("Reference"), fReference + 1, QString());
     return entry;
 }

@@ -63,7 +63,7 @@ THistoryCommand *TCmdYrexManualPeakPicking::makeItemHistory(TCanvasYrexSpectrum 
     entry->addParam(tr("From"), fRect.left(), QString());
     entry->addParam(tr("To"), fRect.right(), QString());
     entry->addParam(tr("Region"), fRect, QString());
-    if (!fDeleteOnly && !std::isnan(fLevel))
-        entry->addParam(tr("Threshold"), fLevel, QString());
+    const bool hasLevel = !fDeleteOnly && !std::isnan(fLevel);
+    entry->addParam(tr("Threshold"), hasLevel ? fLevel : 0.0, hasLevel ? QString() : tr("none"));
     return entry;
 }

@@ -13,7 +13,7 @@ TSpectrumParam *seriesParam(TYrexSpectrum &spectrum)
 } // namespace
 
 TCmdYrexSeriesValues::TCmdYrexSeriesValues(const TCanvasItemList &items, const QMap<int, double> &values)
-    : TYrexSpectrumCommand(tr("Set Series Values"), items)
+    : TYrexVoidUnlessChanged(tr("Set Series Values"), items)
     , fValues(values)
     , fBefore(TCanvasItemsCommand::items().size())
 {
@@ -28,6 +28,9 @@ void TCmdYrexSeriesValues::doItem(TCanvasYrexSpectrum *item, int index)
         if (!spectrum)
             continue;
         TSpectrumParam *param = seriesParam(*spectrum);
+        if (item->stackedContext()->arrayedValue(it.key()) == it.value())
+            continue;
+        noteChange();
         before.append(
             {it.key(), spectrum->seriesValue(), param ? param->value(0) : QString(), param && param->isEdited()});
         spectrum->setSeriesValue(it.value());

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "TYrexSpectrumCommand.h"
+#include "TYrexVoidUnlessChanged.h"
 
 #include <QMap>
 #include <QString>
 #include <QVector>
 
 /// Sets the values by which a series of spectra is ordered (temperatures, times, concentrations).
-class TCmdYrexSeriesValues : public TYrexSpectrumCommand
+class TCmdYrexSeriesValues : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 {
     Q_OBJECT
 
@@ -17,7 +18,7 @@ public:
 
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
-    bool isVoid() const override { return TYrexSpectrumCommand::isVoid() || fValues.isEmpty(); }
+    bool isVoid() const override { return TYrexVoidUnlessChanged::isVoid() || fValues.isEmpty(); }
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:

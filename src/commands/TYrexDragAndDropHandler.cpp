@@ -191,7 +191,7 @@ void TYrexDragAndDropHandler::dropEvent(QDropEvent *event)
         if (source && item && fDropAction != cNoAction)
             clones += YrexGathering::copiesOf(*source);
     }
-    if (!clones.isEmpty() && view()->history().push(command(item, clones))) {
+    if (item && !clones.isEmpty() && view()->history().push(command(item, clones))) {
         view()->selectItem(item, false);
         event->setDropAction(Qt::CopyAction);
         event->accept();

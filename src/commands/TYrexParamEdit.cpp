@@ -2,6 +2,8 @@
 
 #include "TYrexSpectrum.h"
 
+#include <cmath>
+
 bool YrexParamEdit::set(TYrexSpectrum &spectrum, int id, const QString &text)
 {
     TSpectrumParams &params = spectrum.params();
@@ -13,7 +15,7 @@ bool YrexParamEdit::set(TYrexSpectrum &spectrum, int id, const QString &text)
     if (id == TSpectrumParam::cSeriesValue) {
         bool isNumber = false;
         const double value = text.toDouble(&isNumber);
-        if (!isNumber)
+        if (!isNumber || !std::isfinite(value))
             return false;
         spectrum.setSeriesValue(value);
     }

@@ -12,6 +12,11 @@ TYrexSpectrumListCommand::TYrexSpectrumListCommand(const QString &description, c
 
 void TYrexSpectrumListCommand::applyToTargets(TCanvasYrexSpectrum *item, int index)
 {
+    if (fCurrentOnly) {
+        if (TYrexSpectrum *spectrum = item->currentSpectrum())
+            applyToSpectrum(item, index, spectrum, item->stack().current());
+        return;
+    }
     const TYrexStack &stack = item->stack();
     const bool anySelected = !stack.selectedIndices(false, false).isEmpty();
     for (const int target : stack.selectedIndices(false, true)) {
@@ -30,10 +35,7 @@ void TYrexSpectrumListCommand::doItem(TCanvasYrexSpectrum *item, int index)
         return;
     fPlots[index].capture(item);
     saveItem(item, index);
-    if (!fCurrentOnly)
-        applyToTargets(item, index);
-    else if (TYrexSpectrum *spectrum = item->currentSpectrum())
-        applyToSpectrum(item, index, spectrum, item->stack().current());
+    applyToTargets(item, index);
     item->update();
 }
 

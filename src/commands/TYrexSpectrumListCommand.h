@@ -27,14 +27,14 @@ public:
     virtual void restoreItem(TCanvasYrexSpectrum *item, int index);
 
 protected:
+    /// Applies the command to the spectra that it is meant for: the current one, or those selected.
+    virtual void applyToTargets(TCanvasYrexSpectrum *item, int index);
     /// Only the stack's current spectrum is reached.
     void setCurrentOnly(bool currentOnly) { fCurrentOnly = currentOnly; }
     /// Each target is tested once more against the selection before it is used.
     void setSelectionOnly(bool selectionOnly) { fSelectionOnly = selectionOnly; }
 
 private:
-    void applyToTargets(TCanvasYrexSpectrum *item, int index);
-
     std::vector<TYrexSnapshot> fSnapshots; // by item
     QVector<TPlotSnapshot> fPlots;         // by item
     bool fSelectionOnly = false;

@@ -9,6 +9,7 @@
 #include "TCmdYrexDeleteIntegrals.h"
 #include "TCmdYrexManualPeakPicking.h"
 #include "TCmdYrexProcessing.h"
+#include "TYrexUnits.h"
 #include "WYrexArithmeticDialog.h"
 #include "YrexActionTables.h"
 #include "commands/TCommandHistory.h"
@@ -190,8 +191,23 @@ bool TYrexActions::deleteVisiblePeaks() const
     if (!plot)
         return false;
     const TRange scale = plot->horzAxis().getScale();
-    const QRectF range(QPointF(scale.a, 0.0), QPointF(scale.b, 0.0));
-    return push(new TCmdYrexManualPeakPicking(items(), range, true, std::numeric_limits<double>::quiet_NaN()));
+    const auto inUnitOf = [plot](double x, const T1DYrexPlot &other) {
+        return yrexConvertX(yrexConvertX(x, plot->xUnits(), cUnitWavenumber), cUnitWavenumber, other.xUnits());
+    };
+    TCommandHistory &history = fHost.history();
+    history.beginMerged(tr("Delete peaks from visible range"));
+    bool isDone = false;
+    for (ICanvasItem *entry : items()) { // each reads the range in the unit that it shows
+        const TCanvasYrexSpectrum *other = yrexItem(entry);
+        const T1DYrexPlot *shown = other ? other->activeYrexPlot() : nullptr;
+        if (!shown)
+            continue;
+        const QRectF range(QPointF(inUnitOf(scale.a, *shown), 0.0), QPointF(inUnitOf(scale.b, *shown), 0.0));
+        isDone = push(new TCmdYrexManualPeakPicking({entry}, range, true, std::numeric_limits<double>::quiet_NaN())) ||
+                 isDone;
+    }
+    history.endMerged();
+    return isDone;
 }
 
 bool TYrexActions::togglePeaks() const

@@ -41,9 +41,9 @@ QString TYrexSpectrumListTableModel::nameOf(const TCanvasYrexSpectrum *item)
     if (!item)
         return tr("No Spectrum Selected");
     const QString separator = QStringLiteral(" - ");
-    const QString title = item->title(false);
-    QString name = item->isStacked() || title.isEmpty() ? item->historyName() : title; // one line, and not none
     const QString comment = item->currentSpectrum() ? item->currentSpectrum()->comment().trimmed() : QString();
+    const QString title = item->title(false);
+    QString name = item->isStacked() || (title.isEmpty() && comment.isEmpty()) ? item->historyName() : title;
     if (!comment.isEmpty())
         name = comment + separator + name;
     if (name.endsWith(separator))

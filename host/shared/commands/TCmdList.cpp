@@ -42,8 +42,19 @@ void TCmdList::removeHistoryCommand()
 
 void TCmdList::doCmd()
 {
-    for (TCommand *command : qAsConst(fCommands))
-        command->execute();
+    QList<TCommand *> done;
+    for (TCommand *command : qAsConst(fCommands)) {
+        const bool isAsked = !fWasDone; // what was done once is done again
+        const bool isVoidBefore = isAsked && command->isVoid();
+        if (!isVoidBefore)
+            command->execute();
+        if (isVoidBefore || (isAsked && command->isVoid()))
+            delete command;
+        else
+            done.append(command);
+    }
+    fCommands = done;
+    fWasDone = true;
 }
 
 void TCmdList::undoCmd()

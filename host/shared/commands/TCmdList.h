@@ -2,7 +2,8 @@
 
 #include "commands/TCommand.h"
 
-/// Commands that make one step: done in order, undone in reverse. It owns them.
+/// Commands that make one step: done in order, undone in reverse. It owns them. Those that turn out to have nothing to
+/// do leave it, and without any left it is void.
 class TCmdList : public TCommand
 {
     Q_OBJECT
@@ -30,4 +31,5 @@ public:
 
 private:
     QList<TCommand *> fCommands;
+    bool fWasDone = false;
 };

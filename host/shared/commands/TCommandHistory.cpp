@@ -232,8 +232,10 @@ void TCommandHistory::addTo(TStep &step, const QUndoCommand *command)
         step.fEntries += entry->entries();
         step.fIsViewOnly = step.fIsViewOnly && entry->stamp() == 0;
     }
-    for (int i = 0; i < command->childCount(); ++i)
-        addTo(step, command->child(i));
+    for (int i = 0; i < command->childCount(); ++i) {
+        if (const QUndoCommand *child = command->child(i))
+            addTo(step, child);
+    }
 }
 
 TCommandHistory::TStep TCommandHistory::step(int index) const
