@@ -421,7 +421,7 @@ TEST_F(TYrexCommandLineTest, theHistoryOfACallHasEachStepWithItsParameters)
         EXPECT_EQ(steps.at(1), "Set Zarnu Original X Units(Zarnu Spectrum, X Units)");
         EXPECT_EQ(steps.at(2), "Set Zarnu Original Y Units(Zarnu Spectrum, Y Units)");
         EXPECT_EQ(steps.at(3), "Processing(New Zarnu Processing Action Applied)");
-        EXPECT_EQ(steps.at(4), "Zarnu Manual Peak Picking(From, To, Region)");
+        EXPECT_EQ(steps.at(4), "Zarnu Manual Peak Picking(From, To, Region, Threshold)");
         EXPECT_TRUE(steps.at(5).startsWith("Manual Integration(")) << steps.at(5).toStdString();
         ASSERT_EQ(run({"info", "--json", "a.klm"}), 0);
         EXPECT_EQ(stepsOf(fOut), steps) << "a document brings its steps along";
