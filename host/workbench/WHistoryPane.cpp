@@ -32,7 +32,7 @@ namespace {
 constexpr int cMargin = 6;
 constexpr int cItemLetters = 10;
 constexpr int cLeastWidth = 320; // room for descriptions beside item and time
-constexpr int cPatience = 500; // ms until a way through many steps shows its progress
+constexpr int cPatience = 500;   // ms until a way through many steps shows its progress
 
 /// Draws the rule above what was done before the document was opened.
 class TRuleDelegate : public QStyledItemDelegate

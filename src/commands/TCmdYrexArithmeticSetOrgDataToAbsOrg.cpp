@@ -18,8 +18,15 @@ bool TCmdYrexArithmeticSetOrgDataToAbsOrg::isApplicable(TCanvasYrexSpectrum *ite
     return item->currentSpectrum() != nullptr;
 }
 
-void TCmdYrexArithmeticSetOrgDataToAbsOrg::applyToSpectrum(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)
+void TCmdYrexArithmeticSetOrgDataToAbsOrg::applyToSpectrum(TCanvasYrexSpectrum *, int index, TYrexSpectrum *spectrum,
+                                                           int specIndex)
 {
+    const QPair<int, int> place(index, specIndex);
+    const TFigures now{spectrum->mscIntercept(), spectrum->mscSlope(), spectrum->pqnFactor()};
+    const TFigures figures = fFigures.value(place, now);
+    fFigures.insert(place, figures);
+    spectrum->setMscCoefficients(figures.fIntercept, figures.fSlope);
+    spectrum->setPqnFactor(figures.fFactor);
     spectrum->resetOrgDataToAbsOrgData();
     spectrum->setOrgDataModified(false);
     spectrum->process(cProcessForced, 0, qMax(0, spectrum->procParams().actionCount() - 1));

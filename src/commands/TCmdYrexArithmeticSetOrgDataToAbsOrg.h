@@ -2,6 +2,8 @@
 
 #include "TYrexListCommand.h"
 
+#include <QMap>
+#include <QPair>
 #include <QVariant>
 
 /// Takes back what arithmetic made of the selected spectra of items: their chains start from the data that were read.
@@ -19,6 +21,15 @@ public:
     void doHistoryCommand() override;
 
 private:
+    /// What stack actions found for a spectrum: no snapshot holds it, and a redo needs it again.
+    struct TFigures
+    {
+        double fIntercept;
+        double fSlope;
+        double fFactor;
+    };
+
+    QMap<QPair<int, int>, TFigures> fFigures; // by item and spectrum
     QVariant fHistoryText;
     QVariant fPreviousHistoryText;
 };

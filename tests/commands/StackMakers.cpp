@@ -4,6 +4,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdEditYrexArrayedData.h"
 #include "TCmdYrexArithmeticOp.h"
+#include "TCmdYrexArithmeticSetOrgDataToAbsOrg.h"
 #include "TCmdYrexArrayedFromSelection.h"
 #include "TCmdYrexInsert.h"
 #include "TCmdYrexReplace.h"
@@ -108,6 +109,7 @@ QVector<TCommandMaker> stackMakers()
 {
     return {
         {"arithmetic", anyArithmetic},
+        {"data as read", [](TDice &, TItems items) { return new TCmdYrexArithmeticSetOrgDataToAbsOrg(items); }},
         {"insertion", anyInsertion},
         {"replacement", anyReplacement},
         {"grouping", anyGrouping},
