@@ -210,7 +210,9 @@ TCommand *TYrexPlugin::insertCommand(TCanvasItem *item, const TCanvasItemList &f
 TCommand *TYrexPlugin::splitByClassCommand(TCanvasItem *item, TDocument *document)
 {
     const TCanvasYrexSpectrum *source = yrexItem(item);
-    const auto groups = source ? source->stack().classGroups(false) : QVector<TYrexStack::TGroup>();
+    if (!source)
+        return nullptr;
+    const auto groups = source->stack().classGroups(false);
     if (groups.size() < 2)
         return nullptr;
     auto *list = new TCmdList(tr("Split by Class"));
