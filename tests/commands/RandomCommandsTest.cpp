@@ -12,10 +12,10 @@ constexpr int cSequences = 40; // for each seed; under the sanitizers a sequence
 #if __has_feature(address_sanitizer)
 constexpr int cSequences = 40;
 #else
-constexpr int cSequences = 120;
+constexpr int cSequences = 400;
 #endif
 #else
-constexpr int cSequences = 120;
+constexpr int cSequences = 400;
 #endif
 
 constexpr quint32 cSeeds[] = {1, 20, 333, 4444, 55555};
