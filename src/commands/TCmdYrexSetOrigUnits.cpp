@@ -23,7 +23,8 @@ void TCmdYrexSetOrigUnits::setParamState(TYrexSpectrum &spectrum, int id, const 
 }
 
 TCmdYrexSetOrigUnits::TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDir axis, int unit, TTargets targets)
-    : TYrexSpectrumCommand(axis == horzDir ? tr("Set Zarnu Original X Units") : tr("Set Zarnu Original Y Units"), items)
+    : TYrexVoidUnlessChanged(axis == horzDir ? tr("Set Zarnu Original X Units") : tr("Set Zarnu Original Y Units"),
+                             items)
     , fAxis(axis)
     , fUnit(unit)
     , fTargets(targets)
@@ -75,6 +76,10 @@ void TCmdYrexSetOrigUnits::doItem(TCanvasYrexSpectrum *item, int index)
         spectrum.setOrigUnits(x, y);
         spectrum.setUnits(x, y);
         const TParamState named{yrexUnitDisplayName(fUnit), true};
+        const TUnits &was = old.last();
+        if (was.fOrigX != x || was.fOrigY != y || was.fX != x || was.fY != y || !isSame(was.fOrigParam, named) ||
+            !isSame(was.fParam, named))
+            noteChange();
         setParamState(spectrum, origParam(), named);
         setParamState(spectrum, param(), named);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexSpectrumCommand.h"
+#include "TYrexVoidUnlessChanged.h"
 #include "commands/TPlotSnapshot.h"
 #include "plot/TAxisDir.h"
 
@@ -10,7 +11,7 @@
 class TYrexSpectrum;
 
 /// Says what an axis of spectra is where their file did not: sets its original and its present unit. No value changes.
-class TCmdYrexSetOrigUnits : public TYrexSpectrumCommand
+class TCmdYrexSetOrigUnits : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 {
     Q_OBJECT
 
@@ -37,6 +38,10 @@ private:
         int fOrigX, fOrigY, fX, fY;
         TParamState fOrigParam, fParam; // the axis' two unit parameters
     };
+    static bool isSame(const TParamState &one, const TParamState &other)
+    {
+        return one.fText == other.fText && one.fEdited == other.fEdited;
+    }
     static TParamState paramState(const TYrexSpectrum &spectrum, int id);
     static void setParamState(TYrexSpectrum &spectrum, int id, const TParamState &state);
 
