@@ -20,7 +20,7 @@ QString timeText(const QDateTime &time, bool whole)
     if (!local.isValid())
         return QString();
     const bool isToday = local.date() == QDate::currentDate();
-    return local.toString(whole ? "yyyy-MM-dd hh:mm:ss" : isToday ? "hh:mm:ss" : "yyyy-MM-dd");
+    return local.toString(whole ? "yyyy-MM-dd hh:mm:ss" : isToday ? "hh:mm" : "d MMM yy");
 }
 
 } // namespace
@@ -193,7 +193,7 @@ QVariant THistoryModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         if (index.column() == cTime)
             return timeText(row.fTime, true);
-        return row.fKind == cEarlier ? tr("Done before the document was opened; it cannot be undone.") : QVariant();
+        return row.fKind == cEarlier ? tr("Done before the document was opened; it cannot be undone.") : row.fText;
     case Qt::FontRole: {
         QFont font;
         font.setBold(isPresent(row));

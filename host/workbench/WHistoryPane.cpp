@@ -30,8 +30,8 @@
 namespace {
 
 constexpr int cMargin = 6;
-constexpr int cItemLetters = 10;
-constexpr int cLeastWidth = 320; // room for descriptions beside item and time
+constexpr int cItemLetters = 9;
+constexpr int cLeastWidth = 340; // room for descriptions beside item and time
 constexpr int cPatience = 500;   // ms until a way through many steps shows its progress
 
 /// Draws the rule above what was done before the document was opened.
@@ -136,7 +136,7 @@ void WHistoryPane::makeView()
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setHighlightSections(false);
     fView->setColumnWidth(THistoryModel::cItem, fView->fontMetrics().averageCharWidth() * cItemLetters);
-    fView->setColumnWidth(THistoryModel::cTime, fView->fontMetrics().horizontalAdvance("0000-00-00") + cMargin);
+    fView->setColumnWidth(THistoryModel::cTime, fView->fontMetrics().horizontalAdvance("00 Mmm 00") + cMargin);
     fView->setContextMenuPolicy(Qt::CustomContextMenu);
     auto *keys = new TOwnKeys(fView);
     keys->add(QKeySequence::Copy, [this] { copy(); });
