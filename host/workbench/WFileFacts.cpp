@@ -1,5 +1,6 @@
 #include "WFileFacts.h"
 
+#include "FactRows.h"
 #include "TPageThumbnail.h"
 #include "TScratchImport.h"
 #include "canvas/TDocument.h"
@@ -75,23 +76,12 @@ QPixmap WFileFacts::picture() const
 
 QString WFileFacts::fact(const QString &label) const
 {
-    for (int row = 0; row < fFacts->rowCount(); ++row) {
-        const auto *name = qobject_cast<QLabel *>(fFacts->itemAt(row, QFormLayout::LabelRole)->widget());
-        const auto *text = qobject_cast<QLabel *>(fFacts->itemAt(row, QFormLayout::FieldRole)->widget());
-        if (name && text && name->text() == label)
-            return text->text();
-    }
-    return {};
+    return FactRows::text(*fFacts, label);
 }
 
 void WFileFacts::addFact(const QString &label, const QString &text)
 {
-    if (text.isEmpty())
-        return;
-    auto *value = new QLabel(text);
-    value->setTextFormat(Qt::PlainText); // it comes from a file
-    value->setWordWrap(true);
-    fFacts->addRow(new QLabel(label), value);
+    FactRows::add(*fFacts, label, text);
 }
 
 void WFileFacts::read()

@@ -1,5 +1,6 @@
 #include "WPastePreview.h"
 
+#include "FactRows.h"
 #include "TPageThumbnail.h"
 #include "TScratchImport.h"
 #include "canvas/TCanvasBaseSpectrum.h"
@@ -62,23 +63,12 @@ WPastePreview::~WPastePreview() = default;
 
 void WPastePreview::addFact(const QString &label, const QString &text)
 {
-    if (text.isEmpty())
-        return;
-    auto *value = new QLabel(text);
-    value->setTextFormat(Qt::PlainText);
-    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    fFacts->addRow(new QLabel(label), value);
+    FactRows::add(*fFacts, label, text);
 }
 
 QString WPastePreview::fact(const QString &label) const
 {
-    for (int row = 0; row < fFacts->rowCount(); ++row) {
-        const auto *name = qobject_cast<QLabel *>(fFacts->itemAt(row, QFormLayout::LabelRole)->widget());
-        const auto *text = qobject_cast<QLabel *>(fFacts->itemAt(row, QFormLayout::FieldRole)->widget());
-        if (name && text && name->text() == label)
-            return text->text();
-    }
-    return {};
+    return FactRows::text(*fFacts, label);
 }
 
 void WPastePreview::addNumbers()
