@@ -6,7 +6,6 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
 #include "canvas/TDocument.h"
-#include "canvas/TItemGraphics.h"
 #include "canvas/TPage.h"
 
 #include <QGraphicsScene>
@@ -84,8 +83,7 @@ public:
         plot().setPointedIndex(count > 1 ? ++fStep % count : -1);
         QPainter painter(&fImage);
         QGraphicsScene *scene = fItem->canvas()->scene();
-        if (auto *graphics = dynamic_cast<TItemGraphics *>(fItem->graphics()))
-            graphics->setHighlighted(count > 1);
+        fItem->refreshHighlight();
         scene->render(&painter, QRectF(0, 0, cWidth, cHeight), QRectF(QPointF(), fItem->canvas()->size()));
         painter.scale(cScale, cScale);
         plot().drawHighlights(painter);

@@ -1,10 +1,12 @@
 #include "TGuiHost.h"
 
 #include "TActionTable.h"
+#include "TDockController.h"
 #include "TDocumentController.h"
 #include "TModeController.h"
 #include "WDocumentView.h"
 #include "WMainWindow.h"
+#include "WWarningBar.h"
 #include "log/TLogger.h"
 #include "widgets/WPluginDockWidget.h"
 
@@ -37,6 +39,11 @@ void TGuiHost::statusMessage(const QString &text, int ms)
     TLogger::printToLogger("Kelmora", text);
 }
 
+void TGuiHost::addDock(WPluginDockWidget *dock, const TDockPlace &place)
+{
+    fWindow.docks().add(dock, place);
+}
+
 WPluginDockWidget *TGuiHost::dock(const QString &name)
 {
     return fWindow.findChild<WPluginDockWidget *>(name);
@@ -56,6 +63,40 @@ void TGuiHost::refreshTable(const QString &name)
 {
     if (WPluginDockWidget *found = dock(name))
         found->refresh();
+}
+
+void TGuiHost::showWarningBar(const QString &text, const QString &action, const std::function<void()> &run)
+{
+    WDocumentView *view = fWindow.documents().view();
+    if (!view)
+        return;
+    for (const WWarningBar *bar : view->findChildren<WWarningBar *>()) {
+        if (bar->text() == text && !bar->isHidden())
+            return;
+    }
+    auto *bar = new WWarningBar(text, action);
+    if (run)
+        QObject::connect(bar, &WWarningBar::accepted, run);
+    view->addBar(bar);
+}
+
+void TGuiHost::hideWarningBar(const QString &text)
+{
+    WDocumentView *view = fWindow.documents().view();
+    if (!view)
+        return;
+    for (WWarningBar *bar : view->findChildren<WWarningBar *>()) {
+        if (bar->text() != text)
+            continue;
+        bar->hide();
+        bar->deleteLater();
+    }
+}
+
+void TGuiHost::focusPlot()
+{
+    if (fWindow.documents().view())
+        fWindow.documents().view()->setFocus();
 }
 
 void TGuiHost::updateActions()
@@ -85,8 +126,7 @@ IPlotView *TGuiHost::plotView()
 
 void TGuiHost::itemInUse(TCanvasItem *item)
 {
-    for (WPluginDockWidget *dock : fWindow.findChildren<WPluginDockWidget *>())
-        dock->setItem(item);
+    fWindow.docks().setItem(item);
 }
 
 QAction *TGuiHost::action(const QString &name)

@@ -15,9 +15,13 @@ public:
     void setWaitCursor() override;
     void restoreCursor() override;
     void statusMessage(const QString &text, int ms) override;
+    void addDock(WPluginDockWidget *dock, const TDockPlace &place) override;
     WPluginDockWidget *dock(const QString &name) override;
     void showDock(const QString &name, bool show) override;
     void refreshTable(const QString &name) override;
+    void showWarningBar(const QString &text, const QString &action, const std::function<void()> &run) override;
+    void hideWarningBar(const QString &text) override;
+    void focusPlot() override;
     void updateActions() override;
     QUuid mouseMode() const override;
     void setMouseMode(const QUuid &mode) override;

@@ -7,6 +7,7 @@
 #include "canvas/TCanvasSpectrum.h"
 #include "log/TLogger.h"
 #include "plugin/IPluginActions.h"
+#include "services/IGuiHost.h"
 #include "services/TKelmoraHost.h"
 #include "ui/TMarkupLoader.h"
 
@@ -41,8 +42,11 @@ TPluginActions::TPluginActions(TKelmoraHost &host, TActionTable &actions, TDocum
     , fModes(modes)
 {
     for (QObject *plugin : host.plugins()) {
-        if (auto *its = qobject_cast<IPluginActions *>(plugin))
-            take(*its);
+        auto *its = qobject_cast<IPluginActions *>(plugin);
+        if (!its)
+            continue;
+        its->registerFactories(*host.gui());
+        take(*its);
     }
     connect(&actions, &TActionTable::updating, this, [this] {
         fIsUpdating = true;

@@ -253,8 +253,7 @@ void WDocumentView::pointAt(TCanvasSpectrum *item, int curve)
         if (!plot || plot->pointedIndex() == index)
             return;
         plot->setPointedIndex(index);
-        if (auto *graphics = dynamic_cast<TItemGraphics *>(spectrum->graphics()))
-            graphics->setHighlighted(index >= 0);
+        spectrum->refreshHighlight();
     };
     if (fPointed.get() != item)
         point(fPointed.get(), -1);

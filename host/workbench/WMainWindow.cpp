@@ -4,6 +4,7 @@
 #include "TAutosaveFile.h"
 #include "TClipboardController.h"
 #include "TDarkPaper.h"
+#include "TDockController.h"
 #include "TDocumentController.h"
 #include "TDropTarget.h"
 #include "TEmptyStateController.h"
@@ -62,10 +63,13 @@ namespace {
 
 constexpr char cGeometryKey[] = "Kelmora/Window/Geometry";
 constexpr char cStateKey[] = "Kelmora/Window/State";
-constexpr int cStateVersion = 1;
 constexpr double cFirstShare = 0.8; // of the screen
 constexpr int cPagesWidth = 190;
 constexpr int cTablesHeight = 220;
+// among the docks of their area, those of plug-ins between them
+constexpr int cHistoryOrder = 7;
+constexpr int cStackOrder = 5;
+constexpr int cLogOrder = 20;
 
 /// Of the set of screens: a window comes back where it was when the same screens are there.
 QString screenSet()
@@ -115,18 +119,14 @@ WMainWindow::~WMainWindow()
 
 void WMainWindow::makeDocks()
 {
+    fDocks = new TDockController(*this);
     fPages = new WPageNavigator(this);
-    addDockWidget(Qt::LeftDockWidgetArea, fPages);
-    fLog = new WLogPane(this);
-    addDockWidget(Qt::BottomDockWidgetArea, fLog);
-    fLog->hide();
+    fDocks->add(fPages, {Qt::LeftDockWidgetArea, "Ctrl+1", 0, true, cPagesWidth});
     fHistory = new WHistoryPane(*fDocuments, this);
-    addDockWidget(Qt::RightDockWidgetArea, fHistory);
-    fHistory->hide();
+    fDocks->add(fHistory, {Qt::RightDockWidgetArea, "Ctrl+7", cHistoryOrder, false, 0});
     fStack = new WStackedSpectraDock(fHost, *fDocuments, this);
-    addDockWidget(Qt::BottomDockWidgetArea, fStack);
-    tabifyDockWidget(fStack, fLog);
-    fStack->hide();
+    fDocks->add(fStack, {Qt::BottomDockWidgetArea, "Ctrl+5", cStackOrder, false, cTablesHeight});
+    fDocks->add(new WLogPane(this), {Qt::BottomDockWidgetArea, QString(), cLogOrder, false, cTablesHeight});
 }
 
 void WMainWindow::connectActions()
@@ -147,10 +147,9 @@ void WMainWindow::connectActions()
     fActions->on(
         "redo", [stack] { stack()->redo(); },
         [stack] { return stack()->canRedo() ? QString() : tr("There is nothing to redo."); });
-    fActions->on("resetLayout", [this] { setFirstLayout(); });
+    fActions->on("resetLayout", [this] { fDocks->setFirstLayout(); });
     fActions->on(
-        "hideDocks", [this] { hideDocks(fStateBeforeHiding.isEmpty()); }, {},
-        [this] { return !fStateBeforeHiding.isEmpty(); });
+        "hideDocks", [this] { fDocks->hideAll(!fDocks->isHidingAll()); }, {}, [this] { return fDocks->isHidingAll(); });
     fActions->on(
         "fullScreen", [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); }, {},
         [this] { return isFullScreen(); });
@@ -188,22 +187,6 @@ void WMainWindow::addThemes()
     add("themeSystem", TTheme::cSystem);
     add("themeLight", TTheme::cLight);
     add("themeDark", TTheme::cDark);
-}
-
-/// The dock's key brings it to the front and gives it the focus, and hides it when it is there already.
-void WMainWindow::toggleDock(QDockWidget *dock)
-{
-    const bool isCovered = dock->visibleRegion().isEmpty();
-    if (dock->isVisible() && !isCovered) {
-        dock->hide();
-        if (fDocuments->view())
-            fDocuments->view()->setFocus();
-        return;
-    }
-    dock->show();
-    dock->raise();
-    if (dock->widget())
-        dock->widget()->setFocus();
 }
 
 /// A page of one item is about that item, so that docks show it at once.
@@ -254,20 +237,7 @@ void WMainWindow::connectDocuments()
     fills("secondAxis", [this](QMenu *menu) { fShow->fillSecondAxisMenu(menu); });
     fills("selectClass", [this](QMenu *menu) { fStackActions->fillClassMenu(menu); });
     connect(fActions->menu("window"), &QMenu::aboutToShow, this, &WMainWindow::fillWindowMenu);
-    addDockAction(fPages, "Ctrl+1");
-    addDockAction(fStack, "Ctrl+5");
-    addDockAction(fHistory, "Ctrl+7");
-    addDockAction(fLog, QString());
-}
-
-void WMainWindow::addDockAction(QDockWidget *dock, const QString &key)
-{
-    QAction *action = fActions->menu("docks")->addAction(dock->windowTitle(), this, [this, dock] { toggleDock(dock); });
-    action->setShortcut(QKeySequence(key, QKeySequence::PortableText));
-    action->setObjectName("dock." + dock->objectName());
-    action->setCheckable(true);
-    connect(dock, &QDockWidget::visibilityChanged, action, &QAction::setChecked);
-    addAction(action);
+    fDocks->connectDocuments(*fActions, *documents);
 }
 
 void WMainWindow::updateTitle()
@@ -301,24 +271,6 @@ void WMainWindow::fillWindowMenu()
     }
 }
 
-void WMainWindow::setFirstLayout()
-{
-    for (QDockWidget *dock : findChildren<QDockWidget *>())
-        dock->setFloating(false);
-    addDockWidget(Qt::LeftDockWidgetArea, fPages);
-    addDockWidget(Qt::RightDockWidgetArea, fHistory);
-    addDockWidget(Qt::BottomDockWidgetArea, fStack);
-    addDockWidget(Qt::BottomDockWidgetArea, fLog);
-    tabifyDockWidget(fStack, fLog);
-    fPages->show();
-    fHistory->hide();
-    fStack->hide();
-    fLog->hide();
-    resizeDocks({fPages}, {cPagesWidth}, Qt::Horizontal);
-    resizeDocks({fStack, fLog}, {cTablesHeight, cTablesHeight}, Qt::Vertical);
-    fStateBeforeHiding.clear();
-}
-
 void WMainWindow::restoreLayout()
 {
     const TDefaultsIni settings;
@@ -330,8 +282,8 @@ void WMainWindow::restoreLayout()
         resize(QSizeF(room.size() * cFirstShare).toSize());
         move(room.center() - rect().center());
     }
-    if (state.isEmpty() || !restoreState(state, cStateVersion))
-        setFirstLayout();
+    if (!fDocks->restoreState(state))
+        fDocks->setFirstLayout();
 }
 
 void WMainWindow::saveLayout() const
@@ -339,21 +291,8 @@ void WMainWindow::saveLayout() const
     TDefaultsIni settings;
     const QString screens = screenSet();
     settings.setValue(cGeometryKey + screens, saveGeometry());
-    settings.setValue(cStateKey + screens,
-                      fStateBeforeHiding.isEmpty() ? saveState(cStateVersion) : fStateBeforeHiding);
+    settings.setValue(cStateKey + screens, fDocks->state());
     TDefaultsIni::sync();
-}
-
-void WMainWindow::hideDocks(bool hide)
-{
-    if (!hide) {
-        restoreState(fStateBeforeHiding, cStateVersion);
-        fStateBeforeHiding.clear();
-        return;
-    }
-    fStateBeforeHiding = saveState(cStateVersion);
-    for (QDockWidget *dock : findChildren<QDockWidget *>())
-        dock->hide();
 }
 
 void WMainWindow::closeEvent(QCloseEvent *event)

@@ -7,6 +7,7 @@
 
 class QTabWidget;
 class TAutosave;
+class TDockController;
 class TDocumentController;
 class TExportController;
 class TFileController;
@@ -39,6 +40,7 @@ public:
     TKelmoraHost &host() { return fHost; }
     TExportController &exports() { return *fExports; }
     TPrintController &printing() { return *fPrinting; }
+    TDockController &docks() { return *fDocks; }
     TModeController &modes() { return *fModes; }
     TShellController &shell() { return *fShell; }
     WStatusReadout &status() { return *fStatus; }
@@ -55,11 +57,7 @@ private:
     void connectActions();
     void connectDocuments();
     void makeDocks();
-    void setFirstLayout();
     void saveLayout() const;
-    void hideDocks(bool hide);
-    void addDockAction(QDockWidget *dock, const QString &key);
-    void toggleDock(QDockWidget *dock);
     void addThemes();
     void selectOnlyItem();
     void followSelection();
@@ -75,8 +73,8 @@ private:
     TFileController *fFiles;
     TAutosave *fAutosave;
     std::unique_ptr<TGuiHost> fGui;
+    TDockController *fDocks;
     WPageNavigator *fPages;
-    QDockWidget *fLog;
     WHistoryPane *fHistory;
     WStackedSpectraDock *fStack;
     TShellController *fShell = nullptr;
@@ -87,5 +85,4 @@ private:
     TExportController *fExports = nullptr;
     TPrintController *fPrinting = nullptr;
     WStatusReadout *fStatus = nullptr;
-    QByteArray fStateBeforeHiding;
 };

@@ -71,8 +71,9 @@ public:
     void drawPeaks(QPainter &painter) override;
     /// Segments, curves and labels of the current spectrum's integrals.
     void drawIntegrals(QPainter &painter) override;
-    /// Tints the highlighted integrals and shows their handles; on the screen only, over everything else.
+    /// Tints the highlighted peaks and integrals and shows the handles of these; on the screen only, over everything else.
     void drawHighlights(QPainter &painter) override;
+    bool hasHighlights() const override { return !fHighlightedIntegrals.isEmpty() || !fHighlightedPeaks.isEmpty(); }
     /// Marks beside the rows of selected spectra.
     void drawSelectedStackedMark(QPainter &painter);
 
@@ -108,6 +109,7 @@ public:
     void setIntegralHighlighted(const QUuid &id, bool on);
     /// Whether there were any.
     bool clearHighlightedIntegrals();
+    void setHighlightedPeaks(const QSet<QUuid> &ids) { fHighlightedPeaks = ids; }
     const TPlotHotAreas &hotAreas() const { return fHotAreas; }
     const TPlotHotArea &hitTest(const QPointF &itemPoint) const override { return fHotAreas.hit(itemPoint); }
     /// The values of the curve under the point, else of the current spectrum at that x.
@@ -184,6 +186,7 @@ private:
     QMap<int, QRectF> fStackedLabelRects;
     TPlotHotAreas fHotAreas;
     QList<QUuid> fHighlightedIntegrals;
+    QSet<QUuid> fHighlightedPeaks;
 
     // of the last draw
     QVector<int> fDrawn; // plot indices of the curves

@@ -212,14 +212,16 @@ void T1DYrexPlot::addIntegralHotAreas(const TYrexIntegralHits &hits)
 
 void T1DYrexPlot::drawHighlights(QPainter &painter)
 {
-    if (fHighlightedIntegrals.isEmpty())
-        return;
     constexpr int cHandles = 0xCF0;
     painter.save();
     QColor color = Utils::Color::cSelectionColors.first();
     color.setAlphaF(cHighlightAlpha);
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
+    for (const TPlotHotArea &area : fHotAreas.hotAreasBy(TPlotHotArea::peak)) {
+        if (fHighlightedPeaks.contains(area.id()))
+            painter.drawRect(area.rect());
+    }
     QVector<QRectF> handles;
     QVector<QRectF> centres;
     for (const QUuid &id : qAsConst(fHighlightedIntegrals)) {

@@ -72,7 +72,7 @@ void updatePeaks(TUpdateItem &update, const TYrexFacts &facts, const QString &no
 {
     const bool hasPeaks = facts.fSpectrum && !facts.fSpectrum->peaks().isEmpty();
     const QString whyNot = facts.fSpectrum && !hasPeaks ? noPeaks : facts.fNoSpectrum;
-    for (const char *name : {"yrexPeakDeleting", "yrexDeleteAllPeaksVisible", "yrexPeaksShow"})
+    for (const char *name : {"yrexPeakDeleting", "yrexDeleteAllPeaksVisible", "yrexPeaksShow", "yrexPeaksTableShow"})
         update[name].fWhyNot = whyNot;
     update["yrexPeaksShow"].fIsChecked =
         hasPeaks && (facts.fPlot->peakProperties().flags & TYrexPeakPlotProperties::cShowLabels);
@@ -90,10 +90,17 @@ void updateIntegrals(TUpdateItem &update, const TYrexFacts &facts, const QString
     update["yrexIntegrateDeleting"].fWhyNot = whyNot;
     update["yrexIntegrateDeleteAll"].fWhyNot = whyNot;
     update["yrexIntegrateRecalc"].fWhyNot = whyNot;
+    update["yrexIntegralsTableShow"].fWhyNot = whyNot;
     update["yrexIntegralsShow"] = {whyNot, isShown, true};
     update["yrexIntegralCurvesShow"] = {whyNotPart, all(TFlags::cShowIntegrals | TFlags::cShowCurve), true};
     update["yrexIntegralLabelsShow"] = {whyNotPart,
                                         all(TFlags::cShowIntegrals | TFlags::cShowLabels | TFlags::cShowSegment), true};
+}
+
+void updateModes(TUpdateItem &update)
+{
+    for (const TYrexModeAction &action : cModeActions)
+        update[action.fName].fIsChecked = update.mode == action.fMode;
 }
 
 } // namespace
@@ -107,6 +114,9 @@ void TYrexActions::update(TUpdateItem &update) const
     updateUnits(update, facts);
     updatePeaks(update, facts, tr("The spectrum has no peaks."));
     updateIntegrals(update, facts, tr("The spectrum has no integrals."), tr("The integrals are hidden."));
+    updateModes(update);
+    for (const TYrexDockAction &action : cDockActions)
+        update[action.fName].fIsChecked = isDockVisible(fHost, action.fDock);
     updateProcessing(update, facts, tr("The chain of the spectrum has no such action."),
                      tr("At least two spectra of a stack have to be visible."));
 }

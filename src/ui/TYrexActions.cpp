@@ -7,8 +7,10 @@
 #include "TCmdYrexArithmeticOp.h"
 #include "TCmdYrexArithmeticSetOrgDataToAbsOrg.h"
 #include "TCmdYrexDeleteIntegrals.h"
+#include "TCmdYrexDeletePeaks.h"
 #include "TCmdYrexManualPeakPicking.h"
 #include "TCmdYrexProcessing.h"
+#include "TYrexHighlightHandler.h"
 #include "TYrexUnits.h"
 #include "WYrexArithmeticDialog.h"
 #include "YrexActionTables.h"
@@ -19,6 +21,7 @@
 #include "ui/IPlotView.h"
 #include "ui/PlotSteps.h"
 #include "widgets/GuiUtils.h"
+#include "widgets/WPluginDockWidget.h"
 
 #include <QAbstractScrollArea>
 #include <limits>
@@ -51,13 +54,17 @@ QRect screenRect(IPlotView *view, const TCanvasItem &item)
 
 } // namespace
 
-TYrexActions::TYrexActions(IPluginHost &host)
+TYrexActions::TYrexActions(IPluginHost &host, TYrexHighlightHandler &highlights)
     : fHost(host)
+    , fHighlights(highlights)
 {
     for (const TYrexActionCode &toggle : cProcessingToggles)
         add(toggle.fName, [this, code = toggle.fCode] { return toggleProcessing(code); });
     addUnits();
     addMarks();
+    addModes();
+    addDocks();
+    addHighlighted();
     add("yrexArithmeticAdd", [this] { return arithmetic(); });
 }
 
@@ -82,6 +89,62 @@ void TYrexActions::addMarks()
     show("yrexIntegralsShow", TCmdShowYrexItemFeature::cIntegrals);
     show("yrexIntegralLabelsShow", TCmdShowYrexItemFeature::cIntegralLabels);
     show("yrexIntegralCurvesShow", TCmdShowYrexItemFeature::cIntegralCurves);
+}
+
+void TYrexActions::addModes()
+{
+    for (const TYrexModeAction &action : cModeActions)
+        add(action.fName, [this, mode = action.fMode] { return setMode(mode); });
+}
+
+void TYrexActions::addDocks()
+{
+    for (const TYrexDockAction &action : cDockActions)
+        add(action.fName, [this, name = action.fDock] { return showDock(name, !isDockVisible(fHost, name)); });
+    add("yrexViewIntegralsTable", [this] { return showDock("yrexIntegralsTable", true); });
+    add("yrexFullProcessing", [this] { return showDock(cProcessingDock, true); });
+}
+
+/// What is done with the marks that are highlighted.
+void TYrexActions::addHighlighted()
+{
+    add("yrexDeleteCurPeak", [this] {
+        TCanvasYrexSpectrum *marked = fHighlights.item();
+        return marked && !fHighlights.peaks().isEmpty() && push(new TCmdYrexDeletePeaks({marked}, fHighlights.peaks()));
+    });
+    add("yrexDeleteCurrentIntegral", [this] {
+        TCanvasYrexSpectrum *marked = fHighlights.item();
+        const TYrexSpectrum *spectrum = marked ? marked->currentSpectrum() : nullptr;
+        QVector<int> places;
+        for (const QUuid &id : fHighlights.integrals())
+            places.append(spectrum ? spectrum->integrals().indexOf(id) : -1);
+        places.removeAll(-1);
+        return !places.isEmpty() && push(new TCmdYrexDeleteIntegrals({marked}, places));
+    });
+}
+
+bool TYrexActions::isDockVisible(IPluginHost &host, const char *name)
+{
+    const QWidget *dock = host.gui() ? host.gui()->dock(name) : nullptr;
+    return dock && !dock->isHidden();
+}
+
+bool TYrexActions::showDock(const char *name, bool show) const
+{
+    if (!fHost.gui()->dock(name))
+        return false;
+    fHost.gui()->showDock(name, show);
+    fHost.gui()->updateActions();
+    return true;
+}
+
+bool TYrexActions::setMode(const QUuid &mode) const
+{
+    fHost.gui()->setMouseMode(mode);
+    const bool isOn = fHost.gui()->mouseMode() == mode;
+    if (isOn && mode == YrexModes::peakByPeakModeID)
+        fHost.gui()->statusMessage(tr("Press Shift to swap the modes: snap to peak/pick a peak freely."));
+    return isOn;
 }
 
 bool TYrexActions::run(const QString &name) const

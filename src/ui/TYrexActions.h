@@ -10,6 +10,7 @@
 class IPluginHost;
 class TCanvasYrexSpectrum;
 class TCommand;
+class TYrexHighlightHandler;
 struct TUpdateItem;
 
 /// What the actions of the module do, by their names in the mark-up, and when they can. An action that cannot be run
@@ -19,8 +20,8 @@ class TYrexActions
     Q_DECLARE_TR_FUNCTIONS(TYrexActions)
 
 public:
-    /// The host is not owned, has windows and lives longer.
-    explicit TYrexActions(IPluginHost &host);
+    /// Neither is owned, and both live longer.
+    TYrexActions(IPluginHost &host, TYrexHighlightHandler &highlights);
 
     bool has(const QString &name) const { return fRuns.contains(name); }
     /// False when the action did nothing.
@@ -40,6 +41,14 @@ private:
     void add(const char *name, const std::function<bool()> &run) { fRuns.insert(QString(name), run); }
     void addUnits();
     void addMarks();
+    void addModes();
+    void addDocks();
+    void addHighlighted();
+    static bool isDockVisible(IPluginHost &host, const char *name);
+    /// False when there is no such dock.
+    bool showDock(const char *name, bool show) const;
+    /// Enters a mode, or leaves it when it is on.
+    bool setMode(const QUuid &mode) const;
     /// The active item, else the first of the selected ones; null without.
     TCanvasYrexSpectrum *item() const;
     /// The selected items of this module.
@@ -52,5 +61,6 @@ private:
     bool deleteVisiblePeaks() const;
 
     IPluginHost &fHost;
+    TYrexHighlightHandler &fHighlights;
     QHash<QString, std::function<bool()>> fRuns;
 };

@@ -3,7 +3,9 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexActions.h"
+#include "TYrexHighlightHandler.h"
 #include "WYrexStackOptionsDialog.h"
+#include "YrexFactories.h"
 #include "canvas/TDocument.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
@@ -21,8 +23,18 @@ void TYrexPluginGui::registered(IPluginHost *host)
 void TYrexPluginGui::init(IPluginHost *host)
 {
     TYrexPlugin::registered(host);
-    if (host)
-        fActions = std::make_unique<TYrexActions>(*host);
+    if (!host)
+        return;
+    fHighlights = std::make_unique<TYrexHighlightHandler>(*host);
+    fActions = std::make_unique<TYrexActions>(*host, *fHighlights);
+}
+
+void TYrexPluginGui::registerFactories(IGuiHost &gui)
+{
+    if (!fHost)
+        return;
+    YrexFactories::addDocks(gui, *fHost, *fHighlights);
+    YrexFactories::addModes(gui, *fHost, *fHighlights);
 }
 
 bool TYrexPluginGui::isInvalid(const QString &invalidator) const

@@ -6,6 +6,7 @@
 #include <memory>
 
 class TYrexActions;
+class TYrexHighlightHandler;
 
 /// What the host gets from the library: the module with its menus, docks and mouse modes on top.
 class TYrexPluginGui : public TYrexPlugin, public IPluginActions
@@ -23,6 +24,7 @@ public:
     void adjustStackedItems(const TCanvasItemList &items) override;
 
     QString markupResource() const override { return QStringLiteral(":/yrex/ui/YrexPlugin.mui"); }
+    void registerFactories(IGuiHost &gui) override;
     bool isInvalid(const QString &invalidator) const override;
     bool hasAction(const QString &name) const override;
     bool executeAction(const QString &name) override;
@@ -32,5 +34,6 @@ public:
 private:
     void init(IPluginHost *host);
 
-    std::unique_ptr<TYrexActions> fActions; // null before the host is known
+    std::unique_ptr<TYrexHighlightHandler> fHighlights; // null before the host is known
+    std::unique_ptr<TYrexActions> fActions;             // null before the host is known
 };

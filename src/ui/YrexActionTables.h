@@ -2,6 +2,7 @@
 
 #include "TYrexProcIds.h"
 #include "TYrexUnits.h"
+#include "YrexModeIds.h"
 
 /// An action of the mark-up and the code that it stands for.
 struct TYrexActionCode
@@ -34,3 +35,35 @@ constexpr TYrexActionCode cVerticalUnits[] = {
     {"yrexSetSpecVUnitsToTransmittancePc", cUnitPercentTransmittance},
     {"yrexSetSpecVUnitsToAbsorbance", cUnitAbsorbance},
 };
+
+/// An action that enters a mouse mode, and leaves it when it is on.
+struct TYrexModeAction
+{
+    const char *fName;
+    QUuid fMode;
+};
+
+constexpr TYrexModeAction cModeActions[] = {
+    {"yrexIntegrateManual", YrexModes::integrateModeID},
+    {"yrexIntegrateDeleting", YrexModes::deleteIntegralsModeID},
+    {"yrexManualPeakPicking", YrexModes::manualPeakPickingModeID},
+    {"yrexPeakByPeak", YrexModes::peakByPeakModeID},
+    {"yrexPeakDeleting", YrexModes::deletePeaksModeID},
+    {"yrexRegionSum", YrexModes::regionSumModeID},
+    {"yrexRegionPeak", YrexModes::regionPeakModeID},
+};
+
+/// An action that shows a dock, or hides it.
+struct TYrexDockAction
+{
+    const char *fName;
+    const char *fDock;
+};
+
+constexpr TYrexDockAction cDockActions[] = {
+    {"yrexIntegralsTableShow", "yrexIntegralsTable"},
+    {"yrexPeaksTableShow", "yrexPeaksTable"},
+};
+
+constexpr char cProcessingDock[] = "yrexProcessingWidget";
+constexpr char cMultipointDock[] = "yrexMultipointBCWidget";

@@ -48,9 +48,13 @@ struct TNoWindows : IGuiHost
     void setWaitCursor() override {}
     void restoreCursor() override {}
     void statusMessage(const QString &, int) override {}
+    void addDock(WPluginDockWidget *, const TDockPlace &) override {}
     WPluginDockWidget *dock(const QString &) override { return nullptr; }
     void showDock(const QString &, bool) override {}
     void refreshTable(const QString &) override {}
+    void showWarningBar(const QString &, const QString &, const std::function<void()> &) override {}
+    void hideWarningBar(const QString &) override {}
+    void focusPlot() override {}
     void updateActions() override {}
     QUuid mouseMode() const override { return QUuid(); }
     void setMouseMode(const QUuid &) override {}

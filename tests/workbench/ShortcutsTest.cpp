@@ -24,15 +24,15 @@ protected:
 TEST_F(ShortcutsTest, aChangedKeyWorksAtOnceAndInTheNextRun)
 {
     open(writeCsv("one.csv"));
-    ASSERT_TRUE(shortcuts().setKey(action("grid"), QKeySequence("K")));
-    EXPECT_EQ(storedKey("grid"), "K");
+    ASSERT_TRUE(shortcuts().setKey(action("grid"), QKeySequence("Y")));
+    EXPECT_EQ(storedKey("grid"), "Y");
     const bool had = plot()->properties().horzAxis.majorGrid;
     key(Qt::Key_G);
     EXPECT_EQ(plot()->properties().horzAxis.majorGrid, had);
-    key(Qt::Key_K);
+    key(Qt::Key_Y);
     EXPECT_NE(plot()->properties().horzAxis.majorGrid, had);
     WMainWindow again(fHost);
-    EXPECT_EQ(again.actionTable().action("grid")->shortcut(), QKeySequence("K"));
+    EXPECT_EQ(again.actionTable().action("grid")->shortcut(), QKeySequence("Y"));
     EXPECT_TRUE(again.shell().shortcuts().isChanged(*again.actionTable().action("grid")));
     fWindow.reset();
 }

@@ -37,6 +37,12 @@ void QtCanvasItem::refreshGraphics()
     fGraphics->redraw();
 }
 
+void QtCanvasItem::refreshHighlight()
+{
+    if (fGraphics)
+        fGraphics->refreshHighlight();
+}
+
 void QtCanvasItem::placeGraphics()
 {
     if (fGraphics)

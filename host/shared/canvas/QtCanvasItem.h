@@ -39,8 +39,12 @@ public:
     /// The same for a picture, print or thumbnail: what the mouse finds on the screen stays as it was.
     virtual void paintPicture(QPainter &painter) { paint(painter); }
 
-    /// Draws what the mouse points at over the item as it was drawn last.
+    /// Whether anything is highlighted.
+    virtual bool hasHighlight() const { return false; }
+    /// Draws what is highlighted over the item as it was drawn last.
     virtual void paintHighlight(QPainter &) {}
+    /// Something else is highlighted than before; the item keeps its pixels.
+    void refreshHighlight();
 
 private:
     QPointer<TPage> fCanvas; // an item may outlive the page that it was meant for

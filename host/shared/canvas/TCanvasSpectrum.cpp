@@ -119,6 +119,12 @@ void TCanvasSpectrum::paintPicture(QPainter &painter)
     plot->setState(~before, false);
 }
 
+bool TCanvasSpectrum::hasHighlight() const
+{
+    const auto *plot = dynamic_cast<const T1DStackedPlot *>(activePlot());
+    return plot && (plot->pointedIndex() >= 0 || plot->hasHighlights());
+}
+
 void TCanvasSpectrum::paintHighlight(QPainter &painter)
 {
     if (auto *plot = dynamic_cast<T1DStackedPlot *>(activePlot())) {

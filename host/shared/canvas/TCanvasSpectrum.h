@@ -42,6 +42,7 @@ public:
 
     void paint(QPainter &painter) override;
     void paintPicture(QPainter &painter) override;
+    bool hasHighlight() const override;
     void paintHighlight(QPainter &painter) override;
     void store(TDataStream &stream) const override;
     void load(TDataStream &stream) override;

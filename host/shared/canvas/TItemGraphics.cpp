@@ -32,9 +32,8 @@ void TItemGraphics::redraw()
     update();
 }
 
-void TItemGraphics::setHighlighted(bool highlighted)
+void TItemGraphics::refreshHighlight()
 {
-    fIsHighlighted = highlighted;
     fHighlight = QPixmap();
     update();
 }
@@ -72,13 +71,14 @@ void TItemGraphics::paint(QPainter *painter, const QStyleOptionGraphicsItem *, Q
         fRatio = ratio;
         ++fDrawCount;
     }
-    if (fIsHighlighted && fHighlight.isNull())
+    const bool isHighlighted = fItem->hasHighlight();
+    if (isHighlighted && fHighlight.isNull())
         fHighlight = render(fDevice, ratio, pixels.size(), [this](QPainter &to) { fItem->paintHighlight(to); });
     painter->save();
     painter->setWorldTransform(QTransform());
     const QPointF origin = painter->deviceTransform().inverted().map(QPointF(pixels.topLeft()));
     painter->drawPixmap(origin, fPixels);
-    if (fIsHighlighted)
+    if (isHighlighted)
         painter->drawPixmap(origin, fHighlight);
     painter->restore();
 }

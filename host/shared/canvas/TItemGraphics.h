@@ -24,8 +24,8 @@ public:
     void redraw();
     QRectF boundingRect() const override { return QRectF(QPointF(0, 0), fSize); }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
-    /// The item points at something else; what it points at is drawn over the kept pixels.
-    void setHighlighted(bool highlighted);
+    /// Something else is highlighted, which is drawn over the kept pixels.
+    void refreshHighlight();
     /// How often the item itself was drawn; the other draws came from the kept pixels.
     int drawCount() const { return fDrawCount; }
 
@@ -37,7 +37,6 @@ private:
     QSizeF fSize;
     QPixmap fPixels;
     QPixmap fHighlight; // what is drawn over them
-    bool fIsHighlighted = false;
     QTransform fDevice; // for which the pixels are good, without the place on the device
     double fRatio = 0.0;
     int fDrawCount = 0;

@@ -59,6 +59,7 @@ public:
     virtual void drawBaseline(QPainter &) {}
     virtual void drawPeaks(QPainter &) {}
     virtual void drawIntegrals(QPainter &) {}
+    virtual bool hasHighlights() const { return false; }
     virtual void drawHighlights(QPainter &) {}
     /// The titles of the rows or columns, for which room is kept beside them; empty: they stand over the curves.
     virtual QStringList rowTitles() const { return {}; }

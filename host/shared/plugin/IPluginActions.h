@@ -3,6 +3,7 @@
 #include <QString>
 #include <QtPlugin>
 
+class IGuiHost;
 struct TMouseSpot;
 struct TUpdateItem;
 
@@ -14,6 +15,8 @@ public:
     virtual ~IPluginActions() = default;
     /// The path of the plug-in's mark-up file; empty for a plug-in without menus.
     virtual QString markupResource() const = 0;
+    /// The window stands: docks and mouse modes of the plug-in can be added to it. Once for each window.
+    virtual void registerFactories(IGuiHost &) {}
     /// The actions will be asked for their states. Called before updateActions each time.
     virtual void aboutToUpdateActions() {}
     /// Whether what the mark-up marks with this text is left out.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QUuid>
+#include <functional>
 
 class IPlotView;
 class IReportService;
@@ -10,6 +11,7 @@ class QWidget;
 class TCanvasItem;
 class TPluginMouseModeHandler;
 class WPluginDockWidget;
+struct TDockPlace;
 
 /// What a host with windows gives to plug-ins.
 class IGuiHost
@@ -22,11 +24,20 @@ public:
     virtual void restoreCursor() = 0;
     /// Shows a text in the status bar for a time in milliseconds, and keeps it in the log.
     virtual void statusMessage(const QString &text, int ms = 5000) = 0;
+    /// Takes a dock over and lists it with its key in the menu of docks; its place is that of the first start.
+    virtual void addDock(WPluginDockWidget *dock, const TDockPlace &place) = 0;
     /// The dock with that name, or null.
     virtual WPluginDockWidget *dock(const QString &name) = 0;
     virtual void showDock(const QString &name, bool show) = 0;
     /// The table in the dock with that name shows its item anew.
     virtual void refreshTable(const QString &name) = 0;
+    /// A yellow bar above the page that tells something and offers one way on; it goes when that is taken or when the
+    /// bar is closed. The same text is shown once.
+    virtual void showWarningBar(const QString &text, const QString &action, const std::function<void()> &run) = 0;
+    /// Takes such a bar away.
+    virtual void hideWarningBar(const QString &text) = 0;
+    /// The keyboard goes to the plot.
+    virtual void focusPlot() = 0;
     /// Asks all actions anew whether they can be used; many calls in one turn of the event loop make one update.
     virtual void updateActions() = 0;
     /// The mouse mode of the active view; the null id is none.
