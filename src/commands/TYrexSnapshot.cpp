@@ -3,12 +3,15 @@
 #include <QMutex>
 #include <QMutexLocker>
 #include <QRunnable>
+#include <QTemporaryFile>
 #include <QThread>
 #include <QThreadPool>
 #include <QVector>
 #include <QWaitCondition>
 #include <algorithm>
+#include <atomic>
 #include <new>
+#include <numeric>
 
 namespace {
 
@@ -51,6 +54,10 @@ private:
     qint64 fMost = TYrexSnapshot::cMostWaiting;
 };
 
+/// The bytes of compressed snapshots in memory, and how many there may be.
+std::atomic<qint64> gKept{0};
+std::atomic<qint64> gMostKept{TYrexSnapshot::cMostKept};
+
 TWaitingBytes &waiting()
 {
     static TWaitingBytes bytes;
@@ -78,10 +85,49 @@ QThreadPool &pool()
 /// All of it behind the mutex.
 struct TYrexSnapshot::TJob
 {
+    ~TJob()
+    {
+        if (!fFile)
+            gKept -= compressedBytes();
+    }
+    qint64 compressedBytes() const { return std::accumulate(fSizes.begin(), fSizes.end(), qint64(0)); }
+    /// Takes the compressed form over, into a file where there is no room in memory; it stays there when the file
+    /// cannot be written.
+    void keep(QVector<QByteArray> &&parts)
+    {
+        for (const QByteArray &part : qAsConst(parts))
+            fSizes.append(part.size());
+        fParts = std::move(parts);
+        if (gKept.fetch_add(compressedBytes()) + compressedBytes() <= gMostKept)
+            return;
+        auto file = std::make_unique<QTemporaryFile>();
+        bool isWritten = file->open();
+        for (int i = 0; isWritten && i < fParts.size(); ++i)
+            isWritten = file->write(fParts.at(i)) == fParts.at(i).size();
+        if (!isWritten || !file->flush())
+            return;
+        gKept -= compressedBytes();
+        fParts.clear();
+        fFile = std::move(file);
+    }
+    /// The compressed parts, wherever they are.
+    QVector<QByteArray> parts()
+    {
+        if (!fFile)
+            return fParts;
+        QVector<QByteArray> parts;
+        fFile->seek(0);
+        for (const int size : qAsConst(fSizes))
+            parts.append(fFile->read(size));
+        return parts;
+    }
+
     QMutex fMutex;
     QWaitCondition fFinished;
     QByteArray fState; // empty once it is compressed
     QVector<QByteArray> fParts;
+    QVector<int> fSizes;                   // of the parts
+    std::unique_ptr<QTemporaryFile> fFile; // holds the parts where memory does not; has no name, so that it always goes
     bool fIsFinished = false;
     bool fIsDropped = false;
 };
@@ -107,7 +153,7 @@ public:
         {
             QMutexLocker lock(&fJob->fMutex);
             if (isWhole || fJob->fIsDropped) {
-                fJob->fParts = std::move(parts);
+                fJob->keep(std::move(parts));
                 fJob->fState = QByteArray();
             }
             fJob->fIsFinished = true;
@@ -180,7 +226,7 @@ QByteArray TYrexSnapshot::state() const
         QMutexLocker lock(&fJob->fMutex);
         if (!fJob->fState.isEmpty())
             return fJob->fState;
-        parts = fJob->fParts;
+        parts = fJob->parts();
     }
     QByteArray state;
     state.reserve(parts.size() * cPart);
@@ -196,10 +242,22 @@ qint64 TYrexSnapshot::bytes() const
     QMutexLocker lock(&fJob->fMutex);
     while (!fJob->fIsFinished)
         fJob->fFinished.wait(&fJob->fMutex);
-    qint64 bytes = fJob->fState.size();
-    for (const QByteArray &part : qAsConst(fJob->fParts))
-        bytes += part.size();
-    return bytes;
+    return fJob->fState.size() + fJob->compressedBytes();
+}
+
+bool TYrexSnapshot::isOnDisk() const
+{
+    return bytes() > 0 && fJob->fFile; // the worker is done with it
+}
+
+qint64 TYrexSnapshot::keptBytes()
+{
+    return gKept;
+}
+
+void TYrexSnapshot::setMostKept(qint64 bytes)
+{
+    gMostKept = bytes;
 }
 
 qint64 TYrexSnapshot::waitingBytes()

@@ -42,6 +42,32 @@ TEST(TYrexSnapshot, givesBackWhatWasHandedOverBeforeAndAfterItIsCompressed)
     EXPECT_TRUE(snapshot.state().isEmpty());
 }
 
+TEST(TYrexSnapshot, whatMemoryHasNoRoomForGoesToAFileAndComesBack)
+{
+    constexpr int cSize = 1024 * 1024;
+    ASSERT_EQ(TYrexSnapshot::keptBytes(), 0);
+    TYrexSnapshot::setMostKept(cSize);
+    {
+        std::vector<std::unique_ptr<TYrexSnapshot>> kept;
+        for (quint32 i = 0; i < 4; ++i) {
+            kept.push_back(std::make_unique<TYrexSnapshot>());
+            kept.back()->take(noise(cSize, i));
+            kept.back()->bytes();
+        }
+        EXPECT_FALSE(kept.front()->isOnDisk());
+        EXPECT_TRUE(kept.back()->isOnDisk());
+        EXPECT_LE(TYrexSnapshot::keptBytes(), cSize);
+        for (quint32 i = 0; i < 4; ++i) {
+            EXPECT_EQ(kept.at(i)->state(), noise(cSize, i));
+            EXPECT_EQ(kept.at(i)->state(), noise(cSize, i)) << "as often as it is asked for";
+        }
+        kept.front()->take(noise(10, 7)); // makes room
+        EXPECT_FALSE(kept.front()->isOnDisk());
+    }
+    EXPECT_EQ(TYrexSnapshot::keptBytes(), 0);
+    TYrexSnapshot::setMostKept(TYrexSnapshot::cMostKept);
+}
+
 TEST(TYrexSnapshot, snapshotsThatGoWhileTheirWorkerRunsLeaveNothingWaiting)
 {
     {

@@ -17,6 +17,13 @@ bool TCmdChangePlots::cmdItemApplicable(TCanvasItem *item) const
     return spectrum && spectrum->activePlot();
 }
 
+void TCmdChangePlots::doCmd()
+{
+    fChanged = false;
+    TCanvasItemsCommand::doCmd();
+    setVoidFlag(!fChanged);
+}
+
 void TCmdChangePlots::doCmdItem(TCanvasItem *item, int index)
 {
     TBefore &before = fBefore[index];
@@ -25,6 +32,11 @@ void TCmdChangePlots::doCmdItem(TCanvasItem *item, int index)
         before.stack.capture(*stack);
     auto *spectrum = static_cast<TCanvasSpectrum *>(item);
     fChange(*spectrum, *spectrum->activePlot());
+    TBefore after;
+    after.plots.capture(item);
+    if (const IStackedItemCtx *stack = item->stackedContext())
+        after.stack.capture(*stack);
+    fChanged = fChanged || !(after.plots == before.plots) || !(after.stack == before.stack);
 }
 
 void TCmdChangePlots::undoCmdItem(TCanvasItem *item, int index)

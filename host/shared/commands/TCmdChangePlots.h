@@ -21,6 +21,7 @@ public:
 
     TCmdChangePlots(const QString &description, const TCanvasItemList &items, const TChange &change);
 
+    void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;
     bool cmdItemApplicable(TCanvasItem *item) const override;
@@ -35,4 +36,5 @@ private:
 
     TChange fChange;
     QVector<TBefore> fBefore; // one per item
+    bool fChanged = false;
 };

@@ -11,6 +11,11 @@ class TStackState
 public:
     void capture(const IStackedItemCtx &stack);
     void restore(IStackedItemCtx &stack) const;
+    bool operator==(const TStackState &other) const
+    {
+        return fOrder == other.fOrder && fHidden == other.fHidden && fSelected == other.fSelected &&
+               fActive == other.fActive;
+    }
 
 private:
     QVector<int> fOrder;
