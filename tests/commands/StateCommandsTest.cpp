@@ -8,6 +8,7 @@
 #include "TStackItem.h"
 #include "TYrexProcIds.h"
 #include "TYrexSpectrumPropertiesBag.h"
+#include "commands/TCmdChangePlots.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -244,4 +245,26 @@ TEST(StateCommands, panningRemembersTheView)
     EXPECT_FALSE(view->hasMoved());
     EXPECT_TRUE(stack.history().push(view));
     EXPECT_EQ(stack.bytes(), before);
+}
+
+TEST(StateCommands, aChangeOfPlotsThatChangesNothingLeavesNoStep)
+{
+    TStackItem stack(3);
+    const auto titleShown = [&](bool shown) {
+        TCmdChangePlots command("Titles", {stack.item},
+                                [shown](TCanvasSpectrum &, TBasePlot &plot) { plot.setTitleVisible(shown); });
+        command.doCmd();
+        return !command.isVoid();
+    };
+    const auto activeIs = [&](int index) {
+        TCmdChangePlots command("Active", {stack.item}, [index](TCanvasSpectrum &item, TBasePlot &) {
+            item.stackedContext()->setActiveIndex(index);
+        });
+        command.doCmd();
+        return !command.isVoid();
+    };
+    EXPECT_TRUE(titleShown(false));
+    EXPECT_FALSE(titleShown(false));
+    EXPECT_TRUE(activeIs(2));
+    EXPECT_FALSE(activeIs(2));
 }
