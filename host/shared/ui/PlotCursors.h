@@ -11,5 +11,7 @@ QCursor zoomOut();
 QCursor cross();
 QCursor cut();
 QCursor uncut();
+QCursor inset();
+QCursor measure();
 
 } // namespace PlotCursors

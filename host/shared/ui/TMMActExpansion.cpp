@@ -28,7 +28,7 @@ TMMActExpansion::TMMActExpansion()
 
 QCursor TMMActExpansion::cursor(const TMouseSpot &spot) const
 {
-    return spot.inCurves ? PlotCursors::cross() : QCursor(Qt::ArrowCursor);
+    return spot.inCurves ? PlotCursors::inset() : QCursor(Qt::ArrowCursor);
 }
 
 QString TMMActExpansion::hint() const
