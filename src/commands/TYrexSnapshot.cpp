@@ -85,10 +85,15 @@ QThreadPool &pool()
 /// All of it behind the mutex.
 struct TYrexSnapshot::TJob
 {
-    ~TJob()
+    /// Nobody wants the state any more; the worker may still hold the job for a while.
+    void release()
     {
+        fIsDropped = true;
         if (!fFile)
             gKept -= compressedBytes();
+        fSizes.clear();
+        fParts.clear();
+        fFile.reset();
     }
     qint64 compressedBytes() const { return std::accumulate(fSizes.begin(), fSizes.end(), qint64(0)); }
     /// Takes the compressed form over, into a file where there is no room in memory; it stays there when the file
@@ -152,10 +157,10 @@ public:
         state.clear(); // the job holds the last reference, so that the memory goes with it
         {
             QMutexLocker lock(&fJob->fMutex);
-            if (isWhole || fJob->fIsDropped) {
+            if (isWhole && !fJob->fIsDropped)
                 fJob->keep(std::move(parts));
+            if (isWhole || fJob->fIsDropped)
                 fJob->fState = QByteArray();
-            }
             fJob->fIsFinished = true;
             fJob->fFinished.wakeAll();
         }
@@ -199,7 +204,7 @@ void TYrexSnapshot::drop()
         return;
     {
         QMutexLocker lock(&fJob->fMutex);
-        fJob->fIsDropped = true;
+        fJob->release();
     }
     fJob.reset();
 }

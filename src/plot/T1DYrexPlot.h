@@ -71,7 +71,8 @@ public:
     void drawPeaks(QPainter &painter) override;
     /// Segments, curves and labels of the current spectrum's integrals.
     void drawIntegrals(QPainter &painter) override;
-    /// Tints the highlighted peaks and integrals and shows the handles of these; on the screen only, over everything else.
+    /// Tints the highlighted peaks and integrals and shows the handles of these; on the screen only, over everything
+    /// else.
     void drawHighlights(QPainter &painter) override;
     bool hasHighlights() const override { return !fHighlightedIntegrals.isEmpty() || !fHighlightedPeaks.isEmpty(); }
     /// Marks beside the rows of selected spectra.

@@ -20,6 +20,7 @@
 #include "settings/TDefaultsIni.h"
 #include "ui/IPlotView.h"
 #include "ui/PlotSteps.h"
+#include "ui/TPluginMouseModeHandler.h"
 #include "widgets/GuiUtils.h"
 #include "widgets/WPluginDockWidget.h"
 
@@ -89,6 +90,22 @@ void TYrexActions::addMarks()
     show("yrexIntegralsShow", TCmdShowYrexItemFeature::cIntegrals);
     show("yrexIntegralLabelsShow", TCmdShowYrexItemFeature::cIntegralLabels);
     show("yrexIntegralCurvesShow", TCmdShowYrexItemFeature::cIntegralCurves);
+}
+
+bool TYrexActions::has(const QString &name) const
+{
+    for (const TYrexModeAction &action : cModeActions) {
+        if (name == action.fName)
+            return fHost.gui() && fHost.gui()->mouseModes()->modes().contains(action.fMode);
+    }
+    const auto hasDock = [this](const char *dock) { return fHost.gui() && fHost.gui()->dock(dock); };
+    for (const TYrexDockAction &action : cDockActions) {
+        if (name == action.fName)
+            return hasDock(action.fDock);
+    }
+    if (name == QLatin1String("yrexFullProcessing"))
+        return hasDock(cProcessingDock);
+    return name == QLatin1String("yrexViewIntegralsTable") ? hasDock("yrexIntegralsTable") : fRuns.contains(name);
 }
 
 void TYrexActions::addModes()

@@ -23,7 +23,8 @@ public:
     /// Neither is owned, and both live longer.
     TYrexActions(IPluginHost &host, TYrexHighlightHandler &highlights);
 
-    bool has(const QString &name) const { return fRuns.contains(name); }
+    /// Not for a mode or a dock that the window has not.
+    bool has(const QString &name) const;
     /// False when the action did nothing.
     bool run(const QString &name) const;
     /// Says of all actions whether they can be used, are checked and are seen.
