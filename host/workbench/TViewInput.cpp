@@ -41,6 +41,12 @@ bool TViewInput::handle(QEvent *event, const TMouseSpot &spot)
     return handToAct(fItemHand, event, spot);
 }
 
+void TViewInput::pointerLeft()
+{
+    if (fModes && fModes->current())
+        fModes->current()->pointerLeft();
+}
+
 void TViewInput::paint(QPainter &painter)
 {
     fItemHand.paint(painter);

@@ -27,6 +27,8 @@ public:
 
     /// Whether the event was taken.
     bool handle(QEvent *event, const TMouseSpot &spot);
+    /// The pointer went out of the view.
+    void pointerLeft();
     void paint(QPainter &painter);
     QCursor cursor(const TMouseSpot &spot) const;
     QString hint() const;

@@ -347,6 +347,7 @@ bool WDocumentView::viewportEvent(QEvent *event)
     }
     case QEvent::Leave:
         pointAt(nullptr, -1);
+        fInput->pointerLeft();
         emit readoutChanged(QString());
         break;
     default:

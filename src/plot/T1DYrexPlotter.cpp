@@ -15,7 +15,7 @@ constexpr double cRing = 60.0;        // width of the ring around a pointed peak
 constexpr double cTextGap = 6.0;      // between that ring and its text
 constexpr double cLargestStrip = 0.5; // of the height; more is left to the curves
 
-enum TCursorMode { cUprightLine = 1, cRingAndLine = 2 };
+enum TCursorMode { cUprightLine = 1, cRingAndLine = 2, cRingAlone = 4 };
 
 } // namespace
 
@@ -96,8 +96,8 @@ void T1DYrexPlotter::drawPeaks(QPainter &painter, const TYrexPeakPainter::TPeaks
     TYrexPeakPainter(*this, fYrexPlot->peakProperties()).draw(painter, peaks, texts, hits, sortAscending);
 }
 
-void T1DYrexPlotter::drawHighlightCursor(QPainter &painter, const QPointF &scalePos, const QString &text,
-                                         int mode) const
+void T1DYrexPlotter::drawHighlightCursor(QPainter &painter, const QPointF &scalePos, const QString &text, int mode,
+                                         const QColor &color) const
 {
     double x = 0.0;
     double y = 0.0;
@@ -105,19 +105,26 @@ void T1DYrexPlotter::drawHighlightCursor(QPainter &painter, const QPointF &scale
         return;
     const QRectF curves = stackRow().row >= 0 ? adjustedPlotArea() : getPlotCurvesRect();
     painter.save();
-    painter.setPen(QPen(Utils::Color::cSelectionColors.first(), TBasePlotProperties::cDefPenWidth));
+    painter.setPen(
+        QPen(color.isValid() ? color : Utils::Color::cSelectionColors.first(), TBasePlotProperties::cDefPenWidth));
     painter.setBrush(Qt::NoBrush);
     if (mode & cUprightLine) {
         const double more = horzAxis().isVisible() ? properties().plotAreaMargin : 0.0;
         painter.drawLine(QPointF(x, curves.top()), QPointF(x, curves.bottom() + more));
     }
-    if ((mode & cRingAndLine) && scale2Canvas(vertDir, scalePos.y(), y)) {
+    if ((mode & (cRingAndLine | cRingAlone)) && scale2Canvas(vertDir, scalePos.y(), y)) {
         const QRectF ring(x - cRing / 2, y - cRing / 2, cRing, cRing);
         painter.drawEllipse(ring);
-        painter.drawLine(QPointF(ring.left(), y), QPointF(ring.right(), y));
-        if (!text.isEmpty())
-            TTypesetter(Utils::Painter::fontSizeInPixels(properties().axesFont))
-                .draw(painter, QPointF(ring.right() + cTextGap, ring.top() - cTextGap), text);
+        if (mode & cRingAndLine)
+            painter.drawLine(QPointF(ring.left(), y), QPointF(ring.right(), y));
+        if (!text.isEmpty()) {
+            const TTypesetter typesetter(Utils::Painter::fontSizeInPixels(properties().axesFont));
+            double left = ring.right() + cTextGap;
+            if (left + typesetter.width(text) > curves.right())
+                left = ring.left() - cTextGap - typesetter.width(text);
+            const double top = qMax(curves.top() + typesetter.height(), ring.top() - cTextGap); // of the base line
+            typesetter.draw(painter, QPointF(left, top), text);
+        }
     }
     painter.restore();
 }

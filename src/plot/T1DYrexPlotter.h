@@ -39,8 +39,10 @@ public:
     void drawPeaks(QPainter &painter, const TYrexPeakPainter::TPeaks &peaks, const QStringList &texts,
                    TYrexPeakPainter::THits *hits, bool sortAscending) const;
     /// A mark of a pointed peak, at a place in scale units. Mode bit 0: a line through the curves at its x; bit 1: a
-    /// ring of 60 around it with a line through, and the text beside it. Nothing where the place is hidden.
-    void drawHighlightCursor(QPainter &painter, const QPointF &scalePos, const QString &text, int mode) const;
+    /// ring of 60 around it with a line through, and the text beside it; bit 2: that ring without the line. Nothing
+    /// where the place is hidden. Without a colour in that of the selection.
+    void drawHighlightCursor(QPainter &painter, const QPointF &scalePos, const QString &text, int mode,
+                             const QColor &color = QColor()) const;
     /// The strip of an axis beside the curves.
     QRectF axisRect(TAxisDir dir) const { return getAxisRect(dir, getPlotCurvesRect()); }
 

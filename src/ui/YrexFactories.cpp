@@ -1,5 +1,20 @@
 #include "YrexFactories.h"
 
+#include "TMMActYrexDeleteIntegrals.h"
+#include "TMMActYrexDeletePeaks.h"
+#include "TMMActYrexIntegrate.h"
+#include "TMMActYrexManualPeakPicking.h"
+#include "TMMActYrexPeakByPeak.h"
+#include "services/IGuiHost.h"
+#include "ui/TPluginMouseModeHandler.h"
+
 void YrexFactories::addDocks(IGuiHost &, IPluginHost &, TYrexHighlightHandler &) {}
 
-void YrexFactories::addModes(IGuiHost &, IPluginHost &, TYrexHighlightHandler &) {}
+void YrexFactories::addModes(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)
+{
+    gui.mouseModes()->append(new TMMActYrexIntegrate(host, highlights));
+    gui.mouseModes()->append(new TMMActYrexDeleteIntegrals(host));
+    gui.mouseModes()->append(new TMMActYrexManualPeakPicking(host));
+    gui.mouseModes()->append(new TMMActYrexPeakByPeak(host, highlights));
+    gui.mouseModes()->append(new TMMActYrexDeletePeaks(host));
+}

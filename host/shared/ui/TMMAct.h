@@ -37,6 +37,8 @@ public:
     virtual bool keyPress(QKeyEvent *) { return false; }
     virtual bool keyRelease(QKeyEvent *) { return false; }
     virtual bool wheel(QWheelEvent *, const TMouseSpot &) { return false; }
+    /// The pointer went out of the view.
+    virtual void pointerLeft() {}
     /// The mode begins, with an argument that tells variants apart; and ends.
     virtual void enter(const QByteArray &) {}
     virtual void leave() { cancelGesture(); }
