@@ -248,6 +248,8 @@ bool TDocumentController::saveTo(const QString &path)
 {
     TDocument *shownDocument = document();
     QString error;
+    if (!mayLeave())
+        return false;
     if (!shownDocument || !shownDocument->saveTo(QFileInfo(path).absoluteFilePath(), &error)) {
         Utils::Gui::message(
             fTabs->window(), QMessageBox::Critical, tr("Save Document"),
@@ -266,6 +268,8 @@ bool TDocumentController::saveTo(const QString &path)
 bool TDocumentController::mayClose(int index)
 {
     const WDocumentView *one = viewAt(index);
+    if (one == view() && !mayLeave())
+        return false;
     if (!one || !one->document()->isModified())
         return true;
     show(index); // so that the user sees what the question is about

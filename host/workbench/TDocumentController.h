@@ -4,6 +4,7 @@
 #include "canvas/TPage.h"
 
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -49,6 +50,8 @@ public:
     bool closeCurrent();
     /// Asks for every document; nothing is closed when the user cancels.
     bool mayCloseAll();
+    /// Asked before the document that is shown is saved or closed; false when that is not to be.
+    void setLeaveGuard(const std::function<bool()> &guard) { fLeaveGuard = guard; }
     /// File name without ending, or "Untitled".
     static QString titleOf(const TDocument &document);
 
@@ -78,7 +81,10 @@ private:
     int indexOfSame(const TDocument &document) const;
     int indexOf(const TDocument *document) const;
 
+    bool mayLeave() const { return !fLeaveGuard || fLeaveGuard(); }
+
     TKelmoraHost &fHost;
     QTabWidget *fTabs;
+    std::function<bool()> fLeaveGuard;
     std::vector<TOpenDocument> fDocuments; // in the order of the tabs
 };

@@ -124,6 +124,12 @@ IPlotView *TGuiHost::plotView()
     return fWindow.documents().view();
 }
 
+void TGuiHost::setEditSession(IEditSession *session)
+{
+    fEditSession = session;
+    updateActions();
+}
+
 void TGuiHost::itemInUse(TCanvasItem *item)
 {
     fWindow.docks().setItem(item);

@@ -27,10 +27,13 @@ public:
     void setMouseMode(const QUuid &mode) override;
     TPluginMouseModeHandler *mouseModes() override;
     IPlotView *plotView() override;
+    void setEditSession(IEditSession *session) override;
+    IEditSession *editSession() const override { return fEditSession; }
     void itemInUse(TCanvasItem *item) override;
     QAction *action(const QString &name) override;
     IReportService *reports() override { return nullptr; }
 
 private:
     WMainWindow &fWindow;
+    IEditSession *fEditSession = nullptr; // not owned
 };

@@ -39,6 +39,7 @@
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "services/IEditSession.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
 #include "ui/TMarkupLoader.h"
@@ -140,13 +141,7 @@ void WMainWindow::connectActions()
     fActions->on("saveAs", [documents] { documents->saveAs(); });
     fActions->on("close", [documents] { documents->closeCurrent(); });
     fActions->on("quit", [this] { close(); });
-    const auto stack = [documents] { return documents->document()->history().stack(); };
-    fActions->on(
-        "undo", [stack] { stack()->undo(); },
-        [stack] { return stack()->canUndo() ? QString() : tr("There is nothing to undo."); });
-    fActions->on(
-        "redo", [stack] { stack()->redo(); },
-        [stack] { return stack()->canRedo() ? QString() : tr("There is nothing to redo."); });
+    connectUndo();
     fActions->on("resetLayout", [this] { fDocks->setFirstLayout(); });
     fActions->on(
         "hideDocks", [this] { fDocks->hideAll(!fDocks->isHidingAll()); }, {}, [this] { return fDocks->isHidingAll(); });
@@ -176,6 +171,26 @@ void WMainWindow::connectActions()
     connect(places, &TPlaceMenus::menuFilled, plugins, &TPluginActions::extendMenu);
     addThemes();
     fShell = new TShellController(fHost, *fActions, *fDocuments, *fFiles, this);
+}
+
+/// An edit under way that has steps of its own goes before the document.
+void WMainWindow::connectUndo()
+{
+    const auto session = [this] { return fGui->editSession(); };
+    const auto stack = [this] { return fDocuments->document()->history().stack(); };
+    fActions->on(
+        "undo", [session, stack] { session() ? session()->undo() : stack()->undo(); },
+        [session, stack] {
+            const bool can = session() ? session()->canUndo() : stack()->canUndo();
+            return can ? QString() : tr("There is nothing to undo.");
+        });
+    fActions->on(
+        "redo", [session, stack] { session() ? session()->redo() : stack()->redo(); },
+        [session, stack] {
+            const bool can = session() ? session()->canRedo() : stack()->canRedo();
+            return can ? QString() : tr("There is nothing to redo.");
+        });
+    fDocuments->setLeaveGuard([session] { return !session() || session()->leave(); });
 }
 
 void WMainWindow::addThemes()
@@ -254,8 +269,9 @@ void WMainWindow::updateUndoTexts()
 {
     const QUndoStack *stack = fDocuments->document()->history().stack();
     const auto withText = [](const QString &verb, QString text) { return verb + ' ' + text.replace('&', "&&"); };
-    fActions->action("undo")->setText(withText(tr("&Undo"), stack->undoText()).trimmed());
-    fActions->action("redo")->setText(withText(tr("&Redo"), stack->redoText()).trimmed());
+    const bool isOwn = !fGui->editSession();
+    fActions->action("undo")->setText(withText(tr("&Undo"), isOwn ? stack->undoText() : QString()).trimmed());
+    fActions->action("redo")->setText(withText(tr("&Redo"), isOwn ? stack->redoText() : QString()).trimmed());
 }
 
 void WMainWindow::fillWindowMenu()

@@ -55,6 +55,7 @@ protected:
 
 private:
     void connectActions();
+    void connectUndo();
     void connectDocuments();
     void makeDocks();
     void saveLayout() const;

@@ -17,6 +17,8 @@ public:
 
     virtual ~IYrexPlotData() = default;
     virtual QVector<char> baselineFlags(int specIndex) = 0;
+    /// The kinds of the same points.
+    virtual QVector<char> baselineKinds(int) { return {}; }
     virtual TYrexDataView baselinePointData(int axis, int unit, int specIndex) = 0;
     virtual TYrexDataView previewData(int axis, int unit, int specIndex) = 0;
     virtual TYrexDataView axisData(int axis, int unit, int specIndex) = 0;

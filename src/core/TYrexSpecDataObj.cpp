@@ -358,6 +358,16 @@ QVector<char> TYrexSpecDataObj::baselineFlagData(int specIndex)
     return flags;
 }
 
+QVector<char> TYrexSpecDataObj::baselineKinds(int specIndex)
+{
+    QVector<char> kinds;
+    if (const TYrexSpectrum *spectrum = spectrumAt(specIndex)) {
+        for (const TYrexBaselinePoint &point : spectrum->procParams().multipoint().points)
+            kinds.append(char(point.kind));
+    }
+    return kinds;
+}
+
 bool TYrexSpecDataObj::hasPeaks() const
 {
     const TYrexSpectrum *spectrum = fStack.at(currentIndex());

@@ -50,6 +50,7 @@ public:
     TYrexDataView baselineXData(int unit, int specIndex) override;
     TYrexDataView baselineYData(int unit, int specIndex) override;
     QVector<char> baselineFlagData(int specIndex) override;
+    QVector<char> baselineKinds(int specIndex) override;
     bool hasPeaks() const override;
     TYrexIntegrationRegions integralRegions(int unit, int specIndex) const override;
     QVector<TYrexDPLib::TYrexDPPeak> peakList(int unit, int specIndex) const override;

@@ -80,7 +80,8 @@ void T1DYrexPlot::drawBaseline(QPainter &painter)
     const QVector<double> pointHeights = mapped(plotSeries(plotData->baselinePointData(1, fYUnits, -1)), heights);
     const TSeries pointsY(pointHeights.constData(), pointHeights.size());
     const QVector<QRectF> rects =
-        fPlotter.drawBaselinePoints(painter, pointsX, pointsY, plotData->baselineFlags(-1), -1);
+        fPlotter.drawBaselinePoints(painter, pointsX, pointsY, plotData->baselineFlags(-1), -1,
+                                    plotData->baselineKinds(-1));
     fMarkRects += rects;
     for (int i = 0; i < rects.size() && !keepsAreas(); ++i)
         fHotAreas.append(TPlotHotArea(rects.at(i), i, TPlotHotArea::baselinePoint, 0));

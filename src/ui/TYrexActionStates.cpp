@@ -5,6 +5,8 @@
 #include "YrexActionTables.h"
 #include "ui/TUpdateItem.h"
 
+#include <algorithm>
+
 namespace {
 
 /// What the rules ask.
@@ -97,6 +99,13 @@ void updateIntegrals(TUpdateItem &update, const TYrexFacts &facts, const QString
                                         all(TFlags::cShowIntegrals | TFlags::cShowLabels | TFlags::cShowSegment), true};
 }
 
+bool isHorizontalUnit(const QString &name)
+{
+    return name == QLatin1String("yrexNextHorizontalUnits") ||
+           std::any_of(std::begin(cHorizontalUnits), std::end(cHorizontalUnits),
+                       [&name](const TYrexActionCode &unit) { return name == QLatin1String(unit.fName); });
+}
+
 void updateModes(TUpdateItem &update)
 {
     for (const TYrexModeAction &action : cModeActions)
@@ -119,4 +128,14 @@ void TYrexActions::update(TUpdateItem &update) const
         update[action.fName].fIsChecked = isDockVisible(fHost, action.fDock);
     updateProcessing(update, facts, tr("The chain of the spectrum has no such action."),
                      tr("At least two spectra of a stack have to be visible."));
+    update["yrexBaselinePoints"].fWhyNot = facts.fNoSpectrum;
+    if (!isDockVisible(fHost, cMultipointDock))
+        return;
+    // the spectrum shows a stage of its chain, which no command may take for the data
+    const QStringList free{"yrexBaselinePoints", "yrexFullProcessing", "yrexPeaksTableShow", "yrexIntegralsTableShow"};
+    for (auto it = fRuns.constBegin(); it != fRuns.constEnd(); ++it) {
+        const bool isView = free.contains(it.key()) || isHorizontalUnit(it.key());
+        if (!isView && update[it.key()].fWhyNot.isEmpty())
+            update[it.key()].fWhyNot = tr("Baseline points are being edited.");
+    }
 }

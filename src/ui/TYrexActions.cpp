@@ -204,7 +204,22 @@ bool TYrexActions::toggleProcessing(int action) const
     map[QLatin1String(cKeyApply)] = isApplied;
     params.setAction(index, map);
     push(new TCmdYrexProcessing(items(), params));
+    if (isApplied && action == cProcMultipointBaseline &&
+        map.value(QLatin1String(cKeyMultipointBaseline)).toList().isEmpty())
+        offerBaseline();
     return isApplied;
+}
+
+/// The action takes nothing away as long as there is no baseline.
+void TYrexActions::offerBaseline() const
+{
+    if (!fHost.gui() || !fHost.gui()->dock(cMultipointDock))
+        return;
+    IPluginHost *host = &fHost; // the bar may outlive this object's window, not the host
+    fHost.gui()->showWarningBar(tr("No multipoint baseline yet."), tr("Create"), [host] {
+        if (host->gui())
+            host->gui()->showDock(cMultipointDock, true);
+    });
 }
 
 bool TYrexActions::setVerticalUnits(int unit) const

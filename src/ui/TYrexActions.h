@@ -55,6 +55,7 @@ private:
     /// The selected items of this module.
     TCanvasItemList items() const;
     bool push(TCommand *command) const;
+    void offerBaseline() const;
     bool arithmetic() const;
     bool swapAbsorbance() const;
     bool nextHorizontalUnits() const;

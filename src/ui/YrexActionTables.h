@@ -63,6 +63,7 @@ struct TYrexDockAction
 constexpr TYrexDockAction cDockActions[] = {
     {"yrexIntegralsTableShow", "yrexIntegralsTable"},
     {"yrexPeaksTableShow", "yrexPeaksTable"},
+    {"yrexBaselinePoints", "yrexMultipointBCWidget"},
 };
 
 constexpr char cProcessingDock[] = "yrexProcessingWidget";

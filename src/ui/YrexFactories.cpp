@@ -17,4 +17,18 @@ void YrexFactories::addModes(IGuiHost &gui, IPluginHost &host, TYrexHighlightHan
     gui.mouseModes()->append(new TMMActYrexManualPeakPicking(host));
     gui.mouseModes()->append(new TMMActYrexPeakByPeak(host, highlights));
     gui.mouseModes()->append(new TMMActYrexDeletePeaks(host));
+#include "TMMActYrexBaselinePoints.h"
+#include "WYrexMultipointBaselineDock.h"
+#include "services/IGuiHost.h"
+#include "services/TDockPlace.h"
+#include "ui/TPluginMouseModeHandler.h"
+
+void YrexFactories::addDocks(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &)
+{
+    gui.addDock(new WYrexMultipointBaselineDock(host), {Qt::RightDockWidgetArea, QString(), 1, false, 330});
+}
+
+void YrexFactories::addModes(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &)
+{
+    gui.mouseModes()->append(new TMMActYrexBaselinePoints(host));
 }

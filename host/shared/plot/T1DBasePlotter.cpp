@@ -12,7 +12,7 @@ const QUuid cPlotterId(QStringLiteral("{0d1d6c6e-7a3b-5a57-8e0c-58a1a3f0c702}"))
 constexpr int cMaxMarkers = 200;    // points in view up to which they are marked
 constexpr double cMarkerSize = 3.0; // pen widths
 constexpr double cAreaAlpha = 0.25; // of an area that is asked for without the properties' own
-constexpr double cPointSize = 18.0; // of a baseline point
+constexpr double cPointSize = 16.0; // of a baseline point
 constexpr double cBaselineWidth = 1.5;
 constexpr int cTitleLines = 2;
 
@@ -20,6 +20,21 @@ constexpr int cTitleLines = 2;
 bool isWithin(const QRectF &rect, const QPointF &pos)
 {
     return std::isfinite(pos.x()) && std::isfinite(pos.y()) && rect.contains(pos);
+}
+
+/// A disc, or what stands for another kind of point: a square (1), a diamond (3).
+void drawMarker(QPainter &painter, const QRectF &rect, int shape)
+{
+    constexpr int cSquare = 1;
+    constexpr int cDiamond = 3;
+    if (shape == cSquare)
+        painter.drawRect(rect);
+    else if (shape == cDiamond)
+        painter.drawPolygon(QPolygonF({QPointF(rect.center().x(), rect.top()), QPointF(rect.right(), rect.center().y()),
+                                       QPointF(rect.center().x(), rect.bottom()),
+                                       QPointF(rect.left(), rect.center().y())}));
+    else
+        painter.drawEllipse(rect);
 }
 
 } // namespace
@@ -164,7 +179,7 @@ void T1DBasePlotter::plotTitle(QPainter &painter, const QString &text, const TTi
 
 QVector<QRectF> T1DBasePlotter::drawBaselinePoints(QPainter &painter, const T1DPlotData<double> &x,
                                                    const T1DPlotData<double> &y, const QVector<char> &flags,
-                                                   int highlighted) const
+                                                   int highlighted, const QVector<char> &shapes) const
 {
     QVector<QRectF> rects;
     const QRectF clip = curveClip();
@@ -180,7 +195,7 @@ QVector<QRectF> T1DBasePlotter::drawBaselinePoints(QPainter &painter, const T1DP
         const double size = i == highlighted ? 1.5 * cPointSize : cPointSize;
         const QRectF rect(pos.x() - size / 2, pos.y() - size / 2, size, size);
         painter.setBrush(flags.value(i, 0) ? QBrush(color) : QBrush(paper().isValid() ? paper() : QColor(Qt::white)));
-        painter.drawEllipse(rect);
+        drawMarker(painter, rect, shapes.value(i, 0));
         rects.append(rect);
     }
     painter.restore();

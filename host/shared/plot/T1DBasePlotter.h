@@ -37,9 +37,11 @@ public:
     /// The title in its place, in at most two lines; an empty text draws nothing.
     void plotTitle(QPainter &painter, const QString &text, const TTitleProperties &title) const;
     /// Markers of baseline points: a ring, filled where the flag is set; the point with the index `highlighted` is
-    /// larger. The rectangles of all, in order; empty ones for hidden points.
+    /// larger. A shape of 1 is a square instead, of 3 a diamond. The rectangles of all, in order; empty ones for hidden
+    /// points.
     QVector<QRectF> drawBaselinePoints(QPainter &painter, const T1DPlotData<double> &x, const T1DPlotData<double> &y,
-                                       const QVector<char> &flags, int highlighted) const;
+                                       const QVector<char> &flags, int highlighted,
+                                       const QVector<char> &shapes = QVector<char>()) const;
     /// The curves rectangle less what the title takes.
     QRectF adjustPlotCurvesRectToTitle(const QRectF &rect, const TTitleProperties &title) const;
 

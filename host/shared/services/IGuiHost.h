@@ -3,6 +3,7 @@
 #include <QUuid>
 #include <functional>
 
+class IEditSession;
 class IPlotView;
 class IReportService;
 class QAction;
@@ -48,6 +49,11 @@ public:
     virtual TPluginMouseModeHandler *mouseModes() = 0;
     /// The view that is shown; null for none.
     virtual IPlotView *plotView() = 0;
+    /// From now on undo and redo go to this session, and it is asked before the document is saved or closed; null gives
+    /// them back to the document. Not owned.
+    virtual void setEditSession(IEditSession *session) = 0;
+    /// The session in front; null for none.
+    virtual IEditSession *editSession() const = 0;
     /// Docks that follow the item in use turn to this one.
     virtual void itemInUse(TCanvasItem *item) = 0;
     /// The action with that name, or null.

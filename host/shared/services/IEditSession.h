@@ -1,0 +1,16 @@
+#pragma once
+
+/// An edit that goes on for a while and reaches the history of the document as one step when it ends. As long as it
+/// is in front (IGuiHost::setEditSession), undo and redo are those of its own steps.
+class IEditSession
+{
+public:
+    virtual ~IEditSession() = default;
+    virtual bool canUndo() const = 0;
+    virtual bool canRedo() const = 0;
+    virtual void undo() = 0;
+    virtual void redo() = 0;
+    /// The document is about to be saved or closed, so the session ends; the user is asked what becomes of its changes.
+    /// False when the user wants to stay.
+    virtual bool leave() = 0;
+};

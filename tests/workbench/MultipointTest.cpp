@@ -1,0 +1,218 @@
+// The multipoint baseline: its dock, and the mouse mode that goes with it.
+#include "TActionTable.h"
+#include "TDockController.h"
+#include "TWindowFixture.h"
+#include "services/IGuiHost.h"
+#include "stream/TDataStream.h"
+#include "widgets/WPluginDockWidget.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QTableView>
+
+namespace {
+
+class MultipointTest : public TWindowFixture
+{
+protected:
+    void openSlope(int count = 1001)
+    {
+        QFile file(fFolder.filePath("slope.csv"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        for (int i = 0; i < count; ++i) {
+            const double share = double(i) / (count - 1);
+            const double y = 1.0 + share + 3.0 / (1.0 + std::pow((share - 0.5) / 0.01, 2));
+            file.write(QByteArray::number(100 + i) + ',' + QByteArray::number(y) + '\n');
+        }
+        file.close();
+        open(file.fileName());
+    }
+    WPluginDockWidget *dock() { return fHost.gui()->dock("yrexMultipointBCWidget"); }
+    QTableView *table() { return dock()->findChild<QTableView *>("pointsTable"); }
+    int points() { return table()->model()->rowCount(); }
+    QString cell(int row, int column) { return table()->model()->index(row, column).data().toString(); }
+    double y(int row) { return cell(row, 2).toDouble(); }
+    void trigger(const char *name)
+    {
+        dock()->findChild<QAction *>(name)->trigger();
+        settle();
+    }
+    void click(const QPoint &place, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::mouseClick(view()->viewport(), Qt::LeftButton, modifiers, place);
+        settle();
+    }
+    QPoint pointAt(int row)
+    {
+        const QPointF scale(cell(row, 1).toDouble(), y(row));
+        return view()->itemToView(*item()).map(item()->scale2Canvas(scale)).toPoint();
+    }
+    void start()
+    {
+        openSlope();
+        key(Qt::Key_B);
+        fWindow->grab();
+    }
+    double dataAt(int index) { return item()->shownSeries().first().fY.at(index); }
+    QByteArray bytes()
+    {
+        QByteArray all;
+        TDataStream stream(&all, QIODevice::WriteOnly);
+        item()->store(stream);
+        return all;
+    }
+};
+
+} // namespace
+
+TEST_F(MultipointTest, aBaselineIsBuiltWithTheMouseAndAppliedAsOneStep)
+{
+    start();
+    ASSERT_TRUE(dock()->isVisible());
+    const int steps = document()->history().stack()->count();
+    click(at(0.2, 0.5));
+    click(at(0.8, 0.5));
+    click(at(0.35, 0.4), Qt::ControlModifier);
+    ASSERT_EQ(points(), 3);
+    EXPECT_EQ(cell(1, 3), "Free");
+    EXPECT_NEAR(y(0), 1.2, 0.15); // the level of the data there, not where the click was
+
+    const double before = y(1);
+    drag(pointAt(1), pointAt(1) + QPoint(0, 20));
+    EXPECT_LT(y(1), before);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(y(1), before);
+    key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_LT(y(1), before);
+    EXPECT_EQ(document()->history().stack()->count(), steps);
+
+    QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, pointAt(0));
+    EXPECT_EQ(cell(0, 3), "Smooth");
+    click(pointAt(1), Qt::AltModifier);
+    EXPECT_EQ(points(), 2);
+    trigger("action_BorderPoints");
+    dock()->findChild<QComboBox *>("algorithmComboBox")->setCurrentIndex(1);
+    auto *preview = dock()->findChild<QCheckBox *>("previewCheckBox");
+    preview->setChecked(true);
+    preview->setChecked(false);
+    QMetaObject::invokeMethod(dock(), "on_action_Apply_triggered");
+    settle();
+    EXPECT_FALSE(dock()->isVisible());
+    EXPECT_EQ(document()->history().stack()->count(), steps + 1);
+    EXPECT_EQ(lastStep(), "Processing");
+    EXPECT_EQ(TDefaultsIni().value("Zarnu/Zarnu Baseline Correction/Multipoint/AlgType").toInt(), 1);
+    EXPECT_NEAR(dataAt(200), 0.0, 0.05);
+    EXPECT_TRUE(fHost.gui()->mouseMode().isNull());
+    EXPECT_TRUE(fWindow->actionTable().action("yrexMultipointBaselineCorr")->isChecked());
+
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_GT(dataAt(200), 1.0);
+}
+
+TEST_F(MultipointTest, aCancelledOrDiscardedSessionLeavesTheItemAsItWas)
+{
+    start();
+    trigger("action_Cancel");
+    const QByteArray before = bytes();
+    for (const bool byKey : {false, true}) {
+        key(Qt::Key_B);
+        ASSERT_TRUE(dock()->isVisible());
+        trigger("action_BorderPoints");
+        click(at(0.3, 0.5));
+        fMessages.clear();
+        fAnswer = QMessageBox::Discard;
+        if (byKey)
+            key(Qt::Key_B);
+        else
+            dock()->close();
+        settle();
+        EXPECT_EQ(fMessages.size(), 1);
+        EXPECT_FALSE(dock()->isVisible());
+        EXPECT_EQ(bytes(), before);
+    }
+    key(Qt::Key_B);
+    trigger("action_BorderPoints");
+    fAnswer = QMessageBox::Cancel;
+    dock()->hide();
+    settle();
+    EXPECT_TRUE(dock()->isVisible()); // the user stayed
+    EXPECT_EQ(points(), 2);
+    EXPECT_FALSE(fWindow->documents().saveTo(fFolder.filePath("a.klm")));
+    fAnswer = QMessageBox::Apply;
+    EXPECT_TRUE(fWindow->documents().saveTo(fFolder.filePath("a.klm")));
+    EXPECT_EQ(lastStep(), "Processing");
+}
+
+TEST_F(MultipointTest, keysEditTheSelectedPointAndEscapeStays)
+{
+    start();
+    click(at(0.3, 0.5), Qt::ControlModifier);
+    const double x = cell(0, 1).toDouble();
+    const double height = y(0);
+    key(Qt::Key_Right);
+    key(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_NEAR(cell(0, 1).toDouble(), x + 11.0, 1e-6);
+    key(Qt::Key_Up);
+    EXPECT_GT(y(0), height);
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(table()->selectionModel()->selectedRows().isEmpty());
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(dock()->isVisible());
+    EXPECT_FALSE(fHost.gui()->mouseMode().isNull());
+    click(pointAt(0));
+    key(Qt::Key_Delete);
+    EXPECT_EQ(points(), 0);
+    EXPECT_NE(item(), nullptr);
+    click(at(0.3, 0.5));
+    drag(pointAt(0), QPoint(at(0.3, 0.5).x(), view()->viewport()->height() - 2)); // out of the plot
+    EXPECT_EQ(points(), 0);
+}
+
+TEST_F(MultipointTest, theTableEditsPointsAndTheClipboardCarriesThem)
+{
+    start();
+    trigger("action_BorderPoints");
+    QAbstractItemModel *model = table()->model();
+    EXPECT_TRUE(model->setData(model->index(0, 2), "0.5", Qt::EditRole));
+    EXPECT_EQ(cell(0, 3), "Free");
+    EXPECT_TRUE(model->setData(model->index(0, 1), "200", Qt::EditRole));
+    EXPECT_EQ(cell(0, 1).toDouble(), 200.0);
+    EXPECT_FALSE(model->setData(model->index(0, 1), "99999", Qt::EditRole));
+    table()->setFocus();
+    QTest::keyClick(table(), Qt::Key_C, Qt::ControlModifier);
+    fAnswer = QMessageBox::Yes;
+    trigger("action_Clear");
+    EXPECT_EQ(points(), 0);
+    QTest::keyClick(table(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(points(), 2);
+    EXPECT_EQ(y(0), 0.5);
+    EXPECT_TRUE(fWindow->actionTable().action("yrexSmoothing")->isEnabled() == false);
+}
+
+TEST_F(MultipointTest, anActionWithoutABaselineOffersOneAndGoneItemsEndTheSession)
+{
+    openSlope();
+    fWindow->actionTable().action("yrexMultipointBaselineCorr")->trigger();
+    settle();
+    key(Qt::Key_B); // on the checked action
+    EXPECT_TRUE(dock()->isVisible());
+    trigger("action_BorderPoints");
+    fMessages.clear();
+    fAnswer = QMessageBox::Discard;
+    view()->selection().select(nullptr);
+    settle();
+    EXPECT_EQ(fMessages.size(), 1);
+    EXPECT_FALSE(dock()->isVisible());
+    view()->selection().select(item());
+    key(Qt::Key_B);
+    trigger("action_BorderPoints");
+    EXPECT_TRUE(fWindow->documents().closeCurrent());
+    settle();
+    EXPECT_FALSE(dock()->isVisible());
+    key(Qt::Key_B); // nothing to edit
+    settle();
+    EXPECT_FALSE(dock()->isVisible());
+}
