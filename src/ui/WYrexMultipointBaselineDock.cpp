@@ -28,6 +28,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStyledItemDelegate>
@@ -93,6 +94,18 @@ QToolButton *buttonOf(QAction *action)
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
+}
+
+/// A choice of an exclusive group of actions.
+QRadioButton *radioOf(QAction *action)
+{
+    auto *radio = new QRadioButton(action->text());
+    radio->setObjectName(action->objectName() + "Button");
+    radio->setToolTip(action->toolTip());
+    radio->setChecked(action->isChecked());
+    QObject::connect(radio, &QRadioButton::clicked, action, &QAction::trigger);
+    QObject::connect(action, &QAction::toggled, radio, &QRadioButton::setChecked);
+    return radio;
 }
 
 } // namespace
@@ -253,7 +266,8 @@ QLayout *WYrexMultipointBaselineDock::makeCurveRow()
     auto *row = new QHBoxLayout(kinds);
     row->setContentsMargins(0, 0, 0, 0);
     for (QAction *action : fKinds->actions())
-        row->addWidget(buttonOf(action));
+        row->addWidget(radioOf(action));
+    row->addStretch(1);
     label(tr("Point"), kinds, 0);
     label(tr("&Curve"), fAlgorithm, 1);
     label(tr("A&veraging, points"), fWindow, 2);
@@ -278,6 +292,7 @@ void WYrexMultipointBaselineDock::makeWidgets()
     auto *page = new QWidget;
     auto *column = new QVBoxLayout(page);
     column->setContentsMargins(cMargin, cMargin, cMargin, cMargin);
+    fHeader->setObjectName("headerLabel");
     fHeader->setWordWrap(true);
     column->addWidget(fHeader);
     column->addLayout(makeCurveRow());
@@ -316,10 +331,24 @@ void WYrexMultipointBaselineDock::connectCurve()
         showEdit();
     });
     connect(fPreview, &QCheckBox::toggled, this, [this](bool on) {
-        if (fSession)
-            fSession->setPreviewing(on);
+        setPreviewing(on);
         showEdit();
     });
+}
+
+/// The corrected data stand elsewhere: the plot follows them, and comes back to its scales.
+void WYrexMultipointBaselineDock::setPreviewing(bool on)
+{
+    TCanvasYrexSpectrum *edited = editedItem();
+    if (!edited || !fSession || fSession->isPreviewing() == on)
+        return;
+    fSession->setPreviewing(on);
+    if (on) {
+        fPlotBefore.capture(edited);
+        edited->activeYrexPlot()->keepCurveInView();
+    } else {
+        fPlotBefore.restore(edited);
+    }
 }
 
 TCanvasYrexSpectrum *WYrexMultipointBaselineDock::editedItem() const
@@ -383,6 +412,7 @@ void WYrexMultipointBaselineDock::begin()
         fHost.gui()->setMouseMode(YrexModes::baselinePointsModeID);
     edited->refreshAxes();
     showEdit();
+    fHost.gui()->refreshTable(cProcessingDock); // its chain is closed meanwhile
 }
 
 void WYrexMultipointBaselineDock::redraw()
@@ -548,8 +578,11 @@ void WYrexMultipointBaselineDock::applySession()
     if (!edited)
         return;
     fIsEnding = true;
+    setPreviewing(false);
     const TYrexProcParams params = fSession->finish();
     sessionEnded();
+    if (fHistory->gesture() != 0) // a run of edits elsewhere would be replaced by this step
+        fHistory->endGesture();
     fHistory->push(new TCmdYrexProcessing(TCanvasItemList{edited}, params));
     fIsEnding = false;
     showState();
@@ -560,8 +593,10 @@ void WYrexMultipointBaselineDock::cancelSession()
     if (!fSession)
         return;
     TCanvasYrexSpectrum *edited = editedItem();
-    if (edited && fSession->isAlive())
+    if (edited && fSession->isAlive()) {
+        setPreviewing(false);
         fSession->cancel();
+    }
     sessionEnded();
     if (edited) {
         edited->refreshAxes();
@@ -587,6 +622,7 @@ void WYrexMultipointBaselineDock::sessionEnded()
     if (fHost.gui()->mouseMode() == YrexModes::baselinePointsModeID)
         fHost.gui()->setMouseMode(QUuid());
     showState();
+    fHost.gui()->refreshTable(cProcessingDock);
 }
 
 void WYrexMultipointBaselineDock::on_action_Apply_triggered()

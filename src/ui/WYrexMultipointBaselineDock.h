@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexMultipointSession.h"
+#include "commands/TPlotSnapshot.h"
 #include "services/IEditSession.h"
 #include "widgets/WPluginDockWidget.h"
 
@@ -85,6 +86,7 @@ private:
     void cancelSession();
     void dropSession();
     void sessionEnded();
+    void setPreviewing(bool on);
     void redraw();
     void showState();
     void showHeader();
@@ -99,6 +101,7 @@ private:
     TSecurePtr<TCanvasItem> fEdited;
     TCommandHistory *fHistory = nullptr; // of the document of the edited item, as long as that lives
     QVariantList fChain;                 // of the spectrum, as the session left it
+    TPlotSnapshot fPlotBefore;           // before the preview
     bool fIsEnding = false;
 
     QActionGroup *fKinds;

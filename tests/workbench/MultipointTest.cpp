@@ -216,3 +216,61 @@ TEST_F(MultipointTest, anActionWithoutABaselineOffersOneAndGoneItemsEndTheSessio
     settle();
     EXPECT_FALSE(dock()->isVisible());
 }
+
+TEST_F(MultipointTest, oneBaselineGoesToAllSelectedSpectraOfAStack)
+{
+    open(writeCsv("stack.csv", 3, 201));
+    key(Qt::Key_B);
+    ASSERT_TRUE(dock()->isVisible());
+    EXPECT_TRUE(dock()->findChild<QLabel *>("headerLabel")->text().contains("3 selected"));
+    trigger("action_BorderPoints");
+    trigger("action_Apply");
+    EXPECT_EQ(lastStep(), "Processing");
+    EXPECT_EQ(fWindow->actionTable().action("undo")->text().remove('&'), "Undo Processing");
+    const QByteArray applied = bytes();
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(bytes(), applied);
+    EXPECT_FALSE(fWindow->actionTable().action("yrexMultipointBaselineCorr")->isChecked());
+}
+
+TEST_F(MultipointTest, thePointsOfAnAppliedBaselineComeBackAndTheMenuChangesThem)
+{
+    start();
+    click(at(0.2, 0.5));
+    click(at(0.8, 0.5));
+    trigger("action_Apply");
+    const QByteArray applied = bytes();
+    key(Qt::Key_B);
+    ASSERT_EQ(points(), 2);
+    EXPECT_GT(dataAt(200), 1.0); // the action is off meanwhile
+    fWindow->grab();
+    QTest::mousePress(view()->viewport(), Qt::RightButton, {}, pointAt(1));
+    settle();
+    auto *menu = fWindow->findChild<QMenu *>("yrexBaselinePointMenu");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->actions().at(1)->isChecked());
+    menu->actions().last()->trigger();
+    menu->close();
+    EXPECT_EQ(points(), 1);
+    EXPECT_FALSE(dock()->findChild<QAction *>("action_Apply")->isEnabled());
+    trigger("action_Cancel");
+    EXPECT_EQ(bytes(), applied);
+}
+
+TEST_F(MultipointTest, thePreviewFitsThePlotAndGivesItsScalesBack)
+{
+    start();
+    trigger("action_BorderPoints");
+    const TRange scale = plot()->vertAxis().getScale();
+    auto *preview = dock()->findChild<QCheckBox *>("previewCheckBox");
+    preview->setChecked(true);
+    EXPECT_NEAR(dataAt(100), 0.0, 0.05);
+    preview->setChecked(false);
+    EXPECT_GT(dataAt(100), 1.0);
+    EXPECT_EQ(plot()->vertAxis().getScale().a, scale.a);
+    EXPECT_EQ(plot()->vertAxis().getScale().b, scale.b);
+    // a drag over free paper looks for flat places there only
+    drag(at(0.05, 0.2), at(0.4, 0.2));
+    ASSERT_GT(points(), 2);
+    EXPECT_LT(cell(points() - 2, 1).toDouble(), 100 + 0.45 * 1000);
+}

@@ -30,9 +30,9 @@ void drawMarker(QPainter &painter, const QRectF &rect, int shape)
     if (shape == cSquare)
         painter.drawRect(rect);
     else if (shape == cDiamond)
-        painter.drawPolygon(QPolygonF({QPointF(rect.center().x(), rect.top()), QPointF(rect.right(), rect.center().y()),
-                                       QPointF(rect.center().x(), rect.bottom()),
-                                       QPointF(rect.left(), rect.center().y())}));
+        painter.drawPolygon(
+            QPolygonF({QPointF(rect.center().x(), rect.top()), QPointF(rect.right(), rect.center().y()),
+                       QPointF(rect.center().x(), rect.bottom()), QPointF(rect.left(), rect.center().y())}));
     else
         painter.drawEllipse(rect);
 }
