@@ -90,6 +90,34 @@ QString yrexUnitDisplayName(int code)
     return names ? QString::fromLatin1(names->fDisplay) : QString();
 }
 
+QString yrexUnitShortName(int code)
+{
+    switch (code) {
+    case cUnitWavenumber:
+    case cUnitRamanShift:
+        return QStringLiteral("cm-1");
+    case cUnitMicrometers:
+        return QString::fromUtf8("\u00B5m");
+    case cUnitNanometers:
+        return QStringLiteral("nm");
+    default:
+        return QString();
+    }
+}
+
+int yrexSecondUnit(int code)
+{
+    switch (code) {
+    case cUnitWavenumber:
+        return cUnitNanometers;
+    case cUnitNanometers:
+    case cUnitMicrometers:
+        return cUnitWavenumber;
+    default:
+        return -1;
+    }
+}
+
 QString yrexUnitScriptName(int code)
 {
     const TUnitNames *names = unitNames(code);

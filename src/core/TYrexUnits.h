@@ -25,6 +25,12 @@ bool yrexIsHorizontalUnit(int code);
 /// The name shown to users; empty for a code that is not in the table.
 QString yrexUnitDisplayName(int code);
 
+/// What stands behind numbers of the unit ("cm-1"); empty for units without dimension and for unknown codes.
+QString yrexUnitShortName(int code);
+/// The horizontal unit in which a place is told as well: nanometres for wavenumbers, wavenumbers for wavelengths;
+/// negative for units without one.
+int yrexSecondUnit(int code);
+
 /// The name that scripts get; "AbsIntensity" for a code that is not in the table.
 QString yrexUnitScriptName(int code);
 

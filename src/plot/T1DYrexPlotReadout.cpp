@@ -12,38 +12,9 @@
 
 namespace {
 
-QString shortUnit(int unit)
-{
-    switch (unit) {
-    case cUnitWavenumber:
-    case cUnitRamanShift:
-        return QStringLiteral("cm-1");
-    case cUnitMicrometers:
-        return QString::fromUtf8("\u00B5m");
-    case cUnitNanometers:
-        return QStringLiteral("nm");
-    default:
-        return QString();
-    }
-}
-
-/// The unit that tells the same otherwise; negative for none.
-int secondUnit(int unit)
-{
-    switch (unit) {
-    case cUnitWavenumber:
-        return cUnitNanometers;
-    case cUnitNanometers:
-    case cUnitMicrometers:
-        return cUnitWavenumber;
-    default:
-        return -1;
-    }
-}
-
 QString withUnit(double value, int decimals, int unit)
 {
-    return QString("%1 %2").arg(TNumberFormat::fixed(value, decimals), shortUnit(unit)).trimmed();
+    return QString("%1 %2").arg(TNumberFormat::fixed(value, decimals), yrexUnitShortName(unit)).trimmed();
 }
 
 /// The place of the first value that is not before x on a series that runs one way.
@@ -82,7 +53,7 @@ TPlotReadout T1DYrexPlot::readout(const QPointF &itemPos) const
     const double x = readout.fPoint.x();
     const int decimals = viewDecimals(horzDir);
     readout.fX = withUnit(x, decimals, fXUnits);
-    const int second = secondUnit(fXUnits);
+    const int second = yrexSecondUnit(fXUnits);
     if (second >= 0 && x > 0.0) {
         // as many digits as tell the same two places apart
         const double other = yrexConvertX(x, fXUnits, second);

@@ -9,6 +9,20 @@
 #include "ui/TPluginMouseModeHandler.h"
 
 void YrexFactories::addDocks(IGuiHost &, IPluginHost &, TYrexHighlightHandler &) {}
+#include "WYrexPeaksDock.h"
+#include "services/IGuiHost.h"
+#include "services/TDockPlace.h"
+
+namespace {
+
+constexpr int cTablesHeight = 260; // px
+
+} // namespace
+
+void YrexFactories::addDocks(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)
+{
+    gui.addDock(new WYrexPeaksDock(host, highlights), {Qt::BottomDockWidgetArea, "Ctrl+3", 3, false, cTablesHeight});
+}
 
 void YrexFactories::addModes(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)
 {

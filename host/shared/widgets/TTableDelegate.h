@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/// Draws numbers right aligned on their decimal sign, and radio buttons.
+class TTableDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &place) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &place) const override;
+
+private:
+    static int padding(const QFontMetrics &metrics, const QModelIndex &place);
+    void paintRadio(QPainter *painter, const QStyleOptionViewItem &option, bool isOn) const;
+};
