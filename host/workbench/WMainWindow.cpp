@@ -20,6 +20,7 @@
 #include "TPlotController.h"
 #include "TPluginActions.h"
 #include "TPrintController.h"
+#include "TPropertiesController.h"
 #include "TRecovery.h"
 #include "TShellController.h"
 #include "TShowController.h"
@@ -158,6 +159,7 @@ void WMainWindow::connectActions()
     connect(fActions->action("darkPaper"), &QAction::triggered, fStack, &WStackedSpectraDock::refresh); // swatches
     auto *places = new TPlaceMenus(*fActions, *fDocuments, this);
     new TTitleController(*fActions, *fDocuments, this);
+    new TPropertiesController(fHost, *fActions, *fDocuments, this);
     fActions->on("renamePage", [this] { fPages->renameCurrent(); });
     fStackMaker = new TStackMaker(
         *fActions, fHost, *fDocuments, [this] { return fPages->chosenPages(); }, this);

@@ -16,6 +16,16 @@ QByteArray bytesOf(const TYrexSpectrumPropertiesBag &bag)
     return bytes;
 }
 
+/// Of the fields that the bag gives to items.
+QByteArray appliedBytesOf(const TYrexSpectrumPropertiesBag &bag)
+{
+    TYrexSpectrumPropertiesBag applied;
+    const QVariantMap fields = bag.appliedFields();
+    for (auto it = fields.constBegin(); it != fields.constEnd(); ++it)
+        applied.setValue(it.key(), it.value());
+    return bytesOf(applied);
+}
+
 void loadBag(TYrexSpectrumPropertiesBag &bag, const QByteArray &bytes)
 {
     TDataStream stream(bytes);
@@ -33,7 +43,7 @@ QVariantMap fieldsOf(const TCanvasYrexSpectrum &item)
 
 TCmdYrexPlotProperties::TCmdYrexPlotProperties(const TCanvasItemList &items, const TYrexSpectrumPropertiesBag &bag)
     : TYrexSpectrumCommand(tr("Set Zarnu Spectrum Properties"), items)
-    , fNewProps(bytesOf(bag))
+    , fNewProps(appliedBytesOf(bag))
     , fPlots(TCanvasItemsCommand::items().size())
     , fOldModes(TCanvasItemsCommand::items().size())
 {

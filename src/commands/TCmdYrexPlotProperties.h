@@ -14,7 +14,7 @@ class TCmdYrexPlotProperties : public TYrexSpectrumCommand
     Q_OBJECT
 
 public:
-    /// The fields are copied; those that the bag has not stay as they are.
+    /// The fields that the bag applies are copied; all others stay as they are.
     TCmdYrexPlotProperties(const TCanvasItemList &items, const TYrexSpectrumPropertiesBag &bag);
 
     void doCmd() override;
@@ -22,6 +22,8 @@ public:
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     /// Items with a plot.
     bool isApplicable(TCanvasYrexSpectrum *item) const override;
+    /// A slider that is drawn, or a number that is stepped, sets one field again and again.
+    bool replacesInEditRun() const override { return true; }
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:

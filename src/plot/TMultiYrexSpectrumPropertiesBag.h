@@ -11,7 +11,6 @@ public:
         return std::make_unique<TMultiYrexSpectrumPropertiesBag>();
     }
 
-protected:
     QVariantMap appliedFields() const override
     {
         QVariantMap fields;

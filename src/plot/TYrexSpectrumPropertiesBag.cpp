@@ -38,6 +38,11 @@ QString TYrexSpectrumPropertiesBag::settingsKey(const TCanvasItem &item) const
                : QStringLiteral("Zarnu/Plot Properties/Unknowns");
 }
 
+QString TYrexSpectrumPropertiesBag::sharedSettingsKey(const QString &field) const
+{
+    return field.startsWith(QLatin1String("plot.")) ? QStringLiteral("Zarnu/Spectrum Properties") : QString();
+}
+
 QVariantMap TYrexSpectrumPropertiesBag::readItem(const TCanvasItem &item) const
 {
     QVariantMap fields;

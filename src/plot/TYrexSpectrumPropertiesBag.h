@@ -19,6 +19,8 @@ public:
     bool isApplicable(const TCanvasItem &item) const override;
     /// One key for plots of spectra, another for those of any other kind.
     QString settingsKey(const TCanvasItem &item) const override;
+    /// What concerns the item as a whole has one key for all kinds of plots.
+    QString sharedSettingsKey(const QString &field) const override;
 
 protected:
     QVariantMap readItem(const TCanvasItem &item) const override;

@@ -4,8 +4,10 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexActions.h"
 #include "TYrexHighlightHandler.h"
+#include "WYrexSpectrumPropertiesPage.h"
 #include "WYrexStackOptionsDialog.h"
 #include "YrexFactories.h"
+#include "YrexPropertyValues.h"
 #include "canvas/TDocument.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
@@ -80,6 +82,22 @@ QString TYrexPluginGui::contextMenuName(const TMouseSpot &spot) const
     default:
         return QStringLiteral("yrex1DSpectrumContextMenu");
     }
+}
+
+bool TYrexPluginGui::hasPropertiesPages(const TCanvasItem &item) const
+{
+    return TYrexSpectrumPropertiesBag().isApplicable(item);
+}
+
+WPropertiesPages *TYrexPluginGui::createPropertiesPages(QWidget *parent)
+{
+    return fHost && fHost->gui() ? new WYrexSpectrumPropertiesPage(*fHost, parent) : nullptr;
+}
+
+QVariantMap TYrexPluginGui::formatOf(const TCanvasItem &item) const
+{
+    const auto *spectrum = dynamic_cast<const TCanvasYrexSpectrum *>(&item);
+    return spectrum && hasPropertiesPages(item) ? YrexPropertyValues::formatOf(*spectrum) : QVariantMap();
 }
 
 void TYrexPluginGui::adjustStackedItems(const TCanvasItemList &items)

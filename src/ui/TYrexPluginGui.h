@@ -2,6 +2,7 @@
 
 #include "TYrexPlugin.h"
 #include "plugin/IPluginActions.h"
+#include "plugin/IPluginPropertiesPages.h"
 
 #include <memory>
 
@@ -9,11 +10,11 @@ class TYrexActions;
 class TYrexHighlightHandler;
 
 /// What the host gets from the library: the module with its menus, docks and mouse modes on top.
-class TYrexPluginGui : public TYrexPlugin, public IPluginActions
+class TYrexPluginGui : public TYrexPlugin, public IPluginActions, public IPluginPropertiesPages
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "com.dornveld.kelmora-qt.IPluginInfo/3.0")
-    Q_INTERFACES(IPluginActions)
+    Q_INTERFACES(IPluginActions IPluginPropertiesPages)
 
 public:
     TYrexPluginGui();
@@ -30,6 +31,10 @@ public:
     bool executeAction(const QString &name) override;
     void updateActions(TUpdateItem &update) override;
     QString contextMenuName(const TMouseSpot &spot) const override;
+
+    bool hasPropertiesPages(const TCanvasItem &item) const override;
+    WPropertiesPages *createPropertiesPages(QWidget *parent) override;
+    QVariantMap formatOf(const TCanvasItem &item) const override;
 
 private:
     void init(IPluginHost *host);

@@ -85,38 +85,72 @@ void TPropertiesBag::load(TDataStream &stream)
     block.skipData();
 }
 
-void TPropertiesBag::saveDefaults(const TCanvasItem &item) const
+QString TPropertiesBag::toJson(const QVariantMap &fields)
 {
-    const QString key = settingsKey(item);
-    if (key.isEmpty())
-        return;
-    QJsonObject fields;
-    for (auto it = fValues.constBegin(); it != fValues.constEnd(); ++it) {
+    QJsonObject object;
+    for (auto it = fields.constBegin(); it != fields.constEnd(); ++it) {
         const bool isColor = it.value().userType() == QMetaType::QColor;
-        fields.insert(it.key(), isColor ? QJsonValue(it.value().value<QColor>().name(QColor::HexArgb))
+        object.insert(it.key(), isColor ? QJsonValue(it.value().value<QColor>().name(QColor::HexArgb))
                                         : QJsonValue::fromVariant(it.value()));
     }
-    TDefaultsIni().setValue(key, QString::fromUtf8(QJsonDocument(fields).toJson(QJsonDocument::Compact)));
+    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
-bool TPropertiesBag::loadDefaults(const TCanvasItem &item)
+QVariantMap TPropertiesBag::fromJson(const QString &text, const QVariantMap &known)
 {
-    const QString key = settingsKey(item);
-    const QString text = key.isEmpty() ? QString() : TDefaultsIni().value(key, QString()).toString();
-    const QJsonObject fields = QJsonDocument::fromJson(text.toUtf8()).object();
-    if (fields.isEmpty())
-        return false;
-    fillFrom(item); // the types, and the values of fields that an older program did not save
-    for (auto it = fValues.begin(); it != fValues.end(); ++it) {
-        if (!fields.contains(it.key()))
+    const QJsonObject object = QJsonDocument::fromJson(text.toUtf8()).object();
+    QVariantMap fields;
+    for (auto it = known.constBegin(); it != known.constEnd(); ++it) {
+        if (!object.contains(it.key()))
             continue;
-        QVariant value = fields.value(it.key()).toVariant();
+        QVariant value = object.value(it.key()).toVariant();
         if (it.value().userType() == QMetaType::QColor) {
             const QColor color(value.toString());
             value = color.isValid() ? QVariant(color) : it.value();
         }
         if (value.convert(it.value().userType()))
-            it.value() = value;
+            fields.insert(it.key(), value);
     }
-    return true;
+    return fields;
+}
+
+/// The fields by the settings key under which they stand.
+QMap<QString, QVariantMap> TPropertiesBag::fieldsBySettingsKey(const TCanvasItem &item) const
+{
+    QMap<QString, QVariantMap> parts;
+    const QString key = settingsKey(item);
+    if (key.isEmpty())
+        return parts;
+    for (auto it = fValues.constBegin(); it != fValues.constEnd(); ++it) {
+        const QString shared = sharedSettingsKey(it.key());
+        parts[shared.isEmpty() ? key : shared].insert(it.key(), it.value());
+    }
+    return parts;
+}
+
+void TPropertiesBag::saveDefaults(const TCanvasItem &item) const
+{
+    const QMap<QString, QVariantMap> parts = fieldsBySettingsKey(item);
+    for (auto it = parts.constBegin(); it != parts.constEnd(); ++it)
+        TDefaultsIni().setValue(it.key(), toJson(it.value()));
+}
+
+void TPropertiesBag::removeDefaults(const TCanvasItem &item) const
+{
+    for (const QString &key : fieldsBySettingsKey(item).keys())
+        TDefaultsIni().remove(key);
+}
+
+bool TPropertiesBag::loadDefaults(const TCanvasItem &item)
+{
+    fillFrom(item); // the types, and the values of fields that an older program did not save
+    bool found = false;
+    const QMap<QString, QVariantMap> parts = fieldsBySettingsKey(item);
+    for (auto part = parts.constBegin(); part != parts.constEnd(); ++part) {
+        const QVariantMap fields = fromJson(TDefaultsIni().value(part.key(), QString()).toString(), part.value());
+        found = found || !fields.isEmpty();
+        for (auto it = fields.constBegin(); it != fields.constEnd(); ++it)
+            fValues.insert(it.key(), it.value());
+    }
+    return found;
 }

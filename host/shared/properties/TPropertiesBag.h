@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
 #include <QSet>
 #include <QString>
 #include <QVariantMap>
@@ -31,6 +32,8 @@ public:
     virtual bool isApplicable(const TCanvasItem &item) const = 0;
     /// Where the user's defaults for items like this one stand in the settings; empty: there are none.
     virtual QString settingsKey(const TCanvasItem &) const { return QString(); }
+    /// Where the default of a field stands that goes for items of every kind; empty: with the others.
+    virtual QString sharedSettingsKey(const QString &) const { return QString(); }
     /// The controls of a dialog; null for a bag without.
     virtual QWidget *createPage() { return nullptr; }
 
@@ -55,8 +58,18 @@ public:
     /// Keeps the bag as it was for a stream without one or a damaged one.
     void load(TDataStream &stream);
 
+    /// The fields that applyTo gives to items.
+    virtual QVariantMap appliedFields() const { return fValues; }
+
+    /// Fields as a text in JSON.
+    static QString toJson(const QVariantMap &fields);
+    /// The fields of such a text that are among the known ones and convert to their types; none for any other text.
+    static QVariantMap fromJson(const QString &text, const QVariantMap &known);
+
     /// Saves the fields as the defaults for items like this one, as a text in JSON.
     void saveDefaults(const TCanvasItem &item) const;
+    /// Forgets them.
+    void removeDefaults(const TCanvasItem &item) const;
     /// Takes the saved defaults for items like this one; false when there are none.
     bool loadDefaults(const TCanvasItem &item);
 
@@ -64,10 +77,11 @@ protected:
     virtual QVariantMap readItem(const TCanvasItem &item) const = 0;
     /// Fields that the item has not, and values out of their range, are passed over.
     virtual void writeItem(TCanvasItem &item, const QVariantMap &fields) const = 0;
-    virtual QVariantMap appliedFields() const { return fValues; }
     const QSet<QString> &touched() const { return fTouched; }
 
 private:
+    QMap<QString, QVariantMap> fieldsBySettingsKey(const TCanvasItem &item) const;
+
     int fItemType;
     QVariantMap fValues;
     QSet<QString> fMixed;
