@@ -35,6 +35,7 @@
 #include "WLogPane.h"
 #include "WPageNavigator.h"
 #include "WRecoveryDialog.h"
+#include "WRegionValuesDock.h"
 #include "WStackedSpectraDock.h"
 #include "WStatusReadout.h"
 #include "canvas/TCanvasItem.h"
@@ -71,6 +72,7 @@ constexpr int cTablesHeight = 220;
 // among the docks of their area, those of plug-ins between them
 constexpr int cHistoryOrder = 7;
 constexpr int cStackOrder = 5;
+constexpr int cRegionsOrder = 9;
 constexpr int cLogOrder = 20;
 
 /// Of the set of screens: a window comes back where it was when the same screens are there.
@@ -128,6 +130,8 @@ void WMainWindow::makeDocks()
     fDocks->add(fHistory, {Qt::RightDockWidgetArea, "Ctrl+7", cHistoryOrder, false, 0});
     fStack = new WStackedSpectraDock(fHost, *fDocuments, this);
     fDocks->add(fStack, {Qt::BottomDockWidgetArea, "Ctrl+5", cStackOrder, false, cTablesHeight});
+    fDocks->add(new WRegionValuesDock(*fDocuments, this),
+                {Qt::BottomDockWidgetArea, "Ctrl+9", cRegionsOrder, false, cTablesHeight});
     fDocks->add(new WLogPane(this), {Qt::BottomDockWidgetArea, QString(), cLogOrder, false, cTablesHeight});
 }
 

@@ -3,12 +3,12 @@
 #include "T1DYrexPlot.h"
 #include "TCmdYrexItemStateChanged.h"
 #include "TCmdYrexSpectrumPanning.h"
-#include "TDAYrexItemCtx.h"
 #include "TYrexChainJson.h"
 #include "TYrexPlotTitleParser.h"
 #include "TYrexSpectrumPropertiesBag.h"
 #include "TYrexTitleEdit.h"
 #include "TYrexUnits.h"
+#include "contexts/DARegions.h"
 #include "plot/TStackedClassProperties.h"
 #include "plot/TTypesetter.h"
 #include "stream/StreamUtils.h"
@@ -404,6 +404,10 @@ void TCanvasYrexSpectrum::store(TDataStream &stream) const
     if (fDataObj)
         fDataObj->store(stream);
     inner.endStore();
+    TDataStreamAdaptor regions(stream);
+    regions.startStore();
+    DARegions::store(stream, fRegions);
+    regions.endStore();
     outer.endStore();
 }
 
@@ -421,6 +425,9 @@ void TCanvasYrexSpectrum::load(TDataStream &stream)
             fDataObj->load(stream);
         }
         inner.skipData();
+        TDataStreamAdaptor regions(stream); // older documents have none
+        fRegions = regions.hasData() ? DARegions::load(stream) : QVector<TDARegion>();
+        regions.skipData();
     }
     outer.skipData();
     stack().setCurrent(0);

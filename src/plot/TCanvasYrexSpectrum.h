@@ -2,10 +2,12 @@
 
 #include "IYrexExportView.h"
 #include "IYrexPlotable.h"
+#include "TDAYrexItemCtx.h"
 #include "TYrexDARegPlotHelper.h"
 #include "TYrexSpecDataObj.h"
 #include "TYrexStackedItemCtx.h"
 #include "canvas/TCanvasSpectrum.h"
+#include "contexts/IDARegionsItem.h"
 #include "data/IStackedListNotifier.h"
 #include "plot/TPlotHotAreas.h"
 
@@ -14,12 +16,12 @@
 #include <memory>
 
 class T1DYrexPlot;
-class TDAYrexItemCtx;
 
 /// The document item of the module: one data object with one or many spectra, and one plot that shows it.
 class TCanvasYrexSpectrum : public TCanvasSpectrum,
                             public IYrexPlotable,
                             public IYrexExportView,
+                            public IDARegionsItem,
                             public IStackedListNotifier
 {
 public:
@@ -44,6 +46,8 @@ public:
     void captureView(TViewHistoryEntry &view) const override;
     void restoreView(const TViewHistoryEntry &view) override;
     IStackedItemCtx *stackedContext() override { return &fStackedCtx; }
+    IDARegionsItem *regionsItem() override { return this; }
+    void paint(QPainter &painter) override;
     TCommand *activeSpectrumCommand(const TCanvasItemList &items, int index) const override;
     TCommand *displayModeCommand(const TCanvasItemList &items, int mode) const override;
     TCommand *panCommand(const TCanvasItemList &items, double dx, double dy) const override;
@@ -88,7 +92,12 @@ public:
     const TPlotHotArea &areaAt(const QPointF &itemPoint) const override;
     TPlotHotAreas &regionHotAreas() { return fRegionHotAreas; }
     const TYrexDARegPlotHelper &regionHelper() const { return fRegionHelper; }
-    TDAYrexItemCtx *daContext() const { return fDaCtx.get(); }
+    TDAYrexItemCtx *daContext() const override { return fDaCtx.get(); }
+    QVector<TDARegion> daRegions() const override { return fRegions; }
+    void setDARegions(const QVector<TDARegion> &regions) override { fRegions = regions; }
+    QVector<TDARegion> shownDARegions() const override;
+    double toRegionLimit(double shownX) const override;
+    QVector<QPair<QString, QString>> numericParams() const override;
     /// First and last x of a spectrum in a unit.
     double firstXIn(int unit, int index) const;
     double lastXIn(int unit, int index) const;
@@ -103,10 +112,12 @@ public:
 private:
     void buildPlot();
     void showAsStack(T1DYrexPlot *plot);
+    void drawRegions(QPainter &painter);
     /// Whether the spectra differ in the value of their series.
     bool isOrderedSeries() const;
 
     std::unique_ptr<TYrexSpecDataObj> fDataObj;
+    QVector<TDARegion> fRegions;
     TPlotHotAreas fRegionHotAreas;
     TYrexStackedItemCtx fStackedCtx;
     TYrexDARegPlotHelper fRegionHelper;

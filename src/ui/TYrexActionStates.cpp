@@ -55,17 +55,24 @@ void updateProcessing(TUpdateItem &update, const TYrexFacts &facts, const QStrin
     }
 }
 
+/// The limits of regions are drawn in the unit of the axis, which stays while they are.
+bool isRegionMode(const QUuid &mode)
+{
+    return mode == YrexModes::regionSumModeID || mode == YrexModes::regionPeakModeID;
+}
+
 void updateUnits(TUpdateItem &update, const TYrexFacts &facts)
 {
+    const bool canChoose = !isRegionMode(update.mode);
     const int x = facts.fPlot ? facts.fPlot->xUnits() : int(cUnitWavenumber);
     const int y = facts.fPlot ? facts.fPlot->yUnits() : int(cUnitTransmittance);
     const bool isHorzKnown = x != cUnitArbitrary && x != cUnitRamanShift;
     const bool isVertKnown = y != cUnitReflectance && y != cUnitCounts && y != cUnitKubelkaMunk &&
                              y != cUnitIntensity && y != cUnitArbitrary;
     for (const TYrexActionCode &unit : cHorizontalUnits)
-        update[unit.fName] = {facts.fNoSpectrum, facts.fPlot && x == unit.fCode, isHorzKnown};
+        update[unit.fName] = {facts.fNoSpectrum, facts.fPlot && x == unit.fCode, isHorzKnown && canChoose};
     for (const TYrexActionCode &unit : cVerticalUnits)
-        update[unit.fName] = {facts.fNoSpectrum, y == unit.fCode, isVertKnown};
+        update[unit.fName] = {facts.fNoSpectrum, y == unit.fCode, isVertKnown && canChoose};
     update["yrexNextHorizontalUnits"] = {facts.fNoSpectrum, false, isHorzKnown};
     update["yrexSwapAbsorbance"] = {facts.fNoSpectrum, false, isVertKnown};
 }
@@ -118,8 +125,11 @@ void TYrexActions::update(TUpdateItem &update) const
 {
     const TYrexFacts facts = factsOf(update, tr("There is no spectrum selected."));
     for (const char *name : {"yrexArithmeticAdd", "yrexFullProcessing", "yrexManualPeakPicking", "yrexPeakByPeak",
-                             "yrexIntegrateManual", "yrexAnnotateCurPeak", "yrexDeleteCurPeak"})
+                             "yrexIntegrateManual", "yrexAnnotateCurPeak", "yrexDeleteCurPeak", "yrexRegionSum",
+                             "yrexRegionPeak"})
         update[name].fWhyNot = facts.fNoSpectrum;
+    for (const char *name : {"yrexAnnotateCurPeak", "yrexDeleteCurPeak"})
+        update[name].fIsVisible = !isRegionMode(update.mode);
     updateUnits(update, facts);
     updatePeaks(update, facts, tr("The spectrum has no peaks."));
     updateIntegrals(update, facts, tr("The spectrum has no integrals."), tr("The integrals are hidden."));

@@ -45,4 +45,16 @@ void YrexFactories::addDocks(IGuiHost &gui, IPluginHost &host, TYrexHighlightHan
 void YrexFactories::addModes(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &)
 {
     gui.mouseModes()->append(new TMMActYrexBaselinePoints(host));
+#include "TMMActYrexDARegion.h"
+#include "YrexModeIds.h"
+#include "contexts/TDARegion.h"
+#include "services/IGuiHost.h"
+#include "ui/TPluginMouseModeHandler.h"
+
+void YrexFactories::addDocks(IGuiHost &, IPluginHost &, TYrexHighlightHandler &) {}
+
+void YrexFactories::addModes(IGuiHost &gui, IPluginHost &, TYrexHighlightHandler &)
+{
+    gui.mouseModes()->append(new TMMActYrexDARegion(YrexModes::regionSumModeID, TDARegion::cSum, gui));
+    gui.mouseModes()->append(new TMMActYrexDARegion(YrexModes::regionPeakModeID, TDARegion::cHighestPeak, gui));
 }

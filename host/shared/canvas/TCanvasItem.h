@@ -15,6 +15,7 @@
 #include <QVariantMap>
 #include <QVector>
 
+class IDARegionsItem;
 class IStackedItemCtx;
 class TBasePlot;
 class TCanvasItemList;
@@ -85,6 +86,8 @@ public:
     void followCopies(const QMap<QUuid, QUuid> &copies);
     /// The item's spectra as a stack; null for an item that is none. The item owns it.
     virtual IStackedItemCtx *stackedContext() { return nullptr; }
+    /// The item as one that data analysis works on; null for an item that keeps no regions.
+    virtual IDARegionsItem *regionsItem() { return nullptr; }
     /// Commands for items of this item's kind, as whoever draws it makes them; the caller owns them. Null for a kind
     /// that knows no such change.
     virtual TCommand *activeSpectrumCommand(const TCanvasItemList &, int /*index*/) const { return nullptr; }

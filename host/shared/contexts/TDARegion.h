@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <QUuid>
 
@@ -14,4 +15,11 @@ struct TDARegion
     // wavenumbers in 1/cm; of a spectrum without a wavelength axis the axis' own values
     double from = 0.0;
     double to = 0.0;
+    QColor color; // the usual one when it is not valid
+
+    bool operator==(const TDARegion &other) const
+    {
+        return id == other.id && name == other.name && kind == other.kind && from == other.from && to == other.to &&
+               color == other.color;
+    }
 };

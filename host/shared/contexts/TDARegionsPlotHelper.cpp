@@ -8,8 +8,8 @@
 
 namespace {
 
-const QColor cBandColor(245, 160, 0, 40);
-const QColor cEdgeColor(245, 160, 0);
+const QColor cUsualColor(245, 160, 0);
+constexpr double cBandAlpha = 0.16;
 constexpr double cEdgeWidth = 3.0;  // canvas units
 constexpr double cNameMargin = 6.0; // canvas units
 
@@ -24,6 +24,9 @@ void TDARegionsPlotHelper::draw(QPainter &painter, const TBasePlotter &plotter, 
     painter.save();
     painter.setFont(Utils::Painter::fontSizeInPixels(plotter.properties().axesFont));
     for (const TDARegion &region : shownRegions(regions, index)) {
+        const QColor color = region.color.isValid() ? region.color : cUsualColor;
+        QColor tint = color;
+        tint.setAlphaF(cBandAlpha);
         const TRange limits = TRange(region.from, region.to).sorted();
         // a limit beyond the scale or in a cut has no place of its own: the band ends where the axis does
         const TRanges visible = plotter.drawnRanges(horzDir).adjustTo(scale);
@@ -36,8 +39,8 @@ void TDARegionsPlotHelper::draw(QPainter &painter, const TBasePlotter &plotter, 
                 continue;
             const QRectF band =
                 QRectF(QPointF(left, curves.top()), QPointF(right, curves.bottom())).normalized().intersected(curves);
-            painter.fillRect(band, cBandColor);
-            painter.setPen(QPen(cEdgeColor, cEdgeWidth));
+            painter.fillRect(band, tint);
+            painter.setPen(QPen(color, cEdgeWidth));
             painter.drawLine(band.topLeft(), band.bottomLeft());
             painter.drawLine(band.topRight(), band.bottomRight());
             painter.drawText(band.adjusted(cNameMargin, cNameMargin, -cNameMargin, -cNameMargin),

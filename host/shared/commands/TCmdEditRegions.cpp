@@ -1,0 +1,52 @@
+#include "commands/TCmdEditRegions.h"
+
+#include "canvas/TCanvasItem.h"
+#include "contexts/IDARegionsItem.h"
+#include "history/THistoryCommand.h"
+
+TCmdEditRegions::TCmdEditRegions(TCanvasItem *item, const QVector<TDARegion> &regions)
+    : TCanvasItemsCommand(tr("Edit Regions"), TCanvasItemList{item})
+    , fOther(regions)
+{
+}
+
+bool TCmdEditRegions::cmdItemApplicable(TCanvasItem *item) const
+{
+    return item->regionsItem() != nullptr;
+}
+
+void TCmdEditRegions::doCmd()
+{
+    fChanged = false;
+    TCanvasItemsCommand::doCmd();
+    setVoidFlag(!fChanged);
+}
+
+void TCmdEditRegions::doCmdItem(TCanvasItem *item, int)
+{
+    const QVector<TDARegion> before = item->regionsItem()->daRegions();
+    fChanged = !(before == fOther);
+    item->regionsItem()->setDARegions(fOther);
+    fOther = before;
+}
+
+void TCmdEditRegions::undoCmdItem(TCanvasItem *item, int index)
+{
+    doCmdItem(item, index);
+}
+
+THistoryCommand *TCmdEditRegions::itemHistoryCommand(TCanvasItem *item)
+{
+    constexpr int cDigits = 10;
+    auto *entry = new THistoryCommand(description(), item, QString());
+    const QVector<TDARegion> regions = item->regionsItem()->shownDARegions();
+    for (const TDARegion &region : regions) {
+        const QString kind = region.kind == TDARegion::cHighestPeak ? tr("highest peak") : tr("sum");
+        entry->addParam(region.name,
+                        tr("%1, %2 to %3")
+                            .arg(kind, QString::number(region.from, 'g', cDigits),
+                                 QString::number(region.to, 'g', cDigits)),
+                        QString());
+    }
+    return entry;
+}

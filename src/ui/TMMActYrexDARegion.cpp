@@ -1,0 +1,247 @@
+#include "TMMActYrexDARegion.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "contexts/DARegions.h"
+#include "services/IGuiHost.h"
+#include "settings/TNumberFormat.h"
+#include "ui/PlotCursors.h"
+
+#include <QGuiApplication>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double cClickPixels = 2.0; // a shorter drag is a click
+constexpr double cReachPixels = 5.0; // about a limit
+constexpr int cTextMargin = 4;       // px
+constexpr double cBandAlpha = 0.2;
+
+double pixelSize(const IPlotView &view, const TCanvasItem &item)
+{
+    const double scale = view.itemToView(item).mapRect(QRectF(0, 0, 1, 1)).width();
+    return scale > 0.0 ? 1.0 / scale : 1.0;
+}
+
+} // namespace
+
+TMMActYrexDARegion::TMMActYrexDARegion(const QUuid &id, int kind, IGuiHost &gui)
+    : TMMAct(id)
+    , fKind(kind)
+    , fGui(gui)
+    , fHandler(gui)
+{
+}
+
+QCursor TMMActYrexDARegion::cursor(const TMouseSpot &spot) const
+{
+    if (!spot.inCurves || !yrexItem(spot.item))
+        return QCursor(Qt::ArrowCursor);
+    if (fLimit.isValid() || limitAt(spot).isValid())
+        return QCursor(Qt::SizeHorCursor);
+    const bool isSum = fKind == TDARegion::cSum;
+    const QPixmap own(isSum ? ":/cursors/cursor-integrate.png" : ":/cursors/cursor-peak-pick.png");
+    return own.isNull() ? PlotCursors::cross() : QCursor(own, 0, 0);
+}
+
+QString TMMActYrexDARegion::hint() const
+{
+    const QString name = fKind == TDARegion::cSum ? tr("Region Sum") : tr("Region Peak");
+    if (fLimit.isValid())
+        return tr("%1: release to move the limit, Escape to cancel.").arg(name);
+    if (item())
+        return tr("%1: release to add the region, Escape to cancel.").arg(name);
+    if (fHovered.isValid())
+        return tr("%1: drag moves the limit, double click renames, Delete removes the region.").arg(name);
+    return fKind == TDARegion::cSum ? tr("%1: drag over a band to sum it in all spectra.").arg(name)
+                                    : tr("%1: drag over a band to take its highest peak in all spectra.").arg(name);
+}
+
+TCanvasYrexSpectrum *TMMActYrexDARegion::item() const
+{
+    return yrexItem(fItem.get());
+}
+
+TYrexDataAnalysisHandler::TLimit TMMActYrexDARegion::limitAt(const TMouseSpot &spot) const
+{
+    const TCanvasYrexSpectrum *pointed = yrexItem(spot.item);
+    if (!pointed || !spot.inCurves || !view())
+        return {};
+    return TYrexDataAnalysisHandler::limitAt(*pointed, fKind, spot.itemPos.x(),
+                                             cReachPixels * pixelSize(*view(), *pointed));
+}
+
+bool TMMActYrexDARegion::mousePress(QMouseEvent *event, const TMouseSpot &spot)
+{
+    if (event->button() == Qt::RightButton)
+        return cancelGesture();
+    const TCanvasYrexSpectrum *pressed = yrexItem(spot.item);
+    if (event->button() != Qt::LeftButton || !spot.inCurves || !pressed || !pressed->currentSpectrum())
+        return false;
+    fItem = TSecurePtr<TCanvasItem>(spot.item);
+    fPixel = pixelSize(*view(), *pressed);
+    fLimit = limitAt(spot);
+    fFrom = fTo = spot.itemPos.x();
+    return true;
+}
+
+/// Where the mouse is along the axis, held within the curves.
+double TMMActYrexDARegion::heldX(const TCanvasYrexSpectrum &item, const QPointF &viewPos) const
+{
+    const QRectF curves = item.activePlotter()->getPlotCurvesRect();
+    return qBound(curves.left(), view()->itemToView(item).inverted().map(viewPos).x(), curves.right());
+}
+
+bool TMMActYrexDARegion::mouseMove(QMouseEvent *, const TMouseSpot &spot)
+{
+    const TCanvasYrexSpectrum *dragged = item();
+    if (!dragged || !dragged->activePlotter()) {
+        fPointed = TSecurePtr<TCanvasItem>(spot.item);
+        fHovered = limitAt(spot);
+        return false;
+    }
+    fTo = heldX(*dragged, spot.viewPos);
+    view()->updateOverlay();
+    return true;
+}
+
+double TMMActYrexDARegion::shownX(const TCanvasYrexSpectrum &item, double itemX) const
+{
+    return item.activePlotter()->canvas2Scale(horzDir, itemX);
+}
+
+bool TMMActYrexDARegion::hasMoved() const
+{
+    return std::abs(fTo - fFrom) >= cClickPixels * fPixel;
+}
+
+bool TMMActYrexDARegion::mouseRelease(QMouseEvent *event, const TMouseSpot &)
+{
+    TCanvasYrexSpectrum *dragged = item();
+    if (event->button() != Qt::LeftButton || !dragged || !dragged->activePlotter())
+        return false;
+    const bool moved = hasMoved();
+    const TYrexDataAnalysisHandler::TLimit limit = fLimit;
+    const double from = shownX(*dragged, fFrom);
+    const double to = shownX(*dragged, fTo);
+    cancelGesture();
+    if (moved && limit.isValid())
+        fHandler.moveLimit(view()->history(), *dragged, limit, to);
+    else if (moved)
+        fHandler.add(view()->history(), *dragged, fKind, from, to);
+    return true;
+}
+
+bool TMMActYrexDARegion::mouseDoubleClick(QMouseEvent *event, const TMouseSpot &spot)
+{
+    TCanvasYrexSpectrum *pointed = yrexItem(spot.item);
+    if (event->button() != Qt::LeftButton || !spot.inCurves || !pointed)
+        return false;
+    const TYrexDataAnalysisHandler::TLimit limit = limitAt(spot);
+    const QUuid id = limit.isValid() ? limit.fId : TYrexDataAnalysisHandler::regionAt(*pointed, fKind, spot.scalePos.x());
+    cancelGesture();
+    if (!id.isNull())
+        askForName(*pointed, id);
+    return true;
+}
+
+void TMMActYrexDARegion::askForName(TCanvasYrexSpectrum &item, const QUuid &id) const
+{
+    const QVector<TDARegion> regions = item.daRegions();
+    const int place = DARegions::indexOf(regions, id);
+    if (place < 0)
+        return;
+    const TSecurePtr<TCanvasItem> asked(&item); // it may go while the dialog is open
+    bool isAccepted = false;
+    const QString name = QInputDialog::getText(fGui.mainWindow(), tr("Rename Region"), tr("Name:"), QLineEdit::Normal,
+                                               regions.at(place).name, &isAccepted);
+    TCanvasYrexSpectrum *present = yrexItem(asked.get());
+    if (isAccepted && present && view())
+        fHandler.rename(view()->history(), *present, id, name);
+}
+
+bool TMMActYrexDARegion::keyPress(QKeyEvent *event)
+{
+    TCanvasYrexSpectrum *pointed = yrexItem(fPointed.get());
+    const bool isDelete = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
+    if (!isDelete || !fHovered.isValid() || !pointed || item())
+        return false;
+    fHandler.remove(view()->history(), *pointed, fHovered.fId);
+    fHovered = {};
+    return true;
+}
+
+bool TMMActYrexDARegion::cancelGesture()
+{
+    const bool isActive = bool(fItem);
+    fItem = TSecurePtr<TCanvasItem>();
+    fLimit = {};
+    if (isActive && view())
+        view()->updateOverlay();
+    return isActive;
+}
+
+void TMMActYrexDARegion::leave()
+{
+    cancelGesture();
+    fPointed = TSecurePtr<TCanvasItem>();
+    fHovered = {};
+}
+
+QString TMMActYrexDARegion::valueText(TCanvasYrexSpectrum &item, double from, double to) const
+{
+    constexpr int cDigits = 6;
+    const auto shown = [](double number) { return TNumberFormat::shown(QString::number(number, 'g', cDigits)); };
+    int kind = fKind;
+    const QVector<TDARegion> regions = item.daRegions();
+    const int place = DARegions::indexOf(regions, fLimit.fId);
+    if (place >= 0)
+        kind = regions.at(place).kind;
+    const QString limits = tr("%1 .. %2").arg(shown(from), shown(to));
+    double value = 0.0;
+    if (!TYrexDataAnalysisHandler::value(item, kind, from, to, value))
+        return limits;
+    return limits + "   " + shown(value);
+}
+
+void TMMActYrexDARegion::paint(QPainter &painter)
+{
+    TCanvasYrexSpectrum *dragged = item();
+    if (!dragged || !dragged->activePlotter() || !hasMoved())
+        return;
+    const TBasePlotter &plotter = *dragged->activePlotter();
+    double start = fFrom;
+    if (fLimit.isValid() && !plotter.scale2Canvas(horzDir, fLimit.fOther, start))
+        start = fFrom;
+    const QRectF curves = plotter.getPlotCurvesRect();
+    const QRectF band = QRectF(QPointF(start, curves.top()), QPointF(fTo, curves.bottom())).normalized() & curves;
+    const QRectF pixels = view()->itemToView(*dragged).mapRect(band);
+    const QVector<TDARegion> regions = dragged->daRegions();
+    const int place = DARegions::indexOf(regions, fLimit.fId);
+    const QColor color = place >= 0 ? regions.at(place).color : DARegions::nextColor(regions);
+    painter.save();
+    QColor fill = color;
+    fill.setAlphaF(cBandAlpha);
+    painter.fillRect(pixels, fill);
+    painter.setPen(QPen(color, 1.0, Qt::DashLine));
+    painter.drawLine(pixels.topLeft(), pixels.bottomLeft());
+    painter.drawLine(pixels.topRight(), pixels.bottomRight());
+    const double startX = fLimit.isValid() ? fLimit.fOther : shownX(*dragged, start);
+    const QString text = valueText(*dragged, startX, shownX(*dragged, fTo));
+    QRectF box = painter.fontMetrics().boundingRect(text);
+    box.adjust(-cTextMargin, -cTextMargin, cTextMargin, cTextMargin);
+    box.moveTopLeft(QPointF(pixels.right() + cTextMargin, pixels.top() + cTextMargin));
+    const QRectF room = view()->itemToView(*dragged).mapRect(curves);
+    box.moveRight(std::min(box.right(), room.right()));
+    painter.fillRect(box, QGuiApplication::palette().color(QPalette::ToolTipBase));
+    painter.setPen(QGuiApplication::palette().color(QPalette::ToolTipText));
+    painter.drawText(box, Qt::AlignCenter, text);
+    painter.restore();
+}

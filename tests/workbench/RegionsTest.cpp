@@ -1,0 +1,242 @@
+#include "TRegionValuesModel.h"
+#include "TRegionsModel.h"
+#include "TWindowFixture.h"
+#include "WRegionChart.h"
+#include "WRegionValuesDock.h"
+#include "WStackedSpectraDock.h"
+#include "WUnitBar.h"
+#include "contexts/IDAItemCtx.h"
+#include "contexts/IDARegionsItem.h"
+#include "contexts/IStackedItemCtx.h"
+#include "numerics/LinearFit.h"
+#include "services/IGuiHost.h"
+#include "stream/TDataStream.h"
+#include "widgets/TStackedItemsTableModel.h"
+#include "widgets/WStackedItemsTable.h"
+#include "widgets/WTableTools.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+
+namespace {
+
+class RegionsTest : public TWindowFixture
+{
+protected:
+    void openWithUnits(const QString &path, const QString &x, const QString &y)
+    {
+        open(path);
+        auto *bar = fWindow->findChild<WUnitBar *>();
+        ASSERT_TRUE(bar);
+        bar->findChild<QComboBox *>("xUnits")->setCurrentText(x);
+        bar->findChild<QComboBox *>("yUnits")->setCurrentText(y);
+        bar->findChild<QPushButton *>("set")->click();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        settle();
+        fWindow->grab();
+    }
+    void openDye() { openWithUnits(QStringLiteral(YREX_SAMPLES) + "/dye.csv", "Nanometers", "Absorbance"); }
+    void setConcentrations()
+    {
+        auto *table = fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable")->table()->model();
+        table->pasteValues(0, {"1", "2", "4", "6", "8", "10"});
+        ASSERT_DOUBLE_EQ(item()->stackedContext()->arrayedValue(5), 10.0);
+    }
+    IDARegionsItem &regions() { return *item()->regionsItem(); }
+    WRegionValuesDock *dock() { return fWindow->findChild<WRegionValuesDock *>("regionValues"); }
+    template <class T> T *part(const char *name) { return dock()->findChild<T *>(name); }
+    TRegionsModel *table() { return static_cast<TRegionsModel *>(part<QTableView>("regions")->model()); }
+    const TRegionValues &values() { return dock()->findChild<TRegionValuesModel *>()->values(); }
+    void choose(const char *box, const QString &text)
+    {
+        auto *combo = part<QComboBox>(box);
+        const int place = combo->findText(text);
+        ASSERT_GE(place, 0) << text.toStdString();
+        combo->setCurrentIndex(place);
+        emit combo->activated(place);
+    }
+    /// Where an x stands, as a place of the viewport.
+    QPoint atX(double x, double height = 0.5)
+    {
+        const TRange scale = plot()->horzAxis().getScale();
+        return at((x - scale.a) / (scale.b - scale.a), height);
+    }
+    void edit(int row, int column, const QVariant &value) { table()->setData(table()->index(row, column), value); }
+};
+
+} // namespace
+
+TEST_F(RegionsTest, aDyeSeriesGivesAStraightLineThroughZero)
+{
+    EXPECT_FALSE(dock()->isVisible());
+    openDye();
+    setConcentrations();
+    key(Qt::Key_R);
+    drag(atX(640), atX(690));
+    ASSERT_EQ(regions().daRegions().size(), 1);
+    EXPECT_EQ(lastStep(), "Edit Regions");
+    EXPECT_TRUE(dock()->isVisible());
+    const TDARegion stored = regions().daRegions().first();
+    EXPECT_EQ(stored.name, "A");
+    EXPECT_EQ(stored.kind, TDARegion::cSum);
+    EXPECT_LT(stored.from, stored.to);
+    EXPECT_NEAR(stored.from, 1e7 / 690, 40.0) << "wavenumbers of a band drawn in nanometers";
+    EXPECT_NEAR(stored.to, 1e7 / 640, 40.0);
+    choose("line", "Line Through Zero");
+    const TLinearFit fit = dock()->line();
+    ASSERT_TRUE(fit.isValid);
+    EXPECT_EQ(fit.count, 6);
+    EXPECT_GT(fit.r2, 0.999);
+    EXPECT_TRUE(part<QLabel>("facts")->text().contains("0.999"));
+    double sum = 0.0;
+    const QVector<TShownSeries> series = item()->shownSeries();
+    for (int i = 0; i < series.at(2).fX.size(); ++i) {
+        const TRange band(1e7 / stored.from, 1e7 / stored.to);
+        if (series.at(2).fX.at(i) >= std::round(band.lo()) && series.at(2).fX.at(i) <= std::round(band.hi()))
+            sum += series.at(2).fY.at(i);
+    }
+    EXPECT_NEAR(values().rows().at(2).fValues.first(), sum, 1e-9) << "of the points of the band";
+    key(Qt::Key_R, Qt::ShiftModifier);
+    drag(atX(640), atX(690));
+    ASSERT_EQ(regions().daRegions().size(), 2);
+    EXPECT_EQ(regions().daRegions().last().name, "B");
+    EXPECT_EQ(regions().daRegions().last().kind, TDARegion::cHighestPeak);
+    EXPECT_GT(dock()->line().r2, 0.999) << "the chart turns to the new region";
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(fHost.gui()->mouseMode().isNull());
+}
+
+TEST_F(RegionsTest, limitsAreMovedAndSwappedAndEscapePutsBack)
+{
+    openDye();
+    key(Qt::Key_R);
+    drag(atX(500), atX(501)); // under two pixels
+    EXPECT_TRUE(regions().daRegions().isEmpty());
+    drag(atX(400), atX(500));
+    const TDARegion first = regions().daRegions().first();
+    drag(atX(1e7 / first.from), atX(300)); // the 500 nm limit goes beyond the other
+    const TDARegion moved = regions().daRegions().first();
+    EXPECT_EQ(moved.id, first.id);
+    EXPECT_NEAR(moved.from, first.to, 1e-9) << "the limits changed places";
+    EXPECT_NEAR(1e7 / moved.to, 300.0, 2.0);
+    const int steps = document()->history().stack()->index();
+    QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, atX(600));
+    moveTo(atX(700), Qt::LeftButton);
+    key(Qt::Key_Escape);
+    QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, atX(700));
+    EXPECT_EQ(document()->history().stack()->index(), steps);
+    EXPECT_FALSE(fHost.gui()->mouseMode().isNull()) << "only the drag was given up";
+    document()->history().stack()->undo();
+    EXPECT_TRUE(regions().daRegions().first() == first);
+    moveTo(atX(1e7 / first.from));
+    key(Qt::Key_Delete);
+    EXPECT_TRUE(regions().daRegions().isEmpty());
+}
+
+TEST_F(RegionsTest, regionsAreEditedInTheDock)
+{
+    openDye();
+    setConcentrations();
+    EXPECT_EQ(lastStep(), "Set Series Values");
+    key(Qt::Key_R);
+    drag(atX(600), atX(650));
+    drag(atX(300), atX(350));
+    EXPECT_FALSE(table()->setData(table()->index(1, TRegionsModel::cName), "A")) << "in use";
+    EXPECT_FALSE(table()->setData(table()->index(1, TRegionsModel::cFrom), "x"));
+    const double untouched = regions().daRegions().at(1).from; // the end at 350 nm
+    edit(1, TRegionsModel::cName, "side");
+    edit(1, TRegionsModel::cKind, TDARegion::cHighestPeak);
+    edit(1, TRegionsModel::cColor, QColor(Qt::darkGreen));
+    edit(1, TRegionsModel::cFrom, "310,5");
+    const TDARegion edited = regions().daRegions().at(1);
+    EXPECT_EQ(edited.name, "side");
+    EXPECT_EQ(edited.kind, TDARegion::cHighestPeak);
+    EXPECT_EQ(edited.color, QColor(Qt::darkGreen));
+    EXPECT_NEAR(edited.to, 1e7 / 310.5, 1e-6);
+    EXPECT_EQ(edited.from, untouched) << "to the bit";
+    edit(1, TRegionsModel::cKind, TDARegion::cSum);
+    const double a = values().rows().at(3).fValues.at(0);
+    const double b = values().rows().at(3).fValues.at(1);
+    choose("divisor", "A");
+    EXPECT_DOUBLE_EQ(values().rows().at(3).fValues.at(1), b / a);
+    EXPECT_DOUBLE_EQ(values().rows().at(3).fValues.at(0), a);
+    EXPECT_TRUE(values().header(1).startsWith("side / A"));
+    choose("x", "Number");
+    EXPECT_EQ(values().xs(), (QVector<double>{1, 2, 3, 4, 5, 6}));
+    edit(0, TRegionsModel::cFrom, "600.1"); // a band of one point
+    edit(0, TRegionsModel::cTo, "600.2");
+    EXPECT_TRUE(std::isnan(values().rows().at(3).fValues.at(0)));
+    EXPECT_TRUE(std::isnan(values().rows().at(3).fValues.at(1))) << "divided by nothing";
+    EXPECT_FALSE(dock()->line().isValid);
+    dock()->tools()->copy(true);
+    EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 7);
+    EXPECT_FALSE(QApplication::clipboard()->text().contains("e-308"));
+}
+
+TEST_F(RegionsTest, regionsAreKeptInDocumentsAndStayWhenProcessingIsUndone)
+{
+    openDye();
+    QByteArray before;
+    TDataStream plain(&before, QIODevice::WriteOnly);
+    item()->store(plain);
+    const int start = document()->history().stack()->index();
+    fWindow->actionTable().action("yrexNormalization")->trigger();
+    key(Qt::Key_R);
+    drag(atX(600), atX(650));
+    const QVector<TDARegion> drawn = regions().daRegions();
+    QByteArray bytes;
+    TDataStream stream(&bytes, QIODevice::WriteOnly);
+    item()->store(stream);
+    document()->history().stack()->undo();
+    EXPECT_TRUE(regions().daRegions().isEmpty());
+    TDataStream reader(bytes);
+    item()->load(reader);
+    EXPECT_EQ(regions().daRegions(), drawn);
+    while (document()->history().stack()->index() > start)
+        document()->history().stack()->undo();
+    EXPECT_EQ(regions().daRegions(), drawn) << "the data alone went back";
+    // an older document: the block of regions, empty of any, is cut off and the lengths are those of what is left
+    const int block = 12 + 4;
+    QByteArray older = before.left(before.size() - block);
+    TDataStream patch(&older, QIODevice::ReadWrite);
+    patch.device()->seek(4);
+    patch << quint64(older.size() - 12);
+    TDataStream old(older);
+    item()->load(old);
+    EXPECT_TRUE(old.isGood());
+    EXPECT_TRUE(old.atLimit());
+    EXPECT_TRUE(regions().daRegions().isEmpty());
+    EXPECT_EQ(item()->stackedContext()->count(), 6);
+}
+
+TEST_F(RegionsTest, pointsAndRowsAreLinkedAndTheDockOutlivesItsItem)
+{
+    openDye();
+    setConcentrations();
+    EXPECT_TRUE(dock()->findChild<QLabel *>()->text().contains("Press R"));
+    key(Qt::Key_R);
+    EXPECT_FALSE(fWindow->actionTable().action("yrexSetSpecHUnitsToMicrometers")->isVisible());
+    drag(atX(600), atX(650));
+    WRegionChart *chart = dock()->chart();
+    chart->resize(300, 200);
+    const QPointF place = chart->pointAt(4);
+    QMouseEvent move(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(chart, &move);
+    EXPECT_EQ(chart->highlighted(), 4);
+    EXPECT_TRUE(part<QTableView>("values")->selectionModel()->isRowSelected(4, {}));
+    EXPECT_TRUE(item()->hasHighlight()) << "the curve";
+    part<QTableView>("values")->setCurrentIndex(part<QTableView>("values")->model()->index(1, 1));
+    EXPECT_EQ(chart->highlighted(), 1);
+    key(Qt::Key_Escape);
+    fWindow->actionTable().updateStates();
+    EXPECT_TRUE(fWindow->actionTable().action("yrexSetSpecHUnitsToMicrometers")->isVisible());
+    fWindow->actionTable().action("newDocument")->trigger();
+    settle();
+    EXPECT_TRUE(values().rows().isEmpty());
+    fAnswer = QMessageBox::Discard;
+    fWindow->documents().closeCurrent();
+    settle();
+}
