@@ -25,8 +25,8 @@ public:
         int fIndex = 0; // of the spectrum
         QString fTitle;
         QColor fColor;
-        double fX = 0.0;          // NaN for none
-        QVector<double> fValues;  // one for each region; NaN where it yields nothing
+        double fX = 0.0;         // NaN for none
+        QVector<double> fValues; // one for each region; NaN where it yields nothing
     };
 
     TRegionValues() = default;

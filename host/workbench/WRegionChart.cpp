@@ -161,8 +161,9 @@ void WRegionChart::drawAxes(QPainter &painter) const
                          Qt::AlignRight | Qt::AlignVCenter, tickText(tick, fVert.fStep));
     }
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(QRectF(place.left(), rect().bottom() - cMargin - metrics.height(), place.width(), metrics.height()),
-                     Qt::AlignCenter, metrics.elidedText(fXTitle, Qt::ElideRight, place.width()));
+    painter.drawText(
+        QRectF(place.left(), rect().bottom() - cMargin - metrics.height(), place.width(), metrics.height()),
+        Qt::AlignCenter, metrics.elidedText(fXTitle, Qt::ElideRight, place.width()));
     painter.drawText(QRectF(cMargin, 0, width() - 2 * cMargin, metrics.height() + cMargin),
                      Qt::AlignLeft | Qt::AlignVCenter, metrics.elidedText(fYTitle, Qt::ElideRight, width()));
 }

@@ -228,8 +228,7 @@ void WRegionValuesDock::hover(int row)
     const bool isThere = spectra && row >= 0 && row < fModel->values().rows().size();
     fChart->setHighlighted(isThere ? row : -1);
     if (fDocuments.view())
-        fDocuments.view()->pointAt(isThere ? spectra : nullptr,
-                                   isThere ? fModel->values().rows().at(row).fIndex : -1);
+        fDocuments.view()->pointAt(isThere ? spectra : nullptr, isThere ? fModel->values().rows().at(row).fIndex : -1);
 }
 
 void WRegionValuesDock::refresh()
@@ -312,8 +311,7 @@ void WRegionValuesDock::showChart()
     const TRegionValues &values = fModel->values();
     const int region = chartRegion();
     const bool isThere = region >= 0 && region < values.regions().size();
-    fChart->setPoints(isThere ? values.xs() : QVector<double>(),
-                      isThere ? values.values(region) : QVector<double>(),
+    fChart->setPoints(isThere ? values.xs() : QVector<double>(), isThere ? values.values(region) : QVector<double>(),
                       isThere ? values.regions().at(region).color : QColor());
     fChart->setTitles(fX->currentText(), isThere ? values.header(region) : QString());
     const TLinearFit fit = line();
@@ -371,8 +369,8 @@ void WRegionValuesDock::editRegion(int row, const TDARegion &region, bool hasLim
 
 void WRegionValuesDock::removeRegions()
 {
-    QVector<TDARegion> regions = item() && item()->regionsItem() ? item()->regionsItem()->daRegions()
-                                                                 : QVector<TDARegion>();
+    QVector<TDARegion> regions =
+        item() && item()->regionsItem() ? item()->regionsItem()->daRegions() : QVector<TDARegion>();
     for (int row = regions.size() - 1; row >= 0; --row) {
         if (fRegionsView->selectionModel()->isRowSelected(row, QModelIndex()))
             regions.remove(row);

@@ -30,7 +30,36 @@ double pixelSize(const IPlotView &view, const TCanvasItem &item)
     return scale > 0.0 ? 1.0 / scale : 1.0;
 }
 
+bool isDelete(int key)
+{
+    return key == Qt::Key_Delete || key == Qt::Key_Backspace;
+}
+
 } // namespace
+
+/// Keeps the key from the window, which would delete the item, while the mouse is on a limit.
+class TMMActYrexDARegion::TDeleteKey : public QObject
+{
+public:
+    explicit TDeleteKey(const TMMActYrexDARegion &mode)
+        : fMode(mode)
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() != QEvent::ShortcutOverride || object != dynamic_cast<QObject *>(fMode.view()))
+            return false;
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        const bool isTaken = isDelete(key) && fMode.fHovered.isValid();
+        if (isTaken)
+            event->accept();
+        return isTaken;
+    }
+
+private:
+    const TMMActYrexDARegion &fMode;
+};
 
 TMMActYrexDARegion::TMMActYrexDARegion(const QUuid &id, int kind, IGuiHost &gui)
     : TMMAct(id)
@@ -39,6 +68,8 @@ TMMActYrexDARegion::TMMActYrexDARegion(const QUuid &id, int kind, IGuiHost &gui)
     , fHandler(gui)
 {
 }
+
+TMMActYrexDARegion::~TMMActYrexDARegion() = default;
 
 QCursor TMMActYrexDARegion::cursor(const TMouseSpot &spot) const
 {
@@ -145,7 +176,8 @@ bool TMMActYrexDARegion::mouseDoubleClick(QMouseEvent *event, const TMouseSpot &
     if (event->button() != Qt::LeftButton || !spot.inCurves || !pointed)
         return false;
     const TYrexDataAnalysisHandler::TLimit limit = limitAt(spot);
-    const QUuid id = limit.isValid() ? limit.fId : TYrexDataAnalysisHandler::regionAt(*pointed, fKind, spot.scalePos.x());
+    const QUuid id =
+        limit.isValid() ? limit.fId : TYrexDataAnalysisHandler::regionAt(*pointed, fKind, spot.scalePos.x());
     cancelGesture();
     if (!id.isNull())
         askForName(*pointed, id);
@@ -170,8 +202,7 @@ void TMMActYrexDARegion::askForName(TCanvasYrexSpectrum &item, const QUuid &id) 
 bool TMMActYrexDARegion::keyPress(QKeyEvent *event)
 {
     TCanvasYrexSpectrum *pointed = yrexItem(fPointed.get());
-    const bool isDelete = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
-    if (!isDelete || !fHovered.isValid() || !pointed || item())
+    if (!isDelete(event->key()) || !fHovered.isValid() || !pointed || item())
         return false;
     fHandler.remove(view()->history(), *pointed, fHovered.fId);
     fHovered = {};
@@ -188,8 +219,14 @@ bool TMMActYrexDARegion::cancelGesture()
     return isActive;
 }
 
+void TMMActYrexDARegion::enter(const QByteArray &)
+{
+    fDeleteKey = std::make_unique<TDeleteKey>(*this);
+}
+
 void TMMActYrexDARegion::leave()
 {
+    fDeleteKey.reset();
     cancelGesture();
     fPointed = TSecurePtr<TCanvasItem>();
     fHovered = {};

@@ -5,20 +5,24 @@
 #include "ui/TMMAct.h"
 
 #include <QCoreApplication>
+#include <memory>
 
 class TCanvasItem;
 class TCanvasYrexSpectrum;
 
 /// A drag over a stretch of the horizontal axis makes a region of data analysis; limits of regions are moved, names
-/// edited. There is one mode for each kind of region, which leaves those of other kinds alone: so the same band is drawn
-/// over for another kind.
+/// edited. There is one mode for each kind of region, which leaves those of other kinds alone: so the same band is
+/// drawn over for another kind.
 class TMMActYrexDARegion : public TMMAct
 {
     Q_DECLARE_TR_FUNCTIONS(TMMActYrexDARegion)
 
+    class TDeleteKey;
+
 public:
     /// `kind` is one of TDARegion.
     TMMActYrexDARegion(const QUuid &id, int kind, IGuiHost &gui);
+    ~TMMActYrexDARegion() override;
 
     QCursor cursor(const TMouseSpot &spot) const override;
     bool mousePress(QMouseEvent *event, const TMouseSpot &spot) override;
@@ -27,6 +31,7 @@ public:
     bool mouseDoubleClick(QMouseEvent *event, const TMouseSpot &spot) override;
     bool keyPress(QKeyEvent *event) override;
     bool cancelGesture() override;
+    void enter(const QByteArray &argument) override;
     void leave() override;
     void paint(QPainter &painter) override;
     QString hint() const override;
@@ -43,11 +48,12 @@ private:
     int fKind;
     IGuiHost &fGui;
     TYrexDataAnalysisHandler fHandler;
-    TSecurePtr<TCanvasItem> fItem;            // of the drag
-    TSecurePtr<TCanvasItem> fPointed;         // under the mouse
-    TYrexDataAnalysisHandler::TLimit fLimit;  // that is dragged; none for a new region
+    TSecurePtr<TCanvasItem> fItem;           // of the drag
+    TSecurePtr<TCanvasItem> fPointed;        // under the mouse
+    TYrexDataAnalysisHandler::TLimit fLimit; // that is dragged; none for a new region
     TYrexDataAnalysisHandler::TLimit fHovered;
-    double fFrom = 0.0; // item coordinates
+    std::unique_ptr<TDeleteKey> fDeleteKey; // while the mode is on
+    double fFrom = 0.0;                     // item coordinates
     double fTo = 0.0;
     double fPixel = 1.0; // in canvas units
 };

@@ -124,9 +124,9 @@ void updateModes(TUpdateItem &update)
 void TYrexActions::update(TUpdateItem &update) const
 {
     const TYrexFacts facts = factsOf(update, tr("There is no spectrum selected."));
-    for (const char *name : {"yrexArithmeticAdd", "yrexFullProcessing", "yrexManualPeakPicking", "yrexPeakByPeak",
-                             "yrexIntegrateManual", "yrexAnnotateCurPeak", "yrexDeleteCurPeak", "yrexRegionSum",
-                             "yrexRegionPeak"})
+    for (const char *name :
+         {"yrexArithmeticAdd", "yrexFullProcessing", "yrexManualPeakPicking", "yrexPeakByPeak", "yrexIntegrateManual",
+          "yrexAnnotateCurPeak", "yrexDeleteCurPeak", "yrexRegionSum", "yrexRegionPeak"})
         update[name].fWhyNot = facts.fNoSpectrum;
     for (const char *name : {"yrexAnnotateCurPeak", "yrexDeleteCurPeak"})
         update[name].fIsVisible = !isRegionMode(update.mode);

@@ -35,7 +35,8 @@ TYrexDataAnalysisHandler::TLimit TYrexDataAnalysisHandler::limitAt(const TCanvas
         for (const bool isTo : {false, true}) {
             double place = 0.0;
             const double x = isTo ? region.to : region.from;
-            if (region.kind != kind || !plot->plotter()->scale2Canvas(horzDir, x, place) || std::abs(place - itemX) > reach)
+            if (region.kind != kind || !plot->plotter()->scale2Canvas(horzDir, x, place) ||
+                std::abs(place - itemX) > reach)
                 continue;
             reach = std::abs(place - itemX);
             nearest = {region.id, isTo, x, isTo ? region.from : region.to};

@@ -42,11 +42,11 @@ THistoryCommand *TCmdEditRegions::itemHistoryCommand(TCanvasItem *item)
     const QVector<TDARegion> regions = item->regionsItem()->shownDARegions();
     for (const TDARegion &region : regions) {
         const QString kind = region.kind == TDARegion::cHighestPeak ? tr("highest peak") : tr("sum");
-        entry->addParam(region.name,
-                        tr("%1, %2 to %3")
-                            .arg(kind, QString::number(region.from, 'g', cDigits),
-                                 QString::number(region.to, 'g', cDigits)),
-                        QString());
+        entry->addParam(
+            region.name,
+            tr("%1, %2 to %3")
+                .arg(kind, QString::number(region.from, 'g', cDigits), QString::number(region.to, 'g', cDigits)),
+            QString());
     }
     return entry;
 }
