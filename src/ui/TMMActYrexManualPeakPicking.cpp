@@ -243,5 +243,5 @@ void TMMActYrexManualPeakPicking::paintDrag(const TYrexModePaint &paint, const T
         if (fIsCounted && !fIsSlow && fSample)
             paintFound(ownPaint, own);
     }
-    paint.note(drag.fPos, rangeText(plot, drag), deletes ? color : QColor());
+    paint.note(drag.fPos, rangeText(plot, drag), deletes ? color : QColor(), isUp(plot)); // clear of the peaks
 }

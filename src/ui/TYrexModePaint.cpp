@@ -13,9 +13,11 @@ namespace {
 
 constexpr double cTick = 7.0;       // pixels
 constexpr double cTickGap = 3.0;    // from the peak to its tick
+constexpr double cTickFont = 0.75;  // of the view's
 constexpr double cPlateRoom = 5.0;  // around a text
 constexpr double cPlateAway = 14.0; // from the pointer
 constexpr double cPlateCorner = 3.0;
+const QColor cTextColor(0x2B, 0x2F, 0x36);
 
 QColor withAlpha(QColor color, double alpha)
 {
@@ -130,6 +132,9 @@ bool TYrexModePaint::peakTick(const QPointF &place, bool isUp, const QString &te
     const TPainterState state(fPainter);
     fPainter.setPen(QPen(ink(color), 1.5));
     fPainter.drawLine(foot, head);
+    QFont font = fPainter.font();
+    font.setPointSizeF(cTickFont * font.pointSizeF());
+    fPainter.setFont(font);
     const QFontMetricsF metrics(fPainter.font());
     QRectF room(0.0, 0.0, metrics.horizontalAdvance(text) + 4.0, metrics.height());
     room.moveCenter(head + QPointF(0.0, sign * (room.height() / 2 + 1.0)));
@@ -142,6 +147,7 @@ bool TYrexModePaint::peakTick(const QPointF &place, bool isUp, const QString &te
     }
     taken.append(room);
     fPainter.fillRect(room, withAlpha(paper(), 0.7));
+    fPainter.setPen(ink(cTextColor));
     fPainter.drawText(room, Qt::AlignCenter, text);
     return true;
 }
@@ -206,14 +212,16 @@ void TYrexModePaint::ring(const QPointF &centre, double radius, const QColor &co
     fPainter.drawEllipse(centre, radius, radius);
 }
 
-void TYrexModePaint::note(const QPointF &pointer, const QString &text, const QColor &color) const
+void TYrexModePaint::note(const QPointF &pointer, const QString &text, const QColor &color, bool isBelow) const
 {
     const TPainterState state(fPainter);
     const QFontMetricsF metrics(fPainter.font());
     const QRectF bounds = metrics.boundingRect(QRectF(0.0, 0.0, 10000.0, 10000.0), Qt::AlignLeft, text);
     QRectF plate(0.0, 0.0, std::ceil(bounds.width()) + 2 * cPlateRoom, std::ceil(bounds.height()) + cPlateRoom);
-    plate.moveBottomLeft(pointer + QPointF(cPlateAway, -cPlateAway));
     const QRectF view(fPainter.viewport());
+    plate.moveBottomLeft(pointer + QPointF(cPlateAway, -cPlateAway));
+    if (isBelow && pointer.y() + cPlateAway + plate.height() < view.bottom())
+        plate.moveTop(pointer.y() + cPlateAway);
     if (plate.right() > view.right())
         plate.moveRight(pointer.x() - cPlateAway);
     if (plate.top() < view.top())
@@ -222,6 +230,6 @@ void TYrexModePaint::note(const QPointF &pointer, const QString &text, const QCo
     fPainter.setPen(QPen(withAlpha(ink(color.isValid() ? color : QColor(0x60, 0x64, 0x6A)), 0.8), 1.0));
     fPainter.setBrush(withAlpha(paper(), 0.92));
     fPainter.drawRoundedRect(plate, cPlateCorner, cPlateCorner);
-    fPainter.setPen(ink(color.isValid() ? color : QColor(0x2B, 0x2F, 0x36)));
+    fPainter.setPen(ink(color.isValid() ? color : cTextColor));
     fPainter.drawText(plate, Qt::AlignCenter, text);
 }

@@ -35,7 +35,7 @@ public:
     /// line between its two end points instead.
     void fill(double fromPoint, double toPoint, const QColor &color, double alpha, bool toChord = false) const;
     /// A tick at a peak, away from the curve, and its text; false when the text found no room beside `taken`, which
-    /// gets the room that it took.
+    /// else gets the room that it took.
     bool peakTick(const QPointF &place, bool isUp, const QString &text, const QColor &color,
                   QVector<QRectF> &taken) const;
     /// The place that a click would pick, with a text: a ring and a line along the height; `isFree` a ring alone.
@@ -47,8 +47,8 @@ public:
     void fade(const QRectF &rect) const;
     void cross(const QPointF &centre, double radius = 6.0) const;
     void ring(const QPointF &centre, double radius, const QColor &color) const;
-    /// A text beside the pointer on a plate, kept within the view.
-    void note(const QPointF &pointer, const QString &text, const QColor &color = QColor()) const;
+    /// A text above the pointer, or below it, on a plate that is kept within the view.
+    void note(const QPointF &pointer, const QString &text, const QColor &color = QColor(), bool isBelow = false) const;
 
 private:
     QColor ink(const QColor &color) const;
