@@ -60,6 +60,8 @@ struct TNoWindows : IGuiHost
     void setMouseMode(const QUuid &) override {}
     TPluginMouseModeHandler *mouseModes() override { return nullptr; }
     IPlotView *plotView() override { return nullptr; }
+    void setEditSession(IEditSession *) override {}
+    IEditSession *editSession() const override { return nullptr; }
     void itemInUse(TCanvasItem *) override {}
     QAction *action(const QString &) override { return nullptr; }
     IReportService *reports() override { return nullptr; }
