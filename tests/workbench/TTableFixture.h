@@ -54,7 +54,7 @@ protected:
         dock()->raise();
         settle();
     }
-    TBaseTable *table() { return dock()->findChild<TBaseTable *>(); }
+    TBaseTable *table() { return dock()->findChild<TBaseTable *>(fTable); }
     TBaseTableViewModel *model() { return static_cast<TBaseTableViewModel *>(table()->proxy()->sourceModel()); }
     int rows() { return model()->rowCount(); }
     int column(const QString &key) { return model()->columnOf(key); }
@@ -108,4 +108,5 @@ protected:
     QUndoStack *undo() { return document()->history().stack(); }
 
     QString fDock;
+    QString fTable; // where the dock has more than one
 };

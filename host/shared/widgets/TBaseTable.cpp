@@ -59,6 +59,7 @@ TBaseTable::TBaseTable(const QString &name, TBaseTableViewModel *model, QWidget 
     , fPlace(new QToolButton(this))
     , fEmpty(new QLabel(this))
 {
+    setObjectName(name + "Table");
     fProxy->setSourceModel(fModel);
     fView->setModel(fProxy);
     fColumns = new TColumnMemory(fView, name, [this] {
