@@ -58,13 +58,6 @@ protected:
     }
     void pause() { QTest::qWait(900); } // ends an edit run
     TCanvasItem *itemAt(int index) { return canvasItem(*(document()->items().begin() + index)); }
-    void openTwo()
-    {
-        open(writeCsv("a.csv"));
-        open(writeCsv("b.csv"));
-        view()->selection().selectAll();
-        settle();
-    }
 
     /// Edits whatever a widget is. False for one that shows no field.
     static bool edit(QWidget *widget)
@@ -148,14 +141,13 @@ TEST_F(PropertiesTest, aRunOfEditsOfOneControlIsOneStep)
 
 TEST_F(PropertiesTest, ofSeveralItemsOnlyWhatIsTouchedIsSet)
 {
-    openTwo();
+    open(writeCsv("a.csv"));
+    open(writeCsv("b.csv"));
+    fWindow->documents().setPage(document()->pages().first());
     dialog();
-    view()->selection().select(itemAt(0));
-    settle();
     control<QDoubleSpinBox>("axes.lineWidth")->setValue(7.0);
     control<QCheckBox>("peaks.labels")->click();
     pause();
-    fWindow->documents().setPage(document()->pages().first());
     dialog()->setItems({itemAt(0), itemAt(1)});
     EXPECT_EQ(control<QDoubleSpinBox>("axes.lineWidth")->text(), "(various)");
     EXPECT_EQ(control<QCheckBox>("peaks.labels")->checkState(), Qt::PartiallyChecked);
