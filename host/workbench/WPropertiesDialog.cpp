@@ -16,14 +16,13 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QToolButton>
 
 namespace {
 
 constexpr char cPageKey[] = "Kelmora/Properties/Page";
 constexpr char cSizeKey[] = "Kelmora/Properties/Size";
 constexpr int cTitlesWidth = 110;
-constexpr QSize cSize(720, 520);
+constexpr QSize cSize(880, 640);
 
 } // namespace
 
@@ -89,13 +88,8 @@ QWidget *WPropertiesDialog::makeButtons(TActionTable &actions)
                                    tr("The built-in values of all pages. With Shift the saved defaults go, too."));
     QPushButton *save = addButton("saveAsDefaultButton", tr("&Save as Default"),
                                   tr("New plots of this kind begin with these properties."));
-    fPresets = new QToolButton(all);
-    fPresets->setObjectName("presetsButton");
-    fPresets->setText(tr("Preset"));
-    fPresets->setToolTip(tr("Sets of properties for a purpose."));
-    fPresets->setPopupMode(QToolButton::InstantPopup);
+    fPresets = addButton("presetsButton", tr("Prese&t"), tr("Sets of properties for a purpose."));
     fPresets->setMenu(new QMenu(fPresets));
-    fPresets->setFocusPolicy(Qt::StrongFocus);
     QPushButton *copy = addButton("copyButton", tr("&Copy"), tr("Copies the looks of the plot."));
     QPushButton *paste = addButton("pasteButton", tr("&Paste"), tr("Gives the plots the looks that were copied."));
     QPushButton *close = addButton("closeButton", tr("Close"), QString());

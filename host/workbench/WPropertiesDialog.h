@@ -11,7 +11,6 @@ class QLabel;
 class QListWidget;
 class QPushButton;
 class QStackedWidget;
-class QToolButton;
 class TActionTable;
 class TKelmoraHost;
 class WPropertiesPages;
@@ -45,7 +44,7 @@ private:
     QWidget *fButtons = nullptr;
     QCheckBox *fLive = nullptr;
     QPushButton *fApply = nullptr;
-    QToolButton *fPresets = nullptr;
+    QPushButton *fPresets = nullptr;
     WPropertiesPages *fPages = nullptr; // in use
     QHash<IPluginPropertiesPages *, WPropertiesPages *> fAllPages;
 };

@@ -21,12 +21,12 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
-#include <QToolButton>
 
 namespace {
 
 constexpr int cRunPause = 800; // ms without an edit that end a run
-constexpr int cLabelWidth = 130;
+constexpr int cLabelWidth = 150;
+constexpr int cUnitsWidth = 190;
 
 const char *const cPlaceholders[] = {"Title", "Comment", "Date", "Class", "Number", "Count", "Units", "File"};
 
@@ -150,6 +150,8 @@ QWidget *WYrexSpectrumPropertiesPage::makeUnits(const TYrexPropertyControl &cont
     auto *box = new QComboBox(parent);
     box->setObjectName(control.fKey + "Units");
     box->setAccessibleName(tr("Units"));
+    box->setFixedWidth(cUnitsWidth);
+    box->setFocusPolicy(Qt::StrongFocus);
     const auto add = [box](const TYrexActionCode &unit) {
         box->addItem(yrexUnitDisplayName(unit.fCode), unit.fCode);
         box->setItemData(box->count() - 1, QString(unit.fName), Qt::UserRole + 1);
@@ -169,12 +171,10 @@ QWidget *WYrexSpectrumPropertiesPage::makeUnits(const TYrexPropertyControl &cont
 
 QWidget *WYrexSpectrumPropertiesPage::makePlaceholders(QLineEdit *line)
 {
-    auto *button = new QToolButton(line->parentWidget());
+    auto *button = new QPushButton(tr("Insert"), line->parentWidget());
     button->setObjectName("placeholders");
-    button->setText(tr("Insert"));
     button->setToolTip(tr("Puts a placeholder at the cursor. What the spectrum does not have is left out."));
-    button->setPopupMode(QToolButton::InstantPopup);
-    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAutoDefault(false);
     auto *menu = new QMenu(button);
     connect(menu, &QMenu::aboutToShow, this, [this, menu, line] { fillPlaceholders(menu, line); });
     button->setMenu(menu);

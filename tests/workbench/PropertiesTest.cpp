@@ -12,7 +12,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSlider>
-#include <QToolButton>
 
 namespace {
 
@@ -208,7 +207,7 @@ TEST_F(PropertiesTest, looksGoThroughTheClipboardAndPresetsAreOneStep)
     open(writeCsv("a.csv"));
     dialog();
     const int step = steps();
-    control<QToolButton>("presetsButton")->menu()->actions().first()->trigger();
+    control<QPushButton>("presetsButton")->menu()->actions().first()->trigger();
     settle();
     EXPECT_EQ(steps(), step + 1);
     EXPECT_EQ(field("plot.frame").toInt(), 2);
