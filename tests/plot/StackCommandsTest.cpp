@@ -308,11 +308,14 @@ TEST(PropertiesBag, defaultsReachNewItems)
     bag.setValue("stack.displayMode", int(stackedMode));
     bag.saveDefaults(*stack.item);
     EXPECT_TRUE(TDefaultsIni().contains("Zarnu/Plot Properties/ZarnuSpectrum"));
+    EXPECT_TRUE(TDefaultsIni().contains("Zarnu/Spectrum Properties")); // of the item as a whole
     TStackItem made(2);
     EXPECT_EQ(made.plot().properties().curvePen.color(), QColor(10, 20, 30, 40));
     EXPECT_TRUE(made.plot().properties().keepFitting);
     EXPECT_EQ(made.stack().displayMode(), int(overlayMode)) << "many spectra begin as an overlay";
     TDefaultsIni().setValue("Zarnu/Plot Properties/ZarnuSpectrum", "{ broken");
+    TDefaultsIni().setValue("Zarnu/Spectrum Properties", "{ broken");
+    EXPECT_NE(TStackItem(1).plot().properties().curvePen.color(), QColor(10, 20, 30, 40));
     EXPECT_FALSE(TStackItem(1).plot().properties().keepFitting);
     TDefaultsIni::setStore(TDefaultsIni::memory);
 }
