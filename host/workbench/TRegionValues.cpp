@@ -15,7 +15,7 @@
 namespace {
 
 constexpr double cNothing = std::numeric_limits<double>::quiet_NaN();
-constexpr int cLimitDigits = 6;
+constexpr int cLimitDigits = 5;
 
 double xOf(IDAItemCtx &context, int index, int number, const TRegionValues::TX &x)
 {

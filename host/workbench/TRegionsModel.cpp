@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int cDigits = 8;
+constexpr int cDigits = 6;
 
 } // namespace
 
@@ -96,6 +96,8 @@ bool TRegionsModel::setData(const QModelIndex &place, const QVariant &value, int
 {
     if (!place.isValid() || place.row() >= rowCount())
         return false;
+    if (place.column() >= cFrom && value.toString() == place.data().toString())
+        return true; // as it is shown, which has not all of its digits
     TDARegion region = fRegions.at(place.row());
     bool isTaken = true;
     switch (place.column()) {

@@ -15,7 +15,7 @@ constexpr double cHighlightRadius = 6.0;
 constexpr double cReach = 9.0; // px about a point
 constexpr int cMargin = 6;
 constexpr int cTick = 4;
-constexpr double cWantedTicks = 5.0;
+constexpr double cWantedTicks = 7.0;
 constexpr double cRoom = 0.06; // of the span, beyond the outermost points
 
 /// 1, 2 or 5 times a power of ten, so that some ticks stand in the span.

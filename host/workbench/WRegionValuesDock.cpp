@@ -34,6 +34,10 @@ namespace {
 
 constexpr int cMargin = 6;
 constexpr int cDigits = 5;
+// px at first
+constexpr int cRegionsWidth = 320;
+constexpr int cValuesWidth = 420;
+constexpr int cChartWidth = 420;
 
 /// Offers the kinds of regions.
 class TKindDelegate : public QStyledItemDelegate
@@ -126,6 +130,7 @@ void WRegionValuesDock::makeToolRow()
     rightColumn->setContentsMargins(0, 0, 0, 0);
     rightColumn->addWidget(fChart, 1);
     rightColumn->addWidget(fFacts);
+    panes->setSizes({cRegionsWidth, cValuesWidth, cChartWidth});
     panes->setStretchFactor(1, 1);
     panes->setStretchFactor(2, 1);
     fFacts->setObjectName("facts");
@@ -151,6 +156,7 @@ void WRegionValuesDock::makeRegions()
     fRegionsView->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     fRegionsView->setContextMenuPolicy(Qt::CustomContextMenu);
     fRegionsView->verticalHeader()->hide();
+    fRegionsView->horizontalHeader()->setHighlightSections(false);
     fRegionsView->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     connect(fRegions, &TRegionsModel::edited, this, &WRegionValuesDock::editRegion);
     connect(fRegionsView, &QTableView::customContextMenuRequested, this, &WRegionValuesDock::regionsMenu);
@@ -175,6 +181,7 @@ void WRegionValuesDock::makeTable()
     QHeaderView *header = fView->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionsClickable(true);
+    header->setHighlightSections(false);
     connect(header, &QHeaderView::sectionClicked, this, [this, header](int section) {
         fProxy->cycleSort(section);
         header->setSortIndicatorShown(fProxy->sortColumn() >= 0);

@@ -164,6 +164,8 @@ TEST_F(RegionsTest, regionsAreEditedInTheDock)
     EXPECT_EQ(edited.color, QColor(Qt::darkGreen));
     EXPECT_NEAR(edited.to, 1e7 / 310.5, 1e-6);
     EXPECT_EQ(edited.from, untouched) << "to the bit";
+    edit(1, TRegionsModel::cTo, table()->index(1, TRegionsModel::cTo).data());
+    EXPECT_TRUE(regions().daRegions().at(1) == edited) << "an editor that was left as it is";
     edit(1, TRegionsModel::cKind, TDARegion::cSum);
     const double a = values().rows().at(3).fValues.at(0);
     const double b = values().rows().at(3).fValues.at(1);
