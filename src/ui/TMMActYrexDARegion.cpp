@@ -241,7 +241,7 @@ QString TMMActYrexDARegion::valueText(TCanvasYrexSpectrum &item, double from, do
     const int place = DARegions::indexOf(regions, fLimit.fId);
     if (place >= 0)
         kind = regions.at(place).kind;
-    const QString limits = tr("%1 .. %2").arg(shown(from), shown(to));
+    QString limits = tr("%1 .. %2").arg(shown(from), shown(to));
     double value = 0.0;
     if (!TYrexDataAnalysisHandler::value(item, kind, from, to, value))
         return limits;
