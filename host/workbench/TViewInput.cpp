@@ -1,6 +1,9 @@
 #include "TViewInput.h"
 
 #include "TItemSelection.h"
+#include "canvas/TCanvasItem.h"
+#include "contexts/IStackedItemCtx.h"
+#include "ui/TBaseHotAreasHandler.h"
 #include "ui/TPluginMouseModeHandler.h"
 
 #include <QKeyEvent>
@@ -15,11 +18,55 @@ TViewInput::TViewInput(IPlotView &view, TItemSelection &selection)
     connect(&selection, &TItemSelection::changed, this, [this] { fPlotHand.setItems(fSelection.items()); });
 }
 
+QList<TBaseHotAreasHandler *> TViewInput::hotAreas() const
+{
+    return fModes ? fModes->hotAreas() : QList<TBaseHotAreasHandler *>();
+}
+
 void TViewInput::setPage(TPage *page)
 {
-    fPlotHand.cancelGesture();
-    fItemHand.cancelGesture();
+    cancelGesture();
+    leaveView();
     fItemHand.setPage(page);
+}
+
+void TViewInput::leaveView()
+{
+    for (TBaseHotAreasHandler *handler : hotAreas()) {
+        if (!handler->isDragging())
+            handler->leaveView();
+    }
+}
+
+bool TViewInput::wantsKey(const QKeyEvent &event) const
+{
+    if (fModes && fModes->current() && fModes->current()->wantsKey(event))
+        return true;
+    for (const TBaseHotAreasHandler *handler : hotAreas()) {
+        if (handler->wantsKey(event))
+            return true;
+    }
+    return false;
+}
+
+bool TViewInput::handToAreas(QEvent *event, const TMouseSpot &spot) const
+{
+    for (TBaseHotAreasHandler *handler : hotAreas()) {
+        if (handToAct(*handler, event, spot))
+            return true;
+    }
+    return false;
+}
+
+TBaseHotAreasHandler *TViewInput::areasAt(const TMouseSpot &spot) const
+{
+    if (fItemHand.isArranging() || fItemHand.isOnHandle(spot))
+        return nullptr;
+    for (TBaseHotAreasHandler *handler : hotAreas()) {
+        if (handler->isDragging() || (handler->answers(spot) && handler->takesMouse(spot.area)))
+            return handler;
+    }
+    return nullptr;
 }
 
 bool TViewInput::handle(QEvent *event, const TMouseSpot &spot)
@@ -32,9 +79,14 @@ bool TViewInput::handle(QEvent *event, const TMouseSpot &spot)
     // space pans in every mode
     if (fPlotHand.isPanning() && handToAct(fPlotHand, event, spot))
         return true;
+    const bool isItems = fItemHand.isArranging() || fItemHand.isOnHandle(spot);
+    if (!isKey && !isItems && handToAreas(event, spot))
+        return true;
     if (fModes && fModes->current() && fModes->event(event, spot))
         return true;
-    if (!isKey && (fItemHand.isArranging() || fItemHand.isOnHandle(spot)))
+    if (isKey && handToAreas(event, spot))
+        return true;
+    if (!isKey && isItems)
         return handToAct(fItemHand, event, spot);
     if (handToAct(fPlotHand, event, spot))
         return true;
@@ -53,12 +105,16 @@ void TViewInput::paint(QPainter &painter)
     fPlotHand.paint(painter);
     if (fModes && fModes->current())
         fModes->current()->paint(painter);
+    for (TBaseHotAreasHandler *handler : hotAreas())
+        handler->paint(painter);
 }
 
 QCursor TViewInput::cursor(const TMouseSpot &spot) const
 {
     if (fPlotHand.isPanning())
         return fPlotHand.cursor(spot);
+    if (const TBaseHotAreasHandler *handler = areasAt(spot))
+        return handler->cursor(spot);
     if (fModes && fModes->current() && spot.inCurves)
         return fModes->current()->cursor(spot);
     const bool isItems = fItemHand.isArranging() || fItemHand.isOnHandle(spot) || spot.place == placeOnRim;
@@ -67,14 +123,43 @@ QCursor TViewInput::cursor(const TMouseSpot &spot) const
 
 QString TViewInput::hint() const
 {
+    for (const TBaseHotAreasHandler *handler : hotAreas()) {
+        const QString hint = handler->hint();
+        if (!hint.isEmpty())
+            return hint;
+    }
     if (fModes && fModes->current())
         return fModes->current()->hint();
     return fItemHand.isArranging() ? fItemHand.hint() : fPlotHand.hint();
 }
 
+bool TViewInput::cancelGesture()
+{
+    bool isDone = false;
+    for (TBaseHotAreasHandler *handler : hotAreas())
+        isDone = handler->cancelGesture() || isDone;
+    isDone = fPlotHand.cancelGesture() || isDone;
+    return fItemHand.cancelGesture() || isDone;
+}
+
+bool TViewInput::selectAllSpectra()
+{
+    TCanvasItem *item = fSelection.active();
+    IStackedItemCtx *stack = item ? item->stackedContext() : nullptr;
+    if (!stack || stack->ids(false, true).size() == stack->count())
+        return false;
+    QVector<int> all;
+    for (int i = 0; i < stack->count(); ++i)
+        all.append(i);
+    stack->setSelected(all);
+    item->update();
+    fView.stackChanged(item);
+    return true;
+}
+
 bool TViewInput::escape()
 {
-    if (fPlotHand.cancelGesture() || fItemHand.cancelGesture())
+    if (cancelGesture())
         return true;
     if (fModes && fModes->escape())
         return true;
@@ -83,6 +168,12 @@ bool TViewInput::escape()
         fView.updateOverlay();
         return true;
     }
+    for (TBaseHotAreasHandler *handler : hotAreas()) {
+        if (handler->escape())
+            return true;
+    }
+    if (selectAllSpectra())
+        return true;
     if (fSelection.items().isEmpty())
         return false;
     fSelection.select(nullptr);

@@ -6,11 +6,14 @@
 #include <QObject>
 #include <functional>
 
+class QKeyEvent;
 class QPainter;
+class TBaseHotAreasHandler;
 class TItemSelection;
 class TPluginMouseModeHandler;
 
-/// Where the events of a view go: to the mode that is on, then to the hand on the plot, then to items as a whole.
+/// Where the events of a view go: to hot areas, to the mode that is on, to the hand on the plot, then to items as a
+/// whole. Keys go to the mode before hot areas.
 class TViewInput : public QObject
 {
     Q_OBJECT
@@ -25,6 +28,10 @@ public:
     TItemHand &itemHand() { return fItemHand; }
     void setPage(TPage *page);
 
+    /// Whether a key that is a shortcut elsewhere, or moves the focus, is for the plot now.
+    bool wantsKey(const QKeyEvent &event) const;
+    /// The mouse left the view.
+    void leaveView();
     /// Whether the event was taken.
     bool handle(QEvent *event, const TMouseSpot &spot);
     /// The pointer went out of the view.
@@ -32,10 +39,18 @@ public:
     void paint(QPainter &painter);
     QCursor cursor(const TMouseSpot &spot) const;
     QString hint() const;
-    /// The first that applies: a drag under way, the mode, the selection of items. False when there was nothing.
+    /// The first that applies: a drag under way, the mode, highlighted marks, spectra that are not selected, the
+    /// selection of items. False when there was nothing.
     bool escape();
 
 private:
+    bool handToAreas(QEvent *event, const TMouseSpot &spot) const;
+    /// The handler that answers there; null for none.
+    TBaseHotAreasHandler *areasAt(const TMouseSpot &spot) const;
+    QList<TBaseHotAreasHandler *> hotAreas() const;
+    bool cancelGesture();
+    bool selectAllSpectra();
+
     IPlotView &fView;
     TItemSelection &fSelection;
     TPluginMouseModeHandler *fModes = nullptr;

@@ -346,6 +346,7 @@ bool WDocumentView::viewportEvent(QEvent *event)
         return true;
     }
     case QEvent::Leave:
+        fInput->leaveView();
         pointAt(nullptr, -1);
         fInput->pointerLeft();
         emit readoutChanged(QString());
@@ -354,6 +355,20 @@ bool WDocumentView::viewportEvent(QEvent *event)
         break;
     }
     return QGraphicsView::viewportEvent(event);
+}
+
+bool WDocumentView::event(QEvent *event)
+{
+    auto *key = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress
+                    ? static_cast<QKeyEvent *>(event)
+                    : nullptr;
+    if (!key || !fInput->wantsKey(*key))
+        return QGraphicsView::event(event);
+    if (event->type() == QEvent::KeyPress) // before the focus moves on
+        keyPressEvent(key);
+    else
+        key->accept(); // comes back as a key
+    return true;
 }
 
 void WDocumentView::keyPressEvent(QKeyEvent *event)

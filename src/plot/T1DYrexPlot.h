@@ -153,6 +153,7 @@ private:
     void prepareDraw();
     void reserveLabelStrips();
     QStringList peakTexts(const TYrexPeakPainter::TPeaks &peaks) const;
+    void drawHighlightedPeaks(QPainter &painter) const;
     void addIntegralHotAreas(const TYrexIntegralHits &hits);
     QVector<int> displayOrder(const IYrexPlotData &data) const;
     bool hasRowTitles() const;

@@ -193,9 +193,9 @@ void T1DYrexPlot::addIntegralHotAreas(const TYrexIntegralHits &hits)
         if (!(flags & TYrexIntegralPlotProperties::cShowSegment) || rect.isEmpty())
             continue;
         append(rect, hit.first, cSegmentArea);
+        appendHandle(rect.center(), hit.first, cSegmentMiddle); // the ends of a narrow region lie over it
         appendHandle(QPointF(rect.left(), rect.center().y()), hit.first, cSegmentLeft);
         appendHandle(QPointF(rect.right(), rect.center().y()), hit.first, cSegmentRight);
-        appendHandle(rect.center(), hit.first, cSegmentMiddle);
     }
     for (const auto &hit : hits.curves) {
         const QRectF &rect = hit.second;
@@ -211,18 +211,28 @@ void T1DYrexPlot::addIntegralHotAreas(const TYrexIntegralHits &hits)
     }
 }
 
+/// Text, tick and leader of highlighted peaks once more, in the colour of the selection.
+void T1DYrexPlot::drawHighlightedPeaks(QPainter &painter) const
+{
+    const IYrexPlotData *plotData = data();
+    if (!plotData || fHighlightedPeaks.isEmpty() || !showsMarks() ||
+        !(fPeakProperties.flags & TYrexPeakPlotProperties::cShowLabels))
+        return;
+    const TYrexPeakPainter::TPeaks peaks = drawnPeaks(*this, *plotData);
+    TYrexPeakPainter highlighter(fPlotter, fPeakProperties);
+    highlighter.highlight(fHighlightedPeaks, Utils::Color::cSelectionColors.first());
+    highlighter.draw(painter, peaks, peakTexts(peaks), nullptr, fXUnits == cUnitWavenumber);
+}
+
 void T1DYrexPlot::drawHighlights(QPainter &painter)
 {
     constexpr int cHandles = 0xCF0;
+    drawHighlightedPeaks(painter);
     painter.save();
     QColor color = Utils::Color::cSelectionColors.first();
     color.setAlphaF(cHighlightAlpha);
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    for (const TPlotHotArea &area : fHotAreas.hotAreasBy(TPlotHotArea::peak)) {
-        if (fHighlightedPeaks.contains(area.id()))
-            painter.drawRect(area.rect());
-    }
     QVector<QRectF> handles;
     QVector<QRectF> centres;
     for (const QUuid &id : qAsConst(fHighlightedIntegrals)) {

@@ -19,6 +19,7 @@ constexpr double cStub = 10.0;        // upright part of a leader line at its pe
 constexpr double cBend = 30.0;        // where the slanted part ends
 constexpr double cLeader = 40.0;      // where the leader line ends
 constexpr double cLeaderWidth = 0.6;  // of the pen's width
+constexpr double cHighlightWidth = 2.0; // of the pen's width
 constexpr double cTolerance = 1e-12;  // relative, of places that count as the same
 constexpr double cUprightGlyph = 4.0; // part of the height by which a turned base line stands right of the middle
 
@@ -53,6 +54,13 @@ TYrexPeakPainter::TYrexPeakPainter(const T1DYrexPlotter &plotter, const TYrexPea
     if (properties.flags & TYrexPeakPlotProperties::cInCurveColor)
         fPen.setColor(properties.curveColor);
     fPen.setColor(plotter.ink(fPen.color()));
+}
+
+void TYrexPeakPainter::highlight(const QSet<QUuid> &ids, const QColor &color)
+{
+    fHighlights = &ids;
+    fPen.setColor(fPlotter.ink(color));
+    fPen.setWidthF(fPen.widthF() * cHighlightWidth);
 }
 
 bool TYrexPeakPainter::isHorizontal() const
@@ -193,7 +201,7 @@ void TYrexPeakPainter::drawAtPeaks(QPainter &painter, const TPiece &piece, const
 {
     QVector<QLineF> ticks;
     for (const T1DLabelInfo &label : arranger.labels()) {
-        if (!label.hasRoom)
+        if (!label.hasRoom || !isDrawn(peaks.at(label.index)))
             continue;
         QRectF rect = label.originalRect(!isHorizontal());
         if (label.below)
@@ -213,7 +221,7 @@ void TYrexPeakPainter::drawStrip(QPainter &painter, const TPiece &piece, const T
 {
     QVector<QLineF> ticks;
     for (const T1DLabelInfo &label : arranger.labels()) {
-        if (std::isfinite(label.anchor.x()) && std::isfinite(label.anchor.y()))
+        if (isDrawn(peaks.at(label.index)) && std::isfinite(label.anchor.x()) && std::isfinite(label.anchor.y()))
             ticks.append(tick(label, piece.rect));
     }
     drawTicks(painter, ticks);
@@ -232,7 +240,7 @@ void TYrexPeakPainter::drawStrip(QPainter &painter, const TPiece &piece, const T
     leader.setWidthF(fPen.widthF() * cLeaderWidth);
     leader.setJoinStyle(Qt::RoundJoin);
     for (const T1DLabelInfo &label : arranger.labels()) {
-        if (!label.hasRoom)
+        if (!label.hasRoom || !isDrawn(peaks.at(label.index)))
             continue;
         const double from = label.anchor.x();
         const QPointF path[] = {{from, start},

@@ -8,6 +8,7 @@
 #include <QPair>
 #include <QPen>
 #include <QRectF>
+#include <QSet>
 #include <QStringList>
 #include <QUuid>
 #include <QVector>
@@ -27,6 +28,9 @@ public:
 
     TYrexPeakPainter(const T1DYrexPlotter &plotter, const TYrexPeakPlotProperties &properties);
 
+    /// From now on only these peaks are drawn, in that colour and somewhat bolder; all keep their places. The ids are
+    /// kept by reference.
+    void highlight(const QSet<QUuid> &ids, const QColor &color);
     /// A label per peak, texts in the order of the peaks; labels that find no room are left out. `hits` gets the
     /// rectangle of each label that is drawn. `sortAscending`: in which order peaks are drawn.
     void draw(QPainter &painter, const TPeaks &peaks, const QStringList &texts, THits *hits, bool sortAscending) const;
@@ -47,6 +51,7 @@ private:
     QRectF drawText(QPainter &painter, const QPointF &foot, const QString &text) const;
     static QLineF tick(const T1DLabelInfo &label, const QRectF &bounds);
     void drawTicks(QPainter &painter, const QVector<QLineF> &ticks) const;
+    bool isDrawn(const TYrexDPLib::TYrexDPPeak &peak) const { return !fHighlights || fHighlights->contains(peak.id); }
     bool isHorizontal() const;
     bool isAtPeak() const;
     bool isAtBottom() const;
@@ -55,4 +60,5 @@ private:
     const TYrexPeakPlotProperties &fProperties;
     TTypesetter fTypesetter;
     QPen fPen;
+    const QSet<QUuid> *fHighlights = nullptr; // null: all peaks are drawn
 };

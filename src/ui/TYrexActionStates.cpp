@@ -2,6 +2,7 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexActions.h"
+#include "TYrexHighlightHandler.h"
 #include "YrexActionTables.h"
 #include "ui/TUpdateItem.h"
 
@@ -119,20 +120,33 @@ void updateModes(TUpdateItem &update)
         update[action.fName].fIsChecked = update.mode == action.fMode;
 }
 
+void updateHighlighted(TUpdateItem &update, const TYrexFacts &facts, int peaks, int integrals, const QStringList &needs)
+{
+    const auto whyNot = [&facts](bool can, const QString &need) {
+        return can || !facts.fNoSpectrum.isEmpty() ? facts.fNoSpectrum : need;
+    };
+    update["yrexAnnotateCurPeak"].fWhyNot = whyNot(peaks == 1, needs.at(0));
+    update["yrexDeleteCurPeak"].fWhyNot = whyNot(peaks > 0, needs.at(1));
+    update["yrexEditIntegral"].fWhyNot = whyNot(integrals == 1, needs.at(2));
+    update["yrexDeleteCurrentIntegral"].fWhyNot = whyNot(integrals > 0, needs.at(3));
+}
+
 } // namespace
 
 void TYrexActions::update(TUpdateItem &update) const
 {
     const TYrexFacts facts = factsOf(update, tr("There is no spectrum selected."));
-    for (const char *name :
-         {"yrexArithmeticAdd", "yrexFullProcessing", "yrexManualPeakPicking", "yrexPeakByPeak", "yrexIntegrateManual",
-          "yrexAnnotateCurPeak", "yrexDeleteCurPeak", "yrexRegionSum", "yrexRegionPeak"})
+    for (const char *name : {"yrexArithmeticAdd", "yrexFullProcessing", "yrexManualPeakPicking", "yrexPeakByPeak",
+                             "yrexIntegrateManual", "yrexRegionSum", "yrexRegionPeak"})
         update[name].fWhyNot = facts.fNoSpectrum;
     for (const char *name : {"yrexAnnotateCurPeak", "yrexDeleteCurPeak"})
         update[name].fIsVisible = !isRegionMode(update.mode);
     updateUnits(update, facts);
     updatePeaks(update, facts, tr("The spectrum has no peaks."));
     updateIntegrals(update, facts, tr("The spectrum has no integrals."), tr("The integrals are hidden."));
+    updateHighlighted(update, facts, fHighlights.peaks().size(), fHighlights.integrals().size(),
+                      {tr("Needs one highlighted peak."), tr("Needs highlighted peaks."),
+                       tr("Needs one highlighted integral."), tr("Needs highlighted integrals.")});
     updateModes(update);
     for (const TYrexDockAction &action : cDockActions)
         update[action.fName].fIsChecked = isDockVisible(fHost, action.fDock);

@@ -11,6 +11,7 @@
 #include "TCmdYrexManualPeakPicking.h"
 #include "TCmdYrexProcessing.h"
 #include "TYrexHighlightHandler.h"
+#include "TYrexMarkEditor.h"
 #include "TYrexUnits.h"
 #include "WYrexArithmeticDialog.h"
 #include "YrexActionTables.h"
@@ -55,9 +56,10 @@ QRect screenRect(IPlotView *view, const TCanvasItem &item)
 
 } // namespace
 
-TYrexActions::TYrexActions(IPluginHost &host, TYrexHighlightHandler &highlights)
+TYrexActions::TYrexActions(IPluginHost &host, TYrexHighlightHandler &highlights, TYrexMarkEditor &marks)
     : fHost(host)
     , fHighlights(highlights)
+    , fMarks(marks)
 {
     for (const TYrexActionCode &toggle : cProcessingToggles)
         add(toggle.fName, [this, code = toggle.fCode] { return toggleProcessing(code); });
@@ -125,6 +127,14 @@ void TYrexActions::addDocks()
 /// What is done with the marks that are highlighted.
 void TYrexActions::addHighlighted()
 {
+    add("yrexAnnotateCurPeak", [this] {
+        const QSet<QUuid> peaks = fHighlights.peaks();
+        return peaks.size() == 1 && fMarks.editPeak(fHighlights.item(), *peaks.begin());
+    });
+    add("yrexEditIntegral", [this] {
+        const QSet<QUuid> integrals = fHighlights.integrals();
+        return integrals.size() == 1 && fMarks.editIntegral(fHighlights.item(), *integrals.begin(), 0);
+    });
     add("yrexDeleteCurPeak", [this] {
         TCanvasYrexSpectrum *marked = fHighlights.item();
         return marked && !fHighlights.peaks().isEmpty() && push(new TCmdYrexDeletePeaks({marked}, fHighlights.peaks()));

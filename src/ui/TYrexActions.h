@@ -11,6 +11,7 @@ class IPluginHost;
 class TCanvasYrexSpectrum;
 class TCommand;
 class TYrexHighlightHandler;
+class TYrexMarkEditor;
 struct TUpdateItem;
 
 /// What the actions of the module do, by their names in the mark-up, and when they can. An action that cannot be run
@@ -20,8 +21,8 @@ class TYrexActions
     Q_DECLARE_TR_FUNCTIONS(TYrexActions)
 
 public:
-    /// Neither is owned, and both live longer.
-    TYrexActions(IPluginHost &host, TYrexHighlightHandler &highlights);
+    /// None is owned, and all live longer.
+    TYrexActions(IPluginHost &host, TYrexHighlightHandler &highlights, TYrexMarkEditor &marks);
 
     /// Not for a mode or a dock that the window has not.
     bool has(const QString &name) const;
@@ -64,5 +65,6 @@ private:
 
     IPluginHost &fHost;
     TYrexHighlightHandler &fHighlights;
+    TYrexMarkEditor &fMarks;
     QHash<QString, std::function<bool()>> fRuns;
 };

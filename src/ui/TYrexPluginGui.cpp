@@ -4,6 +4,8 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexActions.h"
 #include "TYrexHighlightHandler.h"
+#include "TYrexHotAreasHandler.h"
+#include "TYrexMarkEditor.h"
 #include "WYrexSpectrumPropertiesPage.h"
 #include "WYrexStackOptionsDialog.h"
 #include "YrexFactories.h"
@@ -12,6 +14,7 @@
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 #include "ui/PlotSteps.h"
+#include "ui/TPluginMouseModeHandler.h"
 #include "ui/TUpdateItem.h"
 
 TYrexPluginGui::TYrexPluginGui() = default;
@@ -28,7 +31,9 @@ void TYrexPluginGui::init(IPluginHost *host)
     if (!host)
         return;
     fHighlights = std::make_unique<TYrexHighlightHandler>(*host);
-    fActions = std::make_unique<TYrexActions>(*host, *fHighlights);
+    fMarks = std::make_unique<TYrexMarkEditor>(*host);
+    fActions = std::make_unique<TYrexActions>(*host, *fHighlights, *fMarks);
+    connect(fHighlights.get(), &TYrexHighlightHandler::changed, this, &TYrexPluginGui::tellHighlights);
 }
 
 void TYrexPluginGui::registerFactories(IGuiHost &gui)
@@ -37,6 +42,87 @@ void TYrexPluginGui::registerFactories(IGuiHost &gui)
         return;
     YrexFactories::addDocks(gui, *fHost, *fHighlights);
     YrexFactories::addModes(gui, *fHost, *fHighlights);
+    addHotAreas(gui);
+}
+
+void TYrexPluginGui::addHotAreas(IGuiHost &gui)
+{
+    fHotAreas = new TYrexHotAreasHandler(*fHost, *fHighlights);
+    gui.mouseModes()->appendHotAreas(fHotAreas); // the window's from now on
+    connect(fHotAreas, &TYrexHotAreasHandler::hotAreaHighlighted, this, &TYrexPluginGui::onHotAreaHighlighted);
+    connect(fHotAreas, &TYrexHotAreasHandler::hotAreaMouseBtnReleased, this,
+            &TYrexPluginGui::onHotAreaMouseBtnReleased);
+    connect(fHotAreas, &TYrexHotAreasHandler::hotAreaFocusOut, this, &TYrexPluginGui::onHotAreaFocusOut);
+    connect(fHotAreas, &TYrexHotAreasHandler::editPeakWanted, this,
+            [this](TCanvasSpectrum *item, const QUuid &peak) { fMarks->editPeak(yrexItem(item), peak); });
+    connect(fHotAreas, &TYrexHotAreasHandler::editIntegralWanted, this,
+            [this](TCanvasSpectrum *item, const QUuid &integral, int subType) {
+                fMarks->editIntegral(yrexItem(item), integral, subType);
+            });
+    fMarks->setShowBand([areas = fHotAreas](TCanvasYrexSpectrum *item, double from, double to) {
+        if (areas)
+            areas->showBand(item, from, to);
+    });
+}
+
+void TYrexPluginGui::onHotAreaHighlighted(const TPlotHotArea &aArea, TCanvasSpectrum *aItem)
+{
+    const TCanvasYrexSpectrum *item = yrexItem(aItem);
+    const bool isPeak = aArea.type() == TPlotHotArea::peak;
+    if (!item || !item->currentSpectrum() || (!isPeak && aArea.type() != TPlotHotArea::integral))
+        return;
+    fHighlights->hover(item->uniqueId(), aArea.id(), isPeak);
+    if (isPeak)
+        emit yrexPeakLabelHighlighted(item->uniqueId(),
+                                      TYrexDPLib::indexOfId(item->currentSpectrum()->peaks(), aArea.id()));
+    else
+        emit yrexIntegralHighlighted(item->uniqueId(), aArea.id());
+}
+
+void TYrexPluginGui::onHotAreaFocusOut()
+{
+    fHighlights->clearHover();
+}
+
+/// What is highlighted stands already; tables and actions follow it.
+void TYrexPluginGui::onHotAreaMouseBtnReleased(const TPlotHotArea &, TCanvasSpectrum *)
+{
+    fHost->gui()->updateActions();
+}
+
+void TYrexPluginGui::tellHighlights()
+{
+    const TCanvasYrexSpectrum *item = fHighlights->item();
+    const TYrexSpectrum *spectrum = item ? item->currentSpectrum() : nullptr;
+    if (!spectrum)
+        return;
+    for (const QUuid &id : fHighlights->peaks())
+        emit yrexPeakHighlighted(item->uniqueId(), TYrexDPLib::indexOfId(spectrum->peaks(), id));
+    for (const QUuid &id : fHighlights->integrals())
+        emit yrexIntegralHighlighted(item->uniqueId(), id);
+}
+
+void TYrexPluginGui::annotateYrexPeak(QUuid aSpecId, QUuid aPeakId)
+{
+    if (fMarks)
+        fMarks->editPeak(yrexItem(fHost->document()->item(aSpecId)), aPeakId);
+}
+
+void TYrexPluginGui::highlightPeak(QUuid aSpecId, QUuid aPeakId)
+{
+    highlightPeaks(aSpecId, {aPeakId});
+}
+
+void TYrexPluginGui::highlightPeaks(QUuid aSpecId, QSet<QUuid> aPeakIds)
+{
+    if (fHighlights)
+        fHighlights->highlightPeaks(aSpecId, aPeakIds);
+}
+
+void TYrexPluginGui::highlightIntegral(QUuid aSpecId, QUuid aIntgId)
+{
+    if (fHighlights)
+        fHighlights->highlightIntegrals(aSpecId, {aIntgId});
 }
 
 bool TYrexPluginGui::isInvalid(const QString &invalidator) const

@@ -4,10 +4,17 @@
 #include "plugin/IPluginActions.h"
 #include "plugin/IPluginPropertiesPages.h"
 
+#include <QPointer>
+#include <QSet>
+#include <QUuid>
 #include <memory>
 
 class TYrexActions;
+class TCanvasSpectrum;
+class TPlotHotArea;
 class TYrexHighlightHandler;
+class TYrexHotAreasHandler;
+class TYrexMarkEditor;
 
 /// What the host gets from the library: the module with its menus, docks and mouse modes on top.
 class TYrexPluginGui : public TYrexPlugin, public IPluginActions, public IPluginPropertiesPages
@@ -36,9 +43,31 @@ public:
     WPropertiesPages *createPropertiesPages(QWidget *parent) override;
     QVariantMap formatOf(const TCanvasItem &item) const override;
 
+signals:
+    /// A peak is highlighted, by its place in the list of the active spectrum of the item with that id.
+    void yrexPeakHighlighted(QUuid aSpecId, int aPeakIndex);
+    /// The mouse is over the label of a peak.
+    void yrexPeakLabelHighlighted(QUuid aSpecId, int aPeakIndex);
+    /// The mouse is over an integral, or it is highlighted.
+    void yrexIntegralHighlighted(QUuid aSpecId, QUuid aIntgId);
+
+private slots:
+    void onHotAreaMouseBtnReleased(const TPlotHotArea &aArea, TCanvasSpectrum *aItem);
+    void onHotAreaHighlighted(const TPlotHotArea &aArea, TCanvasSpectrum *aItem);
+    void onHotAreaFocusOut();
+    /// The id is that of an item; its active spectrum is meant.
+    void annotateYrexPeak(QUuid aSpecId, QUuid aPeakId);
+    void highlightPeak(QUuid aSpecId, QUuid aPeakId);
+    void highlightPeaks(QUuid aSpecId, QSet<QUuid> aPeakIds);
+    void highlightIntegral(QUuid aSpecId, QUuid aIntgId);
+
 private:
     void init(IPluginHost *host);
+    void addHotAreas(IGuiHost &gui);
+    void tellHighlights();
 
     std::unique_ptr<TYrexHighlightHandler> fHighlights; // null before the host is known
+    std::unique_ptr<TYrexMarkEditor> fMarks;            // null before the host is known
+    QPointer<TYrexHotAreasHandler> fHotAreas;           // of the window
     std::unique_ptr<TYrexActions> fActions;             // null before the host is known
 };

@@ -7,8 +7,8 @@
 #include "TMMActYrexIntegrate.h"
 #include "TMMActYrexManualPeakPicking.h"
 #include "TMMActYrexPeakByPeak.h"
-#include "WYrexMultipointBaselineDock.h"
 #include "WYrexIntegralsDock.h"
+#include "WYrexMultipointBaselineDock.h"
 #include "WYrexPeaksDock.h"
 #include "YrexModeIds.h"
 #include "contexts/TDARegion.h"
@@ -21,16 +21,15 @@ namespace {
 // logical pixels
 constexpr int cTablesHeight = 260;
 constexpr int cMultipointWidth = 330;
-constexpr int cTablesHeight = 220; // px
 
 } // namespace
 
 void YrexFactories::addDocks(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)
 {
     gui.addDock(new WYrexMultipointBaselineDock(host), {Qt::RightDockWidgetArea, QString(), 1, false, cMultipointWidth});
+    gui.addDock(new WYrexPeaksDock(host, highlights), {Qt::BottomDockWidgetArea, "Ctrl+3", 3, false, cTablesHeight});
     gui.addDock(new WYrexIntegralsDock(host, highlights),
                 {Qt::BottomDockWidgetArea, "Ctrl+4", 4, false, cTablesHeight});
-    gui.addDock(new WYrexPeaksDock(host, highlights), {Qt::BottomDockWidgetArea, "Ctrl+3", 3, false, cTablesHeight});
 }
 
 void YrexFactories::addModes(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)

@@ -4,6 +4,8 @@
 
 QString TPlotReadout::text() const
 {
+    if (!fMark.isEmpty())
+        return fMark;
     if (!fIsValid)
         return QString();
     QString text = "x " + fX;

@@ -14,6 +14,7 @@ struct TPlotReadout
     QString fSecondX; // "6245.3 nm"; empty where x does not convert
     QString fY;
     QString fTitle;
+    QString fMark; // of the mark under the mouse, which stands for all of these
 
     /// "x 1601.2 cm-1 (6245.3 nm)  y 0.842  polystyrene  #4 of 12"
     QString text() const;

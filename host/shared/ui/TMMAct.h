@@ -36,6 +36,8 @@ public:
     virtual bool mouseDoubleClick(QMouseEvent *, const TMouseSpot &) { return false; }
     virtual bool keyPress(QKeyEvent *) { return false; }
     virtual bool keyRelease(QKeyEvent *) { return false; }
+    /// Whether a key is its own now, although it is a shortcut of the window or moves the focus.
+    virtual bool wantsKey(const QKeyEvent &) const { return false; }
     virtual bool wheel(QWheelEvent *, const TMouseSpot &) { return false; }
     /// The pointer went out of the view.
     virtual void pointerLeft() {}

@@ -1,5 +1,7 @@
 #include "ui/TPluginMouseModeHandler.h"
 
+#include "ui/TBaseHotAreasHandler.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -45,6 +47,13 @@ void TPluginMouseModeHandler::append(TMMAct *act)
     act->setView(fView);
 }
 
+void TPluginMouseModeHandler::appendHotAreas(TBaseHotAreasHandler *handler)
+{
+    handler->setParent(this);
+    handler->setView(fView);
+    fHotAreas.append(handler);
+}
+
 QList<QUuid> TPluginMouseModeHandler::modes() const
 {
     QList<QUuid> ids;
@@ -73,6 +82,8 @@ void TPluginMouseModeHandler::setMode(const QUuid &mode, const QByteArray &argum
     fArgument = next ? argument : QByteArray();
     if (fCurrent)
         fCurrent->enter(fArgument);
+    for (TBaseHotAreasHandler *handler : qAsConst(fHotAreas))
+        handler->setMode(this->mode());
     if (fView)
         fView->updateOverlay();
     emit modeChanged(this->mode());
@@ -84,6 +95,11 @@ void TPluginMouseModeHandler::setView(IPlotView *view)
         return;
     if (fCurrent)
         fCurrent->cancelGesture();
+    for (TBaseHotAreasHandler *handler : qAsConst(fHotAreas)) {
+        handler->cancelGesture();
+        handler->leaveView();
+        handler->setView(view);
+    }
     fView = view;
     for (const auto &act : fActs)
         act->setView(view);

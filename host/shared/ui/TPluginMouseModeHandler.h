@@ -2,9 +2,12 @@
 
 #include "ui/TMMAct.h"
 
+#include <QList>
 #include <QObject>
 #include <memory>
 #include <vector>
+
+class TBaseHotAreasHandler;
 
 /// The mouse modes of a window or plug-in, of which one is on at a time; the null id is none.
 class TBaseMouseModeHandler : public QObject
@@ -40,6 +43,11 @@ public:
     /// The view in which the modes work; a drag under way in another one is given up.
     void setView(IPlotView *view);
 
+    /// What answers on the hot areas of a module's items, with or without a mode; taken over. They are asked in the order
+    /// in which they were added.
+    void appendHotAreas(TBaseHotAreasHandler *handler);
+    const QList<TBaseHotAreasHandler *> &hotAreas() const { return fHotAreas; }
+
     /// Hands an event of the view to the mode that is on. Whether it took it.
     bool event(QEvent *event, const TMouseSpot &spot);
     /// Escape: gives up a drag under way, else leaves the mode; false when there was neither.
@@ -56,6 +64,7 @@ private:
     TMMAct *fCurrent = nullptr;
     QByteArray fArgument;
     IPlotView *fView = nullptr;
+    QList<TBaseHotAreasHandler *> fHotAreas; // children
 };
 
 /// Hands an event to the operation of a mode that is made for it. Whether the mode took it.
