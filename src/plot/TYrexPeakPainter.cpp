@@ -13,15 +13,15 @@ namespace {
 
 enum TPosition { cAtTop = 0, cAtBottom = 1, cAtPeak = 2, cGroups = 4 };
 
-constexpr double cGap = 5.0;          // between peak, tick and text
-constexpr double cTick = 20.0;        // length of the tick of a peak
-constexpr double cStub = 10.0;        // upright part of a leader line at its peak
-constexpr double cBend = 30.0;        // where the slanted part ends
-constexpr double cLeader = 40.0;      // where the leader line ends
-constexpr double cLeaderWidth = 0.6;  // of the pen's width
+constexpr double cGap = 5.0;            // between peak, tick and text
+constexpr double cTick = 20.0;          // length of the tick of a peak
+constexpr double cStub = 10.0;          // upright part of a leader line at its peak
+constexpr double cBend = 30.0;          // where the slanted part ends
+constexpr double cLeader = 40.0;        // where the leader line ends
+constexpr double cLeaderWidth = 0.6;    // of the pen's width
 constexpr double cHighlightWidth = 2.0; // of the pen's width
-constexpr double cTolerance = 1e-12;  // relative, of places that count as the same
-constexpr double cUprightGlyph = 4.0; // part of the height by which a turned base line stands right of the middle
+constexpr double cTolerance = 1e-12;    // relative, of places that count as the same
+constexpr double cUprightGlyph = 4.0;   // part of the height by which a turned base line stands right of the middle
 
 bool isSame(double l, double r)
 {

@@ -190,5 +190,6 @@ TCommand *TYrexBoundDrag::finish()
         return new TCmdYrexEditIntegral(TCanvasItemList{fItem.get()}, fEdited, fBefore.id);
     const int unit = plot()->xUnits();
     const double place = fEdge == TCmdYrexEditIntegral::cFirstBound ? fEdited.boundA : fEdited.boundB;
-    return new TCmdYrexEditIntegral(fItem.get(), fBefore.id, fEdge, YrexMarkPlaces::xAt(*spectrum(), place, unit), unit);
+    return new TCmdYrexEditIntegral(fItem.get(), fBefore.id, fEdge, YrexMarkPlaces::xAt(*spectrum(), place, unit),
+                                    unit);
 }

@@ -67,7 +67,8 @@ QString TYrexCursorInfoHandler::peakText(const TCanvasYrexSpectrum &item, const 
                       significant(y)};
     if (record.width > 0.0) {
         const double half = record.width / 2.0;
-        const double width = YrexMarkPlaces::xAt(*spectrum, record.position + half, unit) - YrexMarkPlaces::xAt(*spectrum, record.position - half, unit);
+        const double width = YrexMarkPlaces::xAt(*spectrum, record.position + half, unit) -
+                             YrexMarkPlaces::xAt(*spectrum, record.position - half, unit);
         parts.append(tr("width %1").arg(TNumberFormat::fixed(std::abs(width), decimals)));
     }
     parts.append(record.flags & TYrexDPLib::cAutoPicked ? tr("auto") : tr("manual"));

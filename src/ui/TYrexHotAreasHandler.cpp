@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr double cDecideReach = 6.0; // pixels until a drag of the middle handle has its direction
+constexpr double cDecideReach = 6.0;  // pixels until a drag of the middle handle has its direction
 constexpr double cWheelHeight = 10.0; // canvas units a notch
 constexpr double cNotch = 120.0;
 constexpr double cBandAlpha = 0.15;
@@ -275,7 +275,8 @@ void TYrexHotAreasHandler::paintBand(QPainter &painter) const
     const QRectF curves = plot->plotter()->getPlotCurvesRect();
     double from = 0.0;
     double to = 0.0;
-    if (!plot->plotter()->scale2Canvas(horzDir, fBandFrom, from) || !plot->plotter()->scale2Canvas(horzDir, fBandTo, to))
+    if (!plot->plotter()->scale2Canvas(horzDir, fBandFrom, from) ||
+        !plot->plotter()->scale2Canvas(horzDir, fBandTo, to))
         return;
     const QRectF band = QRectF(QPointF(from, curves.top()), QPointF(to, curves.bottom())).normalized() & curves;
     QColor fill = Utils::Color::cSelectionColors.first();
@@ -310,13 +311,13 @@ void TYrexHotAreasHandler::paint(QPainter &painter)
 
 bool TYrexHotAreasHandler::wheel(QWheelEvent *event, const TMouseSpot &spot)
 {
-    const bool isCurve = answers(spot) && spot.area.type() == TPlotHotArea::integral &&
-                         (spot.area.subType() & (T1DYrexPlot::cCurveArea | T1DYrexPlot::cCurveTop |
-                                                 T1DYrexPlot::cCurveBottom)) != 0;
+    const bool isCurve =
+        answers(spot) && spot.area.type() == TPlotHotArea::integral &&
+        (spot.area.subType() & (T1DYrexPlot::cCurveArea | T1DYrexPlot::cCurveTop | T1DYrexPlot::cCurveBottom)) != 0;
     if (!isCurve || !(event->modifiers() & Qt::ControlModifier) || !mode().isNull())
         return false;
     const double notches = event->angleDelta().y() / cNotch;
-    view()->history().push(new TCmdYrexIntegralElementMove(
-        {spot.item}, TCmdYrexIntegralElementMove::cCurveHeight, notches * cWheelHeight));
+    view()->history().push(new TCmdYrexIntegralElementMove({spot.item}, TCmdYrexIntegralElementMove::cCurveHeight,
+                                                           notches * cWheelHeight));
     return true;
 }

@@ -72,7 +72,7 @@ private:
     TYrexCursorInfoHandler fInfo;
     TCursorInfoNotifier fNotifier;
     std::unique_ptr<TYrexAreaDrag> fDrag;
-    TMouseSpot fPress;           // of a drag whose direction is not known yet
+    TMouseSpot fPress; // of a drag whose direction is not known yet
     bool fIsUndecided = false;
     TSecurePtr<TCanvasSpectrum> fBandItem;
     double fBandFrom = 0.0;

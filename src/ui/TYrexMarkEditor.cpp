@@ -46,18 +46,17 @@ bool TYrexMarkEditor::editPeak(TCanvasYrexSpectrum *item, const QUuid &peak)
         return false;
     const TYrexDPLib::TYrexDPPeak &record = *spectrum->peaks().at(index);
     const double x = YrexMarkPlaces::xAt(*spectrum, record.position, plot->xUnits());
-    const QString place = QString("%1 %2").arg(TNumberFormat::fixed(x, plot->viewDecimals(horzDir)),
-                                               TYrexCursorInfoHandler::unitSign(plot->xUnits())).trimmed() +
-                          ", " +
-                          TYrexCursorInfoHandler::significant(
-                              spectrum->values().value(int(record.position), record.intensity));
+    const QString place =
+        QString("%1 %2")
+            .arg(TNumberFormat::fixed(x, plot->viewDecimals(horzDir)), TYrexCursorInfoHandler::unitSign(plot->xUnits()))
+            .trimmed() +
+        ", " + TYrexCursorInfoHandler::significant(spectrum->values().value(int(record.position), record.intensity));
     const TYrexPeakPlotProperties &labels = plot->peakProperties();
     const QString prefix = labels.content & TYrexPeakPlotProperties::cPosition
                                ? QString::number(x, 'f', labels.decimals) + ' '
                                : QString();
     const QString before = record.annotation;
-    auto *dialog =
-        new WYrexPeakAnnotationDialog(place, prefix, before, annotations(), fHost.gui()->mainWindow());
+    auto *dialog = new WYrexPeakAnnotationDialog(place, prefix, before, annotations(), fHost.gui()->mainWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     const TSecurePtr<TCanvasYrexSpectrum> edited(item);
     connect(dialog, &QDialog::accepted, this, [this, dialog, edited, peak, before] {

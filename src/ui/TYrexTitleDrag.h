@@ -26,6 +26,6 @@ private:
 
     TSecurePtr<TCanvasYrexSpectrum> fItem;
     int fSpectrum;
-    int fGap = -1;   // before which of `order` it would come; -1 before the first move
-    QLineF fMark;    // item coordinates
+    int fGap = -1; // before which of `order` it would come; -1 before the first move
+    QLineF fMark;  // item coordinates
 };

@@ -190,8 +190,9 @@ void WYrexIntegralDialog::showFigures()
     const int to = std::min(int(std::max(region.boundA, region.boundB)), values.size() - 1);
     for (int i = std::max(from, 0); i <= to; ++i)
         maximum = i == std::max(from, 0) ? values.at(i) : std::max(maximum, values.at(i));
-    fFigures->setText(tr("Area %1   Maximum %2").arg(TYrexCursorInfoHandler::significant(region.area),
-                                                     TYrexCursorInfoHandler::significant(maximum)));
+    fFigures->setText(
+        tr("Area %1   Maximum %2")
+            .arg(TYrexCursorInfoHandler::significant(region.area), TYrexCursorInfoHandler::significant(maximum)));
     bool isWrong = false;
     for (const TRow &row : qAsConst(fRows))
         isWrong = isWrong || !(row.fFrom < row.fTo);
@@ -257,7 +258,7 @@ void WYrexIntegralDialog::apply(TCommandHistory &history) const
         }
     }
     if (fReference >= 0)
-        history.push(new TCmdYrexIntegralNormalize(
-            {fItem.get()}, spectrum()->integrals().indexOf(fRows.at(fReference).fId), fNorm));
+        history.push(new TCmdYrexIntegralNormalize({fItem.get()},
+                                                   spectrum()->integrals().indexOf(fRows.at(fReference).fId), fNorm));
     history.endMerged();
 }

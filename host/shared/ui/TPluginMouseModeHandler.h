@@ -43,8 +43,8 @@ public:
     /// The view in which the modes work; a drag under way in another one is given up.
     void setView(IPlotView *view);
 
-    /// What answers on the hot areas of a module's items, with or without a mode; taken over. They are asked in the order
-    /// in which they were added.
+    /// What answers on the hot areas of a module's items, with or without a mode; taken over. They are asked in the
+    /// order in which they were added.
     void appendHotAreas(TBaseHotAreasHandler *handler);
     const QList<TBaseHotAreasHandler *> &hotAreas() const { return fHotAreas; }
 
