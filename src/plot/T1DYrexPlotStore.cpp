@@ -18,6 +18,7 @@ void T1DYrexPlot::resetFullView(TDataStream &stream)
     T1DStackedPlot::resetFullView(stream);
     fIntegralProperties.load(stream);
     fPeakProperties.load(stream);
+    reserveLabelStrips(); // an overview has no labels: places of the view are asked for again
 }
 
 void T1DYrexPlot::store(TDataStream &stream) const

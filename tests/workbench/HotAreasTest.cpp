@@ -1,5 +1,8 @@
 // The hand on marks: peaks and integrals are highlighted, dragged and deleted.
 #include "TMarksFixture.h"
+#include "stream/TDataStream.h"
+
+#include <QPainter>
 
 namespace {
 
@@ -162,4 +165,27 @@ TEST_F(HotAreasTest, noMarkAnswersInAModeThatDrawsBoxes)
     drag(middle, middle - QPoint(0, 60));
     EXPECT_NE(lastStep(), "Move Integrals Labels");
     EXPECT_FALSE(readoutAt(middle).startsWith("Integral"));
+}
+
+TEST_F(HotAreasTest, aThumbnailLeavesThePlacesOfTheViewAlone)
+{
+    openMarks();
+    fWindow->grab();
+    const auto heightOf = [this](double y) {
+        double place = 0.0;
+        EXPECT_TRUE(plot()->plotter()->scale2Canvas(vertDir, y, place));
+        return place;
+    };
+    QPixmap pixels(400, 300);
+    QPainter painter(&pixels);
+    const QRectF rect(QPointF(), item()->rect().size());
+    plot()->draw(painter, rect);
+    const double before = heightOf(0.5);
+    QByteArray bytes;
+    TDataStream out(&bytes, QIODevice::WriteOnly);
+    plot()->setupFullView(out);
+    plot()->draw(painter, rect);
+    TDataStream in(bytes);
+    plot()->resetFullView(in);
+    EXPECT_DOUBLE_EQ(heightOf(0.5), before);
 }
