@@ -135,8 +135,10 @@ QList<WPluginDockWidget *> TDockController::itemDocks() const
 
 void TDockController::setItem(TCanvasItem *item)
 {
-    for (WPluginDockWidget *dock : itemDocks())
+    for (WPluginDockWidget *dock : itemDocks()) {
         dock->setItem(item);
+        dock->selectionChanged();
+    }
 }
 
 void TDockController::refreshItem()

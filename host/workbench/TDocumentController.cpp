@@ -114,6 +114,7 @@ WDocumentView *TDocumentController::add(std::unique_ptr<TDocument> owned)
     fDocuments.push_back({std::move(owned), view});
     connect(document->history().stack(), &QUndoStack::indexChanged, this, &TDocumentController::contentChanged);
     connect(document, &TDocument::modifiedChanged, this, &TDocumentController::contentChanged);
+    connect(document, &TDocument::stepReplaced, this, &TDocumentController::contentChanged);
     connect(document, &TDocument::pagesChanged, this, [this, document] { followPages(document); });
     connect(document, &TDocument::currentPageChanged, this, [this, document] { followPages(document); });
     emit viewAdded(view);

@@ -7,6 +7,9 @@
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 
+#include <QElapsedTimer>
+#include <algorithm>
+
 namespace {
 
 bool isIntensityUnit(int unit)
@@ -78,9 +81,16 @@ void TYrexSpectrumProcParams::process(int flags, int from, int to)
     bool baselineRan = false;
     bool goOn = true;
     int index = 0;
+    fRunTimes.resize(std::min(from, fRunTimes.size()));
+    QElapsedTimer timer;
     while (index <= to && index < actionCount()) {
+        timer.start();
         if (index >= from)
             goOn = runAction(index, baselineRan);
+        if (index >= from && isApplied(index)) {
+            fRunTimes.resize(index + 1);
+            fRunTimes[index] = double(timer.nsecsElapsed()) * 1e-6;
+        }
         if (!goOn)
             break;
         ++index;

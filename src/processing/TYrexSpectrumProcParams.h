@@ -21,6 +21,10 @@ public:
     TYrexProcParams &params() { return *this; }
     const TYrexProcParams &lastApplied() const { return fLastApplied; }
 
+    /// How long the action at that place of the chain took in the last run, in milliseconds; 0 for one that did not
+    /// run. Neither persisted nor copied.
+    double runTime(int index) const { return fRunTimes.value(index); }
+
     void store(TDataStream &stream) const;
     void load(TDataStream &stream);
 
@@ -38,4 +42,5 @@ private:
 
     TYrexProcParams fLastApplied;
     TYrexSpectrum *fSpectrum;
+    QVector<double> fRunTimes; // up to the last action that ran
 };

@@ -217,6 +217,8 @@ bool TYrexActions::toggleProcessing(int action) const
     if (isApplied && action == cProcMultipointBaseline &&
         map.value(QLatin1String(cKeyMultipointBaseline)).toList().isEmpty())
         offerBaseline();
+    if (isApplied && showDock(cProcessingDock, true))
+        QMetaObject::invokeMethod(fHost.gui()->dock(cProcessingDock), "act_qlistwid", Q_ARG(int, action));
     return isApplied;
 }
 

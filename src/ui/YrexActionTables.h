@@ -67,4 +67,5 @@ constexpr TYrexDockAction cDockActions[] = {
 };
 
 constexpr char cProcessingDock[] = "yrexProcessingWidget";
+constexpr char cRecentProcessingKey[] = "Zarnu/Recent/Processing";
 constexpr char cMultipointDock[] = "yrexMultipointBCWidget";

@@ -10,6 +10,7 @@
 #include "WYrexIntegralsDock.h"
 #include "WYrexMultipointBaselineDock.h"
 #include "WYrexPeaksDock.h"
+#include "WYrexProcessingWidget.h"
 #include "YrexModeIds.h"
 #include "contexts/TDARegion.h"
 #include "services/IGuiHost.h"
@@ -21,12 +22,14 @@ namespace {
 // logical pixels
 constexpr int cTablesHeight = 260;
 constexpr int cMultipointWidth = 330;
+constexpr int cProcessingWidth = 340;
 
 } // namespace
 
 void YrexFactories::addDocks(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)
 {
     gui.addDock(new WYrexMultipointBaselineDock(host), {Qt::RightDockWidgetArea, QString(), 1, false, cMultipointWidth});
+    gui.addDock(new WYrexProcessingWidget(host), {Qt::RightDockWidgetArea, "Ctrl+2", 2, true, cProcessingWidth});
     gui.addDock(new WYrexPeaksDock(host, highlights), {Qt::BottomDockWidgetArea, "Ctrl+3", 3, false, cTablesHeight});
     gui.addDock(new WYrexIntegralsDock(host, highlights),
                 {Qt::BottomDockWidgetArea, "Ctrl+4", 4, false, cTablesHeight});

@@ -20,11 +20,13 @@ TDocument::TDocument(QObject *parent)
             emit modifiedChanged(fModified);
         emit historyChanged();
     });
+    fHistory.setReplacedHandler([this] { emit stepReplaced(); });
 }
 
 TDocument::~TDocument()
 {
     fHistory.setChangedHandler({});
+    fHistory.setReplacedHandler({});
     fHistory.stack()->clear();
     qDeleteAll(fPages);
 }

@@ -82,6 +82,8 @@ signals:
     void modifiedChanged(bool modified);
     /// A step was done, undone, done again or took in another command.
     void historyChanged();
+    /// Within an edit run a command took the place of its predecessor: the document changed, the undo stack did not.
+    void stepReplaced();
     void currentPageChanged(TPage *page);
     /// Pages came, went or changed places.
     void pagesChanged();

@@ -164,6 +164,8 @@ bool TCommandHistory::replaceInRun(std::unique_ptr<TCommand> &command)
         fStack.undo(); // which deletes an obsolete step
     }
     changed();
+    if (fReplaced)
+        fReplaced();
     return true;
 }
 

@@ -49,6 +49,9 @@ public:
     /// Called after every step, its undo and redo.
     void setChangedHandler(const std::function<void()> &handler) { fChanged = handler; }
 
+    /// Called when a command took the place of another within an edit run, of which the undo stack does not tell.
+    void setReplacedHandler(const std::function<void()> &handler) { fReplaced = handler; }
+
     QUndoStack *stack() { return &fStack; }
     /// The entries of all commands on the stack, in the order in which they were done.
     QList<THistoryCommand *> entries() const;
@@ -74,6 +77,7 @@ private:
     /// Names the state of the document: the last step done that changed more than views; 0 without one.
     qint64 stamp() const;
 
+    std::function<void()> fReplaced;
     std::function<void()> fChanged; // stands before the stack, whose end calls it no more
     qint64 fLastStamp = 0;
     qint64 fCleanStamp = 0;

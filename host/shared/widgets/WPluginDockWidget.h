@@ -20,6 +20,8 @@ public:
     void itemChanged(TCanvasItem *item);
     /// The item that is shown; null when there is none, and when it is gone.
     TCanvasItem *item() const { return fItem.get(); }
+    /// Other items may be selected than before; the item that is shown is the same or was told already.
+    virtual void selectionChanged() {}
     /// Shows the present item anew.
     virtual void refresh() {}
     /// Lets go of what belongs to a plug-in.
