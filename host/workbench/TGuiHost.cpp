@@ -15,6 +15,7 @@
 
 TGuiHost::TGuiHost(WMainWindow &window)
     : fWindow(window)
+    , fReports(&window)
 {
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TReportService.h"
 #include "services/IGuiHost.h"
 
 class TActionTable;
@@ -31,9 +32,10 @@ public:
     IEditSession *editSession() const override { return fEditSession; }
     void itemInUse(TCanvasItem *item) override;
     QAction *action(const QString &name) override;
-    IReportService *reports() override { return nullptr; }
+    IReportService *reports() override { return &fReports; }
 
 private:
     WMainWindow &fWindow;
     IEditSession *fEditSession = nullptr; // not owned
+    TReportService fReports;
 };

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr double cSliderFactor = 100.0;
+constexpr int cLeastLetters = 14; // of the texts of options
 
 /// Passes the wheel on to what scrolls unless the control has the focus.
 class TWheelGuard : public QObject
@@ -130,6 +131,7 @@ QComboBox *WYrexActionPanel::addCombo(const QString &name, const QString &label,
         combo->addItem(TYrexProcParams::label(option), option);
     guardWheel(combo);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(cLeastLetters);
     addRow(combo, name, label, key, toolTip);
     connect(combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, combo] { noteEdit(combo); });
     return combo;

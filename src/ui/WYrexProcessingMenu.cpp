@@ -1,4 +1,4 @@
-// The menu of the list of actions, and the multipoint side of the dock.
+// The menus of the dock, and its multipoint side.
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexChainJson.h"
 #include "TYrexChainRules.h"
@@ -6,13 +6,60 @@
 #include "WYrexActionPanels.h"
 #include "WYrexProcessingWidget.h"
 #include "YrexActionTables.h"
+#include "YrexProcessingReport.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "widgets/WOpenSaveWidget.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
+#include <QToolButton>
+
+namespace {
+
+constexpr char cReporter[] = "ZarnuProcessingActionsReporter";
+
+} // namespace
+
+void WYrexProcessingWidget::makeReportButton()
+{
+    auto *button = new QToolButton;
+    button->setObjectName("reportButton");
+    button->setText(QString(QChar(0x2261)));
+    button->setToolTip(tr("Report of the actions"));
+    button->setAccessibleName(button->toolTip());
+    button->setPopupMode(QToolButton::InstantPopup);
+    auto *menu = new QMenu(button);
+    menu->addAction(QIcon(":/images/table.png"), tr("Report"), this, &WYrexProcessingWidget::onReport);
+    menu->addAction(QIcon(":/images/report-copy.png"), tr("Copy report"), this, &WYrexProcessingWidget::onReportCopy);
+    button->setMenu(menu);
+    fOpenSave->addButton(button);
+    IReportService *reports = host().gui() ? host().gui()->reports() : nullptr;
+    if (!reports)
+        return;
+    // the service may outlive the dock
+    reports->registerReporter(cReporter, [dock = QPointer<WYrexProcessingWidget>(this)] {
+        return dock && dock->spectrumItem() ? yrexProcessingReport(*dock->spectrumItem()) : TReport();
+    });
+}
+
+void WYrexProcessingWidget::onReport()
+{
+    host().gui()->reports()->show(cReporter);
+}
+
+void WYrexProcessingWidget::onReportCopy()
+{
+    host().gui()->reports()->copy(cReporter);
+}
+
+void WYrexProcessingWidget::onReportSetup()
+{
+    host().gui()->reports()->setup(cReporter);
+}
 
 void WYrexProcessingWidget::showMenu(const QPoint &place)
 {

@@ -28,6 +28,7 @@ namespace {
 
 constexpr int cSpacing = 4;
 constexpr int cSmallButton = 32;
+constexpr int cLeastWidth = 328; // with the margins of the dock 340
 
 /// The only local file of a drag, when it is a template.
 QString templateOf(const QMimeData *mime)
@@ -64,6 +65,7 @@ void WYrexProcessingWidget::makeContent()
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(fOpenSave);
     column->addWidget(fOpenSaveFrame);
+    makeReportButton();
     column->addWidget(makeListGroup());
     fBaselineNote = new QLabel(tr("Baseline shown: other actions wait."), content);
     fBaselineNote->setObjectName("baselineNote");
@@ -79,6 +81,7 @@ void WYrexProcessingWidget::makeContent()
     column->addWidget(scroll, 1);
     setContent(content);
     content->setFocusProxy(fList);
+    content->setMinimumWidth(cLeastWidth);
 }
 
 QPushButton *WYrexProcessingWidget::makeButton(const char *name, const QString &text, const QString &toolTip,

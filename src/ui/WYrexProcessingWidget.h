@@ -36,6 +36,9 @@ public slots:
     void updateItemChanged(QListWidgetItem *item);
     void open(QString aFileName);
     void save(QString aFileName);
+    void onReport();
+    void onReportCopy();
+    void onReportSetup();
     void onMPBCNewBaseline();
     void removeYrexProcessingAction();
     void duplicateYrexProcessingActions();
@@ -48,6 +51,7 @@ protected:
 
 private:
     void makeContent();
+    void makeReportButton();
     QWidget *makeListGroup();
     QPushButton *makeButton(const char *name, const QString &text, const QString &toolTip,
                             void (WYrexProcessingWidget::*slot)());

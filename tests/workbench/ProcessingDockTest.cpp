@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
@@ -297,4 +298,32 @@ TEST_F(ProcessingDockTest, keysToggleMoveAndRemove)
     fWindow->actionTable().action("yrexMSCCorr")->trigger();
     EXPECT_TRUE(action(cScatter).value("apply").toBool());
     EXPECT_TRUE(the<QGroupBox>("yrexMSCCorrGroupBox")->isVisibleTo(fWindow.get())) << "its page is chosen";
+}
+
+TEST_F(ProcessingDockTest, theReportListsWhatIsApplied)
+{
+    open(writeCsv("one.csv"));
+    auto *dock = fWindow->findChild<QDockWidget *>("yrexProcessingWidget");
+    QMetaObject::invokeMethod(dock, "onReportCopy");
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("None Applied"));
+    check(cNormalization);
+    check(cSmoothing);
+    QMetaObject::invokeMethod(dock, "onReportCopy");
+    const QString plain = QApplication::clipboard()->text();
+    EXPECT_LT(plain.indexOf("1. Normalization"), plain.indexOf("2. Smoothing"));
+    EXPECT_TRUE(plain.contains("    Method: Savitzky"));
+    EXPECT_TRUE(plain.contains("    SG Kernel Length: 9"));
+    EXPECT_TRUE(plain.contains("Points: 101"));
+    for (const QString &line : plain.split('\n'))
+        EXPECT_LE(line.size(), 78) << line.toStdString();
+    const QString html = QApplication::clipboard()->mimeData()->html();
+    EXPECT_TRUE(html.contains("<h3>2. Smoothing</h3>"));
+    EXPECT_FALSE(html.contains("<script"));
+    QMetaObject::invokeMethod(dock, "onReport");
+    auto *preview = fWindow->findChild<QDialog *>("reportPreview");
+    ASSERT_TRUE(preview);
+    QApplication::clipboard()->clear();
+    preview->findChild<QPushButton *>("copyButton")->click();
+    EXPECT_EQ(QApplication::clipboard()->text(), plain);
+    preview->close();
 }
