@@ -1,7 +1,6 @@
-# Drawings (SVG) become pictures of one and two pixels a point, for both themes, in a resource of the target:
-#   yrex_images(TARGET FOLDER images|cursors SIDE NAME...)
-# FOLDER/NAME.svg gives ":/FOLDER/NAME.png". Images stand there as drawings as well, and as pictures for the dark theme in
-# ":/themes/dark/FOLDER".
+# Drawings (SVG) become pictures of one and two pixels a point in a resource of the target:
+#   yrex_images(TARGET images|cursors SIDE NAME...)
+# images/NAME.svg gives ":/images/NAME.png", and stands beside it as the drawing, from which icons of any size are made.
 function(yrex_images target folder side)
   set(out ${CMAKE_CURRENT_BINARY_DIR}/pictures)
   set(qrc ${out}/${target}_${folder}.qrc)
@@ -13,22 +12,14 @@ function(yrex_images target folder side)
     foreach(picture ${folder}/${name}.png ${folder}/${name}@2x.png)
       list(APPEND pictures ${out}/${picture})
       string(APPEND entries "    <file>${picture}</file>\n")
-      if(folder STREQUAL "images")
-        list(APPEND pictures ${out}/themes/dark/${picture})
-        string(APPEND entries "    <file>themes/dark/${picture}</file>\n")
-      endif()
     endforeach()
     if(folder STREQUAL "images")
       string(APPEND entries "    <file alias=\"${folder}/${name}.svg\">${CMAKE_CURRENT_SOURCE_DIR}/${folder}/${name}.svg</file>\n")
     endif()
   endforeach()
   file(CONFIGURE OUTPUT ${qrc} CONTENT "<RCC>\n  <qresource prefix=\"/\">\n${entries}  </qresource>\n</RCC>\n" @ONLY)
-  set(dark "")
-  if(folder STREQUAL "images")
-    set(dark COMMAND renderimages ${out}/themes/dark/${folder} ${side} "#E4E7EB" ${drawings})
-  endif()
   add_custom_command(OUTPUT ${pictures}
-    COMMAND renderimages ${out}/${folder} ${side} - ${drawings} ${dark}
+    COMMAND renderimages ${out}/${folder} ${side} ${drawings}
     DEPENDS renderimages ${drawings}
     COMMENT "Rendering ${folder} of ${target}" VERBATIM)
   set(code ${out}/qrc_${target}_${folder}.cpp)

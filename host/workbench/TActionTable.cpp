@@ -1,10 +1,10 @@
 #include "TActionTable.h"
 
 #include "log/TLogger.h"
+#include "ui/TIcons.h"
 
 #include <QAction>
 #include <QActionGroup>
-#include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTimer>
@@ -78,7 +78,11 @@ void TActionTable::makeAction(const TMarkupAction &markup)
     if (!markup.fIconText.isEmpty())
         action->setIconText(markup.fIconText);
     if (!markup.fIcon.isEmpty())
-        action->setIcon(QIcon(markup.fIcon));
+        action->setIcon(TIcons::load(markup.fIcon));
+    if (markup.fPriority == QLatin1String("low"))
+        action->setPriority(QAction::LowPriority);
+    else if (markup.fPriority == QLatin1String("high"))
+        action->setPriority(QAction::HighPriority);
     QList<QKeySequence> keys;
     for (const QString &text : markup.fShortcuts)
         keys.append(QKeySequence(text, QKeySequence::PortableText));
@@ -114,6 +118,36 @@ void TActionTable::on(const QString &name, const TRun &run, const TWhyNot &whyNo
 QAction *TActionTable::action(const QString &name) const
 {
     return fEntries.value(name).fAction;
+}
+
+bool TActionTable::isUsed(const QString &name) const
+{
+    return fEntries.value(name).fIsUsed;
+}
+
+QVector<TMarkupRibbonPage> TActionTable::ribbon() const
+{
+    QVector<TMarkupRibbonPage> pages;
+    const auto named = [](auto &parts, const auto &isIt) {
+        const auto found = std::find_if(parts.begin(), parts.end(), isIt);
+        return found == parts.end() ? nullptr : &*found;
+    };
+    for (const TMarkupRibbonPage &page : fMarkup.fRibbon) {
+        TMarkupRibbonPage *known = named(pages, [&page](const auto &one) { return one.fPage == page.fPage; });
+        if (!known) {
+            pages.append(page);
+            continue;
+        }
+        for (const TMarkupRibbonGroup &group : page.fGroups) {
+            TMarkupRibbonGroup *same =
+                named(known->fGroups, [&group](const auto &one) { return one.fName == group.fName; });
+            if (same)
+                same->fItems += group.fItems;
+            else
+                known->fGroups.append(group);
+        }
+    }
+    return pages;
 }
 
 QList<QAction *> TActionTable::actions() const
@@ -155,8 +189,10 @@ void TActionTable::fill(QMenu *menu, const QVector<TMarkupItem> &items)
         case TMarkupItem::cSubMenu: {
             QMenu *known = fMenus.value(item.fName);
             QMenu *sub = known ? known : makeMenu(item.fName, item.fText, menu);
-            if (!known)
+            if (!known) {
+                sub->setIcon(TIcons::load(item.fIcon));
                 fill(sub, item.fItems);
+            }
             if (item.fItems.isEmpty() || !sub->isEmpty()) // one without entries yet is filled when it opens
                 menu->addMenu(sub);                       // one of the menu bar stands in context menus as well
             break;

@@ -33,6 +33,10 @@ public:
     void on(const QString &name, const TRun &run, const TWhyNot &whyNot = {}, const TIsChecked &isChecked = {});
     /// The action with that name, or null.
     QAction *action(const QString &name) const;
+    /// Whether it was said what the action does.
+    bool isUsed(const QString &name) const;
+    /// The pages of the ribbon; what several mark-up files say of a page, or of a group of it, is put together.
+    QVector<TMarkupRibbonPage> ribbon() const;
     /// All actions that do something, in the order of the mark-up.
     QList<QAction *> actions() const;
     /// The menu with that name, or null.
@@ -40,6 +44,8 @@ public:
 
     /// Fills the menu bar; the actions get to `window`, so that their shortcuts work in it.
     void buildMenus(QMenuBar *bar, QWidget *window);
+    /// Appends entries to a menu.
+    void fillMenu(QMenu *menu, const QVector<TMarkupItem> &items) { fill(menu, items); }
     /// Appends the entries of a context menu to a menu.
     void fillContextMenu(const QString &name, QMenu *menu);
     /// Lets the keys of the plot work while that widget has the focus.

@@ -28,8 +28,11 @@ void dropInvalid(TMarkup &markup, const IPluginActions &plugin)
     };
     drop(markup.fActions);
     drop(markup.fRibbon);
-    for (TMarkupRibbonPage &page : markup.fRibbon)
+    for (TMarkupRibbonPage &page : markup.fRibbon) {
         drop(page.fGroups);
+        for (TMarkupRibbonGroup &group : page.fGroups)
+            drop(group.fItems);
+    }
 }
 
 } // namespace

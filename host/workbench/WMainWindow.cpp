@@ -36,9 +36,11 @@
 #include "WPageNavigator.h"
 #include "WRecoveryDialog.h"
 #include "WRegionValuesDock.h"
+#include "WRibbon.h"
 #include "WStackedSpectraDock.h"
 #include "WStatusReadout.h"
 #include "canvas/TCanvasItem.h"
+#include "canvas/TCanvasSpectrum.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "services/IEditSession.h"
@@ -55,6 +57,7 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QToolBar>
 
 /// The resources of a static library are linked only where they are asked for, and that cannot be inside a namespace.
 static void initResources()
@@ -104,6 +107,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     makeDocks();
     connectActions();
     fActions->buildMenus(menuBar(), this);
+    makeRibbon();
     connectDocuments();
     fStatus = new WStatusReadout(statusBar(), *fDocuments);
     new TEmptyStateController(host, *fDocuments, *fFiles, this);
@@ -153,6 +157,9 @@ void WMainWindow::connectActions()
     fActions->on(
         "fullScreen", [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); }, {},
         [this] { return isFullScreen(); });
+    fActions->on(
+        "collapseRibbon", [this] { fRibbon->setCollapsed(!fRibbon->isCollapsed()); }, {},
+        [this] { return fRibbon && fRibbon->isCollapsed(); });
     fActions->on("about", [this] { about(); });
     new TPageController(*fActions, *fDocuments, this);
     new TViewController(*fActions, *fDocuments, this);
@@ -210,6 +217,21 @@ void WMainWindow::addThemes()
     add("themeDark", TTheme::cDark);
 }
 
+/// In a tool bar, which stands outside of the docks.
+void WMainWindow::makeRibbon()
+{
+    fRibbon = new WRibbon(*fActions);
+    auto *bar = new QToolBar(tr("Ribbon"), this);
+    bar->setObjectName("ribbonBar");
+    bar->setMovable(false);
+    bar->setFloatable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu); // it would offer to hide it
+    bar->toggleViewAction()->setVisible(false);
+    bar->addWidget(fRibbon);
+    addToolBar(Qt::TopToolBarArea, bar);
+    connect(fRibbon, &WRibbon::collapsedChanged, fActions, &TActionTable::scheduleUpdate);
+}
+
 /// A page of one item is about that item, so that docks show it at once.
 void WMainWindow::selectOnlyItem()
 {
@@ -226,7 +248,10 @@ void WMainWindow::followSelection()
     if (!view)
         return;
     fHost.itemList() = fDocuments->view()->selection().items();
+    const TCanvasItem *active = fDocuments->view()->selection().active();
     fGui->itemInUse(fDocuments->view()->selection().active());
+    const bool isSpectrum = dynamic_cast<const TCanvasSpectrum *>(active);
+    fRibbon->setActiveKind(isSpectrum ? active->type() + " Spectrum" : QString());
     fActions->scheduleUpdate();
 }
 

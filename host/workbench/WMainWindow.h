@@ -22,6 +22,7 @@ class TGuiHost;
 class TKelmoraHost;
 class WHistoryPane;
 class WPageNavigator;
+class WRibbon;
 class WStackedSpectraDock;
 
 /// The window: menus, the documents in the middle, docks around them. What actions do stands in the controllers.
@@ -43,6 +44,7 @@ public:
     TDockController &docks() { return *fDocks; }
     TModeController &modes() { return *fModes; }
     TShellController &shell() { return *fShell; }
+    WRibbon &ribbon() { return *fRibbon; }
     WStatusReadout &status() { return *fStatus; }
     /// Places the window and its docks as they were left, or as at the first start.
     void restoreLayout();
@@ -60,6 +62,7 @@ private:
     void makeDocks();
     void saveLayout() const;
     void addThemes();
+    void makeRibbon();
     void selectOnlyItem();
     void followSelection();
     void updateTitle();
@@ -86,4 +89,5 @@ private:
     TExportController *fExports = nullptr;
     TPrintController *fPrinting = nullptr;
     WStatusReadout *fStatus = nullptr;
+    WRibbon *fRibbon = nullptr;
 };

@@ -1,7 +1,5 @@
-#include <QColor>
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QPainter>
@@ -9,15 +7,12 @@
 #include <cstdio>
 
 // Renders drawings into the pictures that resources are made of, at build:
-//   renderimages FOLDER SIDE INK FILE.svg...
-// writes FOLDER/NAME.png with SIDE pixels a side and FOLDER/NAME@2x.png with twice as many. INK takes the place of the
-// drawings' own ink, for the dark theme; "-" leaves it.
+//   renderimages FOLDER SIDE FILE.svg...
+// writes FOLDER/NAME.png with SIDE pixels a side and FOLDER/NAME@2x.png with twice as many.
 
 namespace {
 
-constexpr char cInk[] = "#2B2F36"; // of all drawings
-
-bool render(const QByteArray &drawing, int side, const QString &path)
+bool render(const QString &drawing, int side, const QString &path)
 {
     QSvgRenderer renderer(drawing);
     if (!renderer.isValid())
@@ -38,19 +33,15 @@ int main(int argc, char *argv[])
     const QCoreApplication app(argc, argv); // paths only, so no display is needed
     const QStringList arguments = QCoreApplication::arguments();
     const int side = arguments.value(2).toInt();
-    if (arguments.size() < 5 || side < 1 || side > 1024) {
-        std::fprintf(stderr, "renderimages FOLDER SIDE INK FILE.svg...\n");
+    if (arguments.size() < 4 || side < 1 || side > 1024) {
+        std::fprintf(stderr, "renderimages FOLDER SIDE FILE.svg...\n");
         return 2;
     }
     const QDir folder(arguments.at(1));
     folder.mkpath(".");
-    for (const QString &path : arguments.mid(4)) {
-        QFile file(path);
-        QByteArray drawing = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-        if (arguments.at(3) != QLatin1String("-"))
-            drawing.replace(cInk, arguments.at(3).toLatin1());
+    for (const QString &path : arguments.mid(3)) {
         const QString name = folder.filePath(QFileInfo(path).completeBaseName());
-        if (!render(drawing, side, name + ".png") || !render(drawing, 2 * side, name + "@2x.png")) {
+        if (!render(path, side, name + ".png") || !render(path, 2 * side, name + "@2x.png")) {
             std::fprintf(stderr, "renderimages: %s is no drawing that could be rendered\n", qPrintable(path));
             return 1;
         }

@@ -35,7 +35,9 @@ struct TMarkupItem
     QString fName;
     QString fAction; // of a check box
     QString fText;
-    QString fSize; // large or small; empty: as the action's priority has it
+    QString fIcon;        // of a submenu or a drop-down
+    QString fSize;        // large or small; empty: as the group or else the action's priority has it
+    QString fInvalidator; // of a ribbon entry
     QVector<TMarkupItem> fItems;
 };
 

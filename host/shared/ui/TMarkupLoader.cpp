@@ -142,13 +142,13 @@ bool TMarkupLoader::readItem(QVector<TMarkupItem> &items, bool inRibbon)
         bool ribbonOnly;
     };
     static const QHash<QString, TRule> cRules{
-        {"addaction", {TMarkupItem::cAction, {"name", "size"}, false}},
+        {"addaction", {TMarkupItem::cAction, {"name", "size", "invalidator"}, false}},
         {"addactions", {TMarkupItem::cActions, {"menu"}, false}},
         {"addseparator", {TMarkupItem::cSeparator, {}, false}},
         {"submenu", {TMarkupItem::cSubMenu, {"name"}, false}},
         {"group", {TMarkupItem::cGroup, {"name"}, false}},
-        {"addcheckbox", {TMarkupItem::cCheckBox, {"name", "action"}, true}},
-        {"adddropdown", {TMarkupItem::cDropDown, {"name"}, true}},
+        {"addcheckbox", {TMarkupItem::cCheckBox, {"name", "action", "invalidator"}, true}},
+        {"adddropdown", {TMarkupItem::cDropDown, {"name", "size", "invalidator"}, true}},
     };
     const auto rule = cRules.constFind(fXml.name().toString());
     if (rule == cRules.constEnd() || (rule->ribbonOnly && !inRibbon))
@@ -159,6 +159,7 @@ bool TMarkupLoader::readItem(QVector<TMarkupItem> &items, bool inRibbon)
     item.fName = attribute(rule->kind == TMarkupItem::cActions ? "menu" : "name");
     item.fAction = attribute("action");
     item.fSize = attribute("size");
+    item.fInvalidator = attribute("invalidator");
     readItems(item, inRibbon);
     items.append(item);
     return true;
@@ -169,6 +170,8 @@ void TMarkupLoader::readItems(TMarkupItem &parent, bool inRibbon)
     while (fXml.readNextStartElement()) {
         if (fXml.name() == QLatin1String("text"))
             parent.fText = fXml.readElementText();
+        else if (fXml.name() == QLatin1String("icon"))
+            parent.fIcon = fXml.readElementText();
         else if (!readItem(parent.fItems, inRibbon))
             passOver();
     }
