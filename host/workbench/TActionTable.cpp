@@ -79,10 +79,7 @@ void TActionTable::makeAction(const TMarkupAction &markup)
         action->setIconText(markup.fIconText);
     if (!markup.fIcon.isEmpty())
         action->setIcon(TIcons::load(markup.fIcon));
-    if (markup.fPriority == QLatin1String("low"))
-        action->setPriority(QAction::LowPriority);
-    else if (markup.fPriority == QLatin1String("high"))
-        action->setPriority(QAction::HighPriority);
+    action->setProperty(cIsSmall, markup.fPriority == QLatin1String("low"));
     QList<QKeySequence> keys;
     for (const QString &text : markup.fShortcuts)
         keys.append(QKeySequence(text, QKeySequence::PortableText));

@@ -24,6 +24,9 @@ public:
 
     /// Property of actions: whether the user may change the keys.
     static constexpr char cIsCustomizable[] = "isCustomizable";
+    /// Property of actions: whether the ribbon has them small, that is their priority is low. Buttons hide the texts of
+    /// actions whose own priority is low.
+    static constexpr char cIsSmall[] = "isSmall";
 
     explicit TActionTable(const TMarkup &markup, QObject *parent = nullptr);
 

@@ -1,7 +1,6 @@
 #include "WRibbon.h"
 
 #include "TActionTable.h"
-#include "TKeyTips.h"
 #include "TMenuWalk.h"
 #include "WRibbonPage.h"
 #include "WRibbonTabBar.h"
@@ -42,10 +41,12 @@ WRibbon::WRibbon(TActionTable &actions, QWidget *parent)
     layout->addWidget(fStack);
     makePages(actions);
     connect(fTabs, &QTabBar::tabBarClicked, this, &WRibbon::choose);
-    connect(fTabs, &QTabBar::tabBarDoubleClicked, this, [this](int tab) {
+    const auto turn = [this](int tab) {
         if (tab >= 0)
             setCollapsed(!fIsCollapsed);
-    });
+    };
+    // later, since a double click is a click as well, which shows the page
+    connect(fTabs, &QTabBar::tabBarDoubleClicked, this, turn, Qt::QueuedConnection);
     connect(fTabs, &QTabBar::currentChanged, this, [this](int tab) {
         if (WRibbonPage *shown = page(fTabs->tabData(tab).toString()))
             fStack->setCurrentWidget(shown);
@@ -53,7 +54,6 @@ WRibbon::WRibbon(TActionTable &actions, QWidget *parent)
     bringForward(std::max(0, tabOf(TDefaultsIni().value(cPageKey, QString()).toString())));
     fIsCollapsed = TDefaultsIni().value(cCollapsedKey, false).toBool();
     fStack->setVisible(!fIsCollapsed);
-    new TKeyTips(*this);
 }
 
 void WRibbon::makePages(TActionTable &actions)

@@ -70,7 +70,7 @@ bool WRibbonGroup::isLarge(const TMarkupItem &item) const
     if (!fSizes.isEmpty())
         return fSizes.at(std::min(fEntry, fSizes.size() - 1)) == QLatin1String("large");
     const QAction *action = fActions.action(item.fName);
-    return !action || action->priority() != QAction::LowPriority;
+    return !action || !action->property(TActionTable::cIsSmall).toBool();
 }
 
 void WRibbonGroup::add(const TMarkupItem &item)
