@@ -9,19 +9,10 @@
 #include <memory>
 
 class IPluginHost;
-class QAction;
-class QActionGroup;
-class QCheckBox;
-class QComboBox;
-class QLabel;
-class QLayout;
-class QSpinBox;
-class QTableView;
-class QToolButton;
 class TCanvasYrexSpectrum;
 class TCommandHistory;
-class TDoubleSpinBox;
 class TYrexBaselinePointsModel;
+class WYrexMultipointForm;
 
 /// The dock in which a multipoint baseline is built. Its session begins when it is shown and ends with it: applied as
 /// one processing step, or without a trace. It works on the active spectrum of the active item.
@@ -68,15 +59,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QAction *makeAction(const char *name, const QString &text, const QString &toolTip,
-                        const std::function<void()> &run);
-    void makeActions();
-    void makeKinds();
-    void makeWidgets();
-    QLayout *makeCurveRow();
-    QLayout *makeButtons();
-    void makeTable();
-    void connectCurve();
+    void connectActions();
+    void connectForm();
 
     void standInFront();
     void begin();
@@ -104,21 +88,6 @@ private:
     TPlotSnapshot fPlotBefore;           // before the preview
     bool fIsEnding = false;
 
-    QActionGroup *fKinds;
-    QAction *fAuto;
-    QAction *fBorder;
-    QAction *fClear;
-    QAction *fUndo;
-    QAction *fRedo;
-    QAction *fCancel;
-    QAction *fApply;
-    QLabel *fHeader;
-    QLabel *fNothing;
-    QLabel *fCount;
-    QComboBox *fAlgorithm;
-    QSpinBox *fWindow;
-    TDoubleSpinBox *fLambda;
-    QCheckBox *fPreview;
-    QTableView *fTable;
     TYrexBaselinePointsModel *fModel;
+    WYrexMultipointForm *fForm;
 };

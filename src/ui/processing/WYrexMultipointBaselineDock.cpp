@@ -5,70 +5,27 @@
 #include "TCmdYrexProcessing.h"
 #include "TYrexBaselinePointsModel.h"
 #include "TYrexUnits.h"
+#include "WYrexMultipointForm.h"
 #include "YrexActionTables.h"
 #include "canvas/TCanvasItemList.h"
 #include "commands/TCommandHistory.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
-#include "settings/TDefaultsIni.h"
 #include "ui/IPlotView.h"
 #include "ui/TPluginMouseModeHandler.h"
 #include "widgets/GuiUtils.h"
-#include "widgets/TDoubleSpinBox.h"
-#include "widgets/TOwnKeys.h"
 
 #include <QAction>
-#include <QActionGroup>
 #include <QApplication>
-#include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMainWindow>
-#include <QRadioButton>
-#include <QSignalBlocker>
-#include <QSpinBox>
-#include <QStyledItemDelegate>
-#include <QTableView>
 #include <QTimer>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 namespace {
 
-constexpr int cMargin = 8;
 constexpr int cManyPoints = 5; // more of them are not cleared without asking
-constexpr char cKindKey[] = "Zarnu/Zarnu Baseline Correction/Default Action";
-
-/// The kind of a point is chosen from a list.
-class TKindDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &) const override
-    {
-        auto *box = new QComboBox(parent);
-        box->addItems(TYrexBaselinePointsModel::kindNames());
-        connect(box, QOverload<int>::of(&QComboBox::activated), this, [this, box] {
-            auto *self = const_cast<TKindDelegate *>(this);
-            emit self->commitData(box);
-            emit self->closeEditor(box);
-        });
-        return box;
-    }
-    void setEditorData(QWidget *editor, const QModelIndex &index) const override
-    {
-        static_cast<QComboBox *>(editor)->setCurrentIndex(index.data(Qt::EditRole).toInt() - 1);
-    }
-    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override
-    {
-        model->setData(index, static_cast<QComboBox *>(editor)->currentIndex() + 1);
-    }
-};
 
 QString unitText(int unit)
 {
@@ -85,50 +42,17 @@ QString unitText(int unit)
     }
 }
 
-QToolButton *buttonOf(QAction *action)
-{
-    auto *button = new QToolButton;
-    button->setDefaultAction(action);
-    button->setObjectName(action->objectName() + "Button");
-    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    button->setFocusPolicy(Qt::TabFocus);
-    return button;
-}
-
-/// A choice of an exclusive group of actions.
-QRadioButton *radioOf(QAction *action)
-{
-    auto *radio = new QRadioButton(action->text());
-    radio->setObjectName(action->objectName() + "Button");
-    radio->setToolTip(action->toolTip());
-    radio->setChecked(action->isChecked());
-    QObject::connect(radio, &QRadioButton::clicked, action, &QAction::trigger);
-    QObject::connect(action, &QAction::toggled, radio, &QRadioButton::setChecked);
-    return radio;
-}
-
 } // namespace
 
 WYrexMultipointBaselineDock::WYrexMultipointBaselineDock(IPluginHost &host)
     : WPluginDockWidget(cMultipointDock, tr("Zarnu Multipoint Baseline"))
     , fHost(host)
-    , fKinds(new QActionGroup(this))
-    , fHeader(new QLabel)
-    , fNothing(new QLabel(tr("Click on the plot where the baseline should pass.")))
-    , fCount(new QLabel)
-    , fAlgorithm(new QComboBox)
-    , fWindow(new QSpinBox)
-    , fLambda(new TDoubleSpinBox)
-    , fPreview(new QCheckBox(tr("Preview corrected spectrum")))
-    , fTable(new QTableView)
     , fModel(new TYrexBaselinePointsModel(this))
+    , fForm(new WYrexMultipointForm(fModel))
 {
-    makeKinds();
-    makeActions();
-    makeTable();
-    makeWidgets();
-    connectCurve();
+    setWidget(fForm);
+    connectActions();
+    connectForm();
     // the mode comes back when another one was left
     connect(fHost.gui()->mouseModes(), &TBaseMouseModeHandler::modeChanged, this, [this](const QUuid &mode) {
         if (!fSession || !mode.isNull())
@@ -143,43 +67,11 @@ WYrexMultipointBaselineDock::WYrexMultipointBaselineDock(IPluginHost &host)
 
 WYrexMultipointBaselineDock::~WYrexMultipointBaselineDock() = default;
 
-void WYrexMultipointBaselineDock::makeKinds()
+void WYrexMultipointBaselineDock::connectActions()
 {
-    const auto add = [this](const char *name, const QString &text, const QString &toolTip, int kind) {
-        auto *action = new QAction(text, fKinds);
-        action->setObjectName(name);
-        action->setToolTip(toolTip);
-        action->setCheckable(true);
-        action->setData(kind);
+    const auto on = [this](WYrexMultipointForm::TAction which, const std::function<void()> &run) {
+        connect(fForm->action(which), &QAction::triggered, this, run);
     };
-    add("action_PickFree", tr("Free"), tr("The point stands where it is placed (Ctrl + click)."),
-        TYrexMultipointSession::cFree);
-    add("action_PickAverage", tr("Average"), tr("The point takes the level of the data around it (Shift + click)."),
-        TYrexMultipointSession::cAverage);
-    add("action_PickSmooth", tr("Smooth"), tr("The point takes the level of 15 points to either side."),
-        TYrexMultipointSession::cSmooth);
-    const QString stored = TDefaultsIni().value(cKindKey, QString()).toString();
-    fKinds->actions().at(1)->setChecked(true);
-    for (QAction *action : fKinds->actions()) {
-        if (action->objectName() == stored)
-            action->setChecked(true);
-    }
-    connect(fKinds, &QActionGroup::triggered, this,
-            [](const QAction *action) { TDefaultsIni().setValue(cKindKey, action->objectName()); });
-}
-
-QAction *WYrexMultipointBaselineDock::makeAction(const char *name, const QString &text, const QString &toolTip,
-                                                 const std::function<void()> &run)
-{
-    auto *action = new QAction(text, this);
-    action->setObjectName(name);
-    action->setToolTip(toolTip);
-    connect(action, &QAction::triggered, this, run);
-    return action;
-}
-
-void WYrexMultipointBaselineDock::makeActions()
-{
     const auto edit = [this](const std::function<void()> &run) {
         return [this, run] {
             if (!fSession)
@@ -188,151 +80,54 @@ void WYrexMultipointBaselineDock::makeActions()
             showEdit();
         };
     };
-    fAuto = makeAction("action_AutoPoints", tr("Automatic Points"), tr("Adds points where the spectrum is flat."),
-                       edit([this] {
-                           if (fSession->addAutomaticPoints() == 0)
-                               fHost.gui()->statusMessage(tr("No further flat places were found."));
-                       }));
-    fBorder = makeAction("action_BorderPoints", tr("Border Points"), tr("Adds a point at either end of the spectrum."),
-                         edit([this] { fSession->addBorderPoints(); }));
-    fClear = makeAction("action_Clear", tr("Clear"), tr("Removes all points."), edit([this] { clearPoints(); }));
-    fUndo = makeAction("action_Undo", tr("Undo"), tr("Takes the last change of the points back (Ctrl+Z)."),
-                       [this] { undo(); });
-    fRedo = makeAction("action_Redo", tr("Redo"), tr("Does it again (Ctrl+Shift+Z)."), [this] { redo(); });
-    fCancel = makeAction("action_Cancel", tr("Cancel"), tr("Leaves the spectrum as it was."), [this] {
+    on(WYrexMultipointForm::cAutoPoints, edit([this] {
+           if (fSession->addAutomaticPoints() == 0)
+               fHost.gui()->statusMessage(tr("No further flat places were found."));
+       }));
+    on(WYrexMultipointForm::cBorderPoints, edit([this] { fSession->addBorderPoints(); }));
+    on(WYrexMultipointForm::cClear, edit([this] { clearPoints(); }));
+    on(WYrexMultipointForm::cUndo, [this] { undo(); });
+    on(WYrexMultipointForm::cRedo, [this] { redo(); });
+    on(WYrexMultipointForm::cCancel, [this] {
         cancelSession();
         hide();
     });
-    fApply = makeAction("action_Apply", tr("Apply"), QString(), [this] { on_action_Apply_triggered(); });
-    fApply->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return));
-    fApply->setShortcutContext(Qt::WindowShortcut);
-    QDockWidget::addAction(fApply);
+    on(WYrexMultipointForm::cApply, [this] { on_action_Apply_triggered(); });
 }
 
-void WYrexMultipointBaselineDock::makeTable()
+void WYrexMultipointBaselineDock::connectForm()
 {
-    fTable->setObjectName("pointsTable");
-    fTable->setAccessibleName(tr("Points of the baseline"));
-    fTable->setModel(fModel);
-    fTable->setItemDelegateForColumn(TYrexBaselinePointsModel::cKind, new TKindDelegate(fTable));
-    fTable->setSelectionBehavior(QAbstractItemView::SelectRows);
-    fTable->setSelectionMode(QAbstractItemView::SingleSelection);
-    fTable->verticalHeader()->hide();
-    fTable->horizontalHeader()->setStretchLastSection(true);
-    fTable->horizontalHeader()->setHighlightSections(false);
-    fTable->setColumnWidth(TYrexBaselinePointsModel::cNumber, fontMetrics().horizontalAdvance("00000"));
-    auto *keys = new TOwnKeys(fTable);
-    keys->add(QKeySequence::Copy, [this] { copyPoints(); });
-    keys->add(QKeySequence::Paste, [this] { pastePoints(); });
-    keys->add(QKeySequence::Delete, [this] {
+    const auto edit = [this](const std::function<void(int)> &run) {
+        return [this, run](int value) {
+            if (fSession)
+                run(value);
+            showEdit();
+        };
+    };
+    connect(fForm, &WYrexMultipointForm::algorithmChosen, this,
+            edit([this](int algorithm) { fSession->setAlgorithm(algorithm); }));
+    connect(fForm, &WYrexMultipointForm::avgWindowChosen, this,
+            edit([this](int points) { fSession->setAvgWindow(points); }));
+    connect(fForm, &WYrexMultipointForm::lambdaChosen, this, edit([this](int lambda) { fSession->setLambda(lambda); }));
+    connect(fForm, &WYrexMultipointForm::previewChosen, this, [this](bool on) {
+        setPreviewing(on);
+        showEdit();
+    });
+    connect(fForm, &WYrexMultipointForm::deleteWanted, this, [this] {
         if (fSession && selectedPoint() >= 0) {
             fSession->removePoint(selectedPoint());
             showEdit();
         }
     });
-    connect(fTable->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    connect(fForm, &WYrexMultipointForm::copyWanted, this, &WYrexMultipointBaselineDock::copyPoints);
+    connect(fForm, &WYrexMultipointForm::pasteWanted, this, &WYrexMultipointBaselineDock::pastePoints);
+    connect(fForm, &WYrexMultipointForm::pointSelected, this, [this] {
         if (fHost.gui()->plotView())
             fHost.gui()->plotView()->updateOverlay();
     });
     connect(fModel, &TYrexBaselinePointsModel::edited, this, [this](int row) {
         showEdit();
         selectPoint(row);
-    });
-}
-
-QLayout *WYrexMultipointBaselineDock::makeCurveRow()
-{
-    fAlgorithm->setObjectName("algorithmComboBox");
-    fAlgorithm->addItems({tr("Linear Segments"), tr("Smooth Segments"), tr("Cubic Splines"), tr("Whittaker")});
-    fAlgorithm->setToolTip(tr("How the curve runs from point to point."));
-    fWindow->setObjectName("avgWindowSpinBox");
-    fWindow->setRange(0, TYrexMultipointSession::cMaxWindow);
-    fWindow->setToolTip(tr("Points to either side over which a point of the kind Average takes the level."));
-    fLambda->setObjectName("lambdaSpinBox");
-    fLambda->setRange(1, TYrexMultipointSession::cMaxLambda);
-    fLambda->setDecimals(0);
-    fLambda->setLogSteps(true);
-    fLambda->setToolTip(tr("Stiffness of the Whittaker curve."));
-    fPreview->setObjectName("previewCheckBox");
-    fPreview->setToolTip(tr("Shows the data minus the curve; the points stay."));
-    auto *grid = new QGridLayout;
-    const auto label = [grid](const QString &text, QWidget *buddy, int row) {
-        auto *one = new QLabel(text);
-        one->setBuddy(buddy);
-        grid->addWidget(one, row, 0);
-        grid->addWidget(buddy, row, 1);
-    };
-    auto *kinds = new QWidget;
-    auto *row = new QHBoxLayout(kinds);
-    row->setContentsMargins(0, 0, 0, 0);
-    for (QAction *action : fKinds->actions())
-        row->addWidget(radioOf(action));
-    row->addStretch(1);
-    label(tr("Point"), kinds, 0);
-    label(tr("&Curve"), fAlgorithm, 1);
-    label(tr("A&veraging, points"), fWindow, 2);
-    label(tr("&Lambda"), fLambda, 3);
-    grid->setColumnStretch(1, 1);
-    return grid;
-}
-
-QLayout *WYrexMultipointBaselineDock::makeButtons()
-{
-    auto *row = new QHBoxLayout;
-    row->addWidget(buttonOf(fUndo));
-    row->addWidget(buttonOf(fRedo));
-    row->addStretch(1);
-    row->addWidget(buttonOf(fCancel));
-    row->addWidget(buttonOf(fApply));
-    return row;
-}
-
-void WYrexMultipointBaselineDock::makeWidgets()
-{
-    auto *page = new QWidget;
-    auto *column = new QVBoxLayout(page);
-    column->setContentsMargins(cMargin, cMargin, cMargin, cMargin);
-    fHeader->setObjectName("headerLabel");
-    fHeader->setWordWrap(true);
-    column->addWidget(fHeader);
-    column->addLayout(makeCurveRow());
-    auto *row = new QHBoxLayout;
-    for (QAction *action : {fAuto, fBorder, fClear})
-        row->addWidget(buttonOf(action));
-    column->addLayout(row);
-    column->addWidget(fPreview);
-    fNothing->setAlignment(Qt::AlignCenter);
-    fNothing->setWordWrap(true);
-    fNothing->setEnabled(false); // the grey of disabled things
-    column->addWidget(fNothing);
-    column->addWidget(fTable, 1);
-    fCount->setObjectName("countLabel");
-    column->addWidget(fCount);
-    column->addLayout(makeButtons());
-    setWidget(page);
-    page->setFocusProxy(fTable);
-}
-
-void WYrexMultipointBaselineDock::connectCurve()
-{
-    connect(fAlgorithm, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int algorithm) {
-        if (fSession)
-            fSession->setAlgorithm(algorithm);
-        showEdit();
-    });
-    connect(fWindow, QOverload<int>::of(&QSpinBox::valueChanged), this, [this](int points) {
-        if (fSession)
-            fSession->setAvgWindow(points);
-        showEdit();
-    });
-    connect(fLambda, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this](double lambda) {
-        if (fSession)
-            fSession->setLambda(qRound(lambda));
-        showEdit();
-    });
-    connect(fPreview, &QCheckBox::toggled, this, [this](bool on) {
-        setPreviewing(on);
-        showEdit();
     });
 }
 
@@ -358,28 +153,22 @@ TCanvasYrexSpectrum *WYrexMultipointBaselineDock::editedItem() const
 
 int WYrexMultipointBaselineDock::kind() const
 {
-    return fKinds->checkedAction()->data().toInt();
+    return fForm->kind();
 }
 
 int WYrexMultipointBaselineDock::selectedPoint() const
 {
-    const QModelIndexList rows = fTable->selectionModel()->selectedRows();
-    return rows.isEmpty() ? -1 : rows.first().row();
+    return fForm->selectedPoint();
 }
 
 void WYrexMultipointBaselineDock::selectPoint(int index)
 {
-    if (index < 0 || index >= fModel->rowCount())
-        fTable->clearSelection();
-    else
-        fTable->selectRow(index);
+    fForm->selectPoint(index);
 }
 
 void WYrexMultipointBaselineDock::editPlace(int index)
 {
-    selectPoint(index);
-    fTable->setFocus();
-    fTable->edit(fModel->index(index, TYrexBaselinePointsModel::cX));
+    fForm->editPlace(index);
 }
 
 int WYrexMultipointBaselineDock::shownUnit() const
@@ -405,8 +194,7 @@ void WYrexMultipointBaselineDock::begin()
     fSession->begin();
     fHost.gui()->hideWarningBar(QCoreApplication::translate("TYrexActions", "No multipoint baseline yet."));
     fModel->setSession(fSession.get(), shownUnit(), unitText(shownUnit()));
-    const QSignalBlocker noPreview(fPreview);
-    fPreview->setChecked(false);
+    fForm->setPreviewChecked(false);
     fHost.gui()->setEditSession(this);
     if (fHost.gui()->mouseMode() != YrexModes::baselinePointsModeID)
         fHost.gui()->setMouseMode(YrexModes::baselinePointsModeID);
@@ -436,31 +224,7 @@ void WYrexMultipointBaselineDock::showEdit()
 
 void WYrexMultipointBaselineDock::showState()
 {
-    const bool isOn = fSession != nullptr;
-    const int count = isOn ? fSession->points().size() : 0;
-    if (isOn) {
-        const TYrexMultipointSetup &setup = fSession->setup();
-        const QSignalBlocker a(fAlgorithm), b(fWindow), c(fLambda);
-        fAlgorithm->setCurrentIndex(setup.algorithm);
-        if (fWindow->value() != setup.avgWindow)
-            fWindow->setValue(setup.avgWindow);
-        if (qRound(fLambda->value()) != setup.lambda)
-            fLambda->setValue(setup.lambda);
-    }
-    fLambda->setEnabled(isOn && fAlgorithm->currentIndex() == TYrexMultipointSetup::cWhittaker);
-    fUndo->setEnabled(canUndo());
-    fRedo->setEnabled(canRedo());
-    fClear->setEnabled(count > 0);
-    fApply->setEnabled(isOn && fSession->missingPoints() == 0);
-    const bool isStraight = fAlgorithm->currentIndex() == TYrexMultipointSetup::cCubicSplines && count == 2;
-    fApply->setToolTip(!fApply->isEnabled() ? tr("A baseline needs two points.")
-                       : isStraight         ? tr("With two points the spline is a straight line; three let it bend.")
-                                            : tr("Takes the baseline away and closes the dock (Ctrl+Return)."));
-    QString text = count == 1 ? tr("1 point") : tr("%1 points").arg(count);
-    if (isOn && fSession->setup().autoPointCount >= 0)
-        text = tr("%1, %2 automatic").arg(text).arg(fSession->setup().autoPointCount);
-    fCount->setText(text);
-    fNothing->setVisible(count == 0);
+    fForm->showSession(fSession.get());
     showHeader();
     fHost.gui()->updateActions();
 }
@@ -475,8 +239,7 @@ void WYrexMultipointBaselineDock::showHeader()
         if (selected > 1)
             text = tr("One baseline for %1 selected spectra.").arg(selected);
     }
-    fHeader->setText(text);
-    fHeader->setVisible(!text.isEmpty());
+    fForm->setHeader(text);
 }
 
 /// Whether the chain is still the one that the session shows.

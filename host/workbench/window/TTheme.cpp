@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QWidget>
 
 namespace {
 
@@ -43,6 +44,15 @@ QPalette palette(bool dark)
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         colors.setColor(QPalette::Disabled, role, grey);
     return colors;
+}
+
+void makeBar(QWidget &bar)
+{
+    bar.setAutoFillBackground(true);
+    bar.setBackgroundRole(QPalette::Window); // else the parent's, which may be that of text fields
+    QPalette colors = palette(false);
+    colors.setColor(QPalette::Window, QColor(0xFF, 0xF1, 0xC2));
+    bar.setPalette(colors);
 }
 
 TKind current()

@@ -188,14 +188,11 @@ void WYrexProcessingWidget::refresh()
         return; // the controls are ahead of the item
     if (isOther) {
         fEditor->flush();
-        fIsMultipoint = false;
         fOpenSave->clearFileName();
     }
     fShownItem = shown->uniqueId();
     fShownSpectrum = shown->stack().current();
     fParams = shown->currentSpectrum()->procParams().params();
-    if (!fParams.defaultMap(cProcMultipointBaseline).contains(cKeyMultipointSetup))
-        fIsMultipoint = false;
     fill();
     const int baseline = TYrexChainRules::shownBaseline(fParams.actions());
     if (baseline >= 0 && fRow != baseline)
@@ -269,6 +266,12 @@ void WYrexProcessingWidget::updateButtons()
     fDown->setEnabled(fPanels->current() != nullptr);
 }
 
+/// The session says so in the settings of the item.
+bool WYrexProcessingWidget::isMultipointEdited() const
+{
+    return fParams.defaultMap(cProcMultipointBaseline).contains(cKeyMultipointSetup);
+}
+
 void WYrexProcessingWidget::updateMultipointButton()
 {
     const int row = fParams.indexOfAction(cProcMultipointBaseline);
@@ -277,15 +280,15 @@ void WYrexProcessingWidget::updateMultipointButton()
         hint = TYrexProcParams::label(38);
     if (TYrexChainRules::shownBaseline(fParams.actions()) >= 0)
         hint = tr("Please uncheck 'Show Baseline'\nin Auto Baseline Correction");
-    fPanels->multipoint()->setEditable(hint.isEmpty() && !fIsMultipoint, hint);
+    fPanels->multipoint()->setEditable(hint.isEmpty() && !isMultipointEdited(), hint);
 }
 
 void WYrexProcessingWidget::updateEnabled()
 {
     const bool isBaselineShown = TYrexChainRules::shownBaseline(fParams.actions()) >= 0;
     fBaselineNote->setVisible(isBaselineShown);
-    fGroup->setEnabled(!isBaselineShown && !fIsMultipoint);
-    fOpenSaveFrame->setEnabled(!isBaselineShown && !fIsMultipoint);
+    fGroup->setEnabled(!isBaselineShown && !isMultipointEdited());
+    fOpenSaveFrame->setEnabled(!isBaselineShown && !isMultipointEdited());
     updateMultipointButton();
 }
 
@@ -336,10 +339,9 @@ void WYrexProcessingWidget::apply(QWidget *control)
         }
         chain[row] = map;
     }
-    if (fPanels->current() == fPanels->multipoint() && fIsMultipoint) {
-        QVariantMap map = chain.at(fRow).toMap();
-        applyMultipoint(map);
-        chain[fRow] = map;
+    if (fPanels->current() == fPanels->multipoint() && isMultipointEdited()) {
+        endMultipoint(fList->isChecked(fRow));
+        return;
     }
     refuseConversion(chain);
     fParams.setActions(chain);
@@ -456,9 +458,8 @@ void WYrexProcessingWidget::onMPBCNewBaseline()
     IGuiHost *gui = host().gui();
     if (!gui->dock(cMultipointDock))
         return;
-    fIsMultipoint = true;
     gui->showDock(cMultipointDock, true);
-    updateEnabled();
+    refresh();
 }
 
 void WYrexProcessingWidget::dragEnterEvent(QDragEnterEvent *event)

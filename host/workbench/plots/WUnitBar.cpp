@@ -15,7 +15,6 @@ namespace {
 
 constexpr int cMargin = 6;
 constexpr int cShownLetters = 9; // the list shows the names whole
-const QColor cPaper(0xFF, 0xF1, 0xC2);
 
 QComboBox *makeChoice(const QString &name, const QString &toolTip, const QList<TUnitChoice> &choices)
 {
@@ -39,11 +38,7 @@ WUnitBar::WUnitBar(const QList<TUnitChoice> &x, const QList<TUnitChoice> &y, con
     , fSame(new QCheckBox(tr("Same for this kind of file")))
 {
     setObjectName("unitBar");
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Window);       // else the view's, which is the colour of text fields
-    QPalette colours = TTheme::palette(false); // the bar is bright in a dark window as well
-    colours.setColor(QPalette::Window, cPaper);
-    setPalette(colours);
+    TTheme::makeBar(*this);
     auto *text = new QLabel(tr("Units are not known:"));
     auto *set = new QPushButton(tr("Set"));
     set->setObjectName("set");

@@ -11,7 +11,6 @@
 namespace {
 
 constexpr int cMargin = 4;
-const QColor cPaper(0xFF, 0xF1, 0xC2);
 
 } // namespace
 
@@ -20,11 +19,7 @@ WWarningBar::WWarningBar(const QString &text, const QString &action, QWidget *pa
     , fText(text)
 {
     setObjectName("warningBar");
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Window);
-    QPalette colours = TTheme::palette(false); // the bar is bright in a dark window as well
-    colours.setColor(QPalette::Window, cPaper);
-    setPalette(colours);
+    TTheme::makeBar(*this);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(2 * cMargin, cMargin, cMargin, cMargin);
     auto *label = new QLabel(text);

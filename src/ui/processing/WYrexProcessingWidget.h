@@ -61,7 +61,8 @@ private:
     /// Gives a chain that was not made by the controls to the items.
     void applyChain(const QVariantList &chain);
     void refuseConversion(QVariantList &chain);
-    void applyMultipoint(QVariantMap &map);
+    void endMultipoint(bool isApplied);
+    bool isMultipointEdited() const;
     /// Shows the working copy.
     void fill();
     void fillPanel();
@@ -84,7 +85,6 @@ private:
     QUuid fShownItem;
     int fShownSpectrum = -1;
     int fRow = -2; // -2: none was ever chosen
-    bool fIsMultipoint = false;
     WOpenSaveWidget *fOpenSave = nullptr;
     QWidget *fOpenSaveFrame = nullptr;
     QGroupBox *fGroup = nullptr;

@@ -131,30 +131,13 @@ void WYrexProcessingWidget::addFirstIntegration()
     select(chain.size() - 1);
 }
 
-/// The multipoint action was switched on or off while its points are edited. What is drawn becomes the action's
-/// baseline, and the other dock ends its session.
-void WYrexProcessingWidget::applyMultipoint(QVariantMap &map)
+/// The multipoint action was switched on or off while its points are edited. Switched on, the other dock ends its
+/// session with the one step that holds the chain and the baseline; else the session ends as its dock closes.
+void WYrexProcessingWidget::endMultipoint(bool isApplied)
 {
     WPluginDockWidget *dock = host().gui()->dock(cMultipointDock);
-    if (!dock)
-        return;
-    fIsMultipoint = false;
-    if (map.value(cKeyApply).toBool() && dock->item()) {
-        const TYrexSpectrum &shown = *spectrum();
-        QVariantMap settings = fParams.defaultMap(cProcMultipointBaseline);
-        map.remove(cKeyMultipointBaseline);
-        settings.remove(cKeyMultipointBaseline);
-        if (shown.preview() && shown.previewSize() >= shown.pointCount()) {
-            QVariantList baseline;
-            for (int i = 0; i < shown.pointCount(); ++i)
-                baseline.append(shown.preview()[i]);
-            map.insert(cKeyMultipointBaseline, baseline);
-            settings.insert(cKeyMultipointBaseline, baseline);
-        }
-        fParams.setDefaultMap(cProcMultipointBaseline, settings);
-        if (shown.multiPointBaseline())
-            fParams.multipoint() = *shown.multiPointBaseline();
+    if (isApplied && dock)
         QMetaObject::invokeMethod(dock, "on_action_Apply_triggered", Qt::DirectConnection);
-    }
     host().gui()->showDock(cMultipointDock, false);
+    refresh();
 }
