@@ -1,7 +1,9 @@
 #include "TWindowFixture.h"
 #include "WUnitBar.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
 
@@ -118,4 +120,19 @@ TEST_F(UnitsTest, theQuestionGoesWithItsItemsAndComesBackWithThem)
     EXPECT_TRUE(bar()->isVisible());
     emit bar()->dismissed();
     EXPECT_FALSE(bar());
+}
+
+TEST_F(UnitsTest, inANarrowViewNothingOfTheBarIsCut)
+{
+    open(writeRange("a.csv", 4000, 400));
+    ASSERT_TRUE(bar());
+    for (const int width : {1500, 1024, 1500}) {
+        fWindow->resize(width, 800);
+        settle();
+        for (const QLabel *label : bar()->findChildren<QLabel *>())
+            EXPECT_GE(label->width(), label->sizeHint().width()) << width;
+        const auto *same = bar()->findChild<QCheckBox *>();
+        EXPECT_GE(same->width(), same->sizeHint().width()) << width;
+        EXPECT_TRUE(bar()->rect().contains(same->geometry())) << width;
+    }
 }

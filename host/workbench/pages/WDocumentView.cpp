@@ -88,7 +88,7 @@ void WDocumentView::addBar(QWidget *bar)
 
 void WDocumentView::placeBars()
 {
-    const int height = fBars->barsHeight();
+    const int height = fBars->heightFor(width());
     fBars->setGeometry(0, 0, width(), height);
     fBars->setVisible(height > 0);
     setViewportMargins(0, height, 0, 0);
@@ -134,7 +134,7 @@ void WDocumentView::fitPage()
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     if (!fPage)
         return;
-    const QSizeF desk = QSizeF(width(), height() - fBars->barsHeight());
+    const QSizeF desk = QSizeF(width(), height() - fBars->heightFor(width()));
     const QSizeF room = desk - QSizeF(2 * cDeskMargin, 2 * cDeskMargin);
     const QSizeF paper = fPage->size();
     const double scale = qMin(room.width() / paper.width(), room.height() / paper.height());
@@ -163,7 +163,12 @@ void WDocumentView::drawBackground(QPainter *painter, const QRectF &)
 void WDocumentView::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
-    fBars->resize(width(), fBars->barsHeight());
+    const int height = fBars->heightFor(width());
+    if (height != fBars->height() && !fBars->isHidden()) {
+        placeBars();
+        return;
+    }
+    fBars->resize(width(), height);
     if (fFitted)
         fitPage();
 }

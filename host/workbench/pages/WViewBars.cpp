@@ -20,12 +20,13 @@ void WViewBars::add(QWidget *bar)
     emit heightChanged();
 }
 
-int WViewBars::barsHeight() const
+int WViewBars::heightFor(int width) const
 {
     int height = 0;
     for (int i = 0; i < layout()->count(); ++i) {
         const QWidget *bar = layout()->itemAt(i)->widget();
-        height += bar->isHidden() ? 0 : bar->sizeHint().height();
+        if (!bar->isHidden())
+            height += bar->hasHeightForWidth() ? bar->heightForWidth(width) : bar->sizeHint().height();
     }
     return height;
 }

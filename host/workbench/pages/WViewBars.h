@@ -13,7 +13,8 @@ public:
 
     /// Takes a bar over. One that is hidden or deleted leaves its room.
     void add(QWidget *bar);
-    int barsHeight() const;
+    /// The height that the visible bars take in this width; pixels.
+    int heightFor(int width) const;
 
     bool eventFilter(QObject *object, QEvent *event) override;
 

@@ -5,9 +5,9 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QStyle>
 #include <QToolButton>
 
@@ -46,16 +46,57 @@ WUnitBar::WUnitBar(const QList<TUnitChoice> &x, const QList<TUnitChoice> &y, con
     close->setAutoRaise(true);
     close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     close->setToolTip(tr("Leave the units as they are"));
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(2 * cMargin, cMargin, cMargin, cMargin);
-    for (QWidget *part : {static_cast<QWidget *>(text), static_cast<QWidget *>(fX), static_cast<QWidget *>(fY),
-                          static_cast<QWidget *>(set), static_cast<QWidget *>(fSame)})
-        layout->addWidget(part);
-    layout->addStretch();
-    layout->addWidget(close);
+    fClose = close;
+    fParts = {text, fX, fY, set, fSame};
+    for (QWidget *part : qAsConst(fParts))
+        part->setParent(this);
+    close->setParent(this);
     setUnits(guess);
     connect(set, &QPushButton::clicked, this, &WUnitBar::accepted);
     connect(close, &QToolButton::clicked, this, &WUnitBar::dismissed);
+}
+
+QSize WUnitBar::sizeHint() const
+{
+    int width = 4 * cMargin + fClose->sizeHint().width();
+    for (const QWidget *part : fParts)
+        width += part->sizeHint().width() + cMargin;
+    return {width, heightForWidth(width)};
+}
+
+int WUnitBar::heightForWidth(int width) const
+{
+    return arrange(width, false);
+}
+
+/// Parts that find no room in a row go to the next, so that in a narrow view nothing is cut.
+int WUnitBar::arrange(int width, bool isApplied) const
+{
+    const int rowHeight = fX->sizeHint().height();
+    const int right = width - cMargin;
+    const int closeWidth = fClose->sizeHint().width();
+    int x = 2 * cMargin;
+    int y = cMargin;
+    for (QWidget *part : fParts) {
+        const QSize size = part->sizeHint();
+        const int end = y == cMargin ? right - closeWidth - cMargin : right;
+        if (x > 2 * cMargin && x + size.width() > end) {
+            x = 2 * cMargin;
+            y += rowHeight + cMargin;
+        }
+        if (isApplied)
+            part->setGeometry(x, y + (rowHeight - size.height()) / 2, size.width(), size.height());
+        x += size.width() + cMargin;
+    }
+    if (isApplied)
+        fClose->setGeometry(right - closeWidth, cMargin, closeWidth, rowHeight);
+    return y + rowHeight + cMargin;
+}
+
+void WUnitBar::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    arrange(event->size().width(), true);
 }
 
 TUnitPair WUnitBar::units() const

@@ -22,13 +22,25 @@ public:
     bool isRemembered() const;
     void setRemembered(bool remembered);
 
+    QSize sizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
 signals:
     /// The user pressed "Set".
     void accepted();
     void dismissed();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    /// The height in pixels for that width; places the parts if asked.
+    int arrange(int width, bool isApplied) const;
+
     QComboBox *fX;
     QComboBox *fY;
     QCheckBox *fSame;
+    QWidget *fClose;
+    QWidgetList fParts; // from left to right
 };
