@@ -41,6 +41,7 @@ TEST_F(PeaksTableTest, peaksStandInTheOrderOfTheAxisInItsUnits)
     EXPECT_TRUE(isHidden("position2"));
     EXPECT_TRUE(isHidden("spectrum"));
     const double width = number(0, "width");
+    EXPECT_NEAR(width, 40.0, 2.0) << "of the band, not of the strip above zero";
     trigger("yrexSetSpecHUnitsToNanometers");
     EXPECT_EQ(header("position"), "Position [nm]");
     EXPECT_NEAR(number(0, "position"), 5000.0, 3.0); // and wavelengths from low to high

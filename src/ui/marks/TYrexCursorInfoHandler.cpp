@@ -3,6 +3,7 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexMarkPlaces.h"
+#include "TYrexPeakWidth.h"
 #include "TYrexUnits.h"
 #include "settings/TNumberFormat.h"
 #include "ui/TMouseSpot.h"
@@ -65,10 +66,10 @@ QString TYrexCursorInfoHandler::peakText(const TCanvasYrexSpectrum &item, const 
     const double x = YrexMarkPlaces::xAt(*spectrum, record.position, unit);
     QStringList parts{tr("Peak %1 %2").arg(TNumberFormat::fixed(x, decimals), unitSign(unit)).trimmed(),
                       significant(y)};
-    if (record.width > 0.0) {
-        const double half = record.width / 2.0;
-        const double width = YrexMarkPlaces::xAt(*spectrum, record.position + half, unit) -
-                             YrexMarkPlaces::xAt(*spectrum, record.position - half, unit);
+    const TYrexPeakWidth::TSpan band = TYrexPeakWidth::measure(spectrum->values(), record.position, record.positive);
+    if (band.isValid()) {
+        const double width =
+            YrexMarkPlaces::xAt(*spectrum, band.fRight, unit) - YrexMarkPlaces::xAt(*spectrum, band.fLeft, unit);
         parts.append(tr("width %1").arg(TNumberFormat::fixed(std::abs(width), decimals)));
     }
     parts.append(record.flags & TYrexDPLib::cAutoPicked ? tr("auto") : tr("manual"));

@@ -3,6 +3,7 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexEditPeak.h"
+#include "TYrexPeakWidth.h"
 #include "TYrexUnits.h"
 #include "commands/TCommandHistory.h"
 #include "services/IPluginHost.h"
@@ -62,7 +63,7 @@ QVector<TTableColumn> TYrexPeaksTableModel::makeColumns(int xUnit) const
         "intensity", tr("Intensity"), tr("The value of the spectrum at the peak."), TTableColumn::cNumber, true, true};
     columns[cWidth] = {"width",
                        withUnit(tr("Width"), xUnit),
-                       tr("Between the two points at half height."),
+                       tr("Between the two points at half height over the ground of the peak."),
                        TTableColumn::cNumber,
                        true,
                        true};
@@ -87,14 +88,14 @@ QVector<TYrexPeaksTableModel::TRow> TYrexPeaksTableModel::rowsOf(const TCanvasYr
     QVector<TRow> rows;
     for (int i = 0; i < peaks.size(); ++i) {
         const TYrexDPLib::TYrexDPPeak &stored = *spectrum.peaks().at(i);
-        const double half = 0.5 * stored.width;
+        const TYrexPeakWidth::TSpan band = TYrexPeakWidth::measure(spectrum.values(), stored.position, stored.positive);
         TRow row;
         row.fPeak = peaks.at(i);
         row.fSpectrum = index;
         row.fPlace = i;
         row.fYUnit = spectrum.yUnits();
-        row.fWidth =
-            std::abs(xAt(spectrum, stored.position + half, xUnit) - xAt(spectrum, stored.position - half, xUnit));
+        if (band.isValid())
+            row.fWidth = std::abs(xAt(spectrum, band.fRight, xUnit) - xAt(spectrum, band.fLeft, xUnit));
         row.fStep = std::abs(span) / qMax(1, count - 1);
         row.fTitle = item.spectrumTitle(index);
         rows.append(row);
@@ -195,7 +196,7 @@ QVariant TYrexPeaksTableModel::number(int row, int column) const
     case cIntensity:
         return finite(shown.fPeak.intensity);
     case cWidth:
-        return finite(shown.fWidth);
+        return shown.fWidth > 0.0 ? finite(shown.fWidth) : QVariant();
     default:
         return QVariant();
     }

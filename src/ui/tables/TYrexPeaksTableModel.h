@@ -70,7 +70,7 @@ private:
         int fPlace = 0; // in the spectrum's list
         int fNumber = 0;
         int fYUnit = 0;
-        double fWidth = 0.0;
+        double fWidth = 0.0; // 0 for a place that is no peak
         double fStep = 0.0;
         QString fTitle;
     };
