@@ -23,6 +23,7 @@ void TCmdYrexSeriesValues::doItem(TCanvasYrexSpectrum *item, int index)
 {
     QVector<TBefore> &before = fBefore[index];
     before.clear();
+    const bool wasOrdered = item->isOrderedSeries();
     for (auto it = fValues.constBegin(); it != fValues.constEnd(); ++it) {
         TYrexSpectrum *spectrum = item->stack().at(it.key());
         if (!spectrum)
@@ -39,7 +40,17 @@ void TCmdYrexSeriesValues::doItem(TCanvasYrexSpectrum *item, int index)
             param->setEdited(true);
         }
     }
+    if (!wasOrdered && item->isOrderedSeries())
+        colorSeries(item, index);
     item->update();
+}
+
+void TCmdYrexSeriesValues::colorSeries(TCanvasYrexSpectrum *item, int index)
+{
+    TPlotSnapshot plots;
+    plots.capture(item);
+    if (item->takeSeriesColors())
+        fPlotsOfColours.insert(index, plots);
 }
 
 void TCmdYrexSeriesValues::undoItem(TCanvasYrexSpectrum *item, int index)
@@ -57,6 +68,9 @@ void TCmdYrexSeriesValues::undoItem(TCanvasYrexSpectrum *item, int index)
             param->setEdited(before.fEdited);
         }
     }
+    const auto plots = fPlotsOfColours.constFind(index);
+    if (plots != fPlotsOfColours.constEnd())
+        plots->restore(item);
     item->update();
 }
 

@@ -2,12 +2,15 @@
 
 #include "TYrexSpectrumCommand.h"
 #include "TYrexVoidUnlessChanged.h"
+#include "commands/TPlotSnapshot.h"
 
+#include <QHash>
 #include <QMap>
 #include <QString>
 #include <QVector>
 
-/// Sets the values by which a series of spectra is ordered (temperatures, times, concentrations).
+/// Sets the values by which a series of spectra is ordered (temperatures, times, concentrations). A stack that becomes
+/// an ordered series by them gets the colours of one, as it would have at its import.
 class TCmdYrexSeriesValues : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 {
     Q_OBJECT
@@ -30,6 +33,9 @@ private:
         bool fEdited;
     };
 
+    void colorSeries(TCanvasYrexSpectrum *item, int index);
+
     QMap<int, double> fValues;
-    QVector<QVector<TBefore>> fBefore; // one per item
+    QVector<QVector<TBefore>> fBefore;         // one per item
+    QHash<int, TPlotSnapshot> fPlotsOfColours; // by item, those that got other colours
 };

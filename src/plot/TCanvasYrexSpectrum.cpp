@@ -96,6 +96,19 @@ bool TCanvasYrexSpectrum::isOrderedSeries() const
     return false;
 }
 
+bool TCanvasYrexSpectrum::takeSeriesColors()
+{
+    T1DYrexPlot *plot = activeYrexPlot();
+    if (!plot)
+        return false;
+    T1DStackedPlotProperties &properties = plot->stackedProperties();
+    if (properties.hasOwnColors() || properties.colorSetting() != cHueColor || properties.colorMode() != paletteColors)
+        return false;
+    properties.setColorMode(sequentialColors);
+    updateStackedColors();
+    return true;
+}
+
 void TCanvasYrexSpectrum::addSpectra(const TYrexSpectrumList &spectra)
 {
     stack().insertAt(stack().count(), spectra);

@@ -86,6 +86,11 @@ public:
     void addSpectra(const TYrexSpectrumList &spectra);
     /// Gives the spectra of a stack the colours that the plot's colour setting asks for.
     void updateStackedColors();
+    /// Whether there are three spectra or more, and they differ in the value of their series.
+    bool isOrderedSeries() const;
+    /// The stack became an ordered series: colours that it got by itself become those of a series. False where the user
+    /// chose others.
+    bool takeSeriesColors();
     /// The hot area under a point of the window: those of data-analysis regions go before those of the plot. nullArea
     /// for none, and outside of the active plot.
     const TPlotHotArea &hotAreaAt(const QPoint &windowPoint) const;
@@ -113,8 +118,6 @@ private:
     void buildPlot();
     void showAsStack(T1DYrexPlot *plot);
     void drawRegions(QPainter &painter);
-    /// Whether the spectra differ in the value of their series.
-    bool isOrderedSeries() const;
 
     std::unique_ptr<TYrexSpecDataObj> fDataObj;
     QVector<TDARegion> fRegions;

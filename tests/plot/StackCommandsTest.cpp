@@ -14,6 +14,7 @@
 #include "commands/TCmdPlotProperties.h"
 #include "commands/TCmdStackedItemsArrange.h"
 #include "commands/TCmdStackedItemsDeletion.h"
+#include "plot/ColorUtils.h"
 #include "settings/TDefaultsIni.h"
 
 #include <gtest/gtest.h>
@@ -340,6 +341,29 @@ TEST(StackCommands, seriesValuesActiveSpectrumAndSecondAxisSwap)
     };
     EXPECT_TRUE(stack.swaps(second()));
     EXPECT_EQ(stack.plot().properties().secondAxis, int(cUnitNanometers));
+}
+
+TEST(StackCommands, aStackThatBecomesASeriesTakesItsColours)
+{
+    TStackItem stack(4);
+    const QVector<QColor> palette = stack.stack().colors();
+    EXPECT_TRUE(stack.swaps(new TCmdYrexSeriesValues({stack.item}, {{0, 1.0}, {1, 2.0}, {2, 4.0}, {3, 8.0}})));
+    EXPECT_EQ(stack.stack().colors(), Utils::Color::sequential(4));
+    EXPECT_TRUE(stack.history().push(new TCmdYrexSeriesValues({stack.item}, {{0, 3.0}})));
+    stack.history().stack()->undo();
+    stack.history().stack()->undo();
+    EXPECT_EQ(stack.stack().colors(), palette);
+
+    TStackItem pair(2);
+    const QVector<QColor> two = pair.stack().colors();
+    EXPECT_TRUE(pair.history().push(new TCmdYrexSeriesValues({pair.item}, {{0, 1.0}})));
+    EXPECT_EQ(pair.stack().colors(), two);
+
+    TStackItem chosen(3);
+    const QVector<QColor> own{Qt::red, Qt::green, Qt::blue};
+    chosen.stack().setAllColors(own);
+    EXPECT_TRUE(chosen.history().push(new TCmdYrexSeriesValues({chosen.item}, {{0, 1.0}})));
+    EXPECT_EQ(chosen.stack().colors(), own) << "what the user chose stays";
 }
 
 TEST(StackDocuments, roundTripByteForByte)

@@ -95,6 +95,7 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
          fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable")->findChildren<QLabel *>())
         EXPECT_FALSE(label->text().contains('\n')) << "spectra of equal titles stand in one line";
     const int before = undo()->index();
+    const QColor color = stack()->color(0);
     const auto set = [model](int row, int column, const QVariant &value, int role) {
         return model->setData(model->index(row, column), value, role);
     };
@@ -106,7 +107,6 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
     const double value = stack()->arrayedValue(2);
     EXPECT_TRUE(set(2, TStackedItemsTableModel::cValue, "37,5", Qt::EditRole));
     EXPECT_DOUBLE_EQ(stack()->arrayedValue(2), 37.5);
-    const QColor color = stack()->color(0);
     model->setColor(0, Qt::red);
     EXPECT_EQ(stack()->color(0), QColor(Qt::red));
     EXPECT_EQ(undo()->index(), before + 6);
