@@ -48,6 +48,8 @@ QVector<int> TCmdYrexSetOrigUnits::targets(const TCanvasYrexSpectrum &item) cons
     QVector<int> indices;
     if (fTargets == cCurrentSpectrum && item.currentSpectrum())
         indices.append(item.stack().current());
+    if (fTargets == cUsedSpectra && item.currentSpectrum())
+        indices = item.stack().selectedIndices(false, true);
     for (int i = 0; fTargets == cAllSpectra && i < item.stack().count(); ++i)
         indices.append(i);
     return indices;

@@ -17,7 +17,7 @@ class TCmdYrexSetOrigUnits : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 
 public:
     /// Which spectra of an item are meant.
-    enum TTargets { cCurrentSpectrum, cAllSpectra };
+    enum TTargets { cCurrentSpectrum, cUsedSpectra, cAllSpectra };
 
     /// `axis` is the horizontal or the vertical one, `unit` a unit code.
     TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDir axis, int unit, TTargets targets);

@@ -9,6 +9,7 @@
 #include "TMMActYrexPeakByPeak.h"
 #include "WYrexIntegralsDock.h"
 #include "WYrexMultipointBaselineDock.h"
+#include "WYrexParamsDock.h"
 #include "WYrexPeaksDock.h"
 #include "WYrexProcessingWidget.h"
 #include "YrexModeIds.h"
@@ -28,11 +29,13 @@ constexpr int cProcessingWidth = 340;
 
 void YrexFactories::addDocks(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)
 {
-    gui.addDock(new WYrexMultipointBaselineDock(host), {Qt::RightDockWidgetArea, QString(), 1, false, cMultipointWidth});
+    gui.addDock(new WYrexMultipointBaselineDock(host),
+                {Qt::RightDockWidgetArea, QString(), 1, false, cMultipointWidth});
     gui.addDock(new WYrexProcessingWidget(host), {Qt::RightDockWidgetArea, "Ctrl+2", 2, true, cProcessingWidth});
     gui.addDock(new WYrexPeaksDock(host, highlights), {Qt::BottomDockWidgetArea, "Ctrl+3", 3, false, cTablesHeight});
     gui.addDock(new WYrexIntegralsDock(host, highlights),
                 {Qt::BottomDockWidgetArea, "Ctrl+4", 4, false, cTablesHeight});
+    gui.addDock(new WYrexParamsDock(host), {Qt::BottomDockWidgetArea, "Ctrl+6", 6, false, cTablesHeight});
 }
 
 void YrexFactories::addModes(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)

@@ -11,6 +11,11 @@ class TTableProxy : public QSortFilterProxyModel
 public:
     /// Of cells with a number: a double, to all its digits.
     static constexpr int cNumberRole = Qt::UserRole + 1;
+    /// True for a row that is a heading over the rows behind it. A filter leaves it where it leaves one of those; in a
+    /// sorted table there are none.
+    static constexpr int cHeadingRole = Qt::UserRole + 2;
+    /// True for a row whose heading is folded: it is seen only when it is looked for, or in a sorted table.
+    static constexpr int cFoldedRole = Qt::UserRole + 3;
 
     explicit TTableProxy(QObject *parent = nullptr);
 
@@ -26,6 +31,10 @@ protected:
     bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
 
 private:
+    bool holdsFilter(int row, const QModelIndex &parent) const;
+    bool isHeading(int row, const QModelIndex &parent) const;
+    bool headingIsSeen(int row, const QModelIndex &parent) const;
+
     QCollator fCollator;
     QString fFilter;
 };

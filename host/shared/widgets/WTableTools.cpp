@@ -37,6 +37,7 @@ WTableTools::WTableTools(QTableView *view, TTableProxy *proxy, QWidget *parent)
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred); // the row gives what is left to the owner's tools
     makeButtons();
     fFilter->setPlaceholderText(tr("Filter"));
     fFilter->setAccessibleName(tr("Filter"));
@@ -117,6 +118,8 @@ TRowTable WTableTools::rows(bool allDigits, bool onlySelected) const
     TRowTable table;
     table.setHeader(titles);
     for (const int row : qAsConst(wanted)) {
+        if (fProxy->index(row, 0).data(TTableProxy::cHeadingRole).toBool())
+            continue;
         QStringList cells;
         for (const int column : qAsConst(columns))
             cells.append(cell(row, column, allDigits));
