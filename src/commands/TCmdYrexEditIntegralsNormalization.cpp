@@ -10,6 +10,7 @@ TCmdYrexEditIntegralsNormalization::TCmdYrexEditIntegralsNormalization(const TCa
     , fNormValue(std::isfinite(value) ? value : 0.0)
     , fOldValues(TCanvasItemsCommand::items().size())
 {
+    setMergeableFlag(true);
 }
 
 void TCmdYrexEditIntegralsNormalization::doItem(TCanvasYrexSpectrum *item, int index)

@@ -16,6 +16,7 @@ public:
 
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
+    bool replacesInEditRun() const override { return true; }
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:

@@ -1,6 +1,7 @@
 // The table of integrals: bounds, normalization, references, and spectra by regions.
 #include "TCmdYrexManualIntegration.h"
 #include "TTableFixture.h"
+#include "contexts/IDARegionsItem.h"
 #include "widgets/TDoubleSpinBox.h"
 
 #include <QRadioButton>
@@ -110,6 +111,41 @@ TEST_F(IntegralsTableTest, normalizationAndTotalAreStepsOfTheirOwn)
     settle();
     EXPECT_NEAR(number(0, "integral") + number(1, "integral"), 50.0, 1e-6);
     EXPECT_EQ(undo()->index(), before + 2) << "showing the value is no edit";
+}
+
+TEST_F(IntegralsTableTest, aRunOfNormalizationsIsOneStep)
+{
+    openIntegrated();
+    const int before = undo()->index();
+    const double norm = box("normalizationSpinBox")->value();
+    for (const double value : {2.0, 3.0, 4.0})
+        box("normalizationSpinBox")->setValue(value);
+    settle();
+    EXPECT_EQ(undo()->index(), before + 1);
+    undo()->undo();
+    settle();
+    EXPECT_DOUBLE_EQ(box("normalizationSpinBox")->value(), norm);
+    undo()->redo();
+    settle();
+    EXPECT_DOUBLE_EQ(box("normalizationSpinBox")->value(), 4.0);
+}
+
+TEST_F(IntegralsTableTest, thePlotIsThatOfTheRegions)
+{
+    openIntegrated(3);
+    dock()->findChildren<QRadioButton *>().at(1)->click();
+    const int before = undo()->index();
+    button("Plot")->click();
+    settle();
+    const QVector<TDARegion> regions = item()->regionsItem()->daRegions();
+    ASSERT_EQ(regions.size(), 2);
+    EXPECT_NEAR(regions.at(0).from, 1900.0, 2.0);
+    EXPECT_NEAR(regions.at(0).to, 2100.0, 2.0);
+    EXPECT_EQ(regions.at(0).kind, int(TDARegion::cSum));
+    EXPECT_TRUE(fHost.gui()->dock("regionValues")->isVisible());
+    button("Plot")->click();
+    EXPECT_EQ(item()->regionsItem()->daRegions().size(), 2) << "they are there already";
+    EXPECT_EQ(undo()->index(), before + 1);
 }
 
 TEST_F(IntegralsTableTest, spectraByRegionsWithTheirRatio)

@@ -8,9 +8,13 @@
 #include "TYrexIntegralsSpectraModel.h"
 #include "TYrexIntegralsTableModel.h"
 #include "YrexActionTables.h"
+#include "commands/TCmdEditRegions.h"
 #include "commands/TCmdZoomSpectra.h"
+#include "contexts/DARegions.h"
+#include "contexts/IDARegionsItem.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "utils/CommonUtils.h"
 #include "widgets/TBaseTable.h"
 #include "widgets/TDoubleSpinBox.h"
 #include "widgets/WTableTools.h"
@@ -27,6 +31,8 @@
 #include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -35,6 +41,12 @@ constexpr int cNormalizationDecimals = 6;
 constexpr double cFirstTotal = 100.0;
 constexpr int cBoxWidth = 120;       // px
 constexpr double cZoomMargin = 0.25; // of the integral, to each side
+constexpr double cSameLimit = 1e-9;  // relative
+
+bool isSameLimit(double a, double b)
+{
+    return std::abs(a - b) <= cSameLimit * std::max(std::abs(a), std::abs(b));
+}
 
 } // namespace
 
@@ -54,6 +66,8 @@ WYrexIntegralsDock::WYrexIntegralsDock(IPluginHost &host, TYrexHighlightHandler 
     , fRatio(new QToolButton(this))
     , fOver(new QComboBox(this))
     , fUnder(new QComboBox(this))
+    , fPlot(new QToolButton(this))
+    , fNormalizationRun(host)
 {
     const QString empty = tr("No integrals. Press i and drag over a band.");
     fTable->setEmptyText(empty);
@@ -123,6 +137,11 @@ void WYrexIntegralsDock::makeRatio()
         fSpectraTable->toolRow()->addWidget(tool);
     fOver->hide();
     fUnder->hide();
+    fPlot->setText(tr("Plot"));
+    fPlot->setAutoRaise(true);
+    fPlot->setToolTip(tr("Makes a region for data analysis of each integral and shows their values as a chart."));
+    fSpectraTable->toolRow()->addWidget(fPlot);
+    connect(fPlot, &QToolButton::clicked, this, &WYrexIntegralsDock::plotRegions);
     connect(fRatio, &QToolButton::toggled, this, &WYrexIntegralsDock::followRatio);
     for (QComboBox *box : {fOver, fUnder})
         connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &WYrexIntegralsDock::followRatio);
@@ -178,6 +197,8 @@ void WYrexIntegralsDock::watchMultipoint()
 void WYrexIntegralsDock::read(TCanvasYrexSpectrum *item)
 {
     watchMultipoint();
+    if (item != fModel->item())
+        fNormalizationRun.end();
     fModel->read(item);
     fSpectra->read(item);
     const bool hasRows = fModel->rowCount() > 0;
@@ -195,6 +216,7 @@ void WYrexIntegralsDock::read(TCanvasYrexSpectrum *item)
         box->setCurrentIndex(before >= 0 && before < box->count() ? before : first);
     }
     fRatio->setEnabled(fOver->count() >= 2);
+    fPlot->setEnabled(hasRows);
     followRatio();
     showHighlights();
 }
@@ -205,6 +227,35 @@ void WYrexIntegralsDock::followRatio()
     fOver->setVisible(isOn);
     fUnder->setVisible(isOn);
     fSpectra->setRatio(isOn ? fOver->currentIndex() : -1, isOn ? fUnder->currentIndex() : -1);
+}
+
+/// Integrals and regions are lists of their own: what is a region already stays as it is.
+void WYrexIntegralsDock::plotRegions()
+{
+    TCanvasYrexSpectrum *shown = fModel->item();
+    IDARegionsItem *keeper = shown ? shown->regionsItem() : nullptr;
+    if (!keeper || !host().gui())
+        return;
+    QVector<TDARegion> regions = keeper->daRegions();
+    for (int row = 0; row < fModel->rowCount(); ++row) {
+        TDARegion region;
+        region.kind = TDARegion::cSum;
+        const double first = keeper->toRegionLimit(fModel->from(row));
+        const double last = keeper->toRegionLimit(fModel->to(row));
+        region.from = std::min(first, last);
+        region.to = std::max(first, last);
+        const bool isThere = std::any_of(regions.begin(), regions.end(), [&region](const TDARegion &one) {
+            return one.kind == region.kind && isSameLimit(one.from, region.from) && isSameLimit(one.to, region.to);
+        });
+        if (isThere || !std::isfinite(region.from) || !std::isfinite(region.to))
+            continue;
+        region.id = Utils::Common::createUuid();
+        region.name = DARegions::nextName(regions);
+        region.color = DARegions::nextColor(regions);
+        regions.append(region);
+    }
+    push(new TCmdEditRegions(shown, regions));
+    host().gui()->showDock(QStringLiteral("regionValues"), true);
 }
 
 void WYrexIntegralsDock::showHighlights()
@@ -227,8 +278,10 @@ void WYrexIntegralsDock::chooseRows()
 /// 0 is refused: the box goes back to the value that counts.
 void WYrexIntegralsDock::setNormalization(double value)
 {
-    if (fModel->item() && value > 0.0)
+    if (fModel->item() && value > 0.0) {
+        fNormalizationRun.goOn();
         push(new TCmdYrexEditIntegralsNormalization({fModel->item()}, value));
+    }
     const QSignalBlocker quiet(fNormalization);
     fNormalization->setValue(fModel->normValue());
 }
@@ -236,6 +289,7 @@ void WYrexIntegralsDock::setNormalization(double value)
 void WYrexIntegralsDock::setTotal()
 {
     const double areas = fModel->total() * fModel->normValue();
+    fNormalizationRun.end();
     if (fModel->item() && fTotal->value() > 0.0 && areas > 0.0)
         push(new TCmdYrexEditIntegralsNormalization({fModel->item()}, areas / fTotal->value()));
 }

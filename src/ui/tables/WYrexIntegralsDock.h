@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TYrexEditRun.h"
 #include "WYrexTableDock.h"
 
 class QComboBox;
@@ -40,6 +41,7 @@ private:
     void zoomTo(int row);
     void deleteRows(const QVector<int> &rows);
     void followRatio();
+    void plotRegions();
     void openMenu(const QPoint &place);
 
     TYrexHighlightHandler &fHighlights;
@@ -56,6 +58,8 @@ private:
     QToolButton *fRatio;
     QComboBox *fOver;
     QComboBox *fUnder;
+    QToolButton *fPlot;
+    TYrexEditRun fNormalizationRun;
     bool fIsChoosing = false; // the table tells the plot
     bool fIsWatching = false; // the dock of baseline points, which may come later
 };
