@@ -256,6 +256,43 @@ TEST_F(StackDockTest, tablesAreCopiedAndExportedAsShown)
     EXPECT_TRUE(QApplication::clipboard()->text().contains("\t0,10\t"));
 }
 
+TEST_F(StackDockTest, columnsAreRememberedAsTheUserArrangedThem)
+{
+    using T = TStackedItemsTableModel;
+    openTitled({"a", "b"});
+    showTable();
+    QHeaderView *header = widget()->view()->horizontalHeader();
+    EXPECT_TRUE(header->isSectionHidden(T::cDate));
+    header->resizeSection(T::cValue, 91);
+    header->moveSection(header->visualIndex(T::cClass), header->visualIndex(T::cTitle));
+    const QString kept = TDefaultsIni().value("Kelmora/Tables/StackedSpectra").toString();
+    EXPECT_TRUE(kept.contains("value:91:")) << kept.toStdString();
+    EXPECT_LT(kept.indexOf("class:"), kept.indexOf("title:"));
+    EXPECT_TRUE(kept.contains("factor:0:")) << "what the program fits is not remembered";
+    WStackedItemsTable other;
+    EXPECT_EQ(other.view()->horizontalHeader()->sectionSize(T::cValue), 91);
+    EXPECT_LT(other.view()->horizontalHeader()->visualIndex(T::cClass),
+              other.view()->horizontalHeader()->visualIndex(T::cTitle));
+}
+
+TEST_F(StackDockTest, aPastedColumnFillsDownwardsWithoutItsHeader)
+{
+    openTitled({"a", "b", "c"});
+    showTable();
+    const int before = undo()->index();
+    widget()->view()->setCurrentIndex(widget()->proxy()->index(0, TStackedItemsTableModel::cValue));
+    QApplication::clipboard()->setText("Conc.\r\n1.5\tx\r\n2,5\r\n");
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(stack()->arrayedValue(0), 1.5);
+    EXPECT_DOUBLE_EQ(stack()->arrayedValue(1), 2.5);
+    EXPECT_EQ(undo()->index(), before + 1);
+    QApplication::clipboard()->setText("1\nmany\n3");
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(stack()->arrayedValue(0), 1.5) << "all or nothing";
+    EXPECT_EQ(undo()->index(), before + 1);
+    EXPECT_EQ(document()->items().size(), 1) << "no page takes what the table refuses";
+}
+
 TEST_F(StackDockTest, valuesComeFromTitlesThatAllEndInANumber)
 {
     openTitled({"dye 2.5", "dye 10"});

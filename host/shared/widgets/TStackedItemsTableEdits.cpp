@@ -185,10 +185,11 @@ bool TStackedItemsTableModel::pasteValues(int row, const QStringList &texts)
             return false;
         values.insert(indexOfRow(row + i), number);
     }
-    const bool changed = canEdit(IStackedItemsEdits::cValues) && stack() && !values.isEmpty() &&
-                         push(fEdits->valuesCommand(fItem.get(), values));
+    if (!canEdit(IStackedItemsEdits::cValues) || !stack() || values.isEmpty())
+        return false;
+    push(fEdits->valuesCommand(fItem.get(), values));
     refresh();
-    return changed;
+    return true;
 }
 
 QMap<int, double> TStackedItemsTableModel::numbersOfTitles() const

@@ -7,6 +7,7 @@
 #include "plot/T1DStackedPlot.h"
 #include "settings/TNumberFormat.h"
 #include "widgets/IStackedItemsEdits.h"
+#include "widgets/TBaseTableViewModel.h"
 #include "widgets/TTableProxy.h"
 
 #include <QBrush>
@@ -33,6 +34,13 @@ QString trimmedNumber(QString text)
     return text == QLatin1String("-0") ? QStringLiteral("0") : text;
 }
 
+/// Digits behind the point; those of an exponent do not count.
+int decimalsOf(const QString &text)
+{
+    const QString digits = text.section('e', 0, 0);
+    return digits.contains('.') ? digits.size() - digits.indexOf('.') - 1 : 0;
+}
+
 } // namespace
 
 TStackedItemsTableModel::TStackedItemsTableModel(QObject *parent)
@@ -56,6 +64,7 @@ void TStackedItemsTableModel::setItem(TCanvasItem *item)
     }
     beginResetModel();
     fOrder = rowsOfStack();
+    measureColumns();
     endResetModel();
 }
 
@@ -103,16 +112,27 @@ void TStackedItemsTableModel::setDecimals(int decimals)
     refresh();
 }
 
+void TStackedItemsTableModel::measureColumns()
+{
+    fMostDecimals.clear();
+    for (const int column : {cValue, cFactor, cOffset}) {
+        for (const int spectrum : qAsConst(fOrder))
+            fMostDecimals[column] = qMax(fMostDecimals.value(column), decimalsOf(numberText(spectrum, column)));
+    }
+}
+
 void TStackedItemsTableModel::refresh()
 {
     const QVector<int> order = rowsOfStack();
     if (order == fOrder) {
+        measureColumns();
         if (!order.isEmpty())
             emit dataChanged(index(0, 0), index(order.size() - 1, cColumnCount - 1));
         return;
     }
     beginResetModel();
     fOrder = order;
+    measureColumns();
     endResetModel();
 }
 
@@ -240,6 +260,8 @@ QVariant TStackedItemsTableModel::data(const QModelIndex &place, int role) const
     }
     if (role == TTableProxy::cNumberRole)
         return numberOf(spectrum, column);
+    if (role == TBaseTableViewModel::cPadRole && fMostDecimals.value(column) > 0)
+        return fMostDecimals.value(column) - decimalsOf(numberText(spectrum, column));
     if (role == Qt::BackgroundRole && isOddGroup(spectrum))
         return QBrush(cGroupTint);
     if (role == Qt::FontRole && column == cTitle && isActive) {

@@ -4,6 +4,7 @@
 #include "canvas/TCanvasItemList.h"
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QPointer>
 #include <QVector>
 
@@ -98,6 +99,7 @@ private:
     bool isOnDarkPaper() const;
     QVariant numberOf(int index, int column) const;
     QString numberText(int index, int column) const;
+    void measureColumns();
     QMap<int, double> numbersOfTitles() const;
     const T1DStackedPlotProperties *stackedProperties() const;
     bool push(TCommand *command);
@@ -115,6 +117,7 @@ private:
     QPointer<TPage> fPage;
     TCommandHistory *fHistory = nullptr;
     IStackedItemsEdits *fEdits = nullptr;
-    QVector<int> fOrder; // index of each row
+    QVector<int> fOrder;           // index of each row
+    QHash<int, int> fMostDecimals; // of the numbers in a column
     int fDecimals = -1;
 };

@@ -1,9 +1,12 @@
 #include "widgets/WStackedItemsTable.h"
 
 #include "plot/T1DStackedPlotProperties.h"
+#include "settings/TNumberFormat.h"
 #include "widgets/IStackedItemsEdits.h"
+#include "widgets/TColumnMemory.h"
 #include "widgets/TOwnKeys.h"
 #include "widgets/TStackedItemsTableModel.h"
+#include "widgets/TTableDelegate.h"
 #include "widgets/TTableProxy.h"
 #include "widgets/WTableTools.h"
 
@@ -19,23 +22,35 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QToolButton>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
 
 namespace {
 
-constexpr int cTitleWidth = 240; // px at first
+// px at first
+constexpr int cTitleWidth = 240;
+constexpr int cClassWidth = 80;
+constexpr int cMostWidth = 240;
+
+/// The keys by which columns are remembered; the marks have none, since they stay where they are.
+const QStringList &columnKeys()
+{
+    static const QStringList cKeys{QString(), "show",   "use",    "number", QString(), "title", "class",
+                                   "value",   "factor", "offset", "date",   "points",  "format"};
+    return cKeys;
+}
 
 /// Draws the frames of check boxes so that they stand out from a dark table as well.
-class TCheckDelegate : public QStyledItemDelegate
+class TCheckDelegate : public TTableDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using TTableDelegate::TTableDelegate;
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &place) const override
     {
-        QStyledItemDelegate::initStyleOption(option, place);
+        TTableDelegate::initStyleOption(option, place);
         // the style derives the frame from the colour of windows, which a dark table nearly has
         option->palette.setColor(QPalette::Window, option->palette.color(QPalette::PlaceholderText));
     }
@@ -95,6 +110,7 @@ WStackedItemsTable::WStackedItemsTable(QWidget *parent)
     , fProxy(new TTableProxy(this))
     , fView(new TStackView(this))
     , fTools(new WTableTools(fView, fProxy, this))
+    , fColumns(new TColumnMemory(fView, QStringLiteral("StackedSpectra"), &columnKeys))
     , fMode(new QComboBox(this))
     , fColors(new QComboBox(this))
     , fSort(new QToolButton(this))
@@ -102,8 +118,16 @@ WStackedItemsTable::WStackedItemsTable(QWidget *parent)
     , fEmpty(new QLabel(tr("One spectrum. Drop another on the plot to make a stack."), this))
 {
     auto *tools = new QHBoxLayout;
-    tools->addWidget(fMode);
-    tools->addWidget(fColors);
+    const auto labelled = [this, tools](const QString &text, const QString &tip, QComboBox *box) {
+        auto *label = new QLabel(text, this);
+        label->setBuddy(box);
+        box->setAccessibleName(text);
+        box->setToolTip(tip);
+        tools->addWidget(label);
+        tools->addWidget(box);
+    };
+    labelled(tr("Mode"), tr("How the spectra stand to each other."), fMode);
+    labelled(tr("Colours"), tr("From what the colours of the curves are made."), fColors);
     tools->addWidget(fSort);
     tools->addWidget(fFromTitles);
     tools->addStretch();
@@ -115,6 +139,7 @@ WStackedItemsTable::WStackedItemsTable(QWidget *parent)
     column->addWidget(fEmpty);
     fEmpty->setAlignment(Qt::AlignCenter);
     fEmpty->setWordWrap(true);
+    fEmpty->setEnabled(false); // the grey of disabled things
     makeToolRow();
     makeSortMenu();
     makeView();
@@ -122,6 +147,8 @@ WStackedItemsTable::WStackedItemsTable(QWidget *parent)
     makeKeys();
     connect(fModel, &QAbstractItemModel::modelReset, this, &WStackedItemsTable::showState);
     connect(fModel, &QAbstractItemModel::dataChanged, this, &WStackedItemsTable::showState);
+    connect(fProxy, &QAbstractItemModel::modelReset, this, &WStackedItemsTable::fitColumns);
+    fColumns->restore();
     showState();
 }
 
@@ -188,9 +215,10 @@ void WStackedItemsTable::makeView()
 void WStackedItemsTable::makeHeader()
 {
     QHeaderView *header = fView->horizontalHeader();
-    header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(TStackedItemsTableModel::cTitle, QHeaderView::Interactive);
-    header->resizeSection(TStackedItemsTableModel::cTitle, cTitleWidth);
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    for (const int mark : {TStackedItemsTableModel::cActive, TStackedItemsTableModel::cSwatch})
+        header->setSectionResizeMode(mark, QHeaderView::ResizeToContents);
+    header->setHighlightSections(false);
     header->setSectionsMovable(true);
     header->setSectionsClickable(true);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -230,6 +258,24 @@ void WStackedItemsTable::edit()
     const QModelIndex place = fView->currentIndex();
     if (place.flags() & Qt::ItemIsEditable)
         fView->edit(place);
+}
+
+/// Columns are as wide as what they hold, but for those to which the user gave a width.
+void WStackedItemsTable::fitColumns()
+{
+    if (fModel->rowCount() == 0)
+        return;
+    fColumns->arrange([this] {
+        for (int column = 0; column < TStackedItemsTableModel::cColumnCount; ++column) {
+            if (fColumns->hasWidth(column) || columnKeys().at(column).isEmpty() || fView->isColumnHidden(column))
+                continue;
+            fView->resizeColumnToContents(column);
+            const int least = column == TStackedItemsTableModel::cTitle   ? cTitleWidth
+                              : column == TStackedItemsTableModel::cClass ? cClassWidth
+                                                                          : 0;
+            fView->setColumnWidth(column, qBound(least, fView->columnWidth(column), cMostWidth));
+        }
+    });
 }
 
 /// Rows are moved by hand only while they stand as in the stack.
@@ -295,8 +341,10 @@ void WStackedItemsTable::onHeaderMenu(const QPoint &point)
         QAction *action = menu.addAction(fModel->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
         action->setCheckable(true);
         action->setChecked(!fView->isColumnHidden(column));
-        connect(action, &QAction::toggled, this,
-                [this, column](bool shown) { fView->setColumnHidden(column, !shown); });
+        connect(action, &QAction::toggled, this, [this, column](bool shown) {
+            fColumns->setShown(column, shown);
+            fitColumns();
+        });
     }
     menu.exec(fView->horizontalHeader()->mapToGlobal(point));
 }
@@ -326,8 +374,24 @@ void WStackedItemsTable::moveSelected(int step)
 void WStackedItemsTable::pasteValues()
 {
     const QModelIndex place = fProxy->mapToSource(fView->currentIndex());
-    if (!fProxy->isPlain() || place.column() != TStackedItemsTableModel::cValue)
+    if (!place.isValid())
         return;
-    const QString text = QApplication::clipboard()->text();
-    fModel->pasteValues(place.row(), text.split('\n', Qt::SkipEmptyParts));
+    QStringList texts;
+    for (const QString &line : QApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts))
+        texts.append(line.section('\t', 0, 0).trimmed());
+    double number = 0.0;
+    if (texts.size() > 1 && !TNumberFormat::read(texts.first(), number))
+        texts.removeFirst(); // the header of the column
+    if (!fProxy->isPlain())
+        refuse(tr("Values are pasted in the order of the stack: sort and filter off first."));
+    else if (place.column() != TStackedItemsTableModel::cValue)
+        refuse(tr("Values are pasted into the column \"Value\": go to its first cell."));
+    else if (!fModel->pasteValues(place.row(), texts))
+        refuse(texts.isEmpty() ? tr("There is nothing to paste.") : tr("What is to be pasted are no numbers."));
+}
+
+void WStackedItemsTable::refuse(const QString &reason)
+{
+    const QRect cell = fView->visualRect(fView->currentIndex());
+    QToolTip::showText(fView->viewport()->mapToGlobal(cell.bottomLeft()), reason, fView->viewport(), cell);
 }

@@ -8,6 +8,7 @@ class QModelIndex;
 class QPoint;
 class QTableView;
 class QToolButton;
+class TColumnMemory;
 class TStackedItemsTableModel;
 class TTableProxy;
 class WTableTools;
@@ -39,6 +40,8 @@ private:
     void toggleChecks(int column);
     void moveSelected(int step);
     void pasteValues();
+    void refuse(const QString &reason);
+    void fitColumns();
     void goTo(int row);
     void edit();
     void followOrder();
@@ -49,6 +52,7 @@ private:
     TTableProxy *fProxy;
     QTableView *fView;
     WTableTools *fTools;
+    TColumnMemory *fColumns;
     QComboBox *fMode;
     QComboBox *fColors;
     QToolButton *fSort;
