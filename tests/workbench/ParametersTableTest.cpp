@@ -7,7 +7,9 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDateTimeEdit>
+#include <QDialog>
 #include <QLineEdit>
+#include <QTimer>
 
 namespace {
 
@@ -201,4 +203,43 @@ TEST_F(ParametersTableTest, datesAreDatesAndAllShowsTheEmpty)
     EXPECT_EQ(rows(), 0);
     undo()->undo();
     settle();
+}
+
+TEST_F(ParametersTableTest, recipesAreEditedInAListAndUndone)
+{
+    openBands();
+    const QByteArray before = stored();
+    const int steps = undo()->index();
+    const auto inDialog = [this](const std::function<void(QDialog &, QAbstractItemModel &)> &work) {
+        QTimer::singleShot(0, [work] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            work(*dialog, *dialog->findChild<QTableView *>("templatesTable")->model());
+        });
+        button("Template...")->click();
+        settle();
+    };
+    const auto rowIn = [](const QAbstractItemModel &model, const QString &name) {
+        return model.match(model.index(0, 0), Qt::DisplayRole, name).value(0).row();
+    };
+    inDialog([&](QDialog &dialog, QAbstractItemModel &model) {
+        const int row = rowIn(model, "Title");
+        EXPECT_EQ(model.index(row, 5).data().toString(), "s0.dx");
+        EXPECT_TRUE(model.setData(model.index(row, 1), "\"always\"", Qt::EditRole));
+        EXPECT_EQ(model.index(row, 5).data().toString(), "always");
+        dialog.reject();
+    });
+    EXPECT_EQ(undo()->index(), steps);
+    inDialog([&](QDialog &dialog, QAbstractItemModel &model) {
+        EXPECT_TRUE(model.setData(model.index(rowIn(model, "Title"), 1), "\"always\"", Qt::EditRole));
+        EXPECT_TRUE(model.setData(model.index(rowIn(model, "Number of Points"), 4), Qt::Unchecked, Qt::CheckStateRole));
+        dialog.accept();
+    });
+    EXPECT_EQ(lastStep(), "Edit Parameter Templates");
+    EXPECT_EQ(value("Title"), "always");
+    EXPECT_EQ(rowOf("Number of Points"), -1) << "hidden by the recipe";
+    undo()->undo();
+    EXPECT_EQ(stored(), before);
+    settle();
+    EXPECT_EQ(value("Title"), "s0.dx");
 }

@@ -33,6 +33,7 @@ WYrexParamsDock::WYrexParamsDock(IPluginHost &host, QWidget *parent)
     fTable->view()->setItemDelegate(new TSpectrumParamsDelegate(fTable->view()));
     fTable->view()->setAlternatingRowColors(false); // headings divide it
     fTable->view()->setShowGrid(false);
+    fTable->view()->setAccessibleName(tr("Parameters"));
     fTable->view()->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cRowMargin);
     makeTools();
     setContent(fTable, fTable->view());
