@@ -21,6 +21,7 @@ namespace {
 
 constexpr int cMaxJobs = 256;
 constexpr char cWorkerOption[] = "--worker";
+constexpr char cFollowOption[] = "--follow"; // see fIsFollowed
 constexpr int cWorkerLost = int(0x80000001); // a process ended before it was done
 
 QStringList formatNames(const TImportDriver &driver)
@@ -40,7 +41,9 @@ QVector<TCliOption> TCliFileCommand::fileOptions()
             {"--orig-units", "X:Y", "say what the axes of the files are, by script names; either may be empty",
              TCliOption::cOffered},
             {"--jobs", "N", "work on N files at once, in processes of their own (default 1)"},
-            {cWorkerOption, "MSECS", "work on one file for another process", TCliOption::cHidden}};
+            {cWorkerOption, "MSECS", "work on one file for another process", TCliOption::cHidden},
+            {cFollowOption, "", "tell of each file that is done, and stop when standard input says so",
+             TCliOption::cHidden}};
 }
 
 bool TCliFileCommand::checkOptions(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error)
@@ -49,6 +52,7 @@ bool TCliFileCommand::checkOptions(const TCliArguments &arguments, const TCliEnv
     fJson = arguments.has("--json");
     fFormat = arguments.value("--format");
     fIsWorker = arguments.has(cWorkerOption);
+    fIsFollowed = arguments.has(cFollowOption) && !fJson; // which a stop would leave without its end
     fKeepsSettings = arguments.has("--settings");
     const QStringList known = formatNames(environment.fBatch.importDriver());
     if (!fFormat.isEmpty() && !known.contains(fFormat)) {
@@ -117,15 +121,30 @@ QByteArray TCliFileCommand::finishInput(TCliInput &input, int index, const TCliE
     return json.object(input);
 }
 
+bool TCliFileCommand::isStopWanted(const TCliEnvironment &environment) const
+{
+    return fIsFollowed && environment.fConsole.isStopWanted();
+}
+
+void TCliFileCommand::tellDone(const QString &file, const TCliEnvironment &environment) const
+{
+    if (fIsFollowed)
+        environment.fConsole.err(QString("zarnu: %1: done").arg(file));
+}
+
 int TCliFileCommand::runHere(const TCliEnvironment &environment)
 {
     int status = cCliAllDone;
     for (int i = 0; i < fInputs.size(); ++i) {
+        if (isStopWanted(environment))
+            return cCliInputFailed;
         environment.fConsole.progress(fInputs.at(i), i, fInputs.size());
         bool failed = false;
         printOutput(i, processInput(i, environment, failed), environment);
         if (failed)
             status = cCliInputFailed;
+        else
+            tellDone(fInputs.at(i), environment);
     }
     environment.fConsole.progress(QString(), fInputs.size(), fInputs.size());
     if (fIsWorker)
@@ -141,6 +160,8 @@ int TCliFileCommand::runGathered(const TCliEnvironment &environment)
     bool failed = false;
     if (!stack.input().fItems.isEmpty())
         objects.append(finishInput(stack.input(), 0, environment, failed));
+    for (const QString &file : failed ? QStringList() : stack.taken())
+        tellDone(file, environment);
     for (TCliInput &input : stack.failed()) {
         bool inputFailed = false;
         objects.append(finishInput(input, 0, environment, inputFailed));
@@ -160,6 +181,8 @@ bool TCliFileCommand::takeJob(int index, const TCliJobResult &job, const TCliEnv
     }
     if (job.fIsWhole) {
         printOutput(index, job.fOutput, environment);
+        if (job.fStatus == cCliAllDone)
+            tellDone(fInputs.at(index), environment);
         return job.fStatus == cCliAllDone;
     }
     TCliInput input;
@@ -175,7 +198,7 @@ int TCliFileCommand::runJobs(const TCliArguments &arguments, const TCliEnvironme
 {
     const QDateTime time = TCliInputs::newestTime(fInputs);
     const QString msecs = QString::number(time.isValid() ? time.toMSecsSinceEpoch() : 0);
-    const QStringList options = arguments.optionsExcept({"--jobs", "-o", "--to", "--plot", "--plot-to"});
+    const QStringList options = arguments.optionsExcept({cFollowOption, "--jobs", "-o", "--to", "--plot", "--plot-to"});
     QList<QStringList> calls;
     for (int i = 0; i < fInputs.size(); ++i)
         calls.append(QStringList{syntax().fName} + options + outputOptions(i) +
@@ -183,12 +206,15 @@ int TCliFileCommand::runJobs(const TCliArguments &arguments, const TCliEnvironme
 
     int status = cCliAllDone;
     TCliJobs jobs(QCoreApplication::applicationFilePath(), fJobs);
+    jobs.setStopCheck([&] { return isStopWanted(environment); });
+    int handedOver = 0;
     jobs.run(calls, [&](int index, const TCliJobResult &job) {
         if (!takeJob(index, job, environment))
             status = cCliInputFailed;
         environment.fConsole.progress(fInputs.at(index), index + 1, fInputs.size());
+        ++handedOver;
     });
-    return status;
+    return handedOver == fInputs.size() ? status : int(cCliInputFailed);
 }
 
 int TCliFileCommand::run(const TCliArguments &arguments, const TCliEnvironment &environment)

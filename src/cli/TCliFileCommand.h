@@ -51,6 +51,8 @@ private:
     int runHere(const TCliEnvironment &environment);
     int runGathered(const TCliEnvironment &environment);
     int runJobs(const TCliArguments &arguments, const TCliEnvironment &environment);
+    bool isStopWanted(const TCliEnvironment &environment) const;
+    void tellDone(const QString &file, const TCliEnvironment &environment) const;
     bool takeJob(int index, const TCliJobResult &job, const TCliEnvironment &environment);
     void printOutput(int index, const QByteArray &output, const TCliEnvironment &environment) const;
 
@@ -60,5 +62,6 @@ private:
     int fJobs = 1;
     bool fJson = false;
     bool fIsWorker = false;
+    bool fIsFollowed = false; // by the program that started this one, through both of its streams
     bool fKeepsSettings = false;
 };

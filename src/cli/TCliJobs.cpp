@@ -52,6 +52,8 @@ void TCliJobs::finish(int index, const TCliJobResult &result, QEventLoop &loop)
         fTaker(fNextToHandOver, fWaiting.take(fNextToHandOver));
         ++fNextToHandOver;
     }
+    if (fIsStopWanted && fIsStopWanted())
+        fCalls = fCalls.mid(0, fNextToStart);
     if (fNextToStart < fCalls.size())
         start(fNextToStart++, loop);
     else if (fNextToHandOver == fCalls.size())

@@ -31,6 +31,8 @@ public:
     {
     }
 
+    /// Asked whenever one has ended: when it says yes, no further ones start and the rest are never handed over.
+    void setStopCheck(const std::function<bool()> &isStopWanted) { fIsStopWanted = isStopWanted; }
     /// Returns when all have ended and were handed over.
     void run(const QList<QStringList> &calls, const TTaker &taker);
 
@@ -45,6 +47,7 @@ private:
     int fAtOnce;
     QList<QStringList> fCalls;
     TTaker fTaker;
+    std::function<bool()> fIsStopWanted;
     int fNextToStart = 0;
     int fNextToHandOver = 0;
     QMap<int, TCliJobResult> fWaiting; // ended before their turn

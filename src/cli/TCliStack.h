@@ -18,6 +18,8 @@ public:
     /// The stack as one input; without items when no file could be read.
     TCliInput &input() { return fInput; }
     QList<TCliInput> &failed() { return fFailed; }
+    /// The files whose spectra are in the stack.
+    const QStringList &taken() const { return fTaken; }
 
 private:
     void take(TCliInput &read);

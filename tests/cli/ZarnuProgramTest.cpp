@@ -93,6 +93,37 @@ TEST_F(ZarnuProgram, jobsShowInNoResult)
     EXPECT_EQ(fOut, text);
 }
 
+TEST_F(ZarnuProgram, tellsItsFollowerOfEachFileAndStopsWhenToldTo)
+{
+    QStringList files;
+    for (int i = 0; i < 6; ++i) {
+        files.append(QString("s%1.csv").arg(i));
+        writeBand(files.last(), 430.0 + 10.0 * i);
+    }
+    const QStringList call = QStringList{"process"} + files + QStringList{"--follow", "--force", "-o", "out/"};
+    for (const char *jobs : {"1", "2"}) {
+        QProcess process; // its standard input stays open
+        process.start(fProgram, call + QStringList{"--jobs", jobs});
+        ASSERT_TRUE(process.waitForFinished(60000));
+        EXPECT_EQ(process.exitCode(), 0);
+        QByteArray lines;
+        for (const QString &file : files)
+            lines += "zarnu: " + file.toLatin1() + ": done\n";
+        EXPECT_EQ(process.readAllStandardError(), lines);
+        EXPECT_EQ(QDir("out").entryList(QDir::Files), files);
+        QDir("out").removeRecursively();
+
+        QProcess stopped;
+        stopped.start(fProgram, call + QStringList{"--jobs", jobs});
+        ASSERT_TRUE(stopped.waitForStarted());
+        stopped.closeWriteChannel();
+        ASSERT_TRUE(stopped.waitForFinished(60000));
+        EXPECT_EQ(stopped.exitCode(), 1);
+        EXPECT_LT(QDir("out").entryList(QDir::Files).size(), 3) << "those under way are finished";
+        QDir("out").removeRecursively();
+    }
+}
+
 TEST_F(ZarnuProgram, twoRunsGiveTheSameBytes)
 {
     writeBand("a.csv", 450.0);

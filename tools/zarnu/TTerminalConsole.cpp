@@ -1,6 +1,7 @@
 #include "TTerminalConsole.h"
 
 #include <cstdio>
+#include <poll.h>
 #include <unistd.h>
 
 namespace {
@@ -52,6 +53,12 @@ void TTerminalConsole::progress(const QString &what, int done, int total)
     std::fprintf(stderr, "[%s] %d/%d %s", bar.toLatin1().constData(), done, total, what.toLocal8Bit().constData());
     std::fflush(stderr);
     fHasBar = true;
+}
+
+bool TTerminalConsole::isStopWanted() const
+{
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    return poll(&input, 1, 0) > 0; // a closed pipe can be read as well
 }
 
 bool TTerminalConsole::isGood()

@@ -15,6 +15,7 @@ public:
     void err(const QString &line) override;
     void progress(const QString &what, int done, int total) override;
     void setQuiet(bool quiet) override { fQuiet = quiet; }
+    bool isStopWanted() const override;
     /// Whether all output could be written; false on a full disk or a closed pipe.
     bool isGood();
 

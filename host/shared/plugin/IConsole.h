@@ -13,4 +13,7 @@ public:
     /// Shows how far the work is: a bar on a terminal, nothing otherwise.
     virtual void progress(const QString &what, int done, int total) = 0;
     virtual void setQuiet(bool quiet) = 0;
+    /// The program that started this one and holds its standard input wants no further files: it closed it or wrote to
+    /// it. Tells something for a program that was started so only.
+    virtual bool isStopWanted() const { return false; }
 };

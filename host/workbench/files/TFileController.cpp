@@ -51,13 +51,11 @@ TFileController::TFileController(TKelmoraHost &host, TDocumentController &docume
     connect(&documents, &TDocumentController::saved, this, &TFileController::addRecentDocument);
 }
 
-QString TFileController::dialogFilters() const
+QStringList TFileController::spectrumPatterns() const
 {
-    QStringList filters;
     QStringList patterns{"*.klm"};
     for (const IConverter *converter : fHost.importDriver().converters()) {
         for (const QString &filter : converter->importFilterList()) {
-            filters.append(filter);
             const QRegularExpressionMatch inside = QRegularExpression("\\(([^)]*)\\)$").match(filter);
             patterns += inside.captured(1).split(' ', Qt::SkipEmptyParts);
         }
@@ -66,8 +64,15 @@ QString TFileController::dialogFilters() const
     patterns.removeAll("*.*");
     patterns.append("*.[0-9]*");
     patterns.removeDuplicates();
-    filters.prepend(tr("Kelmora Documents") + " (*.klm)");
-    filters.prepend(QString("%1 (%2)").arg(tr("All spectra"), patterns.join(' ')));
+    return patterns;
+}
+
+QString TFileController::dialogFilters() const
+{
+    QStringList filters{QString("%1 (%2)").arg(tr("All spectra"), spectrumPatterns().join(' ')),
+                        tr("Kelmora Documents") + " (*.klm)"};
+    for (const IConverter *converter : fHost.importDriver().converters())
+        filters += converter->importFilterList();
     filters.append(tr("All files") + " (*)");
     return filters.join(";;");
 }

@@ -54,6 +54,8 @@ public:
     /// Asks for a file and shows what the readers see inside it.
     void inspectDialog();
     void inspect(const QString &path);
+    /// The names of files that can be read, as "*.csv".
+    QStringList spectrumPatterns() const;
     /// Documents and data files opened last, the latest first.
     QStringList recentDocuments() const;
     QStringList recentFiles() const;

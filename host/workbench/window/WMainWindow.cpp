@@ -30,6 +30,7 @@
 #include "TTitleController.h"
 #include "TUnitsController.h"
 #include "TViewController.h"
+#include "WBatchDialog.h"
 #include "WDocumentView.h"
 #include "WHistoryPane.h"
 #include "WLogPane.h"
@@ -139,12 +140,25 @@ void WMainWindow::makeDocks()
     fDocks->add(new WLogPane(this), {Qt::BottomDockWidgetArea, QString(), cLogOrder, false, cTablesHeight});
 }
 
+void WMainWindow::showBatch()
+{
+    auto *dialog = findChild<WBatchDialog *>(); // one run at a time
+    if (!dialog) {
+        dialog = new WBatchDialog(fFiles->spectrumPatterns(), this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+}
+
 void WMainWindow::connectActions()
 {
     TDocumentController *documents = fDocuments.get();
     fActions->on("newDocument", [documents] { documents->newDocument(); });
     fActions->on("open", [this] { fFiles->openDialog(); });
     fActions->on("openAsStack", [this] { fFiles->openStackDialog(); });
+    fActions->on("batchProcessing", [this] { showBatch(); });
     fActions->on("inspectFile", [this] { fFiles->inspectDialog(); });
     fActions->on("save", [documents] { documents->save(); });
     fActions->on("saveAs", [documents] { documents->saveAs(); });

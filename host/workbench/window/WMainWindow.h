@@ -56,6 +56,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void showBatch();
     void connectActions();
     void connectUndo();
     void connectDocuments();
