@@ -8,14 +8,17 @@
 #include "TYrexMarkEditor.h"
 #include "WYrexSpectrumPropertiesPage.h"
 #include "WYrexStackOptionsDialog.h"
+#include "YrexActionTables.h"
 #include "YrexFactories.h"
 #include "YrexPropertyValues.h"
 #include "canvas/TDocument.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "settings/TDefaultsIni.h"
 #include "ui/PlotSteps.h"
 #include "ui/TPluginMouseModeHandler.h"
 #include "ui/TUpdateItem.h"
+#include "widgets/WPluginDockWidget.h"
 
 TYrexPluginGui::TYrexPluginGui() = default;
 TYrexPluginGui::~TYrexPluginGui() = default;
@@ -184,6 +187,35 @@ QVariantMap TYrexPluginGui::formatOf(const TCanvasItem &item) const
 {
     const auto *spectrum = dynamic_cast<const TCanvasYrexSpectrum *>(&item);
     return spectrum && hasPropertiesPages(item) ? YrexPropertyValues::formatOf(*spectrum) : QVariantMap();
+}
+
+QString TYrexPluginGui::templateTitle() const
+{
+    return tr("Processing Template");
+}
+
+bool TYrexPluginGui::isTemplate(const QString &path) const
+{
+    return path.endsWith(QLatin1String(".kzp"), Qt::CaseInsensitive);
+}
+
+QStringList TYrexPluginGui::recentTemplates() const
+{
+    return TDefaultsIni().value(cRecentProcessingKey, QStringList()).toStringList();
+}
+
+QString TYrexPluginGui::templateProblem() const
+{
+    const bool hasSpectrum = fHost && !fHost->itemList().getByRtti(TCanvasYrexSpectrum::cRtti).isEmpty();
+    return hasSpectrum ? QString() : tr("No spectrum is active.");
+}
+
+/// The dock does so, since it knows what may be edited now.
+void TYrexPluginGui::openTemplate(const QString &path)
+{
+    WPluginDockWidget *dock = fHost && fHost->gui() ? fHost->gui()->dock(cProcessingDock) : nullptr;
+    if (dock)
+        QMetaObject::invokeMethod(dock, "open", Qt::DirectConnection, Q_ARG(QString, path));
 }
 
 void TYrexPluginGui::adjustStackedItems(const TCanvasItemList &items)

@@ -3,6 +3,7 @@
 #include "TYrexPlugin.h"
 #include "plugin/IPluginActions.h"
 #include "plugin/IPluginPropertiesPages.h"
+#include "plugin/IPluginTemplates.h"
 
 #include <QPointer>
 #include <QSet>
@@ -17,11 +18,11 @@ class TYrexHotAreasHandler;
 class TYrexMarkEditor;
 
 /// What the host gets from the library: the module with its menus, docks and mouse modes on top.
-class TYrexPluginGui : public TYrexPlugin, public IPluginActions, public IPluginPropertiesPages
+class TYrexPluginGui : public TYrexPlugin, public IPluginActions, public IPluginPropertiesPages, public IPluginTemplates
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "com.dornveld.kelmora-qt.IPluginInfo/3.0")
-    Q_INTERFACES(IPluginActions IPluginPropertiesPages)
+    Q_INTERFACES(IPluginActions IPluginPropertiesPages IPluginTemplates)
 
 public:
     TYrexPluginGui();
@@ -42,6 +43,12 @@ public:
     bool hasPropertiesPages(const TCanvasItem &item) const override;
     WPropertiesPages *createPropertiesPages(QWidget *parent) override;
     QVariantMap formatOf(const TCanvasItem &item) const override;
+
+    QString templateTitle() const override;
+    bool isTemplate(const QString &path) const override;
+    QStringList recentTemplates() const override;
+    QString templateProblem() const override;
+    void openTemplate(const QString &path) override;
 
 signals:
     /// A peak is highlighted, by its place in the list of the active spectrum of the item with that id.

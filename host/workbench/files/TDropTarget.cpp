@@ -2,12 +2,14 @@
 
 #include "TDocumentController.h"
 #include "TFileController.h"
+#include "TItemSelection.h"
 #include "TPageDrop.h"
 #include "TScratchImport.h"
 #include "WDocumentView.h"
 #include "canvas/TCanvasSpectrum.h"
 #include "canvas/TDocument.h"
 #include "consts/Consts.h"
+#include "plugin/IPluginTemplates.h"
 #include "services/TKelmoraHost.h"
 #include "ui/TDragAndDropHandler.h"
 #include "widgets/GuiUtils.h"
@@ -101,6 +103,33 @@ bool TDropTarget::isOnPlot(const QPoint &windowPos) const
     return fDrops.viewPlace(windowPos, place) && fDocuments.view()->spotAt(place).plot;
 }
 
+IPluginTemplates *TDropTarget::templatesAt(const QPoint &windowPos) const
+{
+    if (fPaths.size() != 1 || !isOnPlot(windowPos))
+        return nullptr;
+    for (QObject *plugin : fHost.plugins()) {
+        auto *templates = qobject_cast<IPluginTemplates *>(plugin);
+        if (templates && templates->isTemplate(fPaths.first()))
+            return templates;
+    }
+    return nullptr;
+}
+
+bool TDropTarget::dropTemplate(QDropEvent *drop)
+{
+    IPluginTemplates *templates = templatesAt(drop->pos());
+    QPoint place;
+    if (!templates || !fDrops.viewPlace(drop->pos(), place))
+        return false;
+    TItemSelection &selection = fDocuments.view()->selection();
+    TCanvasItem *item = fDocuments.view()->spotAt(place).item;
+    if (!selection.contains(item))
+        selection.select(item);
+    drop->acceptProposedAction();
+    templates->openTemplate(fPaths.first());
+    return true;
+}
+
 const QMimeData *TDropTarget::looseItems()
 {
     if (fIsRead)
@@ -129,6 +158,11 @@ const QMimeData *TDropTarget::looseItems()
 
 void TDropTarget::moveFiles(QDragMoveEvent *drag)
 {
+    if (const IPluginTemplates *templates = templatesAt(drag->pos())) {
+        showLabel(drag->pos(), templates->templateTitle());
+        drag->acceptProposedAction();
+        return;
+    }
     const bool asStack = isControlHeld(*drag);
     const QMimeData *loose = !asStack && isOnPlot(drag->pos()) ? looseItems() : nullptr;
     if (!loose) {
@@ -177,6 +211,8 @@ void TDropTarget::dropItems(QDropEvent *drop)
 
 void TDropTarget::dropFiles(QDropEvent *drop)
 {
+    if (dropTemplate(drop))
+        return;
     QStringList files = filesOf(*drop->mimeData());
     const bool isTaken = fLoose && fDrops.drop(drop, fLoose.get());
     if (isTaken)

@@ -12,6 +12,7 @@ class QDropEvent;
 class QLabel;
 class QMimeData;
 class QWidget;
+class IPluginTemplates;
 class TDocumentController;
 class TFileController;
 class TLooseItemsMime;
@@ -44,6 +45,10 @@ private:
     void moveItems(QDragMoveEvent *drag);
     void dropFiles(QDropEvent *drop);
     void dropItems(QDropEvent *drop);
+    /// Whose template the drag is, when it is one alone and over a plot; null otherwise.
+    IPluginTemplates *templatesAt(const QPoint &windowPos) const;
+    /// Opens the dragged template for the item there, or for all selected ones when that is one of them.
+    bool dropTemplate(QDropEvent *drop);
     bool isOnPlot(const QPoint &windowPos) const;
     /// The spectra of the dragged files, which are read when they are over a plot for the first time; null where one of
     /// them is a document or cannot be read.

@@ -7,6 +7,8 @@
 #include "WDocumentView.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "plugin/IPluginTemplates.h"
+#include "services/TKelmoraHost.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -62,6 +64,24 @@ void addFiles(QVector<TPaletteEntry> &entries, const QStringList &paths, const Q
     }
 }
 
+void addTemplates(QVector<TPaletteEntry> &entries, const TKelmoraHost &host)
+{
+    for (QObject *plugin : host.plugins()) {
+        auto *templates = qobject_cast<IPluginTemplates *>(plugin);
+        for (const QString &path : templates ? templates->recentTemplates() : QStringList()) {
+            const QFileInfo info(path);
+            TPaletteEntry entry;
+            entry.fId = "template/" + path;
+            entry.fTitle = info.fileName();
+            entry.fPath = templates->templateTitle() + " > " + QDir::toNativeSeparators(info.path());
+            entry.fReason = info.exists() ? templates->templateProblem() : tr("The file is no longer there.");
+            entry.fIsEnabled = entry.fReason.isEmpty();
+            entry.fRun = [templates, path] { templates->openTemplate(path); };
+            entries.append(entry);
+        }
+    }
+}
+
 void addSamples(QVector<TPaletteEntry> &entries, TFileController &files)
 {
     for (const QString &path : TFileController::samples()) {
@@ -98,12 +118,13 @@ void addPages(QVector<TPaletteEntry> &entries, TDocumentController &documents)
 } // namespace
 
 QVector<TPaletteEntry> paletteEntries(const QMenuBar &bar, TActionTable &table, TDocumentController &documents,
-                                      TFileController &files)
+                                      TFileController &files, const TKelmoraHost &host)
 {
     QVector<TPaletteEntry> entries;
     addActions(entries, bar, table);
     addSamples(entries, files);
     addFiles(entries, files.recentDocuments() + files.recentFiles(), tr("File > Open Recent"), files);
+    addTemplates(entries, host);
     addPages(entries, documents);
     return entries;
 }

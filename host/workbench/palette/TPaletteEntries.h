@@ -8,6 +8,7 @@ class QMenuBar;
 class TActionTable;
 class TDocumentController;
 class TFileController;
+class TKelmoraHost;
 
 /// Something that can be run by its name.
 struct TPaletteEntry
@@ -23,7 +24,7 @@ struct TPaletteEntry
     std::function<void()> fRun;
 };
 
-/// All that the command palette finds: actions and docks, sample spectra, files opened last, pages of the open
-/// documents.
+/// All that the command palette finds: actions and docks, sample spectra, files and plug-ins' templates opened last,
+/// pages of the open documents.
 QVector<TPaletteEntry> paletteEntries(const QMenuBar &bar, TActionTable &table, TDocumentController &documents,
-                                      TFileController &files);
+                                      TFileController &files, const TKelmoraHost &host);

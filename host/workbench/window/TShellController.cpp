@@ -40,7 +40,7 @@ TShellController::TShellController(TKelmoraHost &host, TActionTable &actions, TD
     , fFiles(files)
     , fWindow(window)
     , fShortcuts(new TShortcuts(actions, *window->menuBar(), this))
-    , fPalette(new WCommandPalette([this] { return paletteEntries(*fWindow->menuBar(), fActions, fDocuments, fFiles); },
+    , fPalette(new WCommandPalette([this] { return paletteEntries(*fWindow->menuBar(), fActions, fDocuments, fFiles, fHost); },
                                    window))
 {
     new TDecimalKeys(this);

@@ -430,6 +430,10 @@ void WYrexProcessingWidget::open(QString aFileName)
 {
     if (aFileName.isEmpty() || !spectrum())
         return;
+    if (!fOpenSaveFrame->isEnabled()) { // from elsewhere than the dock
+        host().gui()->statusMessage(tr("No template can be opened while a baseline is shown or edited."));
+        return;
+    }
     TYrexProcParams params = fParams;
     const int result = params.readFile(aFileName);
     if (result != TYrexProcParams::cReadOk) {
