@@ -35,6 +35,8 @@ void WYrexProcessingWidget::makeReportButton()
     auto *menu = new QMenu(button);
     menu->addAction(QIcon(":/images/table.png"), tr("Report"), this, &WYrexProcessingWidget::onReport);
     menu->addAction(QIcon(":/images/report-copy.png"), tr("Copy report"), this, &WYrexProcessingWidget::onReportCopy);
+    menu->addSeparator();
+    menu->addAction(tr("Set-up..."), this, &WYrexProcessingWidget::onReportSetup);
     button->setMenu(menu);
     fOpenSave->addButton(button);
     IReportService *reports = host().gui() ? host().gui()->reports() : nullptr;

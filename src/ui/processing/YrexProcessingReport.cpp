@@ -54,10 +54,13 @@ TReport::TRows multipointRows(const TYrexMultipointSetup &setup, const QVariantM
                                           QT_TRANSLATE_NOOP("YrexProcessingReport", "Cubic Splines"),
                                           QT_TRANSLATE_NOOP("YrexProcessingReport", "Whittaker")};
     const int curve = qBound(0, int(setup.algorithm), 3);
-    return {{text("Curve"), text(cCurves[curve])},
-            {text("Averaging, points"), QString::number(setup.avgWindow)},
-            {text("Number of points"), QString::number(setup.points.size())},
-            {text("Baseline"), TYrexChainRules::valueText(cKeyMultipointBaseline, map.value(cKeyMultipointBaseline))}};
+    TReport::TRows rows{{text("Curve"), text(cCurves[curve])},
+                        {text("Averaging, points"), QString::number(setup.avgWindow)},
+                        {text("Number of points"), QString::number(setup.points.size())}};
+    const QString baseline = TYrexChainRules::valueText(cKeyMultipointBaseline, map.value(cKeyMultipointBaseline));
+    if (!baseline.isEmpty())
+        rows.append({text("Baseline"), baseline});
+    return rows;
 }
 
 } // namespace
