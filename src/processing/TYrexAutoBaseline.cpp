@@ -165,6 +165,8 @@ void TYrexAutoBaseline::searchLambda(TYrexSpectrum &spectrum, QVariantMap &actio
     if (!action.value(QLatin1String(cKeyBaselineAutoLambda)).toBool())
         return;
     const QString key = QString::fromLatin1(cKeyBaselineLambda);
+    std::vector<Utils::Matrix::TFactorScore> scores;
+    spectrum.procParams().setFactorScores(scores);
     pickPeaks(spectrum);
     if (spectrum.peaks().isEmpty()) {
         action.insert(key, cStartFactor);
@@ -182,15 +184,16 @@ void TYrexAutoBaseline::searchLambda(TYrexSpectrum &spectrum, QVariantMap &actio
         switch (action.value(QLatin1String(cKeyBaselineAlgorithm)).toInt()) {
         case cBaselineAsLs:
         case cBaselineIAsLs:
-            Utils::Matrix::iarplssGA(n, mask.data(), work.constData(), factor, ratio);
+            Utils::Matrix::iarplssGA(n, mask.data(), work.constData(), factor, ratio, &scores);
             break;
         case cBaselineSnip:
-            Utils::Matrix::snipBCGA(n, mask.data(), work.constData(), factor);
+            Utils::Matrix::snipBCGA(n, mask.data(), work.constData(), factor, &scores);
             break;
         default:
             break;
         }
     }
+    spectrum.procParams().setFactorScores(scores);
     action.insert(key, raisedFactor(factor, kind == cPeaksDown));
 }
 

@@ -17,7 +17,7 @@ void autoBaseline(TYrexSpectrum &spectrum, const QVariantMap &action);
 
 /// Finds "alsbaselinelog10lambda" for an action with "alsbaselineautolambda" and puts it into the map. Picks peaks, to
 /// keep them out of the search, and leaves the spectrum without any, manual ones included. Without peaks the factor is
-/// 5.
+/// 5. The criterion of the search stays in the spectrum's processing parameters.
 void searchLambda(TYrexSpectrum &spectrum, QVariantMap &action);
 
 /// Asymmetrically reweighted penalised least squares: z[0..n-1] is the baseline of y[0..n-1], in its unit, by a second

@@ -109,6 +109,7 @@ void TYrexSpectrumProcParams::process(int flags, int from, int to)
 
 void TYrexSpectrumProcParams::resetData()
 {
+    fFactorScores.clear();
     fSpectrum->copyOrgDataToData();
     const int unit = fSpectrum->origYUnits();
     fSpectrum->setUnits(fSpectrum->xUnits(), unit);

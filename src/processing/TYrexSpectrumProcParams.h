@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexProcParams.h"
+#include "numerics/MatrixUtils.h"
 
 class TDataStream;
 class TYrexSpectrum;
@@ -25,6 +26,11 @@ public:
     /// run. Neither persisted nor copied.
     double runTime(int index) const { return fRunTimes.value(index); }
 
+    /// How the factors of the last search of a smoothing factor did; empty when the last run made none, or found
+    /// nothing to search in. Neither persisted nor copied.
+    const std::vector<Utils::Matrix::TFactorScore> &factorScores() const { return fFactorScores; }
+    void setFactorScores(const std::vector<Utils::Matrix::TFactorScore> &scores) { fFactorScores = scores; }
+
     void store(TDataStream &stream) const;
     void load(TDataStream &stream);
 
@@ -43,4 +49,5 @@ private:
     TYrexProcParams fLastApplied;
     TYrexSpectrum *fSpectrum;
     QVector<double> fRunTimes; // up to the last action that ran
+    std::vector<Utils::Matrix::TFactorScore> fFactorScores;
 };

@@ -300,30 +300,38 @@ TEST_F(ProcessingDockTest, keysToggleMoveAndRemove)
     EXPECT_TRUE(the<QGroupBox>("yrexMSCCorrGroupBox")->isVisibleTo(fWindow.get())) << "its page is chosen";
 }
 
-TEST_F(ProcessingDockTest, theReportListsWhatIsApplied)
+TEST_F(ProcessingDockTest, aClickOnTheCriterionTakesAFactor)
 {
-    open(writeCsv("one.csv"));
-    auto *dock = fWindow->findChild<QDockWidget *>("yrexProcessingWidget");
-    QMetaObject::invokeMethod(dock, "onReportCopy");
-    EXPECT_TRUE(QApplication::clipboard()->text().contains("None Applied"));
-    check(cNormalization);
-    check(cSmoothing);
-    QMetaObject::invokeMethod(dock, "onReportCopy");
-    const QString plain = QApplication::clipboard()->text();
-    EXPECT_LT(plain.indexOf("1. Normalization"), plain.indexOf("2. Smoothing"));
-    EXPECT_TRUE(plain.contains("    Method: Savitzky"));
-    EXPECT_TRUE(plain.contains("    SG Kernel Length: 9"));
-    EXPECT_TRUE(plain.contains("Points: 101"));
-    for (const QString &line : plain.split('\n'))
-        EXPECT_LE(line.size(), 78) << line.toStdString();
-    const QString html = QApplication::clipboard()->mimeData()->html();
-    EXPECT_TRUE(html.contains("<h3>2. Smoothing</h3>"));
-    EXPECT_FALSE(html.contains("<script"));
-    QMetaObject::invokeMethod(dock, "onReport");
-    auto *preview = fWindow->findChild<QDialog *>("reportPreview");
-    ASSERT_TRUE(preview);
-    QApplication::clipboard()->clear();
-    preview->findChild<QPushButton *>("copyButton")->click();
-    EXPECT_EQ(QApplication::clipboard()->text(), plain);
-    preview->close();
+    open(writeCsv("one.csv", 1, 301));
+    auto *curve = the<QWidget>("yrexFactorCurve");
+    auto *automatic = the<QPushButton>("yrexalsbaselineautolambdaPushButton");
+    auto *factor = the<QDoubleSpinBox>("yrexalsbaselinelog10lambdaDoubleSpinBox");
+    auto *baseline = the<QCheckBox>("yrexalsbaselineshowonlyCheckBox");
+    check(cBaseline);
+    automatic->click();
+    EXPECT_FALSE(curve->isVisibleTo(fWindow.get())) << "nothing is searched for a baseline that is taken off";
+    baseline->setChecked(true);
+    settle();
+    ASSERT_TRUE(curve->isVisibleTo(fWindow.get()));
+    EXPECT_EQ(curve->height(), 120);
+    EXPECT_NE(factor->value(), 7.0);
+    EXPECT_TRUE(curve->accessibleDescription().contains(QString::number(factor->value(), 'f', 2)));
+    const int steps = undo()->index();
+    QTest::mouseClick(curve, Qt::LeftButton, {}, QPoint(curve->width() - 1, 60));
+    settle();
+    EXPECT_DOUBLE_EQ(factor->value(), 12.0);
+    EXPECT_DOUBLE_EQ(action(cBaseline).value("alsbaselinelog10lambda").toDouble(), 12.0);
+    EXPECT_FALSE(automatic->isChecked()) << "or the next run would search again";
+    EXPECT_FALSE(action(cBaseline).contains("alsbaselineautolambda"));
+    EXPECT_EQ(undo()->index(), steps + 1);
+    EXPECT_TRUE(curve->isVisibleTo(fWindow.get())) << "to choose another one";
+    the<QComboBox>("yrexalsbaselinealgorithmComboBox")->setCurrentIndex(2);
+    settle();
+    EXPECT_FALSE(curve->isVisibleTo(fWindow.get())) << "another method has another criterion";
+    automatic->click();
+    settle();
+    EXPECT_TRUE(curve->isVisibleTo(fWindow.get()));
+    baseline->setChecked(false);
+    settle();
+    EXPECT_FALSE(curve->isVisibleTo(fWindow.get()));
 }

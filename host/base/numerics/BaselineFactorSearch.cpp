@@ -141,9 +141,25 @@ double TBaselineFactorSearch::distanceToReference(const std::vector<double> &z) 
     return squares;
 }
 
+/// lambda grows with the fourth power of the density of points
+double TBaselineFactorSearch::densityShift() const
+{
+    return 4.0 * std::log10(double(fBlock));
+}
+
+/// Adds what a witness says of the factors, least is best, scaled to 0 to 1.
+void TBaselineFactorSearch::addWitness(const std::vector<double> &values)
+{
+    const auto ends = std::minmax_element(values.begin(), values.end());
+    const double range = *ends.second - *ends.first;
+    for (size_t k = 0; k < fScores.size() && range > 0.0; ++k)
+        fScores[k].fScore += (values[k] - *ends.first) / range;
+}
+
 double TBaselineFactorSearch::smoothingFactor(double ratio)
 {
     fitReference(ratio);
+    std::vector<double> distances;
     double misfit[cGridCount]; // logarithms of the mean squared residual of the unmasked points,
     double rough[cGridCount];  // and of the sum of squared second differences
     int nearest = 0;
@@ -151,6 +167,7 @@ double TBaselineFactorSearch::smoothingFactor(double ratio)
     for (int k = 0; k < cGridCount; ++k) {
         fitIarPls(fSmoother, fCount, fY.data(), nullptr, lambdaOf(gridValue(k)), ratio, fZ.data());
         const double distance = distanceToReference(fZ);
+        distances.push_back(std::log(distance + cTiny));
         if (distance < nearestDistance) {
             nearestDistance = distance;
             nearest = k;
@@ -177,15 +194,27 @@ double TBaselineFactorSearch::smoothingFactor(double ratio)
         if (step(k - 1) + step(k) < step(corner - 1) + step(corner))
             corner = k;
     }
-    // lambda grows with the fourth power of the density of points
-    const double factor = 0.5 * (gridValue(nearest) + gridValue(corner)) + 4.0 * std::log10(double(fBlock));
-    return std::min(factor, cLargestFactor);
+    std::vector<double> steps;
+    for (int k = 0; k < cGridCount; ++k) {
+        const int inner = std::min(std::max(k, 1), cGridCount - 2); // the ends have one step only
+        steps.push_back(step(inner - 1) + step(inner));
+    }
+    fScores.clear();
+    for (int k = 0; k < cGridCount; ++k)
+        fScores.push_back({gridValue(k) + densityShift(), 0.0});
+    addWitness(distances);
+    addWitness(steps);
+    for (TFactorScore &score : fScores)
+        score.fScore *= 0.5;
+    return std::min(0.5 * (gridValue(nearest) + gridValue(corner)) + densityShift(), cLargestFactor);
 }
 
 double TBaselineFactorSearch::clippingFactor()
 {
     fitReference(cSnipRatio);
     std::vector<double> scratch(static_cast<size_t>(fCount));
+    std::vector<double> distances;
+    fScores.clear();
     double best = cGridFirst;
     double bestDistance = std::numeric_limits<double>::infinity();
     int lastWindow = 0;
@@ -197,11 +226,14 @@ double TBaselineFactorSearch::clippingFactor()
         lastWindow = window;
         clipPeaks(fCount, fY.data(), fZ.data(), scratch.data(), window);
         const double distance = distanceToReference(fZ);
+        distances.push_back(std::log(distance + cTiny));
+        fScores.push_back({factor, 0.0});
         if (distance < bestDistance) {
             bestDistance = distance;
             best = factor;
         }
     }
+    addWitness(distances);
     return best;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "numerics/MatrixUtils.h"
 #include "numerics/TReweightedSmoother.h"
 
 #include <vector>
@@ -18,6 +19,8 @@ public:
     double smoothingFactor(double ratio);
     /// The factor for snipBC.
     double clippingFactor();
+    /// How the factors did in the last search.
+    const std::vector<TFactorScore> &scores() const { return fScores; }
 
 private:
     void takeBlockMeans(int n, const unsigned char *mask, const double *y);
@@ -26,6 +29,8 @@ private:
     double predictionError(double log10Lambda, int gap, double ratio);
     void fitReference(double ratio);
     double distanceToReference(const std::vector<double> &z) const;
+    double densityShift() const;
+    void addWitness(const std::vector<double> &values);
 
     TReweightedSmoother fSmoother;
     int fCount = 0;
@@ -36,6 +41,7 @@ private:
     std::vector<double> fReference;
     std::vector<double> fZ;
     std::vector<double> fErrors;
+    std::vector<TFactorScore> fScores;
 };
 
 } // namespace Matrix

@@ -80,19 +80,31 @@ TOperationResult snipBC(int n, const double *y, double *z, double factor)
     return {};
 }
 
-TOperationResult iarplssGA(int n, const unsigned char *mask, const double *y, double &factor, double ratio)
+TOperationResult iarplssGA(int n, const unsigned char *mask, const double *y, double &factor, double ratio,
+                           std::vector<TFactorScore> *scores)
 {
+    if (scores)
+        scores->clear();
     if (const int problem = searchProblem(n, y))
         return failure(problem);
-    factor = TBaselineFactorSearch(n, mask, y).smoothingFactor(ratio);
+    TBaselineFactorSearch search(n, mask, y);
+    factor = search.smoothingFactor(ratio);
+    if (scores)
+        *scores = search.scores();
     return {};
 }
 
-TOperationResult snipBCGA(int n, const unsigned char *mask, const double *y, double &factor)
+TOperationResult snipBCGA(int n, const unsigned char *mask, const double *y, double &factor,
+                          std::vector<TFactorScore> *scores)
 {
+    if (scores)
+        scores->clear();
     if (const int problem = searchProblem(n, y))
         return failure(problem);
-    factor = TBaselineFactorSearch(n, mask, y).clippingFactor();
+    TBaselineFactorSearch search(n, mask, y);
+    factor = search.clippingFactor();
+    if (scores)
+        *scores = search.scores();
     return {};
 }
 

@@ -2,6 +2,8 @@
 
 #include "utils/TOperationResult.h"
 
+#include <vector>
+
 namespace Utils {
 namespace Matrix {
 
@@ -10,6 +12,13 @@ namespace Matrix {
 /// The abscissa is the point index. y and z must not overlap. Input that has no baseline, too few points (n < 3), a NaN
 /// or an infinity in y, or a factor out of range, gives z = y and a code other than 0.
 enum TBaselineError : int { cTooFewPoints = 1, cNotFinite = 2, cBadFactor = 3, cConstant = 4 };
+
+/// How a factor did in a search: 0 for the best that a witness saw, 1 for the worst, in the mean over the witnesses.
+struct TFactorScore
+{
+    double fFactor;
+    double fScore;
+};
 
 /// Improved asymmetrically reweighted penalised least squares: a Whittaker smoother of second order with the smoothing
 /// factor lambda > 0 and the weights (1 - u / sqrt(1 + u^2)) / 2, u = exp(t) (d - 2 sigma) / sigma, in iteration t; d
@@ -46,12 +55,15 @@ TOperationResult snipBC(int n, const double *y, double *z, double factor);
 ///  - B: the corner of the V-curve, where misfit and roughness change least with lambda: G. Frasso, P. H. C. Eilers,
 ///    Stat. Model. 15 (2015) 91-111, doi 10.1177/1471082X14549288.
 /// A mask that leaves fewer than max(8, n/20) points is ignored. Above 8192 points the search works on means of blocks.
-/// Deterministic. Some 900 solutions of the smoother.
-TOperationResult iarplssGA(int n, const unsigned char *mask, const double *y, double &factor, double ratio);
+/// Deterministic. Some 900 solutions of the smoother. `scores`, when it is given, becomes the criterion over the
+/// factors that were tried, in their order; empty where nothing was searched.
+TOperationResult iarplssGA(int n, const unsigned char *mask, const double *y, double &factor, double ratio,
+                           std::vector<TFactorScore> *scores = nullptr);
 
 /// Searches the factor for snipBC, from 3 to 12 in tenths: the one whose baseline lies nearest to the reference curve
 /// of iarplssGA, the smaller one on ties. Otherwise as there.
-TOperationResult snipBCGA(int n, const unsigned char *mask, const double *y, double &factor);
+TOperationResult snipBCGA(int n, const unsigned char *mask, const double *y, double &factor,
+                          std::vector<TFactorScore> *scores = nullptr);
 
 } // namespace Matrix
 } // namespace Utils

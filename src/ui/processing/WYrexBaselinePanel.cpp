@@ -2,8 +2,11 @@
 
 #include "TYrexProcIds.h"
 #include "TYrexProcParams.h"
+#include "TYrexSpectrum.h"
+#include "WYrexFactorCurve.h"
 #include "widgets/TDoubleSpinBox.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
@@ -40,6 +43,7 @@ WYrexBaselinePanel::WYrexBaselinePanel(QWidget *parent)
     , fAuto(new QPushButton(this))
     , fCredit(new QLabel(this))
     , fDoi(new QLabel(this))
+    , fCurve(new WYrexFactorCurve(this))
 {
     fAlgorithm = addCombo("yrexalsbaselinealgorithmComboBox", TYrexProcParams::label(80), cKeyBaselineAlgorithm,
                           {cBaselineAsLs, cBaselineIAsLs, cBaselineSnip},
@@ -58,8 +62,8 @@ WYrexBaselinePanel::WYrexBaselinePanel(QWidget *parent)
     fAuto->setToolTip(tr("Finds the value in the data while the baseline is shown. At first: off."));
     form()->addRow(fAuto);
     connect(fAuto, &QPushButton::clicked, this, [this] { noteEdit(fAuto); });
-    addCheck("yrexalsbaselineshowonlyCheckBox", TYrexProcParams::label(25), cKeyBaselineShowOnly,
-             tr("Draws the baseline over the data instead of taking it off. At first: off."));
+    fShowOnly = addCheck("yrexalsbaselineshowonlyCheckBox", TYrexProcParams::label(25), cKeyBaselineShowOnly,
+                         tr("Draws the baseline over the data instead of taking it off. At first: off."));
     fCredit->setObjectName("yrexalsbaselineLabel");
     fCredit->setWordWrap(true);
     fDoi->setObjectName("yrexalsbaselineDOILabel");
@@ -68,6 +72,8 @@ WYrexBaselinePanel::WYrexBaselinePanel(QWidget *parent)
     fDoi->setTextInteractionFlags(Qt::TextBrowserInteraction);
     form()->addRow(fCredit);
     form()->addRow(fDoi);
+    form()->addRow(fCurve);
+    connect(fCurve, &WYrexFactorCurve::factorChosen, this, &WYrexBaselinePanel::takeFactor);
     couple();
 }
 
@@ -83,6 +89,34 @@ void WYrexBaselinePanel::store(QVariantMap &map)
 void WYrexBaselinePanel::loadOthers(const QVariantMap &map)
 {
     fAuto->setChecked(map.value(cKeyBaselineAutoLambda).toBool());
+}
+
+void WYrexBaselinePanel::setSpectrum(const TYrexSpectrum *spectrum)
+{
+    if (!spectrum)
+        fCurve->setKept(false);
+    fCurve->setScores(spectrum ? spectrum->procParams().factorScores() : WYrexFactorCurve::TScores());
+}
+
+/// A factor that is taken by hand holds, so that nothing is searched any more; the curve stays to choose again.
+void WYrexBaselinePanel::takeFactor(double factor)
+{
+    constexpr double cSame = 0.005; // the box shows two digits
+    fCurve->setKept(true);
+    fKeptAlgorithm = fAlgorithm->currentData().toInt();
+    fAuto->setChecked(false);
+    if (qAbs(fFactor->value() - factor) < cSame)
+        noteEdit(fAuto);
+    else
+        fFactor->setValue(factor);
+}
+
+void WYrexBaselinePanel::updateCurve()
+{
+    if (fAlgorithm->currentData().toInt() != fKeptAlgorithm)
+        fCurve->setKept(false); // another method has another criterion
+    fCurve->setFactor(fFactor->value());
+    fCurve->setVisible(fShowOnly->isChecked() && fCurve->hasScores() && (fAuto->isChecked() || fCurve->isKept()));
 }
 
 void WYrexBaselinePanel::couple()
@@ -101,5 +135,6 @@ void WYrexBaselinePanel::couple()
     while (publication.endsWith(','))
         publication.chop(1);
     fCredit->setText(publication);
+    updateCurve();
     fDoi->setText(QString("<a href=\"https://doi.org/%1\">DOI</a> %1").arg(doi.toHtmlEscaped()));
 }

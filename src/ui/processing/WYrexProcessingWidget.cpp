@@ -189,6 +189,7 @@ void WYrexProcessingWidget::refresh()
     if (isOther) {
         fEditor->flush();
         fOpenSave->clearFileName();
+        fPanels->panel(cProcAutoBaseline)->setSpectrum(nullptr); // what it shows of a search was of another one
     }
     fShownItem = shown->uniqueId();
     fShownSpectrum = shown->stack().current();
