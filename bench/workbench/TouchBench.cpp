@@ -103,7 +103,13 @@ void touchBaseline(benchmark::State &state)
         settle();
     }
 }
-BENCHMARK(touchBaseline)->ArgName("row")->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(touchBaseline)
+    ->ArgName("row")
+    ->Arg(0)
+    ->Arg(1)
+    ->Arg(2)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime();
 
 void touchSmoothing(benchmark::State &state)
 {
@@ -117,7 +123,7 @@ void touchSmoothing(benchmark::State &state)
         settle();
     }
 }
-BENCHMARK(touchSmoothing)->Unit(benchmark::kMillisecond);
+BENCHMARK(touchSmoothing)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 void touchDerivative(benchmark::State &state)
 {
@@ -131,7 +137,7 @@ void touchDerivative(benchmark::State &state)
         settle();
     }
 }
-BENCHMARK(touchDerivative)->Unit(benchmark::kMillisecond);
+BENCHMARK(touchDerivative)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 void touchNormalization(benchmark::State &state)
 {
@@ -145,7 +151,7 @@ void touchNormalization(benchmark::State &state)
         settle();
     }
 }
-BENCHMARK(touchNormalization)->Unit(benchmark::kMillisecond);
+BENCHMARK(touchNormalization)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 } // namespace
 

@@ -40,21 +40,34 @@ void TYrexListCommand::finishItem(TCanvasYrexSpectrum *item, int, bool refreshed
 
 void TYrexListCommand::saveItem(TCanvasYrexSpectrum *item, int index)
 {
-    QByteArray state;
-    item->storeFullState(state);
-    fSnapshots[size_t(index)].take(std::move(state));
+    if (!fIsTakenOver) {
+        QByteArray state;
+        item->storeFullState(state);
+        fSnapshots[size_t(index)] = std::make_shared<TYrexSnapshot>();
+        fSnapshots[size_t(index)]->take(std::move(state));
+    }
     fPlots[index].capture(item);
+}
+
+void TYrexListCommand::takeFrom(TCommand &predecessor)
+{
+    const auto *last = dynamic_cast<const TYrexListCommand *>(&predecessor);
+    if (!last || last->items() != items())
+        return;
+    fSnapshots = last->fSnapshots;
+    fIsTakenOver = true;
 }
 
 void TYrexListCommand::restoreItem(TCanvasYrexSpectrum *item, int index)
 {
-    item->restoreFullState(fSnapshots.at(size_t(index)).state());
+    fIsTakenOver = false; // what is done again may find other items
+    item->restoreFullState(fSnapshots.at(size_t(index))->state());
 }
 
 qint64 TYrexListCommand::snapshotBytes() const
 {
     qint64 bytes = 0;
-    for (const TYrexSnapshot &snapshot : fSnapshots)
-        bytes += snapshot.bytes();
+    for (const std::shared_ptr<TYrexSnapshot> &snapshot : fSnapshots)
+        bytes += snapshot ? snapshot->bytes() : 0;
     return bytes;
 }

@@ -2,15 +2,17 @@
 
 #include "TYrexCommand.h"
 #include "TYrexSnapshot.h"
+#include "commands/IRunSuccessor.h"
 #include "commands/TPlotSnapshot.h"
 
+#include <memory>
 #include <vector>
 
 class TYrexSpectrum;
 
 /// Base of the commands that change whole spectra. Undo reads back a snapshot of each item's complete state, of which
 /// only the compressed form is kept.
-class TYrexListCommand : public TYrexCommand
+class TYrexListCommand : public TYrexCommand, public IRunSuccessor
 {
     Q_OBJECT
 
@@ -28,10 +30,13 @@ public:
     virtual void saveItem(TCanvasYrexSpectrum *item, int index);
     virtual void restoreItem(TCanvasYrexSpectrum *item, int index);
 
+    /// Within an edit run all commands undo to the same state: it is stored and compressed once.
+    void takeFrom(TCommand &predecessor) override;
     /// The bytes of all snapshots, compressed; waits for that.
     qint64 snapshotBytes() const;
 
 private:
-    std::vector<TYrexSnapshot> fSnapshots; // by item
-    QVector<TPlotSnapshot> fPlots;         // by item
+    std::vector<std::shared_ptr<TYrexSnapshot>> fSnapshots; // by item; shared while commands of a run change places
+    QVector<TPlotSnapshot> fPlots;                          // by item
+    bool fIsTakenOver = false;                              // until the next do step is over
 };

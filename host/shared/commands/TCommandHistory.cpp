@@ -1,5 +1,6 @@
 #include "commands/TCommandHistory.h"
 
+#include "commands/IRunSuccessor.h"
 #include "commands/TCommand.h"
 #include "history/THistoryCommand.h"
 
@@ -58,9 +59,11 @@ public:
         fCommands.push_back(std::move(command));
     }
     /// Undoes and gives up the last command; the next one takes its place.
-    void dropLast()
+    void dropLast(TCommand &next)
     {
         last().revert();
+        if (auto *successor = dynamic_cast<IRunSuccessor *>(&next))
+            successor->takeFrom(last());
         last().removeHistoryCommand();
         fCommands.pop_back();
     }
@@ -154,7 +157,7 @@ bool TCommandHistory::replaceInRun(std::unique_ptr<TCommand> &command)
     TStackEntry *newest = newestOfGesture();
     if (!fIsEditRun || !newest || !command->replacesInEditRun() || !newest->last().mergeCommand(command.get()))
         return false;
-    newest->dropLast();
+    newest->dropLast(*command);
     command->execute();
     if (!command->isVoid()) {
         command->doHistoryCommand();

@@ -78,8 +78,10 @@ WBatchDialog::WBatchDialog(const QStringList &patterns, QWidget *parent)
     fProgress->setObjectName("progressBar");
     fProgress->setAccessibleName(tr("Files that are done"));
     fRun->setObjectName("runButton");
+    fRun->setToolTip(tr("Processes the files."));
     fRun->setDefault(true);
     fClose->setObjectName("closeButton");
+    fClose->setToolTip(tr("Closes the dialog, or ends the work behind the files that it is at."));
     fClose->setAutoDefault(false);
     auto *bottom = new QHBoxLayout;
     bottom->addWidget(fProgress, 1);
@@ -161,7 +163,7 @@ QWidget *WBatchDialog::makeOptions()
         control->setAccessibleName(QString(label).remove('&'));
     };
     fTemplate->setPlaceholderText(tr("None: files are converted as they are"));
-    add(tr("&Template"),
+    add(tr("Temp&late"),
         makePlace(fTemplate, "templateEdit", tr("A processing template (.kzp) or a chain as JSON."),
                   [this] { askForTemplate(); }),
         fTemplate);

@@ -70,9 +70,9 @@ WYrexBaselinePanel::WYrexBaselinePanel(QWidget *parent)
     fDoi->setTextFormat(Qt::RichText);
     fDoi->setOpenExternalLinks(true);
     fDoi->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    form()->addRow(fCurve);
     form()->addRow(fCredit);
     form()->addRow(fDoi);
-    form()->addRow(fCurve);
     connect(fCurve, &WYrexFactorCurve::factorChosen, this, &WYrexBaselinePanel::takeFactor);
     couple();
 }

@@ -34,14 +34,18 @@ public:
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         const QString time = timeText(index.data(cTimeRole).toDouble());
-        QStyleOptionViewItem name = option;
-        if (!time.isEmpty())
-            name.textElideMode = Qt::ElideRight;
-        QStyledItemDelegate::paint(painter, name, index);
-        if (time.isEmpty())
+        if (time.isEmpty()) {
+            QStyledItemDelegate::paint(painter, option, index);
             return;
+        }
         const bool isSelected = option.state & QStyle::State_Selected;
         painter->save();
+        QStyleOptionViewItem name = option; // which ends where the time begins
+        name.textElideMode = Qt::ElideRight;
+        name.rect.setRight(option.rect.right() - option.fontMetrics.horizontalAdvance(time) - 2 * cMargin);
+        if (isSelected)
+            painter->fillRect(option.rect, option.palette.brush(QPalette::Highlight));
+        QStyledItemDelegate::paint(painter, name, index);
         painter->setFont(option.font);
         painter->setPen(isSelected ? option.palette.color(QPalette::HighlightedText)
                                    : option.palette.color(QPalette::Disabled, QPalette::Text));
