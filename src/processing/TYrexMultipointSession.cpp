@@ -64,10 +64,7 @@ bool TYrexMultipointSession::begin()
         fIntegralsBefore.append(*spectrum->integrals().at(i));
 
     TYrexProcParams &params = spectrum->procParams().params();
-    const int place = params.indexOfAction(cProcMultipointBaseline);
-    QVariantMap action = params.action(place);
-    action[QLatin1String(cKeyApply)] = false;
-    params.setAction(place, action);
+    switchOff(params);
     fNow = params.multipoint();
     if (fNow.points.isEmpty()) { // nothing was built yet: the curve is as it was last time
         params.readMultipointDefaults();
@@ -79,6 +76,25 @@ bool TYrexMultipointSession::begin()
     show();
     fSteps = {fNow};
     return true;
+}
+
+/// Takes the action out of the chain.
+void TYrexMultipointSession::switchOff(TYrexProcParams &params)
+{
+    const int place = params.indexOfAction(cProcMultipointBaseline);
+    QVariantMap action = params.action(place);
+    action[QLatin1String(cKeyApply)] = false;
+    params.setAction(place, action);
+}
+
+void TYrexMultipointSession::comeBack()
+{
+    TYrexSpectrum *spectrum = this->spectrum();
+    if (!canEdit(spectrum))
+        return;
+    switchOff(spectrum->procParams().params());
+    showStage(*spectrum);
+    show();
 }
 
 bool TYrexMultipointSession::isAlive() const

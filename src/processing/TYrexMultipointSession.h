@@ -93,10 +93,13 @@ public:
 
     /// Puts the spectrum back as it was before the session.
     void cancel();
+    /// After cancel: goes on with the points as they were.
+    void comeBack();
     /// Does the same; the chain with the baseline in it, to be run by a command.
     TYrexProcParams finish();
 
 private:
+    static void switchOff(TYrexProcParams &params);
     void commit();
     void show();
     void showStage(TYrexSpectrum &spectrum);

@@ -6,12 +6,16 @@
 #include "TYrexHighlightHandler.h"
 #include "TYrexHotAreasHandler.h"
 #include "TYrexMarkEditor.h"
+#include "TYrexPlotTexts.h"
 #include "WYrexSpectrumPropertiesPage.h"
 #include "WYrexStackOptionsDialog.h"
+#include "WYrexZoomDialog.h"
 #include "YrexActionTables.h"
 #include "YrexFactories.h"
 #include "YrexPropertyValues.h"
 #include "canvas/TDocument.h"
+#include "commands/TCmdZoomSpectra.h"
+#include "commands/TCommandHistory.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 #include "settings/TDefaultsIni.h"
@@ -171,6 +175,46 @@ QString TYrexPluginGui::contextMenuName(const TMouseSpot &spot) const
     default:
         return QStringLiteral("yrex1DSpectrumContextMenu");
     }
+}
+
+QString TYrexPluginGui::plotText(const TCanvasItem &item) const
+{
+    const auto *spectrum = dynamic_cast<const TCanvasYrexSpectrum *>(&item);
+    return spectrum ? TYrexPlotTexts::plotText(*spectrum) : QString();
+}
+
+QVector<TAccessibleMark> TYrexPluginGui::plotMarks(const TCanvasItem &item) const
+{
+    const auto *spectrum = dynamic_cast<const TCanvasYrexSpectrum *>(&item);
+    return spectrum ? TYrexPlotTexts::marks(*spectrum) : QVector<TAccessibleMark>();
+}
+
+bool TYrexPluginGui::showZoomDialog(const TCanvasItemList &items, TAxisDir axis)
+{
+    const TCanvasYrexSpectrum *first = items.isEmpty() ? nullptr : yrexItem(items.first());
+    const T1DYrexPlot *plot = first ? first->activeYrexPlot() : nullptr;
+    if (!plot || !fHost || !fHost->gui())
+        return false;
+    QVector<QUuid> ids; // items may go while the dialog is open
+    for (ICanvasItem *entry : items) {
+        if (const TCanvasYrexSpectrum *item = yrexItem(entry))
+            ids.append(item->uniqueId());
+    }
+    auto *dialog = new WYrexZoomDialog(*plot, axis, fHost->gui()->mainWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [this, dialog, ids] {
+        TCanvasItemList present;
+        for (const QUuid &id : ids) {
+            if (TCanvasItem *item = fHost->document()->item(id))
+                present.append(item);
+        }
+        const QRectF rect = dialog->rect();
+        if (rect.width() > 0.0 && !present.isEmpty())
+            fHost->history().push(new TCmdZoomSpectra(present, rect, TCmdZoomSpectra::cBox));
+    });
+    connect(dialog, &QDialog::finished, this, [this] { fHost->gui()->focusPlot(); });
+    dialog->open();
+    return true;
 }
 
 bool TYrexPluginGui::hasPropertiesPages(const TCanvasItem &item) const

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "TYrexPlugin.h"
+#include "plugin/IPluginAccessiblePlots.h"
 #include "plugin/IPluginActions.h"
+#include "plugin/IPluginItemZoom.h"
 #include "plugin/IPluginPropertiesPages.h"
 #include "plugin/IPluginTemplates.h"
 
@@ -18,11 +20,16 @@ class TYrexHotAreasHandler;
 class TYrexMarkEditor;
 
 /// What the host gets from the library: the module with its menus, docks and mouse modes on top.
-class TYrexPluginGui : public TYrexPlugin, public IPluginActions, public IPluginPropertiesPages, public IPluginTemplates
+class TYrexPluginGui : public TYrexPlugin,
+                       public IPluginAccessiblePlots,
+                       public IPluginActions,
+                       public IPluginItemZoom,
+                       public IPluginPropertiesPages,
+                       public IPluginTemplates
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "com.dornveld.kelmora-qt.IPluginInfo/3.0")
-    Q_INTERFACES(IPluginActions IPluginPropertiesPages IPluginTemplates)
+    Q_INTERFACES(IPluginAccessiblePlots IPluginActions IPluginItemZoom IPluginPropertiesPages IPluginTemplates)
 
 public:
     TYrexPluginGui();
@@ -39,6 +46,11 @@ public:
     bool executeAction(const QString &name) override;
     void updateActions(TUpdateItem &update) override;
     QString contextMenuName(const TMouseSpot &spot) const override;
+
+    QString plotText(const TCanvasItem &item) const override;
+    QVector<TAccessibleMark> plotMarks(const TCanvasItem &item) const override;
+
+    bool showZoomDialog(const TCanvasItemList &items, TAxisDir axis) override;
 
     bool hasPropertiesPages(const TCanvasItem &item) const override;
     WPropertiesPages *createPropertiesPages(QWidget *parent) override;

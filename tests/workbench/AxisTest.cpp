@@ -1,6 +1,6 @@
 #include "TWindowFixture.h"
-#include "WAxisLimitsDialog.h"
 
+#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 
@@ -21,13 +21,12 @@ protected:
     {
         bool seen = false;
         QTimer::singleShot(0, [&] {
-            auto *dialog = qobject_cast<WAxisLimitsDialog *>(QApplication::activeModalWidget());
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
             seen = dialog;
             if (!dialog)
                 return;
-            const QList<QLineEdit *> lines = dialog->findChildren<QLineEdit *>();
-            lines.at(0)->setText(from);
-            lines.at(1)->setText(to);
+            dialog->findChild<QWidget *>("fromDoubleSpinBox")->findChild<QLineEdit *>()->setText(from);
+            dialog->findChild<QWidget *>("toDoubleSpinBox")->findChild<QLineEdit *>()->setText(to);
             dialog->accept();
         });
         QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, place);

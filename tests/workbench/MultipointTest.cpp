@@ -2,6 +2,8 @@
 #include "TActionTable.h"
 #include "TDockController.h"
 #include "TWindowFixture.h"
+#include "contexts/IStackedItemCtx.h"
+#include "services/IEditSession.h"
 #include "services/IGuiHost.h"
 #include "stream/TDataStream.h"
 #include "widgets/WPluginDockWidget.h"
@@ -9,6 +11,8 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialog>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QMenu>
 #include <QTableView>
@@ -273,4 +277,90 @@ TEST_F(MultipointTest, thePreviewFitsThePlotAndGivesItsScalesBack)
     drag(at(0.05, 0.2), at(0.4, 0.2));
     ASSERT_GT(points(), 2);
     EXPECT_LT(cell(points() - 2, 1).toDouble(), 100 + 0.45 * 1000);
+}
+
+TEST_F(MultipointTest, keysWalkThroughThePointsAndOpenTheirDialog)
+{
+    start();
+    trigger("action_BorderPoints");
+    click(at(0.3, 0.5));
+    ASSERT_EQ(points(), 3);
+    const auto selected = [this] {
+        const QModelIndexList rows = table()->selectionModel()->selectedRows();
+        return rows.isEmpty() ? -1 : rows.first().row();
+    };
+    key(Qt::Key_Escape);
+    for (const int row : {0, 1, 2}) { // the axis of this file runs to the right
+        key(Qt::Key_Tab);
+        EXPECT_EQ(selected(), row);
+    }
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), 1);
+    EXPECT_TRUE(fWindow->findChild<WStatusReadout *>()->readout().startsWith("Point ")) << "read out";
+
+    key(Qt::Key_Return);
+    auto *dialog = fWindow->findChild<QDialog *>("WYrexBaselinePointDialog");
+    ASSERT_NE(dialog, nullptr);
+    const double height = y(1);
+    dialog->findChild<QDoubleSpinBox *>("xDoubleSpinBox")->setValue(250);
+    dialog->accept();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(cell(1, 1).toDouble(), 250.0);
+    EXPECT_NE(cell(1, 3), "Free");
+    key(Qt::Key_Return);
+    dialog = fWindow->findChild<QDialog *>("WYrexBaselinePointDialog");
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChild<QDoubleSpinBox *>("yDoubleSpinBox")->setValue(1.5);
+    dialog->accept();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(cell(1, 3), "Free");
+    EXPECT_EQ(y(1), 1.5);
+    trigger("action_Undo");
+    trigger("action_Undo"); // a step for each
+    EXPECT_EQ(y(1), height);
+}
+
+TEST_F(MultipointTest, cancelLeadsBackToTheEditedSpectrum)
+{
+    open(writeCsv("stack.csv", 3, 201));
+    key(Qt::Key_B);
+    trigger("action_BorderPoints");
+    const TCanvasSpectrum *edited = item();
+    ASSERT_EQ(item()->stackedContext()->activeIndex(), 0);
+    fAnswer = QMessageBox::Cancel;
+    fMessages.clear();
+    key(Qt::Key_Down);
+    settle();
+    if (fMessages.isEmpty()) { // the other way through the stack
+        key(Qt::Key_Up);
+        settle();
+    }
+    EXPECT_EQ(fMessages.size(), 1);
+    EXPECT_TRUE(dock()->isVisible());
+    EXPECT_EQ(item()->stackedContext()->activeIndex(), 0);
+    EXPECT_EQ(points(), 2);
+    view()->selection().select(nullptr);
+    settle();
+    EXPECT_EQ(fMessages.size(), 2);
+    EXPECT_EQ(view()->selection().active(), edited);
+    EXPECT_EQ(points(), 2);
+    trigger("action_Cancel");
+}
+
+TEST_F(MultipointTest, aCopyOfTheDocumentHoldsTheStateBeforeTheSession)
+{
+    openSlope();
+    const QByteArray before = bytes();
+    key(Qt::Key_B);
+    trigger("action_BorderPoints");
+    dock()->findChild<QCheckBox *>("previewCheckBox")->setChecked(true);
+    const QByteArray during = bytes();
+    ASSERT_NE(during, before);
+    fHost.gui()->editSession()->stepAside();
+    EXPECT_EQ(bytes(), before);
+    fHost.gui()->editSession()->comeBack();
+    EXPECT_EQ(bytes(), during);
+    EXPECT_EQ(points(), 2);
+    trigger("action_Apply");
+    EXPECT_EQ(lastStep(), "Processing");
 }

@@ -1,4 +1,5 @@
 #include "TActionTable.h"
+#include "TKeyTips.h"
 #include "TTheme.h"
 #include "TWindowFixture.h"
 #include "WRibbon.h"
@@ -12,6 +13,7 @@
 
 #include <QBuffer>
 #include <QCheckBox>
+#include <QLabel>
 #include <QMenuBar>
 
 class RibbonTest : public TWindowFixture
@@ -79,6 +81,78 @@ TEST_F(RibbonTest, buttonsAndBoxesFollowTheirActions)
     const auto *box = ribbon().findChild<QCheckBox *>("yrexIntegralRangesCheckbox");
     ASSERT_NE(box, nullptr);
     EXPECT_FALSE(box->isEnabled()) << "there are no integrals";
+}
+
+TEST_F(RibbonTest, collapsesAndRemembersIt)
+{
+    const int height = ribbon().height();
+    QTest::mouseDClick(&ribbon().tabs(), Qt::LeftButton, {}, ribbon().tabs().tabRect(tab("pageHome")).center());
+    settle();
+    EXPECT_TRUE(ribbon().isCollapsed());
+    EXPECT_LT(ribbon().sizeHint().height(), height / 2);
+    EXPECT_FALSE(button("open")->isVisible());
+    fWindow->actionTable().updateStates();
+    EXPECT_TRUE(fWindow->actionTable().action("collapseRibbon")->isChecked());
+
+    clickTab("pageLayout"); // shown until something else is clicked
+    EXPECT_TRUE(button("grid")->isVisible());
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, QPoint(20, 20));
+    settle();
+    EXPECT_FALSE(button("grid")->isVisible());
+    EXPECT_TRUE(ribbon().isCollapsed());
+
+    fWindow.reset();
+    fWindow = std::make_unique<WMainWindow>(fHost);
+    fWindow->resize(1100, 800);
+    fWindow->show();
+    settle();
+    EXPECT_TRUE(ribbon().isCollapsed());
+    EXPECT_EQ(ribbon().currentPage(), "pageLayout");
+    fWindow->actionTable().action("collapseRibbon")->trigger();
+    settle();
+    EXPECT_FALSE(ribbon().isCollapsed());
+    EXPECT_TRUE(button("grid")->isVisible());
+}
+
+TEST_F(RibbonTest, altLeadsToEveryButtonByKeys)
+{
+    open(writeCsv("a.csv"));
+    view()->setFocus();
+    const auto *tips = ribbon().findChild<TKeyTips *>();
+    const auto letters = [this] {
+        QMap<QString, const QLabel *> shown;
+        for (const QLabel *label : ribbon().findChildren<QLabel *>("keyTip"))
+            shown.insert(label->text(), label);
+        return shown;
+    };
+    const auto press = [this](int key) {
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : view(), Qt::Key(key));
+        settle();
+    };
+    const TRange before = plot()->horzAxis().getScale();
+    press(Qt::Key_Alt);
+    ASSERT_TRUE(tips->isActive());
+    press(Qt::Key_2);
+    EXPECT_EQ(ribbon().currentPage(), "pageLayout");
+    EXPECT_GE(letters().size(), 8);
+    ASSERT_TRUE(letters().contains("G"));
+    const bool hadGrid = button("grid")->isChecked();
+    press(Qt::Key_G);
+    EXPECT_NE(button("grid")->isChecked(), hadGrid);
+    EXPECT_FALSE(tips->isActive());
+    EXPECT_TRUE(letters().isEmpty());
+    EXPECT_EQ(plot()->horzAxis().getScale(), before);
+    press(Qt::Key_Alt);
+    press(Qt::Key_1);
+    press(Qt::Key_Escape); // a step back
+    EXPECT_TRUE(tips->isActive());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(tips->isActive());
+    // not after a drag with Alt held
+    QTest::keyPress(view(), Qt::Key_Alt);
+    drag(at(0.2, 0.2), at(0.4, 0.4));
+    QTest::keyRelease(view(), Qt::Key_Alt);
+    EXPECT_FALSE(tips->isActive());
 }
 
 TEST_F(RibbonTest, groupsFoldFromTheEndWhereThereIsNoRoom)

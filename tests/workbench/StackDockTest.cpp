@@ -1,6 +1,5 @@
 #include "TViewInput.h"
 #include "TWindowFixture.h"
-#include "WAxisLimitsDialog.h"
 #include "WStackedSpectraDock.h"
 #include "canvas/ItemPlaces.h"
 #include "consts/Consts.h"
@@ -449,25 +448,6 @@ TEST_F(StackDockTest, menusAreThoseOfThePlace)
     QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, at(0.2, 0.2));
     moveTo(at(0.6, 0.6), Qt::LeftButton);
     EXPECT_EQ(menuAt(at(0.6, 0.6)), nullptr);
-}
-
-TEST_F(StackDockTest, aDoubleClickOnAnAxisAsksForItsLimits)
-{
-    open(writeCsv("one.csv"));
-    const TRange height = plot()->vertAxis().getScale();
-    QTimer::singleShot(0, this->fWindow.get(), [] {
-        auto *dialog = qobject_cast<WAxisLimitsDialog *>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        dialog->findChild<QLineEdit *>("from")->setText("700,5");
-        dialog->findChild<QLineEdit *>("to")->setText("300");
-        dialog->accept();
-    });
-    const QRectF curves = plot()->plotter()->getPlotCurvesRect();
-    QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, onItem(curves.center().x(), curves.bottom() + 40));
-    settle();
-    EXPECT_DOUBLE_EQ(plot()->horzAxis().getScale().lo(), 300.0);
-    EXPECT_DOUBLE_EQ(plot()->horzAxis().getScale().hi(), 700.5);
-    EXPECT_EQ(plot()->vertAxis().getScale(), height);
 }
 
 TEST_F(StackDockTest, anExpansionIsAnItemTiedToItsSource)

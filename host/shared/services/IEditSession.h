@@ -13,4 +13,8 @@ public:
     /// The document is about to be saved or closed, so the session ends; the user is asked what becomes of its changes.
     /// False when the user wants to stay.
     virtual bool leave() = 0;
+    /// A copy of the document is made while the session goes on: it is to hold the items as they were before the
+    /// session. Nothing is drawn or edited until comeBack.
+    virtual void stepAside() = 0;
+    virtual void comeBack() = 0;
 };

@@ -39,6 +39,8 @@ public:
     virtual void hideWarningBar(const QString &text) = 0;
     /// The keyboard goes to the plot.
     virtual void focusPlot() = 0;
+    /// Shows the page of an item of an open document, with the item selected; nothing for another one.
+    virtual void showItem(TCanvasItem *item) = 0;
     /// Asks all actions anew whether they can be used; many calls in one turn of the event loop make one update.
     virtual void updateActions() = 0;
     /// The mouse mode of the active view; the null id is none.

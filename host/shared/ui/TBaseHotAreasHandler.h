@@ -30,6 +30,8 @@ public:
     virtual bool answers(const TMouseSpot &spot) const = 0;
     /// Whether press, move and release on such an area belong to it; otherwise it is only followed.
     virtual bool takesMouse(const TPlotHotArea &) const { return true; }
+    /// The place of the one mark that is highlighted, as if the mouse were on it; false for none.
+    virtual bool markSpot(TMouseSpot &) const { return false; }
     /// Escape with no drag under way. Whether there was anything to give up.
     virtual bool escape() { return false; }
     /// The mouse left the view.

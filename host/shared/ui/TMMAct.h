@@ -46,6 +46,10 @@ public:
     virtual void leave() { cancelGesture(); }
     /// Puts back what a drag under way has done; false when there is none.
     virtual bool cancelGesture() { return false; }
+    /// Where a cross of its own stands that keys move, in pixels of the view; false without one.
+    virtual bool pointerPlace(QPointF &) const { return false; }
+    /// Shows the menu of what the mode has selected, which the keyboard asked for; false when it has none.
+    virtual bool showKeyMenu() { return false; }
     /// Draws over the page, in pixels of the view.
     virtual void paint(QPainter &) {}
     /// What the mode waits for, for the status bar; it begins with the mode's name.

@@ -32,8 +32,9 @@ QCursor TMMActCrosshairs::cursor(const TMouseSpot &spot) const
 
 QString TMMActCrosshairs::hint() const
 {
-    return QCoreApplication::translate(
-        "TMMActCrosshairs", "Crosshair: follows the curve (Shift: free), drag measures, click pins, Ctrl+C copies.");
+    return QCoreApplication::translate("TMMActCrosshairs",
+                                       "Crosshair: follows the curve (Shift: free), drag measures, click pins, Ctrl+C "
+                                       "copies. Arrows move it, Enter clicks, Shift+Enter holds.");
 }
 
 TBasePlot *TMMActCrosshairs::plot() const
@@ -95,7 +96,7 @@ bool TMMActCrosshairs::mouseRelease(QMouseEvent *event, const TMouseSpot &)
 
 bool TMMActCrosshairs::keyPress(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Copy) && fCross.fIsSet) {
+    if (wantsKey(*event)) {
         QGuiApplication::clipboard()->setText(values());
         return true;
     }
@@ -122,6 +123,12 @@ bool TMMActCrosshairs::keyPress(QKeyEvent *event)
     return true;
 }
 
+bool TMMActCrosshairs::wantsKey(const QKeyEvent &event) const
+{
+    const bool isCopy = event.key() == Qt::Key_C && event.modifiers() == Qt::ControlModifier;
+    return isCopy && fCross.fIsSet;
+}
+
 void TMMActCrosshairs::leave()
 {
     fCross = TCross();
@@ -137,6 +144,14 @@ bool TMMActCrosshairs::cancelGesture()
     fPinned = false;
     if (view())
         view()->updateOverlay();
+    return true;
+}
+
+bool TMMActCrosshairs::pointerPlace(QPointF &viewPos) const
+{
+    if (!fCross.fIsSet || !plot() || !view())
+        return false;
+    viewPos = view()->itemToView(*fItem.get()).map(plot()->plotter()->scale2Canvas(fCross.fScale));
     return true;
 }
 

@@ -16,10 +16,13 @@ public:
     bool mouseMove(QMouseEvent *event, const TMouseSpot &spot) override;
     bool mouseRelease(QMouseEvent *event, const TMouseSpot &spot) override;
     bool keyPress(QKeyEvent *event) override;
+    /// Copying, which is the window's otherwise.
+    bool wantsKey(const QKeyEvent &event) const override;
     void leave() override;
     bool cancelGesture() override;
     void paint(QPainter &painter) override;
     QString hint() const override;
+    bool pointerPlace(QPointF &viewPos) const override;
 
     /// The values at the cross, tab between them; empty without a cross.
     QString values() const;

@@ -87,6 +87,13 @@ QValidator::State TDoubleSpinBox::validate(QString &text, int &) const
     return number >= minimum() && number <= maximum() ? QValidator::Acceptable : QValidator::Intermediate;
 }
 
+void TDoubleSpinBox::fixup(QString &text) const
+{
+    double number = 0.0;
+    if (read(text, number))
+        text = prefix() + textFromValue(qBound(minimum(), number, maximum())) + suffix();
+}
+
 void TDoubleSpinBox::stepBy(int steps)
 {
     if (!fLogSteps || value() <= 0.0) {

@@ -19,6 +19,8 @@ public:
     QString textFromValue(double value) const override;
     double valueFromText(const QString &text) const override;
     QValidator::State validate(QString &text, int &pos) const override;
+    /// A number beyond the limits becomes the nearer one.
+    void fixup(QString &text) const override;
     void stepBy(int steps) override;
 
 protected:

@@ -7,6 +7,7 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "log/TLogger.h"
+#include "services/IEditSession.h"
 #include "settings/TDefaultsIni.h"
 
 #include <QBuffer>
@@ -107,10 +108,15 @@ void TAutosave::write(TDocument *document)
     info.fAutosaved = QDateTime::currentDateTime();
     info.fOwner = QCoreApplication::applicationPid();
     info.fSteps = document->history().unsavedSteps();
+    IEditSession *session = fSession ? fSession() : nullptr;
+    if (session)
+        session->stepAside(); // what an edit shows on its way is nobody's data
     info.fThumbnail = thumbnail(*document);
     QString error = tr("the folder %1 cannot be written").arg(fFolder);
     if (!state.fFile || !state.fFile->write(*document, info, &error))
         TLogger::printToLogger("Kelmora", tr("No copy for a recovery was made: %1").arg(error), TLogger::cError);
+    if (session)
+        session->comeBack();
 }
 
 QByteArray TAutosave::thumbnail(const TDocument &document) const

@@ -2,9 +2,11 @@
 
 #include <QObject>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <unordered_map>
 
+class IEditSession;
 class TAutosaveFile;
 class TDocument;
 class TDocumentController;
@@ -31,6 +33,8 @@ public:
     void adopt(TDocument *document, std::unique_ptr<TAutosaveFile> file);
     /// The minutes of the settings are others now: what is due is counted from now on.
     void takeMinutes();
+    /// Tells of an edit that shows something else than the data.
+    void setSession(const std::function<IEditSession *()> &session) { fSession = session; }
     /// Removes all copies: the program ends and the user has decided about every document.
     void end();
 
@@ -52,5 +56,6 @@ private:
 
     TDocumentController &fDocuments;
     QString fFolder;
+    std::function<IEditSession *()> fSession;
     std::unordered_map<TDocument *, TState> fStates;
 };

@@ -12,10 +12,24 @@ TViewInput::TViewInput(IPlotView &view, TItemSelection &selection)
     : fView(view)
     , fSelection(selection)
     , fItemHand(selection)
+    , fKeyPointer(view)
 {
     fPlotHand.setView(&fView);
     fItemHand.setView(&fView);
     connect(&selection, &TItemSelection::changed, this, [this] { fPlotHand.setItems(fSelection.items()); });
+}
+
+void TViewInput::setModes(TPluginMouseModeHandler *modes)
+{
+    fModes = modes;
+    if (modes)
+        connect(modes, &TPluginMouseModeHandler::modeChanged, this,
+                [this] { fKeyPointer.modeChanged(mode(), fSelection.active()); });
+}
+
+TMMAct *TViewInput::mode() const
+{
+    return fModes ? fModes->current() : nullptr;
 }
 
 QList<TBaseHotAreasHandler *> TViewInput::hotAreas() const
@@ -69,9 +83,40 @@ TBaseHotAreasHandler *TViewInput::areasAt(const TMouseSpot &spot) const
     return nullptr;
 }
 
+TMouseSpot TViewInput::keySpot() const
+{
+    TMouseSpot spot;
+    for (const TBaseHotAreasHandler *handler : hotAreas()) {
+        if (handler->markSpot(spot))
+            return spot;
+    }
+    if (fKeyPointer.isOn())
+        return fView.spotAt(fKeyPointer.place());
+    if (const TCanvasItem *item = fSelection.active())
+        return fView.spotAt(fView.itemToView(*item).map(QRectF(QPointF(), item->rect().size()).center()));
+    return spot;
+}
+
+/// The pointer that keys move goes when the mouse is used.
+bool TViewInput::handKeys(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return fKeyPointer.keyPress(*static_cast<QKeyEvent *>(event), mode(), fSelection.active());
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+        fKeyPointer.mouseUsed(*static_cast<QMouseEvent *>(event));
+        return false;
+    default:
+        return false;
+    }
+}
+
 bool TViewInput::handle(QEvent *event, const TMouseSpot &spot)
 {
     if (fFilter && fFilter(event))
+        return true;
+    if (handKeys(event))
         return true;
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
         return escape();
@@ -82,8 +127,11 @@ bool TViewInput::handle(QEvent *event, const TMouseSpot &spot)
     const bool isItems = fItemHand.isArranging() || fItemHand.isOnHandle(spot);
     if (!isKey && !isItems && handToAreas(event, spot))
         return true;
-    if (fModes && fModes->current() && fModes->event(event, spot))
+    if (mode() && fModes->event(event, spot)) {
+        fKeyPointer.follow(mode());
         return true;
+    }
+    fKeyPointer.follow(mode()); // a cross follows without taking the event
     if (isKey && handToAreas(event, spot))
         return true;
     if (!isKey && isItems)
@@ -105,6 +153,7 @@ void TViewInput::paint(QPainter &painter)
     fPlotHand.paint(painter);
     if (fModes && fModes->current())
         fModes->current()->paint(painter);
+    fKeyPointer.paint(painter, mode());
     for (TBaseHotAreasHandler *handler : hotAreas())
         handler->paint(painter);
 }
@@ -128,14 +177,17 @@ QString TViewInput::hint() const
         if (!hint.isEmpty())
             return hint;
     }
-    if (fModes && fModes->current())
-        return fModes->current()->hint();
+    if (fKeyPointer.isShown(mode()))
+        return mode()->hint() + ' ' + tr("Arrows move the pointer, Enter clicks, Shift+Enter holds.");
+    if (mode())
+        return mode()->hint();
     return fItemHand.isArranging() ? fItemHand.hint() : fPlotHand.hint();
 }
 
 bool TViewInput::cancelGesture()
 {
     bool isDone = false;
+    fKeyPointer.drop();
     for (TBaseHotAreasHandler *handler : hotAreas())
         isDone = handler->cancelGesture() || isDone;
     isDone = fPlotHand.cancelGesture() || isDone;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TItemHand.h"
+#include "TKeyPointer.h"
 #include "ui/TPlotHand.h"
 
 #include <QObject>
@@ -22,7 +23,7 @@ public:
     TViewInput(IPlotView &view, TItemSelection &selection);
 
     /// The window's modes; not owned, null without.
-    void setModes(TPluginMouseModeHandler *modes) { fModes = modes; }
+    void setModes(TPluginMouseModeHandler *modes);
     /// Asked first; an event that it takes goes no further.
     void setFilter(const std::function<bool(QEvent *)> &filter) { fFilter = filter; }
     TItemHand &itemHand() { return fItemHand; }
@@ -34,6 +35,11 @@ public:
     void leaveView();
     /// Whether the event was taken.
     bool handle(QEvent *event, const TMouseSpot &spot);
+    /// What a menu that the keyboard asked for is about: the highlighted mark, the pointer of the keys, or the item in
+    /// use.
+    TMouseSpot keySpot() const;
+    /// The menu of what a mode has selected; false when there is none.
+    bool showKeyMenu() { return mode() && mode()->showKeyMenu(); }
     /// The pointer went out of the view.
     void pointerLeft();
     void paint(QPainter &painter);
@@ -44,6 +50,8 @@ public:
     bool escape();
 
 private:
+    TMMAct *mode() const;
+    bool handKeys(QEvent *event);
     bool handToAreas(QEvent *event, const TMouseSpot &spot) const;
     /// The handler that answers there; null for none.
     TBaseHotAreasHandler *areasAt(const TMouseSpot &spot) const;
@@ -57,4 +65,5 @@ private:
     std::function<bool(QEvent *)> fFilter;
     TPlotHand fPlotHand;
     TItemHand fItemHand;
+    TKeyPointer fKeyPointer;
 };

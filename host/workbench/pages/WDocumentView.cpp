@@ -11,6 +11,7 @@
 #include "plot/T1DStackedPlot.h"
 #include "ui/TPluginMouseModeHandler.h"
 
+#include <QContextMenuEvent>
 #include <QGraphicsScene>
 #include <QKeyEvent>
 #include <QPainter>
@@ -384,6 +385,16 @@ void WDocumentView::keyPressEvent(QKeyEvent *event)
 void WDocumentView::keyReleaseEvent(QKeyEvent *event)
 {
     event->setAccepted(hand(event, fMousePos));
+}
+
+/// Comes from the keyboard only; the mouse asks by the release of its button.
+void WDocumentView::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->accept();
+    if (fInput->showKeyMenu())
+        return;
+    const TMouseSpot spot = fInput->keySpot();
+    emit menuWanted(spot, viewport()->mapToGlobal(spot.viewPos.toPoint()));
 }
 
 void WDocumentView::scrollContentsBy(int dx, int dy)

@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 
+class IPluginAccessiblePlots;
 class TDocument;
 class TPluginMouseModeHandler;
 class WViewBars;
@@ -56,6 +57,10 @@ public:
     /// The mouse modes of the window; not owned.
     void setModes(TPluginMouseModeHandler *modes);
 
+    /// Tells screen readers what plots show; not owned, null for nobody.
+    void setAccessiblePlots(const IPluginAccessiblePlots *plots) { fAccessiblePlots = plots; }
+    const IPluginAccessiblePlots *accessiblePlots() const { return fAccessiblePlots; }
+
     TMouseSpot spotAt(const QPointF &viewPos) const override;
     QTransform itemToView(const TCanvasItem &item) const override;
     TCommandHistory &history() override;
@@ -86,6 +91,7 @@ protected:
     bool viewportEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
 
 private:
@@ -109,5 +115,6 @@ private:
     bool fMenuIsDue = false; // at the release of the right button
     bool fDarkPaper = false;
     bool fIsRefusing = false;
+    const IPluginAccessiblePlots *fAccessiblePlots = nullptr;
     std::function<void(QPainter &)> fPaintDrag;
 };

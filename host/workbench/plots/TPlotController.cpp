@@ -2,17 +2,18 @@
 
 #include "TActionTable.h"
 #include "TDocumentController.h"
-#include "WAxisLimitsDialog.h"
-#include "WDocumentView.h"
 #include "canvas/TCanvasSpectrum.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdFitSpectraIntensityToHeight.h"
 #include "commands/TCmdSpectraCuts.h"
 #include "commands/TCmdZoomSpectra.h"
-#include "plot/TBasePlot.h"
+#include "plugin/IPluginItemZoom.h"
+#include "services/TKelmoraHost.h"
 
-TPlotController::TPlotController(TActionTable &actions, TDocumentController &documents, QObject *parent)
+TPlotController::TPlotController(TKelmoraHost &host, TActionTable &actions, TDocumentController &documents,
+                                 QObject *parent)
     : QObject(parent)
+    , fHost(host)
     , fSelection(documents)
 {
     const auto add = [this, &actions](const QString &name, const std::function<TCommand *()> &command) {
@@ -27,11 +28,13 @@ TPlotController::TPlotController(TActionTable &actions, TDocumentController &doc
     add("showAllRanges",
         [&plots] { return new TCmdSpectraCuts(plots.items(), TCmdSpectraCuts::cRestoreAll, TRange()); });
     addHistoryActions(actions);
-    for (const auto &entry : {qMakePair(QString("horzLimits"), horzDir), qMakePair(QString("vertLimits"), vertDir)}) {
-        const TAxisDir dir = entry.second;
+    const auto addDialog = [this, &actions](const char *name, TAxisDir axis) {
         actions.on(
-            entry.first, [this, dir] { askLimits(dir); }, [this] { return fSelection.noPlot(); });
-    }
+            name, [this, axis] { showZoomDialog(axis); }, [this] { return fSelection.noPlot(); });
+    };
+    addDialog("zoomDialog", horzDir);
+    addDialog("horzLimits", horzDir);
+    addDialog("vertLimits", vertDir);
 }
 
 void TPlotController::addHistoryActions(TActionTable &actions)
@@ -54,23 +57,12 @@ void TPlotController::addHistoryActions(TActionTable &actions)
         });
 }
 
-void TPlotController::askLimits(int dir)
+void TPlotController::showZoomDialog(int axis) const
 {
-    const TBasePlot *plot = fSelection.firstPlot();
-    const auto axisDir = TAxisDir(dir);
-    const TRange shown = plot->axis(axisDir).getScale();
-    WAxisLimitsDialog dialog(plot->axisTitle(axisDir), shown, plot->viewDecimals(axisDir),
-                             fSelection.documents().view());
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const TRange wanted = dialog.limits();
-    QRectF rect;
-    if (axisDir == horzDir) {
-        rect.setLeft(wanted.lo());
-        rect.setRight(wanted.hi());
-    } else {
-        rect.setTop(wanted.lo());
-        rect.setBottom(wanted.hi());
+    const TCanvasItemList items = fSelection.items();
+    for (QObject *plugin : fHost.plugins()) {
+        auto *zoom = qobject_cast<IPluginItemZoom *>(plugin);
+        if (zoom && zoom->showZoomDialog(items, TAxisDir(axis)))
+            return;
     }
-    fSelection.push(new TCmdZoomSpectra(fSelection.items(), rect, TCmdZoomSpectra::cBox));
 }

@@ -5,6 +5,7 @@
 #include <QObject>
 
 class TActionTable;
+class TKelmoraHost;
 
 /// The actions on the views of the selected plots: zoom, fit, intensity, hidden ranges.
 class TPlotController : public QObject
@@ -12,12 +13,14 @@ class TPlotController : public QObject
     Q_OBJECT
 
 public:
-    TPlotController(TActionTable &actions, TDocumentController &documents, QObject *parent);
+    TPlotController(TKelmoraHost &host, TActionTable &actions, TDocumentController &documents, QObject *parent);
 
 private:
     void addHistoryActions(TActionTable &actions);
-    /// Asks for the limits of an axis (TAxisDir).
-    void askLimits(int dir);
+    /// The dialog of the plug-in whose plots are selected; it asks for the range of both axes, beginning with one
+    /// (TAxisDir).
+    void showZoomDialog(int axis) const;
 
+    TKelmoraHost &fHost;
     TPlotSelection fSelection;
 };

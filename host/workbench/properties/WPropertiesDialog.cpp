@@ -20,7 +20,6 @@
 namespace {
 
 constexpr char cPageKey[] = "Kelmora/Properties/Page";
-constexpr char cSizeKey[] = "Kelmora/Properties/Size";
 constexpr int cTitlesWidth = 110;
 constexpr QSize cSize(880, 640);
 
@@ -51,14 +50,13 @@ WPropertiesDialog::WPropertiesDialog(TKelmoraHost &host, TActionTable &actions, 
     layout->addWidget(fButtons, 2, 0, 1, 2);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(1, 1);
-    resize(TDefaultsIni().value(cSizeKey, cSize).toSize());
+    resize(cSize);
     connect(fTitles, &QListWidget::currentRowChanged, this, [this](int page) {
         if (page < 0 || !fPages)
             return;
         fPages->showPage(page);
         TDefaultsIni().setValue(cPageKey, page);
     });
-    connect(this, &QDialog::finished, this, [this] { TDefaultsIni().setValue(cSizeKey, size()); });
     setItems({});
 }
 

@@ -1,6 +1,7 @@
 #include "WRibbon.h"
 
 #include "TActionTable.h"
+#include "TKeyTips.h"
 #include "TMenuWalk.h"
 #include "WRibbonPage.h"
 #include "WRibbonTabBar.h"
@@ -54,6 +55,7 @@ WRibbon::WRibbon(TActionTable &actions, QWidget *parent)
     bringForward(std::max(0, tabOf(TDefaultsIni().value(cPageKey, QString()).toString())));
     fIsCollapsed = TDefaultsIni().value(cCollapsedKey, false).toBool();
     fStack->setVisible(!fIsCollapsed);
+    new TKeyTips(*this);
 }
 
 void WRibbon::makePages(TActionTable &actions)

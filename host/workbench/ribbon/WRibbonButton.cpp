@@ -10,6 +10,7 @@ namespace {
 
 constexpr int cLargeIcon = 32;
 constexpr int cSmallIcon = 16;
+constexpr ushort cGap = 0x2005; // a narrow space: styles leave next to nothing between icon and text
 constexpr int cLongText = 9; // letters from which a large button takes a second line
 
 /// Breaks a text at the space nearest to its middle.
@@ -45,7 +46,7 @@ void WRibbonButton::setLabel(const QString &text)
 {
     const QString plain = TMenuWalk::plainText(text);
     setAccessibleName(plain);
-    setText(fIsLarge ? inTwoLines(plain) : plain);
+    setText(fIsLarge ? inTwoLines(plain) : QChar(cGap) + plain);
 }
 
 /// The button takes text and all from its action whenever that changes.

@@ -24,6 +24,7 @@ WRibbonTabBar::WRibbonTabBar(QWidget *parent)
 void WRibbonTabBar::setTitle(int index, const QString &title, const QColor &color)
 {
     fTitles.insert(tabData(index).toString(), {title, color});
+    setTabText(index, tabText(index)); // the tab was laid out without it
 }
 
 WRibbonTabBar::TTitle WRibbonTabBar::titleOf(int index) const

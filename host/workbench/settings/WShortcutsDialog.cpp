@@ -7,6 +7,7 @@
 #include "exchange/ExportFile.h"
 #include "settings/TDefaultsIni.h"
 #include "widgets/GuiUtils.h"
+#include "widgets/WProblemLabel.h"
 
 #include <QAction>
 #include <QDialogButtonBox>
@@ -29,7 +30,6 @@ enum TColumn { cName, cKeys, cContext };
 constexpr QSize cSize(620, 640);
 constexpr int cNameWidth = 300;
 constexpr int cKeysWidth = 160;
-const QColor cRed(0xD0, 0x02, 0x1B);
 
 QAction *actionOf(const QTreeWidgetItem *row)
 {
@@ -44,7 +44,7 @@ WShortcutsDialog::WShortcutsDialog(TShortcuts &shortcuts, QWidget *parent)
     , fSearch(new QLineEdit(this))
     , fTree(new QTreeWidget(this))
     , fKey(new WKeyEdit(this))
-    , fProblem(new QLabel(this))
+    , fProblem(new WProblemLabel(this))
 {
     setWindowTitle(tr("Keyboard"));
     setObjectName("shortcutsDialog");
@@ -53,18 +53,10 @@ WShortcutsDialog::WShortcutsDialog(TShortcuts &shortcuts, QWidget *parent)
     fSearch->setObjectName("searchLineEdit");
     fTree->setObjectName("shortcutsTree");
     fKey->setObjectName("keySequenceEdit");
-    fProblem->setObjectName("problemLabel");
     fTree->setHeaderLabels({tr("Action"), tr("Keys"), tr("Works")});
     fTree->setUniformRowHeights(true);
     fTree->header()->resizeSection(cName, cNameWidth);
     fTree->header()->resizeSection(cKeys, cKeysWidth);
-    fProblem->setWordWrap(true);
-    QFont italic = fProblem->font();
-    italic.setItalic(true);
-    fProblem->setFont(italic);
-    QPalette red = fProblem->palette();
-    red.setColor(QPalette::WindowText, cRed);
-    fProblem->setPalette(red);
     layOut();
     fill();
     resize(cSize);

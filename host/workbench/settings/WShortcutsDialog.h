@@ -3,12 +3,12 @@
 #include <QDialog>
 
 class QAction;
-class QLabel;
 class QLineEdit;
 class QPrinter;
 class QTreeWidget;
 class TShortcuts;
 class WKeyEdit;
+class WProblemLabel;
 
 /// All actions by menu with their keys, to be changed, written to a page and printed. Changes take effect at once.
 class WShortcutsDialog : public QDialog
@@ -44,6 +44,6 @@ private:
     QLineEdit *fSearch;
     QTreeWidget *fTree;
     WKeyEdit *fKey;
-    QLabel *fProblem;
+    WProblemLabel *fProblem;
     QList<QWidget *> fChosenOnly; // fields that need an action
 };

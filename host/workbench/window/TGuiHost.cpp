@@ -7,6 +7,8 @@
 #include "WDocumentView.h"
 #include "WMainWindow.h"
 #include "WWarningBar.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
 #include "log/TLogger.h"
 #include "widgets/WPluginDockWidget.h"
 
@@ -98,6 +100,22 @@ void TGuiHost::focusPlot()
 {
     if (fWindow.documents().view())
         fWindow.documents().view()->setFocus();
+}
+
+void TGuiHost::showItem(TCanvasItem *item)
+{
+    TDocumentController &documents = fWindow.documents();
+    for (int i = 0; i < documents.count(); ++i) {
+        for (TPage *page : documents.viewAt(i)->document()->pages()) {
+            if (!page->items().contains(item))
+                continue;
+            documents.show(i);
+            documents.setPage(page);
+            documents.view()->selection().select(item);
+            documents.view()->stackChanged(item);
+            return;
+        }
+    }
 }
 
 void TGuiHost::updateActions()

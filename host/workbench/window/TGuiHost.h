@@ -23,6 +23,7 @@ public:
     void showWarningBar(const QString &text, const QString &action, const std::function<void()> &run) override;
     void hideWarningBar(const QString &text) override;
     void focusPlot() override;
+    void showItem(TCanvasItem *item) override;
     void updateActions() override;
     QUuid mouseMode() const override;
     void setMouseMode(const QUuid &mode) override;

@@ -4,6 +4,7 @@
 #include "TAutosaveFile.h"
 #include "TClipboardController.h"
 #include "TDarkPaper.h"
+#include "TDialogHabits.h"
 #include "TDockController.h"
 #include "TDocumentController.h"
 #include "TDropTarget.h"
@@ -29,6 +30,7 @@
 #include "TTheme.h"
 #include "TTitleController.h"
 #include "TUnitsController.h"
+#include "TViewAccessible.h"
 #include "TViewController.h"
 #include "WBatchDialog.h"
 #include "WDocumentView.h"
@@ -44,6 +46,7 @@
 #include "canvas/TCanvasSpectrum.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "plugin/IPluginAccessiblePlots.h"
 #include "services/IEditSession.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
@@ -96,8 +99,10 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     , fTabs(new QTabWidget(this))
 {
     initResources();
+    TViewAccessible::install();
     setObjectName("kelmora");
     setMinimumSize(640, 480);
+    new TDialogHabits(this);
     fActions = new TActionTable(TMarkupLoader::loadFile(":/kelmora/ui/kelmora.mui"), this);
     fDocuments = std::make_unique<TDocumentController>(host, fTabs);
     fFiles = new TFileController(host, *fDocuments, this);
@@ -113,6 +118,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     fStatus = new WStatusReadout(statusBar(), *fDocuments);
     new TEmptyStateController(host, *fDocuments, *fFiles, this);
     fAutosave = new TAutosave(*fDocuments, TAutosaveFile::defaultFolder(), this);
+    fAutosave->setSession([this] { return fGui->editSession(); });
     fShell->setAutosave(fAutosave);
     fShell->takeMenus();
     fDocuments->newDocument();
@@ -177,7 +183,7 @@ void WMainWindow::connectActions()
     fActions->on("about", [this] { about(); });
     new TPageController(*fActions, *fDocuments, this);
     new TViewController(*fActions, *fDocuments, this);
-    new TPlotController(*fActions, *fDocuments, this);
+    new TPlotController(fHost, *fActions, *fDocuments, this);
     fShow = new TShowController(*fActions, *fDocuments, this);
     fStackActions = new TStackController(*fActions, *fDocuments, this);
     new TDarkPaper(*fActions, *fDocuments, this);
@@ -274,6 +280,10 @@ void WMainWindow::connectDocuments()
     TDocumentController *documents = fDocuments.get();
     connect(documents, &TDocumentController::viewAdded, this, [this](WDocumentView *view) {
         fActions->addPlotKeys(view);
+        for (QObject *plugin : fHost.plugins()) {
+            if (const auto *plots = qobject_cast<IPluginAccessiblePlots *>(plugin))
+                view->setAccessiblePlots(plots);
+        }
         connect(&view->selection(), &TItemSelection::changed, this, &WMainWindow::followSelection);
     });
     connect(documents, &TDocumentController::pageShown, this, &WMainWindow::selectOnlyItem);

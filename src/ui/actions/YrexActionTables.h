@@ -68,4 +68,5 @@ constexpr TYrexDockAction cDockActions[] = {
 
 constexpr char cProcessingDock[] = "yrexProcessingWidget";
 constexpr char cRecentProcessingKey[] = "Zarnu/Recent/Processing";
+constexpr char cIntegralsDock[] = "yrexIntegralsTable";
 constexpr char cMultipointDock[] = "yrexMultipointBCWidget";

@@ -4,6 +4,7 @@
 #include "TCmdYrexArithmeticOp.h"
 #include "TYrexSpectrumListTableModel.h"
 #include "WYrexArithmeticSelectSpectrumDialog.h"
+#include "widgets/WProblemLabel.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -175,10 +176,8 @@ void WYrexArithmeticDialog::makeFactor()
 
 void WYrexArithmeticDialog::makeLayout()
 {
-    fTextLabel3 = new QLabel(this);
+    fTextLabel3 = new WProblemLabel(this);
     fTextLabel3->setObjectName("fTextLabel3");
-    fTextLabel3->setStyleSheet(QStringLiteral("font: italic; color: red;"));
-    fTextLabel3->setWordWrap(true);
     fButtonBox = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     fButtonBox->setObjectName("fButtonBox");
     fOk = fButtonBox->button(QDialogButtonBox::Ok);

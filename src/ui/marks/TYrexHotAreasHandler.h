@@ -11,6 +11,7 @@
 class IPluginHost;
 class TYrexAreaDrag;
 class TYrexHighlightHandler;
+struct TYrexMarkPlace;
 
 /// What the mouse and the keys do with the marks of spectra: peaks, integrals, titles of rows and axes.
 class TYrexHotAreasHandler : public TBaseHotAreasHandler
@@ -24,6 +25,7 @@ public:
 
     bool answers(const TMouseSpot &spot) const override;
     bool takesMouse(const TPlotHotArea &area) const override { return area.type() != TPlotHotArea::axis; }
+    bool markSpot(TMouseSpot &spot) const override;
     bool escape() override;
     QCursor cursor(const TMouseSpot &spot) const override;
     QString hint() const override;
@@ -50,18 +52,11 @@ protected:
     void hover(const TMouseSpot &spot) override;
 
 private:
-    struct TMark
-    {
-        QUuid fId;
-        bool fIsPeak;
-    };
-
     std::unique_ptr<TYrexAreaDrag> dragOf(const TMouseSpot &press) const;
     std::unique_ptr<TYrexAreaDrag> rowsDrag(const TMouseSpot &press) const;
     TCanvasYrexSpectrum *keyItem() const;
-    QVector<TMark> marks(const TCanvasYrexSpectrum &item) const;
     /// The place of the one mark that is highlighted among those; -1 for none or several.
-    int highlighted(const QVector<TMark> &marks) const;
+    int highlighted(const QVector<TYrexMarkPlace> &marks) const;
     bool step(bool back);
     bool deleteMarks();
     void paintBand(QPainter &painter) const;

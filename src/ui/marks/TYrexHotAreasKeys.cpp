@@ -6,12 +6,13 @@
 #include "TYrexHighlightHandler.h"
 #include "TYrexHotAreasHandler.h"
 #include "TYrexMarkPlaces.h"
+#include "YrexModeIds.h"
 #include "commands/TCommandHistory.h"
 #include "plot/TPlotReadout.h"
 #include "services/IPluginHost.h"
 
 #include <QKeyEvent>
-#include <algorithm>
+#include <cmath>
 
 TCanvasYrexSpectrum *TYrexHotAreasHandler::keyItem() const
 {
@@ -20,32 +21,7 @@ TCanvasYrexSpectrum *TYrexHotAreasHandler::keyItem() const
     return yrexItem(active ? active : selected.firstRtti(TCanvasYrexSpectrum::cRtti));
 }
 
-/// Peaks, then integrals, both from left to right.
-QVector<TYrexHotAreasHandler::TMark> TYrexHotAreasHandler::marks(const TCanvasYrexSpectrum &item) const
-{
-    const TYrexSpectrum *spectrum = item.currentSpectrum();
-    if (!spectrum || !item.activeYrexPlot())
-        return {};
-    using TPlace = QPair<double, TMark>;
-    QVector<TPlace> peaks;
-    QVector<TPlace> integrals;
-    for (const TYrexDPLib::TYrexDPPeak *peak : spectrum->peaks())
-        peaks.append({YrexMarkPlaces::canvasX(item, peak->position), {peak->id, true}});
-    for (const TYrexIntegrationRegion *region : spectrum->integrals()) {
-        const double middle = (region->boundA + region->boundB) / 2.0;
-        integrals.append({YrexMarkPlaces::canvasX(item, middle), {region->id, false}});
-    }
-    QVector<TMark> marks;
-    for (QVector<TPlace> *places : {&peaks, &integrals}) {
-        std::stable_sort(places->begin(), places->end(),
-                         [](const TPlace &l, const TPlace &r) { return l.first < r.first; });
-        for (const TPlace &place : qAsConst(*places))
-            marks.append(place.second);
-    }
-    return marks;
-}
-
-int TYrexHotAreasHandler::highlighted(const QVector<TMark> &marks) const
+int TYrexHotAreasHandler::highlighted(const QVector<TYrexMarkPlace> &marks) const
 {
     if (fHighlights.peaks().size() + fHighlights.integrals().size() != 1)
         return -1;
@@ -68,7 +44,9 @@ bool TYrexHotAreasHandler::wantsKey(const QKeyEvent &event) const
         return fHighlights.item();
     case Qt::Key_Tab:
     case Qt::Key_Backtab: {
-        const QVector<TMark> all = item ? marks(*item) : QVector<TMark>();
+        if (mode() == YrexModes::baselinePointsModeID)
+            return false; // it walks through its points
+        const QVector<TYrexMarkPlace> all = item ? YrexMarkPlaces::inOrder(*item) : QVector<TYrexMarkPlace>();
         if (all.isEmpty())
             return false;
         const int last = event.key() == Qt::Key_Tab ? all.size() - 1 : 0;
@@ -86,6 +64,8 @@ bool TYrexHotAreasHandler::keyPress(QKeyEvent *event)
         return deleteMarks();
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
+        if (mode() == YrexModes::baselinePointsModeID)
+            return false;
         return step(event->key() == Qt::Key_Backtab);
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -95,17 +75,35 @@ bool TYrexHotAreasHandler::keyPress(QKeyEvent *event)
     }
 }
 
+bool TYrexHotAreasHandler::markSpot(TMouseSpot &spot) const
+{
+    const TCanvasYrexSpectrum *item = view() ? fHighlights.item() : nullptr;
+    const QVector<TYrexMarkPlace> all = item ? YrexMarkPlaces::inOrder(*item) : QVector<TYrexMarkPlace>();
+    const int place = highlighted(all);
+    if (place < 0)
+        return false;
+    const TYrexMarkPlace &mark = all.at(place);
+    const QRectF curves = item->activeYrexPlot()->plotter()->getPlotCurvesRect();
+    if (std::isnan(mark.fCanvasX))
+        return false; // hidden
+    const QPointF at(qBound(curves.left(), mark.fCanvasX, curves.right()), curves.center().y());
+    spot = view()->spotAt(view()->itemToView(*item).map(at));
+    spot.area =
+        TPlotHotArea(QRectF(at, QSizeF()), mark.fId, mark.fIsPeak ? TPlotHotArea::peak : TPlotHotArea::integral, 0);
+    return spot.item == item;
+}
+
 bool TYrexHotAreasHandler::step(bool back)
 {
     TCanvasYrexSpectrum *item = keyItem();
-    const QVector<TMark> all = item ? marks(*item) : QVector<TMark>();
+    const QVector<TYrexMarkPlace> all = item ? YrexMarkPlaces::inOrder(*item) : QVector<TYrexMarkPlace>();
     if (all.isEmpty())
         return false;
     const int present = highlighted(all);
     const int next = present < 0 ? (back ? all.size() - 1 : 0) : present + (back ? -1 : 1);
     if (next < 0 || next >= all.size())
         return false;
-    const TMark &mark = all.at(next);
+    const TYrexMarkPlace &mark = all.at(next);
     if (mark.fIsPeak)
         fHighlights.highlightPeaks(item->uniqueId(), {mark.fId});
     else
@@ -143,7 +141,7 @@ bool TYrexHotAreasHandler::deleteMarks()
 bool TYrexHotAreasHandler::editMark()
 {
     TCanvasYrexSpectrum *item = fHighlights.item();
-    const QVector<TMark> all = item ? marks(*item) : QVector<TMark>();
+    const QVector<TYrexMarkPlace> all = item ? YrexMarkPlaces::inOrder(*item) : QVector<TYrexMarkPlace>();
     const int place = highlighted(all);
     if (place < 0)
         return false;

@@ -1,12 +1,22 @@
 #pragma once
 
 #include <QPointF>
+#include <QUuid>
+#include <QVector>
 
 class QPainter;
 class QRectF;
 class QString;
 class TCanvasYrexSpectrum;
 class TYrexSpectrum;
+
+/// A peak or an integral of the active spectrum.
+struct TYrexMarkPlace
+{
+    QUuid fId;
+    bool fIsPeak;
+    double fCanvasX; // its middle, canvas units of the item; NaN where the place is hidden
+};
 
 /// Where marks stand, which know their places in points only.
 namespace YrexMarkPlaces {
@@ -16,6 +26,8 @@ double xAt(const TYrexSpectrum &spectrum, double place, int unit);
 /// The x of the item, in canvas units, at a place in points of the active spectrum; NaN without a plot and where the
 /// place is hidden. Places beyond the scale go on along the axis.
 double canvasX(const TCanvasYrexSpectrum &item, double place);
+/// Peaks, then integrals, both from left to right, as keys walk through them.
+QVector<TYrexMarkPlace> inOrder(const TCanvasYrexSpectrum &item);
 /// Draws a text on a light plate at a place of the view, moved to stay within `room`.
 void paintTip(QPainter &painter, const QString &text, const QPointF &place, const QRectF &room);
 

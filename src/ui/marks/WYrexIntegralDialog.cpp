@@ -8,6 +8,7 @@
 #include "TYrexMarkPlaces.h"
 #include "commands/TCommandHistory.h"
 #include "widgets/TDoubleSpinBox.h"
+#include "widgets/WProblemLabel.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -37,7 +38,7 @@ WYrexIntegralDialog::WYrexIntegralDialog(TCanvasYrexSpectrum *item, const QUuid 
     , fValue(new TDoubleSpinBox(this))
     , fReferenceBox(new QCheckBox(tr("&Reference"), this))
     , fFigures(new QLabel(this))
-    , fProblem(new QLabel(this))
+    , fProblem(new WProblemLabel(this))
     , fPrevious(new QPushButton(tr("&Previous"), this))
     , fNext(new QPushButton(tr("&Next"), this))
 {
@@ -95,13 +96,6 @@ void WYrexIntegralDialog::makeFields()
     fReferenceBox->setObjectName("referenceCheckBox");
     fReferenceBox->setToolTip(tr("The integral to which all others are compared: it becomes 1."));
     fFigures->setObjectName("figuresLabel");
-    fProblem->setObjectName("problemLabel");
-    QFont italic = fProblem->font();
-    italic.setItalic(true);
-    fProblem->setFont(italic);
-    QPalette red = fProblem->palette();
-    red.setColor(QPalette::WindowText, QColor(0xD0, 0x02, 0x1B));
-    fProblem->setPalette(red);
     fPrevious->setAutoDefault(false);
     fNext->setAutoDefault(false);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

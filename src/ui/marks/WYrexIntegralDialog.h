@@ -15,6 +15,7 @@ class TCommandHistory;
 class TDoubleSpinBox;
 class TYrexIntegrationRegion;
 class TYrexSpectrum;
+class WProblemLabel;
 
 /// Edits the integrals of an item's active spectrum: their limits, and the value that one of them shows. Nothing is
 /// changed before it is accepted; `apply` does it then.
@@ -69,7 +70,7 @@ private:
     TDoubleSpinBox *fValue;
     QCheckBox *fReferenceBox;
     QLabel *fFigures;
-    QLabel *fProblem;
+    WProblemLabel *fProblem;
     QPushButton *fPrevious;
     QPushButton *fNext;
     QPushButton *fOk;

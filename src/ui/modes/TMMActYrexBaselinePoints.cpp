@@ -2,20 +2,24 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TMMActYrexMark.h"
 #include "TYrexBaselinePointsModel.h"
 #include "TYrexMultipointCurve.h"
 #include "WYrexMultipointBaselineDock.h"
 #include "YrexActionTables.h"
+#include "plot/TPlotReadout.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 #include "settings/TNumberFormat.h"
 
+#include <QAbstractScrollArea>
 #include <QActionGroup>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -39,6 +43,7 @@ void cross(QPainter &painter, const QPointF &place)
 TMMActYrexBaselinePoints::TMMActYrexBaselinePoints(IPluginHost &host)
     : TMMAct(YrexModes::baselinePointsModeID)
     , fHost(host)
+    , fCursor(TMMActYrexMark::cursorFrom(":/cursors/cursor-baseline-pick.png"))
 {
 }
 
@@ -117,7 +122,7 @@ QCursor TMMActYrexBaselinePoints::cursor(const TMouseSpot &spot) const
 {
     if (!session() || spot.item != item())
         return QCursor(Qt::ArrowCursor);
-    return pointAt(spot.viewPos) >= 0 ? QCursor(Qt::SizeAllCursor) : QCursor(Qt::CrossCursor);
+    return pointAt(spot.viewPos) >= 0 ? QCursor(Qt::SizeAllCursor) : fCursor;
 }
 
 QString TMMActYrexBaselinePoints::hint() const
@@ -125,31 +130,62 @@ QString TMMActYrexBaselinePoints::hint() const
     return tr("Click adds a point, drag moves it, Alt+click removes it. Apply in the dock.");
 }
 
-void TMMActYrexBaselinePoints::enter(const QByteArray &)
+QVector<int> TMMActYrexBaselinePoints::walk() const
 {
-    if (auto *widget = dynamic_cast<QWidget *>(view()))
-        widget->installEventFilter(this);
+    QVector<int> order(session() ? session()->points().size() : 0);
+    std::iota(order.begin(), order.end(), 0);
+    std::sort(order.begin(), order.end(), [this](int l, int r) { return shownPoint(l).x() < shownPoint(r).x(); });
+    return order;
 }
 
-void TMMActYrexBaselinePoints::leave()
+bool TMMActYrexBaselinePoints::wantsKey(const QKeyEvent &event) const
 {
-    if (auto *widget = dynamic_cast<QWidget *>(view()))
-        widget->removeEventFilter(this);
-    cancelGesture();
-}
-
-/// Delete is a shortcut of the window otherwise.
-bool TMMActYrexBaselinePoints::eventFilter(QObject *object, QEvent *event)
-{
-    if (event->type() == QEvent::ShortcutOverride && session() && dock()->selectedPoint() >= 0) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        const QList<int> own{Qt::Key_Delete, Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down};
-        if (own.contains(key)) {
-            event->accept();
-            return true;
-        }
+    if (!session() || event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))
+        return false;
+    const int selected = dock()->selectedPoint();
+    switch (event.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: {
+        const QVector<int> order = walk();
+        return !order.isEmpty() && selected != (event.key() == Qt::Key_Tab ? order.last() : order.first());
     }
-    return QObject::eventFilter(object, event);
+    case Qt::Key_Delete: // a shortcut of the window otherwise
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return selected >= 0;
+    default:
+        return false;
+    }
+}
+
+bool TMMActYrexBaselinePoints::step(bool back)
+{
+    const QVector<int> order = walk();
+    const int present = order.indexOf(dock()->selectedPoint());
+    const int next = present < 0 ? (back ? order.size() - 1 : 0) : present + (back ? -1 : 1);
+    if (next < 0 || next >= order.size())
+        return false;
+    dock()->selectPoint(order.at(next));
+    const TYrexBaselinePoint &point = session()->points().at(order.at(next));
+    TPlotReadout readout;
+    readout.fMark = tr("Point %1").arg(pointText(point.x, point.y, point.kind));
+    view()->showReadout(readout);
+    view()->updateOverlay();
+    return true;
+}
+
+bool TMMActYrexBaselinePoints::showKeyMenu()
+{
+    const auto *area = dynamic_cast<QAbstractScrollArea *>(view());
+    const int selected = session() ? dock()->selectedPoint() : -1;
+    if (!area || selected < 0)
+        return false;
+    showMenu(selected, area->viewport()->mapToGlobal(shownPoint(selected).toPoint()));
+    return true;
 }
 
 bool TMMActYrexBaselinePoints::cancelGesture()
@@ -300,14 +336,23 @@ void TMMActYrexBaselinePoints::remove(int index)
 
 bool TMMActYrexBaselinePoints::keyPress(QKeyEvent *event)
 {
-    const int selected = session() ? dock()->selectedPoint() : -1;
-    if (selected < 0)
+    if (!session() || !wantsKey(*event))
         return false;
-    if (event->key() == Qt::Key_Delete) {
+    const int selected = dock()->selectedPoint();
+    switch (event->key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return step(event->key() == Qt::Key_Backtab);
+    case Qt::Key_Delete:
         remove(selected);
         return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        dock()->editPlace(selected);
+        return true;
+    default:
+        return moveSelected(event->key(), event->modifiers());
     }
-    return moveSelected(event->key(), event->modifiers());
 }
 
 bool TMMActYrexBaselinePoints::moveSelected(int key, Qt::KeyboardModifiers modifiers)
@@ -444,14 +489,19 @@ void TMMActYrexBaselinePoints::paintGhost(QPainter &painter) const
     painter.setClipping(false);
 }
 
+QString TMMActYrexBaselinePoints::pointText(double position, double value, int kind) const
+{
+    const double x = session()->xOf(position, plot()->xUnits());
+    return QString("%1, %2  %3")
+        .arg(TNumberFormat::fixed(x, plot()->viewDecimals(horzDir)),
+             TNumberFormat::fixed(value, plot()->viewDecimals(vertDir)),
+             TYrexBaselinePointsModel::kindNames().value(kind - 1));
+}
+
 void TMMActYrexBaselinePoints::paintText(QPainter &painter, const QPointF &place, double position, double value,
                                          int kind) const
 {
-    const double x = session()->xOf(position, plot()->xUnits());
-    const QString text = QString("%1, %2  %3")
-                             .arg(TNumberFormat::fixed(x, plot()->viewDecimals(horzDir)),
-                                  TNumberFormat::fixed(value, plot()->viewDecimals(vertDir)),
-                                  TYrexBaselinePointsModel::kindNames().value(kind - 1));
+    const QString text = pointText(position, value, kind);
     const QRectF curves = view()->itemToView(*item()).mapRect(plot()->plotter()->getPlotCurvesRect());
     QRectF box = painter.fontMetrics().boundingRect(text).adjusted(-4, -2, 4, 2);
     box.moveBottomLeft(place + QPointF(12.0, -10.0));

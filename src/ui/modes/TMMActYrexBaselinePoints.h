@@ -2,6 +2,7 @@
 
 #include "ui/TMMAct.h"
 
+#include <QCursor>
 #include <QObject>
 
 class IPluginHost;
@@ -27,14 +28,13 @@ public:
     bool mouseRelease(QMouseEvent *event, const TMouseSpot &spot) override;
     bool mouseDoubleClick(QMouseEvent *event, const TMouseSpot &spot) override;
     bool keyPress(QKeyEvent *event) override;
-    void enter(const QByteArray &argument) override;
-    void leave() override;
+    /// Keys that walk through the points, and those that act on the selected one.
+    bool wantsKey(const QKeyEvent &event) const override;
+    bool showKeyMenu() override;
     /// The drag, then the selection; true without either while the dock is open, so that Escape does not leave.
     bool cancelGesture() override;
     void paint(QPainter &painter) override;
     QString hint() const override;
-
-    bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
     enum TDrag { cNone, cPoint, cBand };
@@ -56,6 +56,11 @@ private:
     void dragPoint(const QPointF &viewPos, Qt::KeyboardModifiers modifiers);
     void click(const QPointF &viewPos, Qt::KeyboardModifiers modifiers);
     void showMenu(int index, const QPoint &globalPos);
+    /// The points from left to right on the screen.
+    QVector<int> walk() const;
+    /// Selects the next one, or the one before; false at the end.
+    bool step(bool back);
+    QString pointText(double position, double value, int kind) const;
     bool moveSelected(int key, Qt::KeyboardModifiers modifiers);
     void remove(int index);
     void paintGhost(QPainter &painter) const;
@@ -63,6 +68,7 @@ private:
     void paintText(QPainter &painter, const QPointF &place, double position, double value, int kind) const;
 
     IPluginHost &fHost;
+    QCursor fCursor;
     TDrag fDrag = cNone;
     bool fIsPressed = false;
     bool fIsLeaving = false; // the point is held beside the plot

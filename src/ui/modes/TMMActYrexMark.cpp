@@ -15,12 +15,6 @@ namespace {
 
 constexpr double cClickPixels = 2.0; // a shorter drag is a click
 
-QCursor cursorFrom(const char *file)
-{
-    const QPixmap picture{QString::fromLatin1(file)};
-    return picture.isNull() ? QCursor(Qt::CrossCursor) : QCursor(picture, 0, 0);
-}
-
 } // namespace
 
 TMMActYrexMark::TMMActYrexMark(const QUuid &id, IPluginHost &host, const char *cursorFile)
@@ -28,6 +22,12 @@ TMMActYrexMark::TMMActYrexMark(const QUuid &id, IPluginHost &host, const char *c
     , fHost(host)
     , fCursor(cursorFrom(cursorFile))
 {
+}
+
+QCursor TMMActYrexMark::cursorFrom(const char *file)
+{
+    const QPixmap picture{QString::fromLatin1(file)};
+    return picture.isNull() ? QCursor(Qt::CrossCursor) : QCursor(picture, 0, 0);
 }
 
 QCursor TMMActYrexMark::cursor(const TMouseSpot &spot) const

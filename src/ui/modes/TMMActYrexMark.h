@@ -29,6 +29,9 @@ public:
     /// left pixel.
     TMMActYrexMark(const QUuid &id, IPluginHost &host, const char *cursorFile);
 
+    /// The cursor of a picture of the resources, whose acting point is the top left pixel; a cross without the picture.
+    static QCursor cursorFrom(const char *file);
+
     QCursor cursor(const TMouseSpot &spot) const override;
     bool mousePress(QMouseEvent *event, const TMouseSpot &spot) override;
     bool mouseMove(QMouseEvent *event, const TMouseSpot &spot) override;

@@ -5,10 +5,12 @@
 #include "TCmdYrexProcessing.h"
 #include "TYrexBaselinePointsModel.h"
 #include "TYrexUnits.h"
+#include "WYrexBaselinePointDialog.h"
 #include "WYrexMultipointForm.h"
 #include "YrexActionTables.h"
 #include "canvas/TCanvasItemList.h"
 #include "commands/TCommandHistory.h"
+#include "contexts/IStackedItemCtx.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 #include "ui/IPlotView.h"
@@ -25,7 +27,8 @@
 
 namespace {
 
-constexpr int cManyPoints = 5; // more of them are not cleared without asking
+constexpr int cManyPoints = 5;   // more of them are not cleared without asking
+constexpr int cMoreDecimals = 2; // behind those that tell two pixels apart
 
 QString unitText(int unit)
 {
@@ -168,7 +171,44 @@ void WYrexMultipointBaselineDock::selectPoint(int index)
 
 void WYrexMultipointBaselineDock::editPlace(int index)
 {
-    fForm->editPlace(index);
+    TCanvasYrexSpectrum *edited = editedItem();
+    if (!edited || index < 0 || index >= fSession->points().size())
+        return;
+    const T1DYrexPlot &plot = *edited->activeYrexPlot();
+    const TYrexBaselinePoint point = fSession->points().at(index);
+    const TRange limits(fSession->xOf(0.0, shownUnit()), fSession->xOf(fSession->stage().size() - 1.0, shownUnit()));
+    auto *dialog = new WYrexBaselinePointDialog(QPointF(fSession->xOf(point.x, shownUnit()), point.y), limits,
+                                                unitText(shownUnit()), plot.viewDecimals(horzDir) + cMoreDecimals,
+                                                plot.viewDecimals(vertDir) + cMoreDecimals, fHost.gui()->mainWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    const TYrexMultipointSession *of = fSession.get();
+    connect(dialog, &QDialog::accepted, this, [this, dialog, index, of] {
+        if (fSession && fSession.get() == of)
+            placePoint(index, *dialog);
+    });
+    connect(dialog, &QDialog::finished, this, [this] { fHost.gui()->focusPlot(); });
+    dialog->open();
+}
+
+/// As one step. A height that was typed makes the point a free one.
+void WYrexMultipointBaselineDock::placePoint(int index, const WYrexBaselinePointDialog &wanted)
+{
+    if (index >= fSession->points().size() || (!wanted.isXChanged() && !wanted.isYChanged()))
+        return;
+    const TYrexBaselinePoint point = fSession->points().at(index);
+    fSession->beginDrag();
+    int row = index;
+    if (wanted.isXChanged()) {
+        fSession->removePoint(index);
+        row = fSession->addPoint(fSession->positionOf(wanted.place().x(), shownUnit()), point.y, point.kind);
+    }
+    if (wanted.isYChanged()) {
+        fSession->setKind(row, TYrexMultipointSession::cFree);
+        fSession->movePoint(row, fSession->points().at(row).x, wanted.place().y());
+    }
+    fSession->endDrag();
+    showEdit();
+    selectPoint(row);
 }
 
 int WYrexMultipointBaselineDock::shownUnit() const
@@ -200,7 +240,7 @@ void WYrexMultipointBaselineDock::begin()
         fHost.gui()->setMouseMode(YrexModes::baselinePointsModeID);
     edited->refreshAxes();
     showEdit();
-    fHost.gui()->refreshTable(cProcessingDock); // its chain is closed meanwhile
+    refreshOthers();
 }
 
 void WYrexMultipointBaselineDock::redraw()
@@ -257,19 +297,60 @@ void WYrexMultipointBaselineDock::refresh()
         dropSession();
         return;
     }
-    const TCanvasYrexSpectrum *edited = editedItem();
-    const bool isOther = item() != fEdited.get() || edited->currentSpectrum() != fSession->spectrum();
-    if (isOther) {
+    if (isElsewhere()) {
         // Not within the change of the selection, and only if it lasts.
         QTimer::singleShot(0, this, [this] {
-            if (fSession && (item() != fEdited.get() || editedItem()->currentSpectrum() != fSession->spectrum()) &&
-                askAndEnd(false))
+            if (!fSession || !isElsewhere())
+                return;
+            if (askAndEnd())
                 hide();
+            else
+                goBack();
         });
         return;
     }
     fModel->setSession(fSession.get(), shownUnit(), unitText(shownUnit()));
     showState();
+}
+
+/// Whether another item, or another spectrum of the item, became the active one.
+bool WYrexMultipointBaselineDock::isElsewhere() const
+{
+    const TCanvasYrexSpectrum *edited = editedItem();
+    return !edited || item() != fEdited.get() || edited->currentSpectrum() != fSession->spectrum();
+}
+
+void WYrexMultipointBaselineDock::goBack()
+{
+    TCanvasYrexSpectrum *edited = editedItem();
+    if (!edited || !fSession->isAlive())
+        return;
+    const TYrexSpectrum *spectrum = fSession->spectrum();
+    for (int i = 0; i < edited->stack().count(); ++i) {
+        if (edited->stack().at(i) == spectrum && i != edited->stack().current())
+            edited->stackedContext()->setActiveIndex(i);
+    }
+    fHost.gui()->showItem(edited);
+    edited->update();
+    fHost.gui()->focusPlot();
+}
+
+void WYrexMultipointBaselineDock::stepAside()
+{
+    if (!fSession || !fSession->isAlive())
+        return;
+    fPreviewsAgain = fSession->isPreviewing();
+    setPreviewing(false);
+    fSession->cancel();
+}
+
+void WYrexMultipointBaselineDock::comeBack()
+{
+    if (!fSession)
+        return;
+    fSession->comeBack();
+    setPreviewing(fPreviewsAgain);
+    showEdit();
 }
 
 void WYrexMultipointBaselineDock::onPluginDestroyed()
@@ -296,13 +377,13 @@ void WYrexMultipointBaselineDock::redo()
 
 bool WYrexMultipointBaselineDock::leave()
 {
-    if (!askAndEnd(true))
+    if (!askAndEnd())
         return false;
     hide();
     return true;
 }
 
-bool WYrexMultipointBaselineDock::askAndEnd(bool mayStay)
+bool WYrexMultipointBaselineDock::askAndEnd()
 {
     if (!fSession || fIsEnding)
         return true;
@@ -316,17 +397,15 @@ bool WYrexMultipointBaselineDock::askAndEnd(bool mayStay)
         question.fIcon = QMessageBox::Question;
         question.fTitle = windowTitle();
         question.fText = tr("The points of the baseline were changed.");
-        question.fButtons = QMessageBox::Discard;
+        question.fButtons = QMessageBox::Discard | QMessageBox::Cancel;
         if (fSession->missingPoints() == 0)
             question.fButtons |= QMessageBox::Apply;
-        if (mayStay)
-            question.fButtons |= QMessageBox::Cancel;
         question.fDefault = fSession->missingPoints() == 0 ? QMessageBox::Apply : QMessageBox::Discard;
         fIsEnding = true;
         answer = Utils::Gui::ask(fHost.gui()->mainWindow(), question);
         fIsEnding = false;
     }
-    if (answer == QMessageBox::Cancel && mayStay)
+    if (answer == QMessageBox::Cancel)
         return false;
     if (answer == QMessageBox::Apply && fSession && fSession->isAlive())
         applySession();
@@ -385,7 +464,14 @@ void WYrexMultipointBaselineDock::sessionEnded()
     if (fHost.gui()->mouseMode() == YrexModes::baselinePointsModeID)
         fHost.gui()->setMouseMode(QUuid());
     showState();
-    fHost.gui()->refreshTable(cProcessingDock);
+    refreshOthers();
+}
+
+/// Docks that are closed while points are edited.
+void WYrexMultipointBaselineDock::refreshOthers()
+{
+    for (const char *name : {cProcessingDock, cIntegralsDock})
+        fHost.gui()->refreshTable(name);
 }
 
 void WYrexMultipointBaselineDock::on_action_Apply_triggered()
@@ -458,13 +544,13 @@ void WYrexMultipointBaselineDock::hideEvent(QHideEvent *event)
     WPluginDockWidget::hideEvent(event);
     if (!isHidden() || !fSession || fIsEnding)
         return;
-    if (!askAndEnd(true))
+    if (!askAndEnd())
         QTimer::singleShot(0, this, &QWidget::show);
 }
 
 void WYrexMultipointBaselineDock::closeEvent(QCloseEvent *event)
 {
-    if (!askAndEnd(true)) {
+    if (!askAndEnd()) {
         event->ignore();
         return;
     }

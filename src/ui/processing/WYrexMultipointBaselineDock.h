@@ -12,6 +12,7 @@ class IPluginHost;
 class TCanvasYrexSpectrum;
 class TCommandHistory;
 class TYrexBaselinePointsModel;
+class WYrexBaselinePointDialog;
 class WYrexMultipointForm;
 
 /// The dock in which a multipoint baseline is built. Its session begins when it is shown and ends with it: applied as
@@ -39,7 +40,7 @@ public:
     void selectPoint(int index);
     /// The points were changed by someone else, within a drag or at its end.
     void showEdit();
-    /// Lets the user type the place of a point.
+    /// Asks for the place of a point in a dialog; does not wait for the answer.
     void editPlace(int index);
 
     bool canUndo() const override { return fSession && fSession->canUndo(); }
@@ -47,6 +48,8 @@ public:
     void undo() override;
     void redo() override;
     bool leave() override;
+    void stepAside() override;
+    void comeBack() override;
 
 public slots:
     /// Ends the session as one processing step; nothing without a session or with less than two points.
@@ -65,19 +68,24 @@ private:
     void standInFront();
     void begin();
     /// Asks what becomes of changed points and ends the session; false when the user goes on.
-    bool askAndEnd(bool mayStay);
+    bool askAndEnd();
+    /// The edited item and its spectrum are the active ones again.
+    void goBack();
     void applySession();
     void cancelSession();
     void dropSession();
     void sessionEnded();
     void setPreviewing(bool on);
     void redraw();
+    void refreshOthers();
     void showState();
     void showHeader();
     void clearPoints();
     void copyPoints() const;
     void pastePoints();
+    void placePoint(int index, const WYrexBaselinePointDialog &wanted);
     bool isOwnChain() const;
+    bool isElsewhere() const;
     int shownUnit() const;
 
     IPluginHost &fHost;
@@ -87,6 +95,7 @@ private:
     QVariantList fChain;                 // of the spectrum, as the session left it
     TPlotSnapshot fPlotBefore;           // before the preview
     bool fIsEnding = false;
+    bool fPreviewsAgain = false; // after comeBack
 
     TYrexBaselinePointsModel *fModel;
     WYrexMultipointForm *fForm;

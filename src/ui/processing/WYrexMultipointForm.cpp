@@ -260,13 +260,6 @@ void WYrexMultipointForm::selectPoint(int index)
         fTable->selectRow(index);
 }
 
-void WYrexMultipointForm::editPlace(int index)
-{
-    selectPoint(index);
-    fTable->setFocus();
-    fTable->edit(fModel->index(index, TYrexBaselinePointsModel::cX));
-}
-
 void WYrexMultipointForm::showSession(const TYrexMultipointSession *session)
 {
     const bool isOn = session != nullptr;

@@ -35,8 +35,6 @@ public:
     int selectedPoint() const;
     /// Any index outside of the list selects none.
     void selectPoint(int index);
-    /// Opens the editor of a point's x.
-    void editPlace(int index);
 
     /// Shows set-up, counts and what is possible; null for no session.
     void showSession(const TYrexMultipointSession *session);

@@ -174,8 +174,8 @@ void WYrexIntegralsDock::connectTop()
 QString WYrexIntegralsDock::whyNot() const
 {
     const QString reason = WYrexTableDock::whyNot();
-    const QWidget *points = host().gui() ? host().gui()->dock(cMultipointDock) : nullptr;
-    return reason.isEmpty() && points && points->isVisible() ? tr("Baseline points are being edited.") : reason;
+    const bool isEditing = host().gui() && host().gui()->editSession();
+    return reason.isEmpty() && isEditing ? tr("Baseline points are being edited.") : reason;
 }
 
 QString WYrexIntegralsDock::remark() const
