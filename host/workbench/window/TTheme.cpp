@@ -1,10 +1,9 @@
 #include "TTheme.h"
 
+#include "TThemeStyle.h"
 #include "settings/TDefaultsIni.h"
 
 #include <QApplication>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QWidget>
 
 namespace {
@@ -65,7 +64,7 @@ void apply()
 {
     const TKind kind = current();
     const bool dark = kind == cDark || (kind == cSystem && isSystemDark());
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new TThemeStyle);
     QApplication::setPalette(palette(dark));
 }
 

@@ -100,26 +100,43 @@ int WEmptyState::cardWidth() const
     return width;
 }
 
+/// As many side by side as there is room for, in rows of equal length.
+int WEmptyState::cardColumns() const
+{
+    const int count = qMax(1, fSamples.size());
+    const int fitting = qBound(1, (width() + cCardGap) / (cardWidth() + cCardGap), count);
+    const int rows = (count + fitting - 1) / fitting;
+    return (count + rows - 1) / rows;
+}
+
+int WEmptyState::cardsHeight() const
+{
+    const int columns = cardColumns();
+    const int rows = qMax(1, (fSamples.size() + columns - 1) / columns);
+    return rows * cCardHeight + (rows - 1) * cCardGap;
+}
+
 int WEmptyState::top() const
 {
     if (fBrief)
         return (height() - cTextHeight) / 2;
     const int recent = qMin(cMaxRecent, fRecent.size());
-    const int whole = cTextHeight + cTagHeight + cCardHeight + 24 + (recent > 0 ? (recent + 1) * cRowHeight : 0) + 40;
+    const int whole = cTextHeight + cTagHeight + cardsHeight() + 24 + (recent > 0 ? (recent + 1) * cRowHeight : 0) + 40;
     return qMax(8, (height() - whole) / 2);
 }
 
 QRect WEmptyState::cardRect(int index) const
 {
-    const int count = fSamples.size();
+    const int columns = cardColumns();
     const int one = cardWidth();
-    const int whole = count * one + (count - 1) * cCardGap;
-    return QRect((width() - whole) / 2 + index * (one + cCardGap), top() + cTextHeight + cTagHeight, one, cCardHeight);
+    const int whole = columns * one + (columns - 1) * cCardGap;
+    const int y = top() + cTextHeight + cTagHeight + index / columns * (cCardHeight + cCardGap);
+    return QRect((width() - whole) / 2 + index % columns * (one + cCardGap), y, one, cCardHeight);
 }
 
 QRect WEmptyState::recentRect(int index) const
 {
-    const int y = top() + cTextHeight + cTagHeight + cCardHeight + 24 + (index + 1) * cRowHeight;
+    const int y = top() + cTextHeight + cTagHeight + cardsHeight() + 24 + (index + 1) * cRowHeight;
     return QRect(width() / 2 - 200, y, 400, cRowHeight);
 }
 

@@ -31,6 +31,8 @@ protected:
 
 private:
     int cardWidth() const;
+    int cardColumns() const;
+    int cardsHeight() const;
     QRect cardRect(int index) const;
     QRect recentRect(int index) const;
     int top() const;
