@@ -8,6 +8,7 @@
 #include "canvas/TLoadReport.h"
 #include "canvas/TPage.h"
 #include "stream/TDataStream.h"
+#include "tables/TCanvasTable.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -28,6 +29,8 @@ constexpr int cPicture = 64; // pixels on the longer side; every row of code is 
 
 TCanvasItem *makeItem(int rtti)
 {
+    if (rtti == TCanvasTable::cRtti)
+        return new TCanvasTable;
     return rtti == TCanvasYrexSpectrum::cRtti ? new TCanvasYrexSpectrum({}, nullptr, nullptr) : nullptr;
 }
 

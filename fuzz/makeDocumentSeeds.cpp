@@ -7,9 +7,11 @@
 #include "canvas/TPage.h"
 #include "canvas/TUnknownItem.h"
 #include "commands/TCmdCreateItem.h"
+#include "numerics/LinearFit.h"
 #include "properties/TItemProperties.h"
 #include "properties/TPropertiesBag.h"
 #include "stream/TDataStream.h"
+#include "tables/TCanvasTable.h"
 #include "utils/CommonUtils.h"
 
 #include <QFile>
@@ -57,6 +59,27 @@ TCanvasItem *stack(int displayMode)
     item->stack().at(1)->setSpectrumClass("A");
     item->stack().setGrouped(displayMode);
     item->activeYrexPlot()->setStackedDisplayMode(displayMode);
+    return item;
+}
+
+/// A table with a colour, a raised sign and a cell without a number, and a chart with a line through its points.
+TCanvasItem *table(bool isChart)
+{
+    TCanvasTable::setReader([isChart](const TTableProperties &, TCanvasItem *, TTableContent &content) {
+        content.fTitle = "Peaks";
+        content.fColumns = {{"Position [cm^{-1}]", true}, {"Annotation", false}};
+        content.fRows = {{{"1601.2", "nu_2"}, QColor(Qt::blue)}, {{"", "b"}, QColor()}};
+        content.fIsChart = isChart;
+        content.fChart.setPoints({1.0, 2.0, 3.0}, {2.0, 4.5, 5.5}, QColor(Qt::red));
+        content.fChart.setLine(LinearFit::fit({1.0, 2.0, 3.0}, {2.0, 4.5, 5.5}, LinearFit::cThroughZero));
+        return true;
+    });
+    auto *item = new TCanvasTable;
+    item->setTableProperties(TTableProperties(isChart ? "regionChart" : "peaks"));
+    const std::unique_ptr<TCanvasItem> source(single());
+    item->setSource(source.get());
+    item->setRect(QRectF(QPointF(100, 100), item->naturalSize()));
+    TCanvasTable::setReader({});
     return item;
 }
 
@@ -112,9 +135,15 @@ int main(int argc, char **argv)
         document.appendPage();
         good = write(folder + "recovered", 2, document) && good;
     }
+    {
+        TDocument document;
+        import(document, table(false));
+        import(document, table(true));
+        good = write(folder + "table", 0, document) && good;
+    }
     TDocument document;
     document.settings().insert("key", 2.5);
-    import(document, new TUnknownItem(107));
+    import(document, new TUnknownItem(199));
     document.appendPage()->setTail("newer");
     return write(folder + "unknown", 0, document) && good ? 0 : 1;
 }

@@ -12,6 +12,7 @@
 #include "WYrexZoomDialog.h"
 #include "YrexActionTables.h"
 #include "YrexFactories.h"
+#include "YrexPageTables.h"
 #include "YrexPropertyValues.h"
 #include "canvas/TDocument.h"
 #include "commands/TCmdZoomSpectra.h"
@@ -19,6 +20,8 @@
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 #include "settings/TDefaultsIni.h"
+#include "tables/TTableContent.h"
+#include "tables/TTableFactories.h"
 #include "ui/PlotSteps.h"
 #include "ui/TPluginMouseModeHandler.h"
 #include "ui/TUpdateItem.h"
@@ -37,6 +40,8 @@ void TYrexPluginGui::init(IPluginHost *host)
     TYrexPlugin::registered(host);
     if (!host)
         return;
+    if (host->tables())
+        YrexPageTables::addTo(*host->tables(), *host);
     fHighlights = std::make_unique<TYrexHighlightHandler>(*host);
     fMarks = std::make_unique<TYrexMarkEditor>(*host);
     fActions = std::make_unique<TYrexActions>(*host, *fHighlights, *fMarks);
@@ -70,6 +75,19 @@ void TYrexPluginGui::addHotAreas(IGuiHost &gui)
         if (areas)
             areas->showBand(item, from, to);
     });
+}
+
+TBaseTable *TYrexPluginGui::createTable(TTableProperties *properties, TCanvasItem *item)
+{
+    return properties && fHost ? YrexPageTables::createTable(*fHost, *properties, item) : nullptr;
+}
+
+QString TYrexPluginGui::tableReport(TTableProperties *properties, TCanvasItem *item, const QString &format)
+{
+    TTableContent content;
+    if (!properties || !fHost || !fHost->tables() || !fHost->tables()->fill(*properties, item, content))
+        return QString();
+    return format == QLatin1String("html") ? content.html() : content.plainText();
 }
 
 void TYrexPluginGui::onHotAreaHighlighted(const TPlotHotArea &aArea, TCanvasSpectrum *aItem)
@@ -145,13 +163,45 @@ bool TYrexPluginGui::hasAction(const QString &name) const
 
 bool TYrexPluginGui::executeAction(const QString &name)
 {
-    return fHost && fHost->gui() && fActions && fActions->run(name);
+    if (!fHost || !fHost->gui() || !fActions || !fActions->run(name))
+        return false;
+    const bool isOfMarks = name.contains(QLatin1String("Peak")) || name.contains(QLatin1String("Integra"));
+    if (isOfMarks && !itemWithoutMarks().isNull())
+        tellHiddenMarks();
+    return true;
+}
+
+/// The id of the active item when it has marks that its display mode leaves out; else null.
+QUuid TYrexPluginGui::itemWithoutMarks() const
+{
+    const TCanvasYrexSpectrum *item = yrexItem(fHost->itemList().isRttiActive(TCanvasYrexSpectrum::cRtti));
+    const T1DYrexPlot *plot = item ? item->activeYrexPlot() : nullptr;
+    const TYrexSpectrum *spectrum = item ? item->currentSpectrum() : nullptr;
+    const bool hasMarks = spectrum && (!spectrum->peaks().isEmpty() || !spectrum->integrals().isEmpty());
+    if (!hasMarks || !plot || !plot->isArrayed())
+        return QUuid();
+    const int mode = plot->stackedProperties().displayMode();
+    return mode == activeOnlyMode || mode == overlayMode ? QUuid() : item->uniqueId();
+}
+
+void TYrexPluginGui::tellHiddenMarks() const
+{
+    fHost->gui()->statusMessage(tr("Marks show in Active Only and Overlay."));
 }
 
 void TYrexPluginGui::updateActions(TUpdateItem &update)
 {
     if (fActions)
         fActions->update(update);
+    if (!fHost || !fHost->gui())
+        return;
+    const TCanvasYrexSpectrum *item = yrexItem(fHost->itemList().isRttiActive(TCanvasYrexSpectrum::cRtti));
+    const QUuid seen = item ? item->uniqueId() : QUuid();
+    const QUuid without = itemWithoutMarks();
+    if (!without.isNull() && seen == fSeenItem && without != fWithoutMarks) // its display mode was changed just now
+        tellHiddenMarks();
+    fSeenItem = seen;
+    fWithoutMarks = without;
 }
 
 QString TYrexPluginGui::contextMenuName(const TMouseSpot &spot) const

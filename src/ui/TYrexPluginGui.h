@@ -39,6 +39,10 @@ public:
     /// The dialog of the options of stacks. Does not wait for the answer.
     void adjustStackedItems(const TCanvasItemList &items) override;
 
+    TBaseTable *createTable(TTableProperties *properties, TCanvasItem *item) override;
+    /// The table as "html" or "plainText"; empty for an item that has no such table.
+    QString tableReport(TTableProperties *properties, TCanvasItem *item, const QString &format) override;
+
     QString markupResource() const override { return QStringLiteral(":/yrex/ui/YrexPlugin.mui"); }
     void registerFactories(IGuiHost &gui) override;
     bool isInvalid(const QString &invalidator) const override;
@@ -84,9 +88,13 @@ private:
     void init(IPluginHost *host);
     void addHotAreas(IGuiHost &gui);
     void tellHighlights();
+    QUuid itemWithoutMarks() const;
+    void tellHiddenMarks() const;
 
     std::unique_ptr<TYrexHighlightHandler> fHighlights; // null before the host is known
     std::unique_ptr<TYrexMarkEditor> fMarks;            // null before the host is known
     QPointer<TYrexHotAreasHandler> fHotAreas;           // of the window
     std::unique_ptr<TYrexActions> fActions;             // null before the host is known
+    QUuid fSeenItem;                                    // active when the actions were updated last
+    QUuid fWithoutMarks;                                // the same item, when its marks did not show
 };

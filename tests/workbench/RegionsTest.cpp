@@ -1,4 +1,3 @@
-#include "TRegionValuesModel.h"
 #include "TRegionsModel.h"
 #include "TWindowFixture.h"
 #include "WRegionChart.h"
@@ -8,9 +7,12 @@
 #include "contexts/IDAItemCtx.h"
 #include "contexts/IDARegionsItem.h"
 #include "contexts/IStackedItemCtx.h"
+#include "exchange/TPictureExporter.h"
 #include "numerics/LinearFit.h"
 #include "services/IGuiHost.h"
 #include "stream/TDataStream.h"
+#include "tables/TCanvasTable.h"
+#include "tables/TRegionValuesModel.h"
 #include "widgets/TStackedItemsTableModel.h"
 #include "widgets/WStackedItemsTable.h"
 #include "widgets/WTableTools.h"
@@ -18,8 +20,10 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QTableView>
+#include <QToolButton>
 #include <QtEndian>
 
 namespace {
@@ -246,4 +250,69 @@ TEST_F(RegionsTest, pointsAndRowsAreLinkedAndTheDockOutlivesItsItem)
     fAnswer = QMessageBox::Discard;
     fWindow->documents().closeCurrent();
     settle();
+}
+
+TEST_F(RegionsTest, limitsAreHotOutsideOfTheModesAndTheBandHidesNothing)
+{
+    openDye();
+    key(Qt::Key_R);
+    drag(atX(400), atX(500));
+    key(Qt::Key_Escape);
+    fWindow->grab();
+    const TDARegion drawn = regions().daRegions().first();
+    auto *spectrum = item();
+    moveTo(atX(450));
+    const QPointF middle = view()->itemToView(*spectrum).inverted().map(QPointF(atX(450)));
+    EXPECT_NE(spectrum->areaAt(middle).type(), TPlotHotArea::daRegion) << "what lies below the band can be reached";
+    drag(atX(1e7 / drawn.from), atX(550));
+    EXPECT_EQ(lastStep(), "Edit Regions");
+    EXPECT_NEAR(1e7 / regions().daRegions().first().from, 550.0, 2.0);
+    EXPECT_EQ(regions().daRegions().first().to, drawn.to) << "the limit that was not dragged keeps its bits";
+    document()->history().stack()->undo();
+    EXPECT_TRUE(regions().daRegions().first() == drawn);
+    const int steps = document()->history().stack()->index();
+    fWindow->grab();
+    QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, atX(1e7 / drawn.from));
+    moveTo(atX(520), Qt::LeftButton);
+    moveTo(atX(600), Qt::LeftButton);
+    EXPECT_FALSE(regions().daRegions().first() == drawn) << "live";
+    QTest::keyClick(view(), Qt::Key_Escape);
+    QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, atX(600));
+    EXPECT_TRUE(regions().daRegions().first() == drawn);
+    EXPECT_EQ(document()->history().stack()->index(), steps);
+    fWindow->grab();
+    moveTo(atX(1e7 / drawn.from));
+    key(Qt::Key_Delete);
+    EXPECT_TRUE(regions().daRegions().isEmpty());
+}
+
+TEST_F(RegionsTest, tableAndChartStandOnThePage)
+{
+    openDye();
+    setConcentrations();
+    key(Qt::Key_R);
+    drag(atX(640), atX(690));
+    drag(atX(400), atX(500));
+    choose("line", "Line Through Zero");
+    QToolButton *place = nullptr;
+    for (QToolButton *one : dock()->findChildren<QToolButton *>())
+        place = one->text() == "Place on Page" ? one : place;
+    ASSERT_TRUE(place && place->menu());
+    for (QAction *action : place->menu()->actions())
+        action->trigger();
+    settle();
+    const TCanvasItemList placed = document()->items().getByRtti(TCanvasTable::cRtti);
+    ASSERT_EQ(placed.size(), 2);
+    auto *table = static_cast<TCanvasTable *>(canvasItem(placed.at(0)));
+    auto *chart = static_cast<TCanvasTable *>(canvasItem(placed.at(1)));
+    ASSERT_EQ(table->content().fRows.size(), 6);
+    EXPECT_EQ(table->content().fColumns.size(), 4);
+    EXPECT_EQ(table->content().fRows.at(5).fCells.at(1), "10");
+    ASSERT_TRUE(chart->content().fIsChart);
+    EXPECT_EQ(chart->content().fChart.size(), 6);
+    const QByteArray svg = TPictureExporter::ofItem(*chart, chart->rect().size()).bytes(TPictureExporter::cSvg);
+    EXPECT_TRUE(svg.contains("Value"));
+    auto *stack = fWindow->findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable")->table()->model();
+    stack->pasteValues(5, {"12"});
+    EXPECT_EQ(table->content().fRows.at(5).fCells.at(1), "12");
 }

@@ -83,6 +83,15 @@ void TCanvasItem::link(TCanvasItem *item, const QByteArray &role, const QUuid &i
         ids.append(id);
 }
 
+bool TCanvasItem::isLinkedTo(const QUuid &id) const
+{
+    for (auto it = fLinks.constBegin(); it != fLinks.constEnd(); ++it) {
+        if (it.key() != cCopyRole && it.value().contains(id))
+            return true;
+    }
+    return false;
+}
+
 void TCanvasItem::followCopies(const QMap<QUuid, QUuid> &copies)
 {
     for (auto it = fLinks.begin(); it != fLinks.end(); ++it) {

@@ -78,6 +78,12 @@ public:
     /// Tells the page that the item has to be drawn anew.
     virtual void update();
 
+    /// An item of the document that this one is linked to was changed, or came to the document.
+    virtual void linkedItemChanged(TCanvasItem *) {}
+    /// Such an item was taken out of the document; it still is what it was.
+    virtual void linkedItemLeaves(TCanvasItem *) {}
+    bool isLinkedTo(const QUuid &id) const;
+
     QList<QByteArray> roles() const { return fLinks.keys(); }
     QList<QUuid> links(const QByteArray &role) const { return fLinks.value(role); }
     static void link(TCanvasItem *item, const QByteArray &role, const QUuid &id);

@@ -41,6 +41,23 @@ void TDocument::watch(TPage *page)
     page->setParent(this);
     connect(page, &TPage::itemAdded, this, &TDocument::itemAdded);
     connect(page, &TPage::itemRemoved, this, &TDocument::itemRemoved);
+    connect(page, &TPage::changed, this, [this](TCanvasItem *item) { tellLinked(item, false); });
+    connect(page, &TPage::itemAdded, this, [this](TCanvasItem *item) { tellLinked(item, false); });
+    connect(page, &TPage::itemRemoved, this, [this](TCanvasItem *item) { tellLinked(item, true); });
+}
+
+void TDocument::tellLinked(TCanvasItem *item, bool leaves)
+{
+    for (const TPage *page : qAsConst(fPages)) {
+        for (TCanvasItem *other : page->items()) {
+            if (other == item || !other->isLinkedTo(item->uniqueId()))
+                continue;
+            if (leaves)
+                other->linkedItemLeaves(item);
+            else
+                other->linkedItemChanged(item);
+        }
+    }
 }
 
 TPage *TDocument::appendPage()
@@ -56,6 +73,8 @@ void TDocument::insertPage(TPage *page, int index)
     watch(page);
     if (!fCurrentPage)
         fCurrentPage = page;
+    for (TCanvasItem *item : page->items())
+        tellLinked(item, false);
     emit pagesChanged();
 }
 
@@ -64,6 +83,8 @@ void TDocument::takePage(TPage *page)
     const int place = fPages.indexOf(page);
     if (place < 0)
         return;
+    for (TCanvasItem *item : page->items())
+        tellLinked(item, true);
     fPages.removeAt(place);
     page->disconnect(this);
     page->setParent(nullptr);

@@ -90,6 +90,8 @@ signals:
 
 private:
     void watch(TPage *page);
+    /// What is linked to an item hears that it changed or leaves.
+    void tellLinked(TCanvasItem *item, bool leaves);
     void storePage(TDataStream &stream, const TPage &page) const;
     void storeHistory(TDataStream &stream) const;
     bool loadPage(TDataStream &stream, TLoadReport &report);

@@ -9,6 +9,9 @@ class TDataStream;
 /// Lists of the regions of data analysis.
 namespace DARegions {
 
+/// The hot areas of a region are its two limits; which of them is the area's subtype.
+enum TLimitArea { cFromLimit = 1, cToLimit = 2 };
+
 /// int32 count; per region id, name, int32 kind, both limits and the colour.
 void store(TDataStream &stream, const QVector<TDARegion> &regions);
 /// What can be read up to a damage; a region without finite limits is left out.

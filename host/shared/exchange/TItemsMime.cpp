@@ -9,6 +9,7 @@
 #include "settings/TDefaultsIni.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
+#include "tables/TCanvasTable.h"
 
 #include <QCoreApplication>
 #include <QMimeData>
@@ -61,6 +62,24 @@ QByteArray textOf(const QList<TNumberTable> &tables)
     return text;
 }
 
+/// Tables of pages go along as text and for spreadsheets; behind numbers of spectra they would tear those apart.
+void addTables(QMimeData &data, const TCanvasItemList &items, bool hasNumbers)
+{
+    QString text;
+    QString html;
+    for (ICanvasItem *item : items) {
+        const auto *table = dynamic_cast<const TCanvasTable *>(item);
+        if (!table || table->content().fColumns.isEmpty())
+            continue;
+        text += (text.isEmpty() ? QString() : QStringLiteral("\n")) + table->content().plainText();
+        html += table->content().html();
+    }
+    if (text.isEmpty() || hasNumbers)
+        return;
+    data.setText(text);
+    data.setHtml(html);
+}
+
 } // namespace
 
 QMimeData *TItemsMime::ofItems(const TCanvasItemList &items)
@@ -87,6 +106,7 @@ QMimeData *TItemsMime::ofItems(const TCanvasItemList &items)
             "TItemsMime", "%n point(s): too many to go along with a picture. Use Copy Numbers.", nullptr, points);
         data->setText(points > 0 ? title + '\n' + note : title);
     }
+    addTables(*data, items, points > 0);
     return data;
 }
 

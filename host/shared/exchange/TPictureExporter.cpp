@@ -6,6 +6,7 @@
 #include "plot/ColorUtils.h"
 #include "plot/PainterUtils.h"
 #include "plot/TBasePlot.h"
+#include "tables/TCanvasTable.h"
 #include "utils/CommonUtils.h"
 
 #include <QBuffer>
@@ -63,6 +64,11 @@ public:
         if (background == TPictureExporter::cAsShown)
             return;
         for (ICanvasItem *item : items) {
+            auto *table = dynamic_cast<TCanvasTable *>(item);
+            if (table && table->isOnDarkPaper()) {
+                fDarkTables.append(table);
+                table->setDarkPaper(false);
+            }
             const auto *spectrum = dynamic_cast<TCanvasSpectrum *>(item);
             if (!spectrum)
                 continue;
@@ -79,6 +85,8 @@ public:
             kept.fPlot->properties().background = kept.fBackground;
             kept.fPlot->setState(TBasePlot::cDarkPaper, kept.fIsDark);
         }
+        for (TCanvasTable *table : qAsConst(fDarkTables))
+            table->setDarkPaper(true);
     }
     TPlotsAsPicture(const TPlotsAsPicture &) = delete;
     TPlotsAsPicture &operator=(const TPlotsAsPicture &) = delete;
@@ -91,6 +99,7 @@ private:
         bool fIsDark;
     };
     QList<TKept> fKept;
+    QList<TCanvasTable *> fDarkTables;
 };
 
 /// Puts another time into a finished PDF file, whose writer takes it from the clock. The length stays, and with it

@@ -13,6 +13,7 @@ class QUuid;
 class TCanvasItemList;
 class TCommandHistory;
 class TDocument;
+class TTableFactories;
 
 /// The services of the host, as plug-ins see them.
 class IPluginHost
@@ -37,6 +38,8 @@ public:
     /// Null in a program with windows, where the document is the user's.
     virtual IBatchHost *batch() { return nullptr; }
     virtual IProgressBar *progress() = 0;
+    /// Where plug-ins add what reads their items for tables on pages; null in a host without such tables.
+    virtual TTableFactories *tables() { return nullptr; }
 };
 
 class IJCAMPPlugin;

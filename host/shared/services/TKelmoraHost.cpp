@@ -6,6 +6,8 @@
 #include "plugin/IPluginInfo.h"
 #include "script/IScriptObjectFactory.h"
 #include "services/TImportDriver.h"
+#include "tables/HostTables.h"
+#include "tables/TCanvasTable.h"
 
 TKelmoraHost::TKelmoraHost()
     : fConverterHost(*this)
@@ -14,7 +16,13 @@ TKelmoraHost::TKelmoraHost()
 {
     Utils::Framework::instance = this;
     IConverterHost::setCurrent(&fConverterHost);
+    HostTables::addTo(fTables);
+    TCanvasTable::setReader([this](const TTableProperties &properties, TCanvasItem *item, TTableContent &content) {
+        return fTables.fill(properties, item, content);
+    });
     TDocument::setItemFactory([this](int rtti) -> TCanvasItem * {
+        if (rtti == TCanvasTable::cRtti)
+            return new TCanvasTable;
         for (QObject *plugin : fLoader.plugins()) {
             auto *factory = qobject_cast<IPluginCanvasItem *>(plugin);
             TCanvasItem *item = factory ? factory->createItem(rtti) : nullptr;
@@ -28,6 +36,8 @@ TKelmoraHost::TKelmoraHost()
 TKelmoraHost::~TKelmoraHost()
 {
     fDocument.reset(); // items are of the plug-ins' code
+    TCanvasTable::setReader({});
+    fTables.clear();
     fLoader.stop();
     for (const TScriptEntry &entry : qAsConst(fScriptObjects)) {
         if (entry.fOwned)

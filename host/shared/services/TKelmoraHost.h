@@ -5,6 +5,7 @@
 #include "services/IPluginHost.h"
 #include "services/TConverterHost.h"
 #include "services/TPluginLoader.h"
+#include "tables/TTableFactories.h"
 
 #include <QHash>
 #include <QObject>
@@ -52,6 +53,7 @@ public:
     IGuiHost *gui() override { return fGui; }
     IBatchHost *batch() override { return fGui ? nullptr : this; }
     IProgressBar *progress() override { return fProgress; }
+    TTableFactories *tables() override { return &fTables; }
 
 private:
     struct TScriptEntry
@@ -61,6 +63,7 @@ private:
     };
 
     TPluginLoader fLoader; // first, so that the libraries go last
+    TTableFactories fTables;
     TConverterHost fConverterHost;
     std::unique_ptr<TDocument> fDocument;
     TDocument *fActiveDocument = nullptr; // of a window

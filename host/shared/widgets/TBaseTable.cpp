@@ -56,7 +56,6 @@ TBaseTable::TBaseTable(const QString &name, TBaseTableViewModel *model, QWidget 
     , fView(new TKeyedView(this))
     , fTools(new WTableTools(fView, fProxy, this))
     , fToolRow(new QHBoxLayout)
-    , fPlace(new QToolButton(this))
     , fEmpty(new QLabel(this))
 {
     setObjectName(name + "Table");
@@ -68,14 +67,9 @@ TBaseTable::TBaseTable(const QString &name, TBaseTableViewModel *model, QWidget 
             keys.append(column.fKey);
         return keys;
     });
-    fPlace->setText(tr("Place on Page"));
-    fPlace->setToolTip(tr("Puts the table on the page, where it follows the spectrum."));
-    fPlace->setAutoRaise(true);
-    fPlace->hide();
     auto *tools = new QHBoxLayout;
     tools->addLayout(fToolRow);
     tools->addStretch();
-    tools->addWidget(fPlace);
     tools->addWidget(fTools);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -86,7 +80,6 @@ TBaseTable::TBaseTable(const QString &name, TBaseTableViewModel *model, QWidget 
     fEmpty->setWordWrap(true);
     fEmpty->setEnabled(false); // the grey of disabled things
     connect(fTools, &WTableTools::decimalsChosen, fModel, &TBaseTableViewModel::setDecimals);
-    connect(fPlace, &QToolButton::clicked, this, &TBaseTable::placeWanted);
     connect(fModel, &TBaseTableViewModel::refused, this, &TBaseTable::refuse);
     makeView();
     makeHeader();
@@ -102,7 +95,7 @@ void TBaseTable::setEmptyText(const QString &text)
 void TBaseTable::connectNotify(const QMetaMethod &signal)
 {
     if (signal == QMetaMethod::fromSignal(&TBaseTable::placeWanted))
-        fPlace->show();
+        fTools->offerPlacing([this] { emit placeWanted(); });
 }
 
 void TBaseTable::makeView()
@@ -314,7 +307,6 @@ void TBaseTable::showState()
     fView->setVisible(!isEmpty);
     fEmpty->setVisible(isEmpty);
     fTools->setEnabled(!isEmpty);
-    fPlace->setEnabled(!isEmpty);
 }
 
 void TBaseTable::onHeaderMenu(const QPoint &point)

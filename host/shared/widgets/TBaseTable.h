@@ -9,7 +9,6 @@ class QLabel;
 class QModelIndex;
 class QPoint;
 class QTableView;
-class QToolButton;
 class TBaseTableViewModel;
 class TColumnMemory;
 class TTableProxy;
@@ -79,7 +78,6 @@ private:
     WTableTools *fTools;
     TColumnMemory *fColumns;
     QHBoxLayout *fToolRow;
-    QToolButton *fPlace;
     QLabel *fEmpty;
     QVariantList fKeptIds;
     QVariant fKeptCurrent;

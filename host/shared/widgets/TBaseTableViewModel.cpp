@@ -51,6 +51,8 @@ QVariant TBaseTableViewModel::headerData(int section, Qt::Orientation orientatio
     switch (role) {
     case Qt::DisplayRole:
         return column.fTitle;
+    case TTableProxy::cKeyRole:
+        return column.fKey;
     case Qt::ToolTipRole:
         return column.fTip.isEmpty() ? QVariant() : column.fTip;
     case Qt::TextAlignmentRole:

@@ -252,6 +252,8 @@ QVariant TStackedItemsTableModel::data(const QModelIndex &place, int role) const
         const bool isUsed = stack()->ids(false, true).contains(quint32(stack()->idOf(spectrum)));
         return isUsed ? Qt::Checked : Qt::Unchecked;
     }
+    if (role == TTableProxy::cColorRole && column == cSwatch)
+        return stack()->color(spectrum);
     if (role == Qt::DecorationRole && column == cSwatch) {
         const QColor color = stack()->color(spectrum);
         if (!color.isValid())

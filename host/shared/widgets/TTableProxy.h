@@ -16,6 +16,12 @@ public:
     static constexpr int cHeadingRole = Qt::UserRole + 2;
     /// True for a row whose heading is folded: it is seen only when it is looked for, or in a sorted table.
     static constexpr int cFoldedRole = Qt::UserRole + 3;
+    /// Of headers: what names the column whatever the language and the units.
+    static constexpr int cKeyRole = Qt::UserRole + 4;
+    /// Of headers: the title with numbers in the form that is the same for all users, where that differs.
+    static constexpr int cPlainTitleRole = Qt::UserRole + 5;
+    /// Of cells with a swatch: the colour as it is stored, whatever paper is shown.
+    static constexpr int cColorRole = Qt::UserRole + 6;
 
     explicit TTableProxy(QObject *parent = nullptr);
 

@@ -4,6 +4,7 @@
 #include "exchange/TItemsMime.h"
 #include "settings/TDefaultsIni.h"
 #include "settings/TNumberFormat.h"
+#include "tables/TTableProperties.h"
 #include "widgets/GuiUtils.h"
 #include "widgets/TTableProxy.h"
 
@@ -34,10 +35,16 @@ WTableTools::WTableTools(QTableView *view, TTableProxy *proxy, QWidget *parent)
     , fView(view)
     , fProxy(proxy)
     , fFilter(new QLineEdit(this))
+    , fPlace(new QToolButton(this))
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred); // the row gives what is left to the owner's tools
+    fPlace->setText(tr("Place on Page"));
+    fPlace->setToolTip(tr("Puts the table on the page, where it follows the spectrum."));
+    fPlace->setAutoRaise(true);
+    fPlace->hide();
+    row->addWidget(fPlace);
     makeButtons();
     fFilter->setPlaceholderText(tr("Filter"));
     fFilter->setAccessibleName(tr("Filter"));
@@ -70,13 +77,52 @@ void WTableTools::makeButtons()
     auto *menu = new QMenu(decimals);
     auto *group = new QActionGroup(menu);
     for (int i = -1; i <= cMaxDecimals; ++i) {
-        QAction *action =
-            menu->addAction(i < 0 ? tr("Auto") : QString::number(i), this, [this, i] { emit decimalsChosen(i); });
+        QAction *action = menu->addAction(i < 0 ? tr("Auto") : QString::number(i), this, [this, i] {
+            fDecimals = i;
+            emit decimalsChosen(i);
+        });
         action->setCheckable(true);
         action->setChecked(i < 0);
         group->addAction(action);
     }
     decimals->setMenu(menu);
+}
+
+void WTableTools::offerPlacing(const std::function<void()> &place, const QString &text)
+{
+    fPlace->show();
+    if (text.isEmpty()) {
+        connect(fPlace, &QToolButton::clicked, this, place);
+        return;
+    }
+    if (!fPlace->menu()) {
+        fPlace->setMenu(new QMenu(fPlace));
+        fPlace->setPopupMode(QToolButton::InstantPopup);
+    }
+    fPlace->menu()->addAction(text, this, place);
+}
+
+TTableProperties WTableTools::shownProperties(const QString &table) const
+{
+    TTableProperties properties(table);
+    const auto key = [this](int column) {
+        const QString name = fProxy->headerData(column, Qt::Horizontal, TTableProxy::cKeyRole).toString();
+        return name.isEmpty() ? QString::number(column) : name;
+    };
+    QStringList columns;
+    const QHeaderView *header = fView->horizontalHeader();
+    for (int visual = 0; visual < header->count(); ++visual) {
+        const int column = header->logicalIndex(visual);
+        const bool hasTitle = !fProxy->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().isEmpty();
+        if (!header->isSectionHidden(column) && hasTitle)
+            columns.append(key(column));
+    }
+    properties.setColumns(columns);
+    if (fProxy->sortColumn() >= 0)
+        properties.setSort(key(fProxy->sortColumn()), fProxy->sortOrder() == Qt::DescendingOrder);
+    properties.setFilter(fFilter->text());
+    properties.setDecimals(fDecimals);
+    return properties;
 }
 
 QString WTableTools::cell(int row, int column, bool allDigits) const

@@ -3,10 +3,13 @@
 #include "exchange/TRowTable.h"
 
 #include <QWidget>
+#include <functional>
 
 class QActionGroup;
 class QLineEdit;
 class QTableView;
+class QToolButton;
+class TTableProperties;
 class TTableProxy;
 
 /// The buttons that every table has at the right of its tool row: copy, export, decimals, and the box that filters.
@@ -25,6 +28,10 @@ public:
     /// All rows as a file; its ending says how. False, with the reason, when it cannot be written.
     bool exportTo(const QString &path, QString *error) const;
     QLineEdit *filter() const { return fFilter; }
+    /// A button that puts the table on the page. Each call adds a way to do it; several of them stand in a menu.
+    void offerPlacing(const std::function<void()> &place, const QString &text = QString());
+    /// The table as it is shown, for one on a page. `table` is its name there.
+    TTableProperties shownProperties(const QString &table) const;
 
 signals:
     /// -1 for as many as the numbers need.
@@ -38,4 +45,6 @@ private:
     QTableView *fView;
     TTableProxy *fProxy;
     QLineEdit *fFilter;
+    QToolButton *fPlace;
+    int fDecimals = -1;
 };

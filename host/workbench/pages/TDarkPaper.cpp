@@ -7,6 +7,7 @@
 #include "canvas/TDocument.h"
 #include "plot/TBasePlot.h"
 #include "settings/TDefaultsIni.h"
+#include "tables/TCanvasTable.h"
 
 namespace {
 
@@ -14,6 +15,10 @@ constexpr char cKey[] = "Kelmora/DarkPaper";
 
 void setDark(TCanvasItem *item, bool dark)
 {
+    if (auto *table = dynamic_cast<TCanvasTable *>(item)) {
+        table->setDarkPaper(dark);
+        table->refreshGraphics();
+    }
     const auto *spectrum = dynamic_cast<TCanvasSpectrum *>(item);
     if (!spectrum)
         return;

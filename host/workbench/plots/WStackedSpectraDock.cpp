@@ -4,8 +4,13 @@
 #include "WDocumentView.h"
 #include "canvas/TCanvasItem.h"
 #include "contexts/IStackedItemCtx.h"
+#include "services/TKelmoraHost.h"
+#include "tables/HostTables.h"
+#include "tables/TTableProperties.h"
+#include "tables/TablePlacing.h"
 #include "widgets/TStackedItemsTableModel.h"
 #include "widgets/WStackedItemsTable.h"
+#include "widgets/WTableTools.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -39,6 +44,16 @@ WStackedSpectraDock::WStackedSpectraDock(TKelmoraHost &host, TDocumentController
     setWidget(page);
     page->setFocusProxy(fTable->view());
     fTable->model()->setEdits(&fEdits);
+    host.tables()->add(HostTables::cStack,
+                       [&host](const TTableProperties &properties, TCanvasItem *shown, TTableContent &content) {
+                           TStackEdits facts(host);
+                           return HostTables::readStack(properties, shown, &facts, content);
+                       });
+    fTable->tools()->offerPlacing([this] {
+        if (fDocuments.document())
+            TablePlacing::place(fTable->model()->item(), fTable->tools()->shownProperties(HostTables::cStack),
+                                fDocuments.document()->history());
+    });
     connect(fTable->model(), &QAbstractItemModel::dataChanged, this, &WStackedSpectraDock::showHeader);
     connect(fTable->model(), &QAbstractItemModel::modelReset, this, &WStackedSpectraDock::showHeader);
     connect(&documents, &TDocumentController::contentChanged, this, &WStackedSpectraDock::showHeader);

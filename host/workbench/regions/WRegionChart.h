@@ -1,12 +1,10 @@
 #pragma once
 
-#include "numerics/LinearFit.h"
+#include "tables/TValueChart.h"
 
-#include <QColor>
-#include <QVector>
 #include <QWidget>
 
-/// Draws values over values as points, and a line through them with ticks from it to the points.
+/// A chart of the values of a region in a dock: the point under the mouse is told.
 class WRegionChart : public QWidget
 {
     Q_OBJECT
@@ -14,16 +12,12 @@ class WRegionChart : public QWidget
 public:
     explicit WRegionChart(QWidget *parent = nullptr);
 
-    /// Points of which a number is not finite are not drawn.
-    void setPoints(const QVector<double> &x, const QVector<double> &y, const QColor &color);
-    void setTitles(const QString &x, const QString &y);
-    /// A line that is not valid is none.
-    void setLine(const TLinearFit &line);
+    void setChart(const TValueChart &chart);
     /// The point of a row is drawn larger; -1 for none.
     void setHighlighted(int row);
     int highlighted() const { return fHighlighted; }
     /// Where the point of a row stands in the widget; null for one that is not drawn.
-    QPointF pointAt(int row) const;
+    QPointF pointAt(int row) const { return fChart.pointAt(row, rect(), look()); }
     QSize sizeHint() const override { return {320, 200}; }
     QSize minimumSizeHint() const override { return {160, 100}; }
 
@@ -37,26 +31,8 @@ protected:
     void leaveEvent(QEvent *event) override;
 
 private:
-    struct TScale
-    {
-        double fLow = 0.0;
-        double fHigh = 1.0;
-        double fStep = 0.5;
-    };
-    static TScale scaleOf(const QVector<double> &values, bool withZero);
-    QRectF frame() const;
-    QPointF toWidget(double x, double y) const;
-    void drawAxes(QPainter &painter) const;
-    void drawLine(QPainter &painter) const;
-    void drawPoints(QPainter &painter) const;
+    TValueChart::TLook look() const;
 
-    QVector<double> fX;
-    QVector<double> fY;
-    QColor fColor;
-    QString fXTitle;
-    QString fYTitle;
-    TLinearFit fLine;
-    TScale fHorz;
-    TScale fVert;
+    TValueChart fChart;
     int fHighlighted = -1;
 };

@@ -1,7 +1,6 @@
 #include "WRegionValuesDock.h"
 
 #include "TDocumentController.h"
-#include "TRegionValuesModel.h"
 #include "TRegionsModel.h"
 #include "WDocumentView.h"
 #include "WRegionChart.h"
@@ -10,7 +9,12 @@
 #include "commands/TCommandHistory.h"
 #include "contexts/IDARegionsItem.h"
 #include "numerics/LinearFit.h"
+#include "plot/TTypesetter.h"
 #include "settings/TNumberFormat.h"
+#include "tables/HostTables.h"
+#include "tables/TRegionValuesModel.h"
+#include "tables/TTableProperties.h"
+#include "tables/TablePlacing.h"
 #include "widgets/TOwnKeys.h"
 #include "widgets/TTableProxy.h"
 #include "widgets/WTableTools.h"
@@ -189,6 +193,23 @@ void WRegionValuesDock::makeTable()
             header->setSortIndicator(fProxy->sortColumn(), fProxy->sortOrder());
     });
     connect(fTools, &WTableTools::decimalsChosen, fModel, &TRegionValuesModel::setDecimals);
+    fTools->offerPlacing([this] { placeOnPage(fTools->shownProperties(HostTables::cRegions)); }, tr("Table"));
+    fTools->offerPlacing([this] { placeOnPage(TTableProperties(HostTables::cRegionChart)); }, tr("Chart"));
+}
+
+void WRegionValuesDock::placeOnPage(TTableProperties properties)
+{
+    const int region = chartRegion();
+    if (!fDocuments.document() || region < 0 || region >= fModel->values().regions().size())
+        return;
+    if (properties.table() == HostTables::cRegions)
+        properties.setColumns({}); // regions that are drawn later belong to it as well
+    properties.setOption(HostTables::cX, fX->currentData().toString());
+    properties.setOption(HostTables::cXTitle, fX->currentText());
+    properties.setOption(HostTables::cDivisor, fDivisor->currentData().toUuid());
+    properties.setOption(HostTables::cRegion, fModel->values().regions().at(region).id);
+    properties.setOption(HostTables::cLine, fLine->currentData().toInt());
+    TablePlacing::place(item(), properties, fDocuments.document()->history());
 }
 
 void WRegionValuesDock::makeKeys()
@@ -318,11 +339,14 @@ void WRegionValuesDock::showChart()
     const TRegionValues &values = fModel->values();
     const int region = chartRegion();
     const bool isThere = region >= 0 && region < values.regions().size();
-    fChart->setPoints(isThere ? values.xs() : QVector<double>(), isThere ? values.values(region) : QVector<double>(),
-                      isThere ? values.regions().at(region).color : QColor());
-    fChart->setTitles(fX->currentText(), isThere ? values.header(region) : QString());
     const TLinearFit fit = line();
-    fChart->setLine(fit);
+    TValueChart chart;
+    chart.setPoints(isThere ? values.xs() : QVector<double>(), isThere ? values.values(region) : QVector<double>(),
+                    isThere ? values.regions().at(region).color : QColor());
+    chart.setTitles(TTypesetter::escaped(fX->currentText()),
+                    isThere ? TTypesetter::escaped(values.header(region)) : QString());
+    chart.setLine(fit);
+    fChart->setChart(chart);
     const auto number = [](double value) { return TNumberFormat::shown(QString::number(value, 'g', cDigits)); };
     QString facts;
     if (fit.isValid) {

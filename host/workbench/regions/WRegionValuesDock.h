@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TRegionValues.h"
+#include "tables/TRegionValues.h"
 #include "widgets/WPluginDockWidget.h"
 
 class QComboBox;
@@ -11,6 +11,7 @@ class QTableView;
 class TDocumentController;
 class TRegionsModel;
 class TRegionValuesModel;
+class TTableProperties;
 class TTableProxy;
 class WRegionChart;
 class WTableTools;
@@ -42,6 +43,7 @@ private:
     void makeRegions();
     void makeTable();
     void makeKeys();
+    void placeOnPage(TTableProperties properties);
     void connectHover();
     void fillX();
     void fillDivisors();

@@ -10,6 +10,7 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "log/TLogger.h"
+#include "tables/TCanvasTable.h"
 #include "widgets/WPluginDockWidget.h"
 
 #include <QGuiApplication>
@@ -151,7 +152,8 @@ void TGuiHost::setEditSession(IEditSession *session)
 
 void TGuiHost::itemInUse(TCanvasItem *item)
 {
-    fWindow.docks().setItem(item);
+    const auto *table = dynamic_cast<const TCanvasTable *>(item);
+    fWindow.docks().setItem(table && table->source() ? table->source() : item); // whose values it shows
 }
 
 QAction *TGuiHost::action(const QString &name)

@@ -38,13 +38,13 @@
 #include "services/IJCAMPPlugin.h"
 #include "services/IPluginHost.h"
 #include "settings/TDefaultsIni.h"
+#include "tables/TCanvasTable.h"
 
 #include <QPointer>
 #include <algorithm>
 
 namespace {
 
-constexpr int cReportItemRtti = 107;
 constexpr int cFactoryCount = 3; // one for each engine that a host keeps: console, files, menu entries
 constexpr double cDefaultStackAngle = 15.0;
 constexpr char cStackAngleKey[] = "Zarnu/Stack/Angle";
@@ -159,7 +159,7 @@ void TYrexPlugin::hostEvent(const QByteArray &name)
 {
     if (name != Consts::Events::cDocLoaded || !fHost || !fHost->document())
         return;
-    for (ICanvasItem *item : fHost->document()->items().getByRtti(cReportItemRtti))
+    for (ICanvasItem *item : fHost->document()->items().getByRtti(TCanvasTable::cRtti))
         canvasItem(item)->update();
 }
 

@@ -7,6 +7,7 @@
 #include "contexts/DARegions.h"
 #include "services/IGuiHost.h"
 
+#include <QInputDialog>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -114,6 +115,21 @@ bool TYrexDataAnalysisHandler::rename(TCommandHistory &history, TCanvasYrexSpect
     }
     regions[place].name = name.trimmed();
     return history.push(new TCmdEditRegions(&item, regions));
+}
+
+void TYrexDataAnalysisHandler::askForName(TCommandHistory &history, TCanvasYrexSpectrum &item, const QUuid &id) const
+{
+    const QVector<TDARegion> regions = item.daRegions();
+    const int place = DARegions::indexOf(regions, id);
+    if (place < 0)
+        return;
+    const TSecurePtr<TCanvasItem> asked(&item); // it may go while the dialog is open
+    bool isAccepted = false;
+    const QString name = QInputDialog::getText(fGui.mainWindow(), tr("Rename Region"), tr("Name:"), QLineEdit::Normal,
+                                               regions.at(place).name, &isAccepted);
+    TCanvasYrexSpectrum *present = yrexItem(asked.get());
+    if (isAccepted && present)
+        rename(history, *present, id, name);
 }
 
 void TYrexDataAnalysisHandler::remove(TCommandHistory &history, TCanvasYrexSpectrum &item, const QUuid &id) const

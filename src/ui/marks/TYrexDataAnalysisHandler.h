@@ -43,6 +43,8 @@ public:
     void moveLimit(TCommandHistory &history, TCanvasYrexSpectrum &item, const TLimit &limit, double toX) const;
     /// An empty name, and one that is in use, is refused.
     bool rename(TCommandHistory &history, TCanvasYrexSpectrum &item, const QUuid &id, const QString &name) const;
+    /// Asks for the name of a region.
+    void askForName(TCommandHistory &history, TCanvasYrexSpectrum &item, const QUuid &id) const;
     void remove(TCommandHistory &history, TCanvasYrexSpectrum &item, const QUuid &id) const;
 
 private:

@@ -6,10 +6,13 @@
 #include "TCmdYrexIntegralElementMove.h"
 #include "TYrexBandDrag.h"
 #include "TYrexBoundDrag.h"
+#include "TYrexDataAnalysisHandler.h"
 #include "TYrexHighlightHandler.h"
+#include "TYrexRegionDrag.h"
 #include "TYrexTitleDrag.h"
 #include "YrexModeIds.h"
 #include "commands/TCommandHistory.h"
+#include "contexts/DARegions.h"
 #include "plot/ColorUtils.h"
 #include "plot/TPlotReadout.h"
 #include "services/IPluginHost.h"
@@ -67,6 +70,7 @@ bool TYrexHotAreasHandler::answers(const TMouseSpot &spot) const
     case TPlotHotArea::integral:
     case TPlotHotArea::stackedTitle:
     case TPlotHotArea::axis:
+    case TPlotHotArea::daRegion:
         return true;
     default:
         return false;
@@ -82,6 +86,8 @@ QCursor TYrexHotAreasHandler::cursor(const TMouseSpot &spot) const
 {
     if (fDrag)
         return QCursor(fDrag->cursor());
+    if (spot.area.type() == TPlotHotArea::daRegion)
+        return QCursor(Qt::SizeHorCursor);
     if (spot.area.type() != TPlotHotArea::integral)
         return QCursor(Qt::PointingHandCursor);
     switch (spot.area.subType()) {
@@ -105,6 +111,8 @@ QString TYrexHotAreasHandler::hint() const
         return tr("Click highlights (Ctrl adds), double click annotates, Delete removes.");
     case TPlotHotArea::stackedTitle:
         return tr("Click makes it the active spectrum, drag reorders, double click edits the title.");
+    case TPlotHotArea::daRegion:
+        return tr("Drag moves the limit of the region, double click renames, Delete removes it.");
     case TPlotHotArea::integral:
         break;
     default:
@@ -145,6 +153,8 @@ void TYrexHotAreasHandler::click(const TMouseSpot &spot, Qt::KeyboardModifiers k
             return;
         view()->history().push(spectrum->activeSpectrumCommand(TCanvasItemList{spectrum}, spot.area.index()));
         view()->stackChanged(spectrum);
+    } else if (spot.area.type() == TPlotHotArea::daRegion) {
+        return; // the mouse over it is enough for its keys
     } else if (keys & Qt::ControlModifier && button == Qt::LeftButton) {
         fHighlights.toggle(id, spot.area.id(), isPeak);
     } else if (button == Qt::RightButton && fHighlights.isKept(id, spot.area.id())) {
@@ -162,6 +172,8 @@ bool TYrexHotAreasHandler::doubleClick(const TMouseSpot &spot)
         emit editPeakWanted(spot.spectrum, spot.area.id());
     else if (spot.area.type() == TPlotHotArea::integral)
         emit editIntegralWanted(spot.spectrum, spot.area.id(), spot.area.subType());
+    else if (spot.area.type() == TPlotHotArea::daRegion && fHost.gui())
+        TYrexDataAnalysisHandler(*fHost.gui()).askForName(view()->history(), *yrexItem(spot.item), spot.area.id());
     else
         return false; // the window edits titles
     return true;
@@ -212,6 +224,9 @@ bool TYrexHotAreasHandler::startDrag(const TMouseSpot &press)
     fIsUndecided = press.area.type() == TPlotHotArea::integral && press.area.subType() == T1DYrexPlot::cSegmentMiddle;
     if (press.area.type() == TPlotHotArea::stackedTitle)
         fDrag = std::make_unique<TYrexTitleDrag>(spectrum, press.area.index());
+    else if (press.area.type() == TPlotHotArea::daRegion)
+        fDrag =
+            std::make_unique<TYrexRegionDrag>(spectrum, press.area.id(), press.area.subType() == DARegions::cToLimit);
     else if (press.area.type() == TPlotHotArea::integral && !fIsUndecided)
         fDrag = dragOf(press);
     if (fDrag || fIsUndecided)

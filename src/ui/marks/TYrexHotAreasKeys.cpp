@@ -3,6 +3,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexDeleteIntegrals.h"
 #include "TCmdYrexDeletePeaks.h"
+#include "TYrexDataAnalysisHandler.h"
 #include "TYrexHighlightHandler.h"
 #include "TYrexHotAreasHandler.h"
 #include "TYrexMarkPlaces.h"
@@ -41,7 +42,7 @@ bool TYrexHotAreasHandler::wantsKey(const QKeyEvent &event) const
     const TCanvasYrexSpectrum *item = keyItem();
     switch (event.key()) {
     case Qt::Key_Delete:
-        return fHighlights.item();
+        return fHighlights.item() || area().type() == TPlotHotArea::daRegion;
     case Qt::Key_Tab:
     case Qt::Key_Backtab: {
         if (mode() == YrexModes::baselinePointsModeID)
@@ -117,6 +118,13 @@ bool TYrexHotAreasHandler::step(bool back)
 
 bool TYrexHotAreasHandler::deleteMarks()
 {
+    TCanvasYrexSpectrum *pointed = yrexItem(TYrexHotAreasHandler::item());
+    if (area().type() == TPlotHotArea::daRegion && pointed && fHost.gui()) {
+        const QUuid region = area().id();
+        leaveView();
+        TYrexDataAnalysisHandler(*fHost.gui()).remove(fHost.history(), *pointed, region);
+        return true;
+    }
     TCanvasYrexSpectrum *item = fHighlights.item();
     const TYrexSpectrum *spectrum = item ? item->currentSpectrum() : nullptr;
     if (!spectrum)

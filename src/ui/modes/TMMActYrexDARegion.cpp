@@ -3,12 +3,10 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "contexts/DARegions.h"
-#include "services/IGuiHost.h"
 #include "settings/TNumberFormat.h"
 #include "ui/PlotCursors.h"
 
 #include <QGuiApplication>
-#include <QInputDialog>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -64,7 +62,6 @@ private:
 TMMActYrexDARegion::TMMActYrexDARegion(const QUuid &id, int kind, IGuiHost &gui)
     : TMMAct(id)
     , fKind(kind)
-    , fGui(gui)
     , fHandler(gui)
 {
 }
@@ -180,23 +177,8 @@ bool TMMActYrexDARegion::mouseDoubleClick(QMouseEvent *event, const TMouseSpot &
         limit.isValid() ? limit.fId : TYrexDataAnalysisHandler::regionAt(*pointed, fKind, spot.scalePos.x());
     cancelGesture();
     if (!id.isNull())
-        askForName(*pointed, id);
+        fHandler.askForName(view()->history(), *pointed, id);
     return true;
-}
-
-void TMMActYrexDARegion::askForName(TCanvasYrexSpectrum &item, const QUuid &id) const
-{
-    const QVector<TDARegion> regions = item.daRegions();
-    const int place = DARegions::indexOf(regions, id);
-    if (place < 0)
-        return;
-    const TSecurePtr<TCanvasItem> asked(&item); // it may go while the dialog is open
-    bool isAccepted = false;
-    const QString name = QInputDialog::getText(fGui.mainWindow(), tr("Rename Region"), tr("Name:"), QLineEdit::Normal,
-                                               regions.at(place).name, &isAccepted);
-    TCanvasYrexSpectrum *present = yrexItem(asked.get());
-    if (isAccepted && present && view())
-        fHandler.rename(view()->history(), *present, id, name);
 }
 
 bool TMMActYrexDARegion::keyPress(QKeyEvent *event)

@@ -42,11 +42,9 @@ private:
     double shownX(const TCanvasYrexSpectrum &item, double itemX) const;
     double heldX(const TCanvasYrexSpectrum &item, const QPointF &viewPos) const;
     bool hasMoved() const;
-    void askForName(TCanvasYrexSpectrum &item, const QUuid &id) const;
     QString valueText(TCanvasYrexSpectrum &item, double from, double to) const;
 
     int fKind;
-    IGuiHost &fGui;
     TYrexDataAnalysisHandler fHandler;
     TSecurePtr<TCanvasItem> fItem;           // of the drag
     TSecurePtr<TCanvasItem> fPointed;        // under the mouse

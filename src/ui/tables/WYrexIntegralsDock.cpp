@@ -8,12 +8,14 @@
 #include "TYrexIntegralsSpectraModel.h"
 #include "TYrexIntegralsTableModel.h"
 #include "YrexActionTables.h"
+#include "YrexPageTables.h"
 #include "commands/TCmdEditRegions.h"
 #include "commands/TCmdZoomSpectra.h"
 #include "contexts/DARegions.h"
 #include "contexts/IDARegionsItem.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "tables/TTableProperties.h"
 #include "utils/CommonUtils.h"
 #include "widgets/TBaseTable.h"
 #include "widgets/TDoubleSpinBox.h"
@@ -158,6 +160,14 @@ void WYrexIntegralsDock::connectTable()
             fTable->refuse(place, tr("An integral without area cannot be the reference."));
     });
     connect(&fHighlights, &TYrexHighlightHandler::changed, this, &WYrexIntegralsDock::showHighlights);
+    connect(fTable, &TBaseTable::placeWanted, this,
+            [this] { placeOnPage(fTable->tools()->shownProperties(YrexPageTables::cIntegrals)); });
+    connect(fSpectraTable, &TBaseTable::placeWanted, this, [this] {
+        TTableProperties properties = fSpectraTable->tools()->shownProperties(YrexPageTables::cIntegralsOfSpectra);
+        properties.setOption(YrexPageTables::cOver, fRatio->isChecked() ? fOver->currentIndex() : -1);
+        properties.setOption(YrexPageTables::cUnder, fRatio->isChecked() ? fUnder->currentIndex() : -1);
+        placeOnPage(properties);
+    });
 }
 
 void WYrexIntegralsDock::connectTop()

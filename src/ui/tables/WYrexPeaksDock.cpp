@@ -6,9 +6,11 @@
 #include "TCmdYrexItemStateChanged.h"
 #include "TYrexHighlightHandler.h"
 #include "TYrexPeaksTableModel.h"
+#include "YrexPageTables.h"
 #include "commands/TCmdZoomSpectra.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "tables/TTableProperties.h"
 #include "widgets/TBaseTable.h"
 #include "widgets/TTableProxy.h"
 #include "widgets/WTableTools.h"
@@ -50,6 +52,11 @@ WYrexPeaksDock::WYrexPeaksDock(IPluginHost &host, TYrexHighlightHandler &highlig
     connect(fTable, &TBaseTable::rowActivated, this, &WYrexPeaksDock::activateRow);
     connect(fTable, &TBaseTable::deleteWanted, this, &WYrexPeaksDock::deleteRows);
     connect(fTable, &TBaseTable::menuWanted, this, &WYrexPeaksDock::openMenu);
+    connect(fTable, &TBaseTable::placeWanted, this, [this] {
+        TTableProperties properties = fTable->tools()->shownProperties(YrexPageTables::cPeaks);
+        properties.setOption(YrexPageTables::cAllSpectra, fAll->isChecked());
+        placeOnPage(properties);
+    });
     connect(&highlights, &TYrexHighlightHandler::changed, this, &WYrexPeaksDock::showHighlights);
     refresh();
 }

@@ -5,6 +5,7 @@
 #include "commands/TCommandHistory.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "tables/TablePlacing.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -92,6 +93,14 @@ bool WYrexTableDock::push(TCommand *command) const
     if (fHost.gui())
         fHost.gui()->updateActions();
     return isDone;
+}
+
+void WYrexTableDock::placeOnPage(const TTableProperties &properties) const
+{
+    if (TCanvasYrexSpectrum *shown = spectrumItem())
+        TablePlacing::place(shown, properties, fHost.history());
+    if (fHost.gui())
+        fHost.gui()->updateActions();
 }
 
 void WYrexTableDock::keyPressEvent(QKeyEvent *event)

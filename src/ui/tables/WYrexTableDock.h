@@ -7,6 +7,7 @@ class QLabel;
 class QVBoxLayout;
 class TCanvasYrexSpectrum;
 class TCommand;
+class TTableProperties;
 
 /// What the module's docks with tables have in common: a line with the names of item and spectrum, a grey line without
 /// a spectrum, the way back to the plot. A dock that is not seen reads its item once it is.
@@ -33,6 +34,8 @@ protected:
     /// What stands behind the names.
     virtual QString remark() const { return QString(); }
     bool push(TCommand *command) const;
+    /// Puts such a table of the item on its page.
+    void placeOnPage(const TTableProperties &properties) const;
     IPluginHost &host() const { return fHost; }
 
 private:

@@ -1,4 +1,4 @@
-#include "TRegionValues.h"
+#include "tables/TRegionValues.h"
 
 #include "canvas/TCanvasSpectrum.h"
 #include "contexts/DARegions.h"
@@ -39,9 +39,14 @@ double valueOf(IDAItemCtx &context, int index, const TDARegion &region)
     return isThere && std::abs(value) > std::numeric_limits<double>::min() ? value : cNothing;
 }
 
+QString plainLimit(double limit)
+{
+    return QString::number(limit, 'g', cLimitDigits);
+}
+
 QString shownLimit(double limit)
 {
-    return TNumberFormat::shown(QString::number(limit, 'g', cLimitDigits));
+    return TNumberFormat::shown(plainLimit(limit));
 }
 
 } // namespace
@@ -86,14 +91,24 @@ void TRegionValues::addRow(TCanvasItem &item, int index, const TX &x)
     fRows.append(row);
 }
 
+QString TRegionValues::headerWith(int region, const QString &from, const QString &to) const
+{
+    QString name = fRegions.at(region).name;
+    if (fDivisor >= 0 && fDivisor != region)
+        name = QCoreApplication::translate("TRegionValues", "%1 / %2").arg(name, fRegions.at(fDivisor).name);
+    return QCoreApplication::translate("TRegionValues", "%1 %2..%3").arg(name, from, to);
+}
+
 QString TRegionValues::header(int region) const
 {
     const TDARegion &shown = fRegions.at(region);
-    QString name = shown.name;
-    if (fDivisor >= 0 && fDivisor != region)
-        name = QCoreApplication::translate("TRegionValues", "%1 / %2").arg(name, fRegions.at(fDivisor).name);
-    return QCoreApplication::translate("TRegionValues", "%1 %2..%3")
-        .arg(name, shownLimit(shown.from), shownLimit(shown.to));
+    return headerWith(region, shownLimit(shown.from), shownLimit(shown.to));
+}
+
+QString TRegionValues::plainHeader(int region) const
+{
+    const TDARegion &shown = fRegions.at(region);
+    return headerWith(region, plainLimit(shown.from), plainLimit(shown.to));
 }
 
 QVector<double> TRegionValues::xs() const

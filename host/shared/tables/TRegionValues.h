@@ -41,10 +41,13 @@ public:
     int divisor() const { return fDivisor; }
     /// "A 520..540", "A / B 520..540".
     QString header(int region) const;
+    /// The same with a point as decimal sign, whatever the user's.
+    QString plainHeader(int region) const;
     QVector<double> xs() const;
     QVector<double> values(int region) const;
 
 private:
+    QString headerWith(int region, const QString &from, const QString &to) const;
     void addRow(TCanvasItem &item, int index, const TX &x);
 
     QVector<TRow> fRows;

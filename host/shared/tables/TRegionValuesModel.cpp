@@ -1,4 +1,4 @@
-#include "TRegionValuesModel.h"
+#include "tables/TRegionValuesModel.h"
 
 #include "settings/TNumberFormat.h"
 #include "widgets/TTableProxy.h"
@@ -70,6 +70,8 @@ QVariant TRegionValuesModel::headerData(int section, Qt::Orientation orientation
         return QAbstractTableModel::headerData(section, orientation, role);
     if (role == Qt::DecorationRole && section >= cFirstRegion)
         return fValues.regions().at(section - cFirstRegion).color;
+    if (role == TTableProxy::cPlainTitleRole && section >= cFirstRegion)
+        return fValues.plainHeader(section - cFirstRegion);
     if (role != Qt::DisplayRole)
         return QVariant();
     if (section == cTitle)

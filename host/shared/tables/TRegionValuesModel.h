@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TRegionValues.h"
+#include "tables/TRegionValues.h"
 
 #include <QAbstractTableModel>
 
