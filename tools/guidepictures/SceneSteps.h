@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QImage>
+
+class TGuideWindow;
+
+/// What several scenes begin or end with.
+namespace SceneSteps {
+
+/// The infrared sample with its units, and no dock.
+void openPolymer(TGuideWindow &guide);
+/// The infrared sample from 1700 to 650 cm-1 with its larger bands picked.
+void pickBands(TGuideWindow &guide);
+/// The same range with four bands integrated.
+void integrateBands(TGuideWindow &guide);
+/// The page and the bar below it.
+QImage pageAndStatus(TGuideWindow &guide);
+
+} // namespace SceneSteps

@@ -1,0 +1,140 @@
+// Stacks, their display modes, a calibration, and work on many pages.
+#include "Scenes.h"
+#include "TDocumentController.h"
+#include "TGuideWindow.h"
+#include "WDocumentView.h"
+#include "WMainWindow.h"
+#include "WPageNavigator.h"
+#include "WStackedSpectraDock.h"
+#include "canvas/TCanvasSpectrum.h"
+#include "canvas/TDocument.h"
+#include "widgets/TStackedItemsTableModel.h"
+#include "widgets/WStackedItemsTable.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QDockWidget>
+#include <QListWidget>
+#include <QMenu>
+#include <QPainter>
+#include <QStatusBar>
+#include <QTreeView>
+
+namespace {
+
+constexpr char cStackDock[] = "ZarnuStackedSpectraTable";
+constexpr QSize cSmall(420, 270); // of one display mode
+
+TStackedItemsTableModel *table(TGuideWindow &guide)
+{
+    return guide.window().findChild<WStackedSpectraDock *>(cStackDock)->table()->model();
+}
+
+void setCells(TGuideWindow &guide, int column, const QStringList &texts)
+{
+    for (int row = 0; row < texts.size(); ++row)
+        table(guide)->setData(table(guide)->index(row, column), texts.at(row), Qt::EditRole);
+}
+
+void openSeries(TGuideWindow &guide)
+{
+    guide.open("dye.csv", "Nanometers", "Absorbance");
+    guide.hideDocks({"pageNavigator", "yrexProcessingWidget"});
+    guide.showDock(cStackDock);
+    table(guide)->pasteValues(0, {"1", "2", "4", "6", "8", "10"});
+    TGuideWindow::settle();
+}
+
+QImage stackTable(TGuideWindow &guide)
+{
+    openSeries(guide);
+    setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
+    setCells(guide, TStackedItemsTableModel::cClass, {"low", "low", "low", "high", "high", "high"});
+    table(guide)->setData(table(guide)->index(1, TStackedItemsTableModel::cShow), Qt::Unchecked, Qt::CheckStateRole);
+    table(guide)->setData(table(guide)->index(3, TStackedItemsTableModel::cUse), Qt::Unchecked, Qt::CheckStateRole);
+    TGuideWindow::settle();
+    return guide.part({guide.view(), guide.dock(cStackDock)});
+}
+
+QImage displayModes(TGuideWindow &guide)
+{
+    guide.open("dye.csv", "Nanometers", "Absorbance");
+    guide.showDock(cStackDock);
+    setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
+    setCells(guide, TStackedItemsTableModel::cClass, {"low", "low", "low", "high", "high", "high"});
+    guide.hideDocks({"pageNavigator", "yrexProcessingWidget", cStackDock});
+    QImage all(3 * cSmall.width(), 2 * cSmall.height(), QImage::Format_RGB32);
+    all.fill(Qt::white);
+    QPainter painter(&all);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    int number = 0;
+    for (const char *mode :
+         {"modeActive", "modeOverlay", "modeStacked", "modeHiddenLines", "modeQueued", "modeGrouped"}) {
+        guide.trigger(mode);
+        const QImage page = guide.part(guide.view());
+        const QRect room(QPoint(number % 3 * cSmall.width(), number / 3 * cSmall.height()), cSmall);
+        const QImage small = page.scaled(cSmall, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        painter.drawImage(room.topLeft(), small);
+        ++number;
+    }
+    return all;
+}
+
+QImage pagesMenu(TGuideWindow &guide)
+{
+    guide.open("polystyrene.csv", "Wavenumber", "Absorbance");
+    for (int i = 0; i < 2; ++i)
+        guide.trigger("duplicatePage");
+    auto *pages = guide.window().findChild<WPageNavigator *>();
+    pages->view()->selectAll();
+    TGuideWindow::settle();
+    return guide.part({guide.view(), pages, guide.dock("yrexProcessingWidget")});
+}
+
+QImage regionDrag(TGuideWindow &guide)
+{
+    guide.open("dye.csv", "Nanometers", "Absorbance");
+    guide.hideDocks({"pageNavigator", "yrexProcessingWidget"});
+    guide.trigger("yrexRegionSum");
+    guide.hold(guide.at(640, 0.5), guide.at(690, 0.5));
+    return guide.part({guide.view(), guide.window().statusBar()});
+}
+
+QImage calibration(TGuideWindow &guide)
+{
+    openSeries(guide);
+    guide.trigger("yrexRegionSum");
+    guide.drag(guide.at(640, 0.5), guide.at(690, 0.5));
+    guide.key(Qt::Key_Escape);
+    QDockWidget *dock = guide.showDock("regionValues");
+    auto *line = guide.child<QComboBox>(dock, "line");
+    line->setCurrentText("Line Through Zero");
+    emit line->activated(line->currentIndex());
+    TGuideWindow::settle();
+    guide.moveTo(guide.at(500, 0.2));
+    return guide.part({guide.view(), dock});
+}
+
+QImage stackOptions(TGuideWindow &guide)
+{
+    openSeries(guide);
+    return guide.inDialog([&guide] { guide.trigger("stackOptions"); }, [](QDialog &) {});
+}
+
+QImage batch(TGuideWindow &guide)
+{
+    return guide.inDialog([&guide] { guide.trigger("batchProcessing"); }, [](QDialog &) {});
+}
+
+} // namespace
+
+QVector<TScene> Scenes::stacks()
+{
+    return {{"stack-table", {}, stackTable},
+            {"display-modes", {"modeGrouped"}, displayModes},
+            {"stack-options", {"stackOptions"}, stackOptions},
+            {"region-drag", {"yrexRegionSum"}, regionDrag},
+            {"calibration", {"yrexRegionSum"}, calibration},
+            {"pages-selected", {"duplicatePage"}, pagesMenu},
+            {"batch", {"batchProcessing"}, batch}};
+}
