@@ -1,5 +1,6 @@
 // The window as a whole, files and units.
 #include "Scenes.h"
+#include "TActionTable.h"
 #include "TDocumentController.h"
 #include "TFileController.h"
 #include "TGuideWindow.h"
@@ -88,8 +89,9 @@ QImage secondAxis(TGuideWindow &guide)
 {
     guide.open("polystyrene.csv", "Wavenumber", "Absorbance");
     guide.hideDocks({"pageNavigator", "yrexProcessingWidget"});
-    for (QAction *action : guide.child<QMenu>(&guide.window(), "secondAxis")->actions())
-        action->trigger();
+    QMenu *menu = guide.window().actionTable().menu("secondAxis");
+    emit menu->aboutToShow(); // fills it
+    menu->actions().last()->trigger();
     return guide.page();
 }
 

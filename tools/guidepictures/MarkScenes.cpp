@@ -84,7 +84,7 @@ QImage annotated(TGuideWindow &guide)
     asked->accept();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     guide.window().activateWindow();
-    guide.moveTo(guide.at(1250, 0.3));
+    guide.takeMouseAway();
     guide.key(Qt::Key_Escape);
     return guide.page();
 }
@@ -94,7 +94,7 @@ QImage peaksTable(TGuideWindow &guide)
     SceneSteps::pickBands(guide);
     QDockWidget *dock = guide.showDock("yrexPeaksTable");
     dock->findChild<QTableView *>()->selectRow(1);
-    guide.moveTo(guide.at(1250, 0.3));
+    guide.takeMouseAway();
     return guide.part({guide.view(), dock});
 }
 
@@ -133,7 +133,7 @@ QImage integralsTable(TGuideWindow &guide)
     SceneSteps::integrateBands(guide);
     QDockWidget *dock = guide.showDock("yrexIntegralsTable");
     dock->findChild<QTableView *>()->selectRow(1);
-    guide.moveTo(guide.at(1250, 0.3));
+    guide.takeMouseAway();
     return guide.part({guide.view(), dock});
 }
 

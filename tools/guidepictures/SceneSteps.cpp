@@ -6,6 +6,7 @@
 
 #include <QPair>
 #include <QStatusBar>
+#include <QStatusBar>
 
 void SceneSteps::openPolymer(TGuideWindow &guide)
 {
@@ -20,7 +21,7 @@ void SceneSteps::pickBands(TGuideWindow &guide)
     guide.trigger("yrexManualPeakPicking");
     guide.drag(guide.atValue(1680, 1.6), guide.atValue(660, 0.2));
     guide.key(Qt::Key_Escape);
-    guide.moveTo({5, 5});
+    guide.takeMouseAway();
 }
 
 void SceneSteps::integrateBands(TGuideWindow &guide)
@@ -31,7 +32,7 @@ void SceneSteps::integrateBands(TGuideWindow &guide)
     for (const auto &band : {qMakePair(1640, 1550), qMakePair(1515, 1475), qMakePair(1475, 1420), qMakePair(720, 675)})
         guide.drag(guide.at(band.first, 0.5), guide.at(band.second, 0.5));
     guide.key(Qt::Key_Escape);
-    guide.moveTo({5, 5});
+    guide.takeMouseAway();
 }
 
 QImage SceneSteps::pageAndStatus(TGuideWindow &guide)

@@ -111,7 +111,7 @@ QImage calibration(TGuideWindow &guide)
     line->setCurrentText("Line Through Zero");
     emit line->activated(line->currentIndex());
     TGuideWindow::settle();
-    guide.moveTo(guide.at(500, 0.2));
+    guide.takeMouseAway();
     return guide.part({guide.view(), dock});
 }
 

@@ -22,6 +22,7 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QPainter>
+#include <QStatusBar>
 #include <QTimer>
 #include <QtTest>
 #include <algorithm>
@@ -76,7 +77,7 @@ TBasePlot *TGuideWindow::plot()
 
 QString TGuideWindow::sample(const QString &name)
 {
-    return QStringLiteral(YREX_SAMPLES) + '/' + name;
+    return "samples/" + name;
 }
 
 bool TGuideWindow::has(const QString &action)
@@ -201,6 +202,12 @@ void TGuideWindow::moveTo(const QPoint &place, Qt::MouseButtons buttons)
     settle(50);
 }
 
+void TGuideWindow::takeMouseAway()
+{
+    moveTo({2, 2}); // the desk beside the paper
+    fMouse = QPoint();
+}
+
 void TGuideWindow::press(const QPoint &place, Qt::KeyboardModifiers modifiers)
 {
     moveTo(place);
@@ -243,7 +250,7 @@ void TGuideWindow::key(int key, Qt::KeyboardModifiers modifiers)
 void TGuideWindow::zoomTo(double from, double to)
 {
     drag(at(from, 0.5), at(to, 0.5));
-    fMouse = QPoint();
+    takeMouseAway();
     fWindow->grab();
 }
 
@@ -282,6 +289,7 @@ void TGuideWindow::settle(int milliseconds)
 
 QImage TGuideWindow::whole()
 {
+    fWindow->statusBar()->clearMessage(); // the hint stands behind it
     settle();
     QImage picture = fWindow->grab().toImage().convertToFormat(QImage::Format_RGB32);
     drawPointer(picture);

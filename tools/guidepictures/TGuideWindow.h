@@ -33,7 +33,7 @@ public:
     /// The first item of the page that is shown; null for none.
     TCanvasSpectrum *item();
     TBasePlot *plot();
-    /// A file of the project's samples.
+    /// A file of the project's samples, from the project's folder on.
     static QString sample(const QString &name);
     /// A path in a folder that goes with the window.
     QString scratch(const QString &name) const { return fFolder.filePath(name); }
@@ -69,6 +69,7 @@ public:
     QVector<QPoint> marks(int type, int subType = -1);
     /// Moves the mouse; it is seen in pictures from then on.
     void moveTo(const QPoint &place, Qt::MouseButtons buttons = Qt::NoButton);
+    void takeMouseAway();
     void press(const QPoint &place, Qt::KeyboardModifiers modifiers = {});
     void release(const QPoint &place, Qt::KeyboardModifiers modifiers = {});
     void drag(const QPoint &from, const QPoint &to);

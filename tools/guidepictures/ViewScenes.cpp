@@ -43,7 +43,7 @@ QImage hiddenRange(TGuideWindow &guide)
     guide.trigger("rangesHideMode");
     guide.drag(guide.at(2700, 0.5), guide.at(2000, 0.5));
     guide.key(Qt::Key_Escape);
-    guide.moveTo({5, 5});
+    guide.takeMouseAway();
     return guide.page();
 }
 
@@ -53,7 +53,7 @@ QImage expansion(TGuideWindow &guide)
     guide.trigger("expansionMode");
     guide.drag(guide.at(1650, 0.5), guide.at(1350, 0.5));
     guide.key(Qt::Key_Escape);
-    guide.moveTo({5, 5});
+    guide.takeMouseAway();
     return guide.page();
 }
 

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFont>
 #include <QHash>
 #include <QLocale>
 #include <algorithm>
@@ -14,6 +15,7 @@
 
 namespace {
 
+constexpr int cFontSize = 9; // points
 constexpr int cMaxColors = 256;
 constexpr int cNear = 40; // square of the distance below which colours count as one
 
@@ -85,12 +87,16 @@ int main(int argc, char **argv)
     QLocale::setDefault(QLocale::c());
     QApplication application(argc, argv);
     QApplication::setCursorFlashTime(0);
+    QFont font("DejaVu Sans");
+    font.setPointSize(cFontSize);
+    QApplication::setFont(font);
     QStringList wanted = QCoreApplication::arguments().mid(1);
     if (wanted.isEmpty()) {
         std::fprintf(stderr, "usage: guidepictures OUTDIR [SCENE...]\n");
         return 2;
     }
-    const QDir folder(wanted.takeFirst());
+    const QDir folder(QDir::current().absoluteFilePath(wanted.takeFirst()));
+    QDir::setCurrent(YREX_SOURCES); // so that no picture shows where they lie
     if (!folder.mkpath("pictures")) {
         std::fprintf(stderr, "%s: cannot be made\n", qPrintable(folder.path()));
         return 1;

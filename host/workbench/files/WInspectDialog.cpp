@@ -17,7 +17,6 @@ enum TColumn { cPart, cValue, cNote, cPlace, cSize, cColumnCount };
 constexpr QSize cFirstSize(860, 560);
 constexpr int cPartWidth = 200;
 constexpr int cValueWidth = 320;
-constexpr int cNoteWidth = 220;
 constexpr int cOpenLevels = 2;
 const QColor cBroken(0xD0, 0x02, 0x1B);
 
@@ -69,9 +68,10 @@ WInspectDialog::WInspectDialog(const QString &path, const TFileNode &file, QWidg
     tree->expandToDepth(cOpenLevels - 1);
     tree->setColumnWidth(cPart, cPartWidth);
     tree->setColumnWidth(cValue, cValueWidth);
-    tree->setColumnWidth(cNote, cNoteWidth);
     tree->header()->setStretchLastSection(false);
     tree->header()->setSectionResizeMode(cNote, QHeaderView::Stretch);
+    for (const TColumn column : {cPlace, cSize})
+        tree->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QPushButton *copyButton = buttons->addButton(tr("&Copy"), QDialogButtonBox::ActionRole);

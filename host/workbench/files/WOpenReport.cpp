@@ -20,6 +20,17 @@ enum TColumn { cFile, cResult, cReason, cCode, cColumnCount };
 constexpr QSize cFirstSize(760, 300);
 constexpr int cDetailsHeight = 260;
 
+/// The details stand in columns, and not every platform names a font for them.
+QFont fixedFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (QFontInfo(font).fixedPitch())
+        return font;
+    font.setFamily("monospace");
+    font.setStyleHint(QFont::TypeWriter);
+    return font;
+}
+
 } // namespace
 
 WOpenReport::WOpenReport(const TImportDriver &driver, const QList<TOpenResult> &results, QWidget *parent)
@@ -50,7 +61,7 @@ WOpenReport::WOpenReport(const TImportDriver &driver, const QList<TOpenResult> &
     fTable->selectRow(qMax(0, firstFailed));
     fDetails->setReadOnly(true);
     fDetails->setLineWrapMode(QPlainTextEdit::NoWrap);
-    fDetails->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    fDetails->setFont(fixedFont());
     fDetails->hide();
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);

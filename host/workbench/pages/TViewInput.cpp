@@ -3,6 +3,8 @@
 #include "TItemSelection.h"
 #include "canvas/TCanvasItem.h"
 #include "contexts/IStackedItemCtx.h"
+#include "plot/TBasePlot.h"
+#include "plot/TPlotReadout.h"
 #include "ui/TBaseHotAreasHandler.h"
 #include "ui/TPluginMouseModeHandler.h"
 
@@ -129,6 +131,8 @@ bool TViewInput::handle(QEvent *event, const TMouseSpot &spot)
         return true;
     if (mode() && fModes->event(event, spot)) {
         fKeyPointer.follow(mode());
+        if (event->type() == QEvent::MouseMove && spot.plot && spot.inCurves)
+            fView.showReadout(spot.plot->readout(spot.itemPos)); // the hand on the plot does not see this move
         return true;
     }
     fKeyPointer.follow(mode()); // a cross follows without taking the event
