@@ -20,10 +20,10 @@ namespace {
 QImage history(TGuideWindow &guide)
 {
     guide.open("polystyrene.csv", "Wavenumber", "Absorbance");
-    guide.hideDocks({"pageNavigator", "yrexProcessingWidget"});
     for (const char *step : {"yrexALSBaselineCorr", "yrexSmoothing", "yrexAutoPeakPicking"})
         guide.trigger(step);
     guide.trigger("undo");
+    guide.hideDocks({"pageNavigator", "yrexProcessingWidget"});
     QDockWidget *dock = guide.showDock("historyPane");
     auto *steps = dock->findChild<QTableView *>();
     steps->setColumnHidden(THistoryModel::cTime, true); // every picture would have another

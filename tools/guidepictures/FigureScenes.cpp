@@ -41,6 +41,8 @@ QImage journal(TGuideWindow &guide)
         if (preset->text().remove('&') == QLatin1String("Journal"))
             preset->trigger();
     }
+    auto *pages = guide.child<QListWidget>(dialog, "pagesList");
+    pages->setCurrentItem(pages->findItems("Peaks", Qt::MatchExactly).value(0));
     dialog->close();
     TGuideWindow::settle();
     return guide.page();

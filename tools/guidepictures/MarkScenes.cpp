@@ -70,7 +70,7 @@ QImage annotate(TGuideWindow &guide)
     guide.click(guide.marks(TPlotHotArea::peak).first());
     guide.key(Qt::Key_J);
     QDialog *asked = dialog("WYrexPeakAnnotationDialog");
-    guide.child<QLineEdit>(asked, "annotationLineEdit")->setText(QString(QChar(0x03BD)) + "(C=C)_ring");
+    guide.child<QLineEdit>(asked, "annotationLineEdit")->setText(QString(QChar(0x03BD)) + "(C=C)_{ring}");
     return closedWithPicture(guide, asked);
 }
 
@@ -80,7 +80,7 @@ QImage annotated(TGuideWindow &guide)
     guide.click(guide.marks(TPlotHotArea::peak).first());
     guide.key(Qt::Key_J);
     QDialog *asked = dialog("WYrexPeakAnnotationDialog");
-    guide.child<QLineEdit>(asked, "annotationLineEdit")->setText(QString(QChar(0x03BD)) + "(C=C)_ring");
+    guide.child<QLineEdit>(asked, "annotationLineEdit")->setText(QString(QChar(0x03BD)) + "(C=C)_{ring}");
     asked->accept();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     guide.window().activateWindow();

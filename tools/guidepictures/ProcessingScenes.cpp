@@ -13,8 +13,8 @@
 #include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
-#include <QTableView>
 #include <QToolButton>
 
 namespace {
@@ -23,6 +23,7 @@ namespace {
 constexpr int cSmoothing = 3;
 constexpr int cBaseline = 22;
 constexpr int cNormalization = 39;
+constexpr int cRim = 12; // pixels around a dialog that stands in a picture of the page
 
 void openRaman(TGuideWindow &guide)
 {
@@ -43,7 +44,7 @@ QListWidgetItem *rowOf(TGuideWindow &guide, int action)
 void check(TGuideWindow &guide, int action)
 {
     QListWidgetItem *row = rowOf(guide, action);
-    row->listWidget()->setCurrentItem(row);
+    row->listWidget()->setCurrentItem(row, QItemSelectionModel::ClearAndSelect);
     row->setCheckState(Qt::Checked);
     TGuideWindow::settle();
 }
@@ -100,31 +101,57 @@ QImage baselinePreview(TGuideWindow &guide)
     guide.child<QAction>(dock, "action_AutoPoints")->trigger();
     guide.child<QAction>(dock, "action_BorderPoints")->trigger();
     guide.child<QCheckBox>(dock, "previewCheckBox")->setChecked(true);
-    TGuideWindow::settle();
+    guide.key(Qt::Key_F);
     return guide.page();
 }
 
-/// The third spectrum of the series and the sixth, each on a page of its own, the latter shown.
+/// Takes two spectra out of the series, beside each other on its page, and selects them.
 void extractTwo(TGuideWindow &guide)
 {
     guide.open("dye.csv", "Nanometers", "Absorbance");
-    TPage *stack = guide.window().documents().page();
-    for (const int steps : {2, 3}) {
-        guide.window().documents().setPage(stack);
-        TGuideWindow::settle();
-        for (int i = 0; i < steps; ++i)
-            guide.trigger("activeNext");
+    guide.hideDocks({"pageNavigator", "yrexProcessingWidget"});
+    TItemSelection &selection = guide.view()->selection();
+    TCanvasItem *stack = guide.item();
+    for (int i = 0; i < 2; ++i) {
+        selection.select(stack);
+        guide.trigger("activeNext");
+        guide.trigger("activeNext");
         guide.trigger("extractActive");
-        TGuideWindow::settle();
     }
+    selection.select(stack);
+    guide.trigger("delete");
+    selection.selectAll();
+    guide.trigger("tile");
 }
 
+/// The page with the dialog beside it.
 QImage subtract(TGuideWindow &guide)
 {
     extractTwo(guide);
-    guide.window().documents().setPage(guide.document()->pages().at(2));
-    TGuideWindow::settle();
-    return guide.inDialog([&guide] { guide.trigger("yrexArithmeticAdd"); }, [](QDialog &) {});
+    QImage page;
+    const QImage dialog =
+        guide.inDialog([&guide] { guide.trigger("yrexArithmeticAdd"); },
+                       [&guide, &page](QDialog &asked) {
+                           guide.child<QDoubleSpinBox>(&asked, "fAddFactorDoubleSpinBox")->setValue(0.35);
+                           page = guide.page();
+                       });
+    QImage all(page.width(), page.height(), QImage::Format_RGB32);
+    QPainter painter(&all);
+    painter.drawImage(0, 0, page);
+    painter.drawImage(page.width() - dialog.width() - cRim, page.height() - dialog.height() - cRim, dialog);
+    return all;
+}
+
+QImage subtractPicker(TGuideWindow &guide)
+{
+    extractTwo(guide);
+    QImage picture;
+    guide.inDialog([&guide] { guide.trigger("yrexArithmeticAdd"); },
+                   [&guide, &picture](QDialog &dialog) {
+                       auto *button = guide.child<QToolButton>(&dialog, "fSecondSpcToolButton");
+                       picture = guide.inDialog([button] { button->click(); }, [](QDialog &) {});
+                   });
+    return picture;
 }
 
 } // namespace
@@ -136,5 +163,6 @@ QVector<TScene> Scenes::processing()
             {"cleaned", {"yrexFullProcessing"}, cleaned},
             {"baseline-points", {"yrexBaselinePoints"}, baselinePoints},
             {"baseline-preview", {"yrexBaselinePoints"}, baselinePreview},
-            {"subtract", {"yrexArithmeticAdd"}, subtract}};
+            {"subtract", {"yrexArithmeticAdd"}, subtract},
+            {"subtract-picker", {"yrexArithmeticAdd"}, subtractPicker}};
 }

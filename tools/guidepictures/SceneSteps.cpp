@@ -6,7 +6,6 @@
 
 #include <QPair>
 #include <QStatusBar>
-#include <QStatusBar>
 
 void SceneSteps::openPolymer(TGuideWindow &guide)
 {

@@ -22,8 +22,9 @@
 
 namespace {
 
+constexpr int cTallDock = 290; // pixels
 constexpr char cStackDock[] = "ZarnuStackedSpectraTable";
-constexpr QSize cSmall(420, 270); // of one display mode
+constexpr QSize cSmall(420, 306); // of one display mode
 
 TStackedItemsTableModel *table(TGuideWindow &guide)
 {
@@ -56,6 +57,13 @@ QImage stackTable(TGuideWindow &guide)
     return guide.part({guide.view(), guide.dock(cStackDock)});
 }
 
+/// The item alone, without the desk.
+QImage paper(TGuideWindow &guide)
+{
+    const QRectF item(QPointF(), guide.item()->rect().size());
+    return guide.page().copy(guide.view()->itemToView(*guide.item()).mapRect(item).toAlignedRect());
+}
+
 QImage displayModes(TGuideWindow &guide)
 {
     guide.open("dye.csv", "Nanometers", "Absorbance");
@@ -63,6 +71,8 @@ QImage displayModes(TGuideWindow &guide)
     setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
     setCells(guide, TStackedItemsTableModel::cClass, {"low", "low", "low", "high", "high", "high"});
     guide.hideDocks({"pageNavigator", "yrexProcessingWidget", cStackDock});
+    guide.trigger("sizeOneColumn"); // larger letters
+    guide.trigger("fillPage");
     QImage all(3 * cSmall.width(), 2 * cSmall.height(), QImage::Format_RGB32);
     all.fill(Qt::white);
     QPainter painter(&all);
@@ -71,10 +81,8 @@ QImage displayModes(TGuideWindow &guide)
     for (const char *mode :
          {"modeActive", "modeOverlay", "modeStacked", "modeHiddenLines", "modeQueued", "modeGrouped"}) {
         guide.trigger(mode);
-        const QImage page = guide.part(guide.view());
-        const QRect room(QPoint(number % 3 * cSmall.width(), number / 3 * cSmall.height()), cSmall);
-        const QImage small = page.scaled(cSmall, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        painter.drawImage(room.topLeft(), small);
+        const QPoint place(number % 3 * cSmall.width(), number / 3 * cSmall.height());
+        painter.drawImage(place, paper(guide).scaled(cSmall, Qt::KeepAspectRatio, Qt::SmoothTransformation));
         ++number;
     }
     return all;
@@ -112,6 +120,7 @@ QImage calibration(TGuideWindow &guide)
     emit line->activated(line->currentIndex());
     TGuideWindow::settle();
     guide.takeMouseAway();
+    guide.window().resizeDocks({dock}, {cTallDock}, Qt::Vertical);
     return guide.part({guide.view(), dock});
 }
 

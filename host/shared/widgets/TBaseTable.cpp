@@ -26,6 +26,7 @@
 namespace {
 
 constexpr int cMaxFirstWidth = 240; // px
+constexpr int cRowRoom = 8;         // px above and below the text of a row
 constexpr int cShakeTime = 240;     // ms
 constexpr double cShakeWidth = 5.0; // px
 
@@ -106,6 +107,7 @@ void TBaseTable::makeView()
     fView->setSelectionMode(QAbstractItemView::ExtendedSelection);
     fView->setItemDelegate(new TTableDelegate(fView));
     fView->verticalHeader()->hide();
+    fView->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cRowRoom);
     fView->setContextMenuPolicy(Qt::CustomContextMenu);
     fView->setAlternatingRowColors(true);
     fView->setWordWrap(false);

@@ -33,6 +33,8 @@ constexpr int cTitleWidth = 240;
 constexpr int cClassWidth = 80;
 constexpr int cMostWidth = 240;
 
+constexpr int cRowRoom = 8; // px above and below the text of a row
+
 /// The keys by which columns are remembered; the marks have none, since they stay where they are.
 const QStringList &columnKeys()
 {
@@ -204,6 +206,7 @@ void WStackedItemsTable::makeView()
     fView->setItemDelegate(new TCheckDelegate(this));
     fView->setItemDelegateForColumn(TStackedItemsTableModel::cClass, new TClassDelegate(this));
     fView->verticalHeader()->hide();
+    fView->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cRowRoom);
     for (int column = TStackedItemsTableModel::cDate; column < TStackedItemsTableModel::cColumnCount; ++column)
         fView->setColumnHidden(column, true);
     connect(fView, &QTableView::clicked, this, &WStackedItemsTable::onClicked);

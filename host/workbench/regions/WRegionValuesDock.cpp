@@ -37,6 +37,7 @@
 namespace {
 
 constexpr int cMargin = 6;
+constexpr int cRowRoom = 8; // px above and below the text of a row
 constexpr int cDigits = 5;
 // px at first
 constexpr int cRegionsWidth = 320;
@@ -160,6 +161,7 @@ void WRegionValuesDock::makeRegions()
     fRegionsView->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     fRegionsView->setContextMenuPolicy(Qt::CustomContextMenu);
     fRegionsView->verticalHeader()->hide();
+    fRegionsView->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cRowRoom);
     fRegionsView->horizontalHeader()->setHighlightSections(false);
     fRegionsView->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     connect(fRegions, &TRegionsModel::edited, this, &WRegionValuesDock::editRegion);
@@ -182,6 +184,7 @@ void WRegionValuesDock::makeTable()
     fView->setEditTriggers(QAbstractItemView::NoEditTriggers);
     fView->setMouseTracking(true);
     fView->verticalHeader()->hide();
+    fView->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cRowRoom);
     QHeaderView *header = fView->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionsClickable(true);

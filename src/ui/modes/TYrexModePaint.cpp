@@ -11,11 +11,12 @@
 
 namespace {
 
-constexpr double cTick = 7.0;       // pixels
-constexpr double cTickGap = 3.0;    // from the peak to its tick
-constexpr double cTickFont = 0.75;  // of the view's
-constexpr double cPlateRoom = 5.0;  // around a text
-constexpr double cPlateAway = 14.0; // from the pointer
+constexpr double cTick = 7.0;        // pixels
+constexpr double cTickGap = 3.0;     // from the peak to its tick
+constexpr double cTickFont = 0.75;   // of the view's
+constexpr double cPlateRoom = 5.0;   // around a text
+constexpr double cPlateAway = 14.0;  // from the pointer
+constexpr double cCursorSize = 32.0; // which hangs below and to the right of its acting point
 constexpr double cPlateCorner = 3.0;
 const QColor cTextColor(0x2B, 0x2F, 0x36);
 
@@ -221,7 +222,7 @@ void TYrexModePaint::note(const QPointF &pointer, const QString &text, const QCo
     const QRectF view(fPainter.viewport());
     plate.moveBottomLeft(pointer + QPointF(cPlateAway, -cPlateAway));
     if (isBelow && pointer.y() + cPlateAway + plate.height() < view.bottom())
-        plate.moveTop(pointer.y() + cPlateAway);
+        plate.moveTopLeft(pointer + QPointF(cCursorSize, cPlateAway));
     if (plate.right() > view.right())
         plate.moveRight(pointer.x() - cPlateAway);
     if (plate.top() < view.top())

@@ -23,6 +23,7 @@
 namespace {
 
 constexpr int cMargin = 8;
+constexpr int cRowRoom = 8; // px above and below the text of a row
 constexpr char cKindKey[] = "Zarnu/Zarnu Baseline Correction/Default Action";
 
 /// The kind of a point is chosen from a list.
@@ -150,8 +151,11 @@ void WYrexMultipointForm::makeTable()
     fTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     fTable->setSelectionMode(QAbstractItemView::SingleSelection);
     fTable->verticalHeader()->hide();
-    fTable->horizontalHeader()->setStretchLastSection(true);
+    fTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cRowRoom);
     fTable->horizontalHeader()->setHighlightSections(false);
+    for (int column = 0; column < fModel->columnCount(); ++column) // all of them in sight
+        fTable->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
+    fTable->horizontalHeader()->setSectionResizeMode(TYrexBaselinePointsModel::cNumber, QHeaderView::Fixed);
     fTable->setColumnWidth(TYrexBaselinePointsModel::cNumber, fontMetrics().horizontalAdvance("00000"));
     auto *keys = new TOwnKeys(fTable);
     keys->add(QKeySequence::Copy, [this] { emit copyWanted(); });
