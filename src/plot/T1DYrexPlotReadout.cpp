@@ -60,6 +60,9 @@ TPlotReadout T1DYrexPlot::readout(const QPointF &itemPos) const
         const double step = std::abs(other / x) * std::pow(10.0, -decimals);
         const int otherDecimals = int(std::clamp(std::ceil(-std::log10(step)), 0.0, 8.0));
         readout.fSecondX = withUnit(other, otherDecimals, second);
+        readout.fSecond = other;
+        readout.fSecondDecimals = otherDecimals;
+        readout.fSecondUnit = yrexUnitShortName(second);
     }
     readout.fIndex = index;
     readout.fCount = plotData->spectrumCount();

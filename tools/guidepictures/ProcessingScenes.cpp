@@ -1,10 +1,12 @@
 // The chain of processing actions, a baseline by points, sums and differences of spectra.
+#include "SceneSteps.h"
 #include "Scenes.h"
 #include "TDocumentController.h"
 #include "TGuideWindow.h"
 #include "WDocumentView.h"
 #include "WMainWindow.h"
 #include "canvas/TCanvasSpectrum.h"
+#include "widgets/TStackedItemsTableModel.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -109,7 +111,9 @@ QImage baselinePreview(TGuideWindow &guide)
 void extractTwo(TGuideWindow &guide)
 {
     guide.open("dye.csv", "Nanometers", "Absorbance");
-    guide.hideDocks({"pageNavigator", "yrexProcessingWidget"});
+    guide.showDock("ZarnuStackedSpectraTable");
+    SceneSteps::setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
+    guide.hideDocks({"pageNavigator", "yrexProcessingWidget", "ZarnuStackedSpectraTable"});
     TItemSelection &selection = guide.view()->selection();
     TCanvasItem *stack = guide.item();
     for (int i = 0; i < 2; ++i) {
@@ -135,10 +139,12 @@ QImage subtract(TGuideWindow &guide)
                            guide.child<QDoubleSpinBox>(&asked, "fAddFactorDoubleSpinBox")->setValue(0.35);
                            page = guide.page();
                        });
-    QImage all(page.width(), page.height(), QImage::Format_RGB32);
+    const int desk = (page.width() - page.height() * 4 / 3) / 2; // beside the paper
+    QImage all(page.width() - 2 * desk + dialog.width() + 2 * cRim, page.height(), QImage::Format_RGB32);
+    all.fill(page.pixel(0, 0));
     QPainter painter(&all);
-    painter.drawImage(0, 0, page);
-    painter.drawImage(page.width() - dialog.width() - cRim, page.height() - dialog.height() - cRim, dialog);
+    painter.drawImage(-desk, 0, page);
+    painter.drawImage(all.width() - dialog.width() - cRim, cRim, dialog);
     return all;
 }
 

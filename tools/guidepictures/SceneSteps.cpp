@@ -3,6 +3,9 @@
 #include "TGuideWindow.h"
 #include "WDocumentView.h"
 #include "WMainWindow.h"
+#include "WStackedSpectraDock.h"
+#include "widgets/TStackedItemsTableModel.h"
+#include "widgets/WStackedItemsTable.h"
 
 #include <QPair>
 #include <QStatusBar>
@@ -32,6 +35,14 @@ void SceneSteps::integrateBands(TGuideWindow &guide)
         guide.drag(guide.at(band.first, 0.5), guide.at(band.second, 0.5));
     guide.key(Qt::Key_Escape);
     guide.takeMouseAway();
+}
+
+void SceneSteps::setCells(TGuideWindow &guide, int column, const QStringList &texts)
+{
+    auto *dock = guide.window().findChild<WStackedSpectraDock *>("ZarnuStackedSpectraTable");
+    TStackedItemsTableModel *table = dock->table()->model();
+    for (int row = 0; row < texts.size(); ++row)
+        table->setData(table->index(row, column), texts.at(row), Qt::EditRole);
 }
 
 QImage SceneSteps::pageAndStatus(TGuideWindow &guide)

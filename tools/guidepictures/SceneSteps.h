@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QStringList>
 
 class TGuideWindow;
 
@@ -13,6 +14,8 @@ void openPolymer(TGuideWindow &guide);
 void pickBands(TGuideWindow &guide);
 /// The same range with four bands integrated.
 void integrateBands(TGuideWindow &guide);
+/// Types into the cells of a column of the table of stacked spectra (TStackedItemsTableModel), from above.
+void setCells(TGuideWindow &guide, int column, const QStringList &texts);
 /// The page and the bar below it.
 QImage pageAndStatus(TGuideWindow &guide);
 

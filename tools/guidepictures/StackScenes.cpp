@@ -1,4 +1,5 @@
 // Stacks, their display modes, a calibration, and work on many pages.
+#include "SceneSteps.h"
 #include "Scenes.h"
 #include "TDocumentController.h"
 #include "TGuideWindow.h"
@@ -31,12 +32,6 @@ TStackedItemsTableModel *table(TGuideWindow &guide)
     return guide.window().findChild<WStackedSpectraDock *>(cStackDock)->table()->model();
 }
 
-void setCells(TGuideWindow &guide, int column, const QStringList &texts)
-{
-    for (int row = 0; row < texts.size(); ++row)
-        table(guide)->setData(table(guide)->index(row, column), texts.at(row), Qt::EditRole);
-}
-
 void openSeries(TGuideWindow &guide)
 {
     guide.open("dye.csv", "Nanometers", "Absorbance");
@@ -49,8 +44,8 @@ void openSeries(TGuideWindow &guide)
 QImage stackTable(TGuideWindow &guide)
 {
     openSeries(guide);
-    setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
-    setCells(guide, TStackedItemsTableModel::cClass, {"low", "low", "low", "high", "high", "high"});
+    SceneSteps::setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
+    SceneSteps::setCells(guide, TStackedItemsTableModel::cClass, {"low", "low", "low", "high", "high", "high"});
     table(guide)->setData(table(guide)->index(1, TStackedItemsTableModel::cShow), Qt::Unchecked, Qt::CheckStateRole);
     table(guide)->setData(table(guide)->index(3, TStackedItemsTableModel::cUse), Qt::Unchecked, Qt::CheckStateRole);
     TGuideWindow::settle();
@@ -68,8 +63,8 @@ QImage displayModes(TGuideWindow &guide)
 {
     guide.open("dye.csv", "Nanometers", "Absorbance");
     guide.showDock(cStackDock);
-    setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
-    setCells(guide, TStackedItemsTableModel::cClass, {"low", "low", "low", "high", "high", "high"});
+    SceneSteps::setCells(guide, TStackedItemsTableModel::cTitle, {"1 µM", "2 µM", "4 µM", "6 µM", "8 µM", "10 µM"});
+    SceneSteps::setCells(guide, TStackedItemsTableModel::cClass, {"low", "low", "low", "high", "high", "high"});
     guide.hideDocks({"pageNavigator", "yrexProcessingWidget", cStackDock});
     guide.trigger("sizeOneColumn"); // larger letters
     guide.trigger("fillPage");

@@ -164,9 +164,13 @@ QString TMMActCrosshairs::values() const
 QString TMMActCrosshairs::measured() const
 {
     const QPointF delta = fCross.fScale - fStart.fScale;
-    QString text = QString("dx %1  dy %2")
-                       .arg(TNumberFormat::fixed(delta.x(), plot()->viewDecimals(horzDir)),
-                            TNumberFormat::fixed(delta.y(), plot()->viewDecimals(vertDir)));
+    QString text = "dx " + TNumberFormat::fixed(delta.x(), plot()->viewDecimals(horzDir));
+    const TPlotReadout &from = fStart.fReadout;
+    const TPlotReadout &to = fCross.fReadout;
+    if (!from.fSecondX.isEmpty() && !to.fSecondX.isEmpty())
+        text += QString(" (%1 %2)")
+                    .arg(TNumberFormat::fixed(to.fSecond - from.fSecond, to.fSecondDecimals), to.fSecondUnit);
+    text += "  dy " + TNumberFormat::fixed(delta.y(), plot()->viewDecimals(vertDir));
     if (fStart.fScale.y() != 0.0)
         text += "  " + QCoreApplication::translate("TMMActCrosshairs", "ratio %1")
                            .arg(TNumberFormat::fixed(fCross.fScale.y() / fStart.fScale.y(), 3));
