@@ -168,10 +168,14 @@ void TValueChart::drawAxes(QPainter &painter, const QRectF &area, const TLook &l
     painter.drawLine(inner.topLeft(), inner.bottomLeft());
     painter.drawLine(inner.bottomLeft(), inner.bottomRight());
     drawHorzNumbers(painter, inner, look);
+    double above = inner.bottom() + letters.height();
     for (const double value : fVert.ticks()) {
         const double y = place(inner, 0.0, value).y();
         const double left = inner.left() - cTick * look.fUnit;
         painter.drawLine(QPointF(left, y), QPointF(inner.left(), y));
+        if (y > above)
+            continue; // the number would run into the one below
+        above = y - letters.height();
         letters.draw(
             painter,
             QRectF(area.left(), y - letters.height() / 2, left - cGap * look.fUnit - area.left(), letters.height()),
