@@ -270,7 +270,7 @@ bool TYrexActions::nextHorizontalUnits() const
     constexpr int cCount = int(sizeof(cHorizontalUnits) / sizeof(cHorizontalUnits[0]));
     for (int i = 0; i < cCount; ++i) {
         if (cHorizontalUnits[i].fCode == plot->xUnits())
-            return setHorizontalUnits(cHorizontalUnits[(i + 1) % cCount].fCode);
+            return setHorizontalUnits(cHorizontalUnits[(i + cCount - 1) % cCount].fCode); // nm come before um
     }
     return false;
 }
