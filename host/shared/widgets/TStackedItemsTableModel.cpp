@@ -34,6 +34,12 @@ QString trimmedNumber(QString text)
     return text == QLatin1String("-0") ? QStringLiteral("0") : text;
 }
 
+bool isNumeric(int column)
+{
+    using T = TStackedItemsTableModel;
+    return column == T::cNumber || (column >= T::cValue && column <= T::cOffset) || column == T::cPoints;
+}
+
 /// Digits behind the point; those of an exponent do not count.
 int decimalsOf(const QString &text)
 {
@@ -271,15 +277,18 @@ QVariant TStackedItemsTableModel::data(const QModelIndex &place, int role) const
         bold.setBold(true);
         return bold;
     }
-    if (role == Qt::TextAlignmentRole &&
-        (column == cNumber || (column >= cValue && column <= cOffset) || column == cPoints))
+    if (role == Qt::TextAlignmentRole && isNumeric(column))
         return int(Qt::AlignRight | Qt::AlignVCenter);
     return QVariant();
 }
 
 QVariant TStackedItemsTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= cColumnCount)
+    if (orientation != Qt::Horizontal || section < 0 || section >= cColumnCount)
+        return QVariant();
+    if (role == Qt::TextAlignmentRole)
+        return int((isNumeric(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole)
         return QVariant();
     const QString names[cColumnCount] = {QString(),   tr("Show"),   tr("Use"),   tr("#"),      QString(),
                                          tr("Title"), tr("Class"),  tr("Value"), tr("Factor"), tr("Offset"),

@@ -26,6 +26,14 @@ int TTableDelegate::padding(const QFontMetrics &metrics, const QModelIndex &plac
     return missing * metrics.horizontalAdvance('0') + (hasSign ? 0 : metrics.horizontalAdvance(sign));
 }
 
+void TTableDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &place) const
+{
+    QStyledItemDelegate::initStyleOption(option, place);
+    // the style derives the frame from the colour of windows, which a dark table nearly has
+    if (option->features & QStyleOptionViewItem::HasCheckIndicator)
+        option->palette.setColor(QPalette::Window, option->palette.color(QPalette::PlaceholderText));
+}
+
 QSize TTableDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &place) const
 {
     return QStyledItemDelegate::sizeHint(option, place) + QSize(padding(option.fontMetrics, place), 0);

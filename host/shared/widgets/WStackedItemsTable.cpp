@@ -43,21 +43,6 @@ const QStringList &columnKeys()
     return cKeys;
 }
 
-/// Draws the frames of check boxes so that they stand out from a dark table as well.
-class TCheckDelegate : public TTableDelegate
-{
-public:
-    using TTableDelegate::TTableDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &place) const override
-    {
-        TTableDelegate::initStyleOption(option, place);
-        // the style derives the frame from the colour of windows, which a dark table nearly has
-        option->palette.setColor(QPalette::Window, option->palette.color(QPalette::PlaceholderText));
-    }
-};
-
 /// Offers the classes in use; any other text makes a new one.
 class TClassDelegate : public QStyledItemDelegate
 {
@@ -203,7 +188,7 @@ void WStackedItemsTable::makeView()
     fView->setSelectionBehavior(QAbstractItemView::SelectRows);
     fView->setDragDropMode(QAbstractItemView::InternalMove);
     fView->setDragDropOverwriteMode(false);
-    fView->setItemDelegate(new TCheckDelegate(this));
+    fView->setItemDelegate(new TTableDelegate(this));
     fView->setItemDelegateForColumn(TStackedItemsTableModel::cClass, new TClassDelegate(this));
     fView->verticalHeader()->hide();
     fView->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cRowRoom);

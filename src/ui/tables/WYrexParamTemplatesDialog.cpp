@@ -4,6 +4,7 @@
 #include "TYrexSpectrum.h"
 #include "utils/CommonUtils.h"
 #include "widgets/TOwnKeys.h"
+#include "widgets/TTableDelegate.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -79,6 +80,7 @@ void WYrexParamTemplatesDialog::makeView()
     fView->setObjectName("templatesTable");
     fView->setAccessibleName(tr("Parameters"));
     fView->setModel(fModel);
+    fView->setItemDelegate(new TTableDelegate(fView));
     fView->setItemDelegateForColumn(TYrexParamTemplatesModel::cParameter, new TParameterDelegate(fView));
     fView->setSelectionBehavior(QAbstractItemView::SelectRows);
     fView->setSelectionMode(QAbstractItemView::SingleSelection);
