@@ -199,7 +199,7 @@ QString TSpectrumParamsTableModel::text(int row, int column) const
     if (column == cParameter || isHeading(row))
         return column == cParameter ? shown.fName : QString();
     if (isMixed(row, column))
-        return tr("(%1 values)").arg(shown.differentTexts());
+        return tr("(%1 values)").arg(shown.fDifferent);
     return rawText(row, column).trimmed().replace('\n', ' ').remove('\r');
 }
 

@@ -109,12 +109,12 @@ bool TYrexParamRow::isEmpty() const
     return std::all_of(fTexts.begin(), fTexts.end(), [](const QString &text) { return text.isEmpty(); });
 }
 
-int TYrexParamRow::differentTexts() const
+void TYrexParamRow::countDifferent()
 {
     QSet<QString> texts;
     for (const QString &text : fTexts)
         texts.insert(text.isNull() ? QString("") : text);
-    return texts.size();
+    fDifferent = texts.size();
 }
 
 QVector<TYrexParamRow> YrexParamRows::of(const TCanvasYrexSpectrum &item, const QVector<int> &spectra,
@@ -153,6 +153,7 @@ QVector<TYrexParamRow> YrexParamRows::of(const TCanvasYrexSpectrum &item, const 
             const TYrexSpectrum &spectrum = *item.stack().at(index);
             row.fTexts.append(row.fId < 0 ? factOf(item, spectrum, row.fId, imported) : textOf(item, index, row.fId));
         }
+        row.countDifferent();
     }
     return rows;
 }

@@ -20,11 +20,12 @@ struct TYrexParamRow
     bool fIsLocked = false;
     bool fIsHidden = false; // by the recipe
     QStringList fTexts;     // one per spectrum
+    int fDifferent = 0;     // how many different texts; counted once, since stacks are long
 
     bool isEmpty() const;
     /// Whether the spectra have it differently.
-    bool differs() const { return differentTexts() > 1; }
-    int differentTexts() const;
+    bool differs() const { return fDifferent > 1; }
+    void countDifferent();
 };
 
 /// Collects the parameters of spectra of an item.
