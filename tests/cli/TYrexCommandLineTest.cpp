@@ -62,6 +62,7 @@ struct TNoWindows : IGuiHost
     IPlotView *plotView() override { return nullptr; }
     void setEditSession(IEditSession *) override {}
     IEditSession *editSession() const override { return nullptr; }
+    void showItem(TCanvasItem *) override {}
     void itemInUse(TCanvasItem *) override {}
     QAction *action(const QString &) override { return nullptr; }
     IReportService *reports() override { return nullptr; }

@@ -87,7 +87,7 @@ TEST_F(KeyPointerTest, theCrosshairIsPlacedByKeysAndStaysThere)
     EXPECT_NEAR(values.first().toDouble(), 898.0, 2.1);
     moveTo(at(0.1, 0.5));
     key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text().split('\t'), values)
+    EXPECT_EQ(QGuiApplication::clipboard()->text().split('\t'), values);
 }
 
 TEST_F(KeyPointerTest, theMenuKeyIsAboutTheHighlightedMark)
