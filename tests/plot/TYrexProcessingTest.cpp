@@ -199,4 +199,6 @@ TEST_F(TYrexProcessing, anEditRunIsOneStepWithTheChangesSinceItsStart)
     EXPECT_EQ(bytesOf(*fItem), before);
     history.stack()->redo();
     EXPECT_EQ(bytesOf(*fItem), after);
+    history.stack()->undo();
+    EXPECT_EQ(bytesOf(*fItem), before) << "the snapshot of the first command of the run serves the last";
 }
