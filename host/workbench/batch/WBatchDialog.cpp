@@ -32,13 +32,19 @@ constexpr int cCommandLines = 4;
 constexpr int cStateRole = Qt::UserRole;
 constexpr int cFailedSigns = 200; // of a reason in a row; the rest is in the tool tip
 enum TColumn { cFileColumn, cStateColumn };
-const QColor cRed(0xD0, 0x02, 0x1B);
 constexpr char cSizeKey[] = "Kelmora/Batch/Size";
 constexpr char cTemplateKey[] = "Kelmora/Batch/Template";
 constexpr char cFolderKey[] = "Kelmora/Batch/Folder";
 constexpr char cInputKey[] = "Kelmora/Batch/Input";
 constexpr char cFormKey[] = "Kelmora/Batch/Form";
 constexpr char cPictureKey[] = "Kelmora/Batch/Picture";
+
+/// Red that can be read on the window's ground.
+QColor red(const QPalette &palette)
+{
+    const bool isDark = palette.color(QPalette::Window).lightness() < 128;
+    return isDark ? QColor(0xFF, 0x6B, 0x6B) : QColor(0xD0, 0x02, 0x1B);
+}
 
 void choose(QComboBox *box, const QVariant &data)
 {
@@ -327,7 +333,7 @@ void WBatchDialog::setRow(int row, TState state, const QString &note)
     item->setData(cStateColumn, cStateRole, int(state));
     if (state != cDone) // a warning of one that is done stays
         item->setToolTip(cStateColumn, note);
-    item->setForeground(cStateColumn, state == cFailed    ? QBrush(cRed)
+    item->setForeground(cStateColumn, state == cFailed    ? QBrush(red(palette()))
                                       : state == cWaiting ? palette().brush(QPalette::Disabled, QPalette::Text)
                                                           : palette().brush(QPalette::Text));
     if (!fRunner.isRunning())
@@ -343,7 +349,7 @@ void WBatchDialog::tell(const QString &text, bool isError)
     fNote->setFont(font);
     QPalette colours = palette();
     if (isError)
-        colours.setColor(QPalette::WindowText, cRed);
+        colours.setColor(QPalette::WindowText, red(colours));
     fNote->setPalette(colours);
     fNote->setText(text);
 }

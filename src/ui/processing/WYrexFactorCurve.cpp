@@ -2,6 +2,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
+#include <QTimer>
 #include <cmath>
 
 namespace {
@@ -26,7 +28,8 @@ WYrexFactorCurve::WYrexFactorCurve(QWidget *parent)
     setFixedHeight(cHeight);
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
-    setToolTip(tr("How the factors did in the search; the lowest is the best. A click takes a factor and ends the "
+    setToolTip(tr("How the factors did in the search, in the mean of its two witnesses; low is good. The search takes "
+                  "the middle between the best of each, which is marked. A click takes another factor and ends the "
                   "search."));
     setAccessibleName(tr("Score over the factor"));
     hide();
@@ -142,6 +145,15 @@ void WYrexFactorCurve::mouseMoveEvent(QMouseEvent *event)
 {
     fHover = event->pos().x();
     update();
+}
+
+/// It stands below the other controls, where a low window has no room for it.
+void WYrexFactorCurve::showEvent(QShowEvent *)
+{
+    for (QWidget *outer = parentWidget(); outer; outer = outer->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(outer)) // behind the layout
+            QTimer::singleShot(0, this, [this, area] { area->ensureWidgetVisible(this, 0, cGap); });
+    }
 }
 
 void WYrexFactorCurve::leaveEvent(QEvent *)
