@@ -111,10 +111,12 @@ void TBatchRunner::take(const QString &line)
 void TBatchRunner::end()
 {
     read();
+    const bool isNormal = fProcess.exitStatus() == QProcess::NormalExit;
+    const bool isRefused = fProcess.exitCode() == cUsageError || (fProcess.exitCode() != 0 && fTold.isEmpty());
     QString error;
-    if (fProcess.exitStatus() != QProcess::NormalExit)
+    if (!isNormal)
         error = tr("The program %1 ended before it was done.").arg(cProgram);
-    else if (fProcess.exitCode() == cUsageError || (fProcess.exitCode() != 0 && fTold.isEmpty()))
+    if (isNormal && isRefused)
         error = fLastLine;
     emit finished(error);
 }
