@@ -212,6 +212,7 @@ void TStoryFixture::openDock(const QString &name)
 void TStoryFixture::clickEntry(QMenu *menu, const QString &text)
 {
     ASSERT_NE(menu, nullptr);
+    ASSERT_TRUE(waitFor([menu] { return menu->isVisible(); })) << text.toStdString(); // submenus take their time
     for (QAction *entry : menu->actions()) {
         if (entry->text().section('\t', 0, 0).remove('&') != text)
             continue;

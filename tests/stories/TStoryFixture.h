@@ -114,6 +114,6 @@ protected:
     bool isChecked(const char *action);
     QAction *action(const char *name);
 
-    static constexpr int cDerivative = 0, cSmoothing = 3, cBaseline = 22, cPeakPicking = 24, cMultipoint = 35,
+    static constexpr int cDerivative = 0, cSmoothing = 3, cBaseline = 22, cPeakPicking = 26, cMultipoint = 35,
                          cNormalization = 39, cConversion = 50, cScatter = 64;
 };

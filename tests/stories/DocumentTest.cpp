@@ -1,0 +1,162 @@
+// A document with everything in it goes to a file and back.
+#include "TPageModel.h"
+#include "TStoryFixture.h"
+#include "WPageNavigator.h"
+#include "exchange/TPictureExporter.h"
+#include "widgets/WPluginDockWidget.h"
+
+#include <QAbstractButton>
+#include <QJsonObject>
+#include <QTreeView>
+
+namespace {
+
+class DocumentTest : public TStoryFixture
+{
+protected:
+    /// By the dialog for files, behind what is there.
+    void openMore(const QString &name, const QString &x, const QString &y)
+    {
+        inDialogs({[&](QWidget *dialog) { chooseFile(dialog, sample(name)); }});
+        key(Qt::Key_O, Qt::ControlModifier);
+        setUnits(x, y);
+    }
+    void showPage(int page)
+    {
+        auto *pages = fWindow->findChild<WPageNavigator *>();
+        clickRow(pages->view(), pages->model().index(page, 0));
+        ASSERT_EQ(view()->page(), document()->pages().at(page));
+        fWindow->grab();
+    }
+    void saveAs(const QString &path)
+    {
+        inDialogs({[&](QWidget *dialog) { chooseFile(dialog, path); }});
+        key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+        ASSERT_TRUE(waitFor([&] { return QFile::exists(path); }));
+    }
+    void closeDocument()
+    {
+        key(Qt::Key_W, Qt::ControlModifier);
+        ASSERT_TRUE(document()->items().isEmpty());
+    }
+    QVector<QImage> pictures()
+    {
+        QVector<QImage> all;
+        for (const TPage *page : document()->pages()) {
+            TPictureExporter picture = TPictureExporter::ofPage(*page);
+            picture.setResolution(96);
+            picture.setBackground(TPictureExporter::cAsShown);
+            all.append(picture.image());
+        }
+        return all;
+    }
+    static double difference(const QImage &a, const QImage &b)
+    {
+        if (a.size() != b.size())
+            return 1.0;
+        int count = 0;
+        for (int y = 0; y < a.height(); ++y) {
+            for (int x = 0; x < a.width(); ++x)
+                count += a.pixel(x, y) != b.pixel(x, y);
+        }
+        return double(count) / (a.width() * a.height());
+    }
+    void makeFilm()
+    {
+        openSample("polystyrene", "Wavenumber", "Absorbance");
+        checkAction(cBaseline);
+        key(Qt::Key_K);
+        drag(onPlotX(3200, 0.5), onPlot(600, 0.2));
+        key(Qt::Key_I);
+        drag(onPlotX(1470), onPlotX(1430));
+        key(Qt::Key_X);
+        drag(onPlotX(2600), onPlotX(2200));
+        key(Qt::Key_E);
+        drag(onPlotX(1650), onPlotX(1400));
+        key(Qt::Key_Escape);
+        EXPECT_EQ(document()->pages().first()->items().size(), 2) << "an expansion";
+        look("12-film");
+    }
+    void makeRaman()
+    {
+        openMore("raman", "Raman Shift", "Counts");
+        key(Qt::Key_B);
+        auto *dock = fWindow->findChild<WPluginDockWidget *>("yrexMultipointBCWidget");
+        click(dock->findChild<QAbstractButton *>("action_AutoPointsButton"));
+        click(dock->findChild<QAbstractButton *>("action_BorderPointsButton"));
+        click(dock->findChild<QAbstractButton *>("action_ApplyButton"));
+        EXPECT_TRUE(isApplied(cMultipoint));
+    }
+    void makeStacks()
+    {
+        openMore("dye", "Nanometers", "Absorbance");
+        key(Qt::Key_S);
+        openMore("nir", "Nanometers", "Absorbance");
+        checkAction(cScatter);
+        drag(onPlotX(1350, 0.5), onPlotX(2050, 0.5));
+        clickMenu({"View", "Theme", "Dark Paper"});
+        look("12-dark");
+    }
+};
+
+} // namespace
+
+TEST_F(DocumentTest, everythingComesBackFromTheFile)
+{
+    makeFilm();
+    makeRaman();
+    makeStacks();
+    ASSERT_EQ(document()->pages().size(), 4);
+    const QString first = fFolder.filePath("first.klm");
+    const QString second = fFolder.filePath("second.klm");
+    const QString converted = fFolder.filePath("converted.klm");
+    saveAs(first);
+    const QVector<QImage> before = pictures();
+    QVector<QByteArray> items;
+    for (const auto *item : document()->items())
+        items.append(bytesOf(canvasItem(const_cast<ICanvasItem *>(item))));
+    const TRange zoom = shownItem()->activeYrexPlot()->horzAxis().getScale();
+    EXPECT_NEAR(zoom.a, 1350, 6);
+    closeDocument();
+
+    dropFiles({first});
+    ASSERT_EQ(document()->pages().size(), 4);
+    const QVector<QImage> after = pictures();
+    for (int page = 0; page < 4; ++page)
+        EXPECT_LT(difference(before.at(page), after.at(page)), 0.01) << page;
+    int place = 0;
+    for (const auto *item : document()->items())
+        EXPECT_EQ(bytesOf(canvasItem(const_cast<ICanvasItem *>(item))), items.at(place++));
+    EXPECT_EQ(specItem(3)->activeYrexPlot()->horzAxis().getScale(), zoom);
+    EXPECT_EQ(specItem(2)->stackedContext()->displayMode(), stackedMode);
+    look("12-reopened");
+    saveAs(second);
+    EXPECT_EQ(fileBytes(second), fileBytes(first));
+    zarnu({"convert", first, "-o", converted});
+    EXPECT_EQ(fileBytes(converted), fileBytes(first));
+
+    // what a reader of other programs sees of it
+    const QJsonArray told = info(first);
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.first().isObject());
+    closeDocument();
+
+    const QString half = fFolder.filePath("half.klm");
+    QFile cut(half);
+    ASSERT_TRUE(cut.open(QIODevice::WriteOnly));
+    const QByteArray whole = fileBytes(first);
+    const QByteArray part = whole.left(whole.size() / 2);
+    cut.write(part);
+    cut.close();
+    fMessages.clear();
+    fAnswer = QMessageBox::Open;
+    dropFiles({half});
+    ASSERT_FALSE(fMessages.isEmpty());
+    EXPECT_TRUE(fMessages.first().contains("half.klm could not be opened. At byte "))
+        << fMessages.first().toStdString();
+    EXPECT_TRUE(fMessages.first().contains("Nothing was changed.")) << fMessages.first().toStdString();
+    EXPECT_FALSE(document()->items().isEmpty()) << "what can be read";
+    EXPECT_TRUE(document()->path().isEmpty()) << "under no name";
+    look("12-half");
+    EXPECT_EQ(fileBytes(half), part);
+}
