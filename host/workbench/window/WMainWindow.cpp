@@ -53,15 +53,18 @@
 #include "ui/TMarkupLoader.h"
 #include "widgets/GuiUtils.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QItemSelectionModel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <QTreeView>
 
 /// The resources of a static library are linked only where they are asked for, and that cannot be inside a namespace.
 static void initResources()
@@ -127,6 +130,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
 
 WMainWindow::~WMainWindow()
 {
+    disconnect(qApp, nullptr, this, nullptr);
     fHost.setGui(nullptr);
     delete fAutosave;   // copies stay when documents go that the user was not asked about
     fDocuments.reset(); // before the tabs in which the views stand
@@ -264,10 +268,19 @@ void WMainWindow::selectOnlyItem()
 /// Plug-ins and docks act on what is selected in the view that is shown.
 void WMainWindow::followSelection()
 {
-    const WDocumentView *view = fDocuments->view();
+    const WDocumentView *view = fDocuments ? fDocuments->view() : nullptr; // documents go before the window
     if (!view)
         return;
     fHost.itemList() = fDocuments->view()->selection().items();
+    const QList<TPage *> chosen = fPages->chosenPages();
+    if (chosen.size() > 1 && chosen.contains(view->page())) {
+        for (const TPage *page : chosen) {
+            for (TCanvasItem *item : page->items()) {
+                if (page != view->page())
+                    fHost.itemList().append(item);
+            }
+        }
+    }
     const TCanvasItem *active = fDocuments->view()->selection().active();
     fGui->itemInUse(fDocuments->view()->selection().active());
     const bool isSpectrum = dynamic_cast<const TCanvasSpectrum *>(active);
@@ -288,6 +301,14 @@ void WMainWindow::connectDocuments()
     });
     connect(documents, &TDocumentController::pageShown, this, &WMainWindow::selectOnlyItem);
     connect(documents, &TDocumentController::pageShown, this, &WMainWindow::followSelection);
+    // edits go to the items of all pages that are chosen, until the hand is on one of the pages again
+    const QItemSelectionModel *chosen = fPages->view()->selectionModel();
+    connect(chosen, &QItemSelectionModel::selectionChanged, this, &WMainWindow::followSelection);
+    connect(&fPages->model(), &QAbstractItemModel::modelReset, this, &WMainWindow::followSelection);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, const QWidget *now) {
+        if (now && now == fDocuments->view() && fPages->chosenPages().size() > 1)
+            fPages->view()->setCurrentIndex(fPages->model().indexOf(fDocuments->page()));
+    });
     connect(documents, &TDocumentController::contentChanged, this, [this] {
         updateTitle();
         fActions->scheduleUpdate();
