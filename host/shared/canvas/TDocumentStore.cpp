@@ -6,11 +6,13 @@
 // Blocks that this version does not understand are kept and written back in place.
 #include "canvas/DocumentBytes.h"
 #include "canvas/TCanvasItem.h"
+#include "canvas/TCanvasItemList.h"
 #include "canvas/TDocument.h"
 #include "canvas/TLoadReport.h"
 #include "canvas/TPage.h"
 #include "canvas/TStoredHistoryEntry.h"
 #include "canvas/TUnknownItem.h"
+#include "contexts/IStackedItemCtx.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 #include "utils/CommonUtils.h"
@@ -31,6 +33,8 @@ constexpr int cMinItemSize = 4 + 16 + 12;
 constexpr int cMinHistorySize = 12; // three lengths
 constexpr int cMinParamSize = 8;
 
+constexpr char cActiveKey[] = "View/Active"; // setting of the document: item id to index, where it is not the first
+
 constexpr double cShortestPage = 100.0; // canvas units: 1 cm; letters that fill a page many times crash painters
 constexpr double cLongestPage = 1e5;    // 10 m
 
@@ -47,6 +51,36 @@ QVariant storable(const QVariant &value)
     TDataStream in(bytes);
     QVariant back;
     return in.readVariant(back) ? value : QVariant(value.toString());
+}
+
+/// The settings with the active spectrum of each stack, which items do not store.
+QVariantMap withActiveSpectra(QVariantMap settings, const TCanvasItemList &items)
+{
+    QVariantMap active;
+    for (ICanvasItem *entry : items) {
+        const TCanvasItem *item = canvasItem(entry);
+        IStackedItemCtx *stack = canvasItem(entry)->stackedContext();
+        if (stack && stack->activeIndex() > 0)
+            active.insert(item->uniqueId().toString(), stack->activeIndex());
+    }
+    settings.remove(cActiveKey);
+    if (!active.isEmpty())
+        settings.insert(cActiveKey, active);
+    return settings;
+}
+
+void makeSpectraActive(const QVariantMap &settings, const TCanvasItemList &items)
+{
+    const QVariantMap active = settings.value(cActiveKey).toMap();
+    if (active.isEmpty())
+        return;
+    for (ICanvasItem *entry : items) {
+        TCanvasItem *item = canvasItem(entry);
+        IStackedItemCtx *stack = item->stackedContext();
+        const int index = active.value(item->uniqueId().toString()).toInt();
+        if (stack && index > 0 && index < stack->count() && stack->isVisible(index))
+            stack->setActiveIndex(index);
+    }
 }
 
 /// Whether a page of that size and with those margins can be drawn; false for NaN.
@@ -124,7 +158,7 @@ void TDocument::store(TDataStream &stream) const
     {
         TDataStreamAdaptor settings(stream);
         settings.startStore();
-        stream << QVariant(fSettings);
+        stream << QVariant(withActiveSpectra(fSettings, items()));
     }
     stream << qint32(fPages.size());
     for (const TPage *page : fPages)
@@ -284,6 +318,7 @@ bool TDocument::load(TDataStream &stream, TLoadReport &report)
             fSettings = map.toMap();
     }
     report.fOk = loadPages(stream, report) && loadBehindPages(stream, report);
+    makeSpectraActive(fSettings, items());
     block.skipData();
     report.fTruncated = stream.isTruncated();
     if (stream.isTolerant())
