@@ -17,7 +17,7 @@ namespace {
 
 constexpr int cFontSize = 9; // points
 constexpr int cMaxColors = 256;
-constexpr int cNear = 40; // square of the distance below which colours count as one
+constexpr int cNear = 8; // square of the distance below which colours count as one
 
 int distance(QRgb left, QRgb right)
 {
