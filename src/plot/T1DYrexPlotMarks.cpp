@@ -8,6 +8,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -31,6 +32,16 @@ QVector<double> mapped(const T1DPlotData<double> &values, const TLinearMap &map)
     for (int i = 0; i < values.count; ++i)
         heights[i] = map(values.at(i));
     return heights;
+}
+
+/// A baseline by points is 0 on its outermost points and beyond them, where it says nothing.
+void hideEnds(QVector<double> &heights, double zero)
+{
+    const auto isCurve = [zero](double height) { return height != zero; };
+    const auto first = std::find_if(heights.begin(), heights.end(), isCurve);
+    const auto last = std::find_if(heights.rbegin(), heights.rend(), isCurve);
+    std::fill(heights.begin(), first, std::nan(""));
+    std::fill(heights.rbegin(), last, std::nan(""));
 }
 
 TYrexPeakPainter::TPeaks drawnPeaks(const T1DYrexPlot &plot, const IYrexPlotData &plotData)
@@ -65,7 +76,9 @@ void T1DYrexPlot::drawBaseline(QPainter &painter)
     if (!plotData)
         return;
     const TLinearMap heights = drawnHeights(plotData->currentIndex());
-    const QVector<double> values = mapped(plotSeries(plotData->previewData(1, fYUnits, -1)), heights);
+    QVector<double> values = mapped(plotSeries(plotData->previewData(1, fYUnits, -1)), heights);
+    if (plotData->baselinePointData(0, fXUnits, -1).count > 0)
+        hideEnds(values, heights(0.0));
     const TSeries y(values.constData(), values.size());
     const TSeries x = xSeries(*plotData, -1);
     if (x.isEmpty() || y.isEmpty())
@@ -79,9 +92,8 @@ void T1DYrexPlot::drawBaseline(QPainter &painter)
     const TSeries pointsX = plotSeries(plotData->baselinePointData(0, fXUnits, -1));
     const QVector<double> pointHeights = mapped(plotSeries(plotData->baselinePointData(1, fYUnits, -1)), heights);
     const TSeries pointsY(pointHeights.constData(), pointHeights.size());
-    const QVector<QRectF> rects =
-        fPlotter.drawBaselinePoints(painter, pointsX, pointsY, plotData->baselineFlags(-1), -1,
-                                    plotData->baselineKinds(-1));
+    const QVector<QRectF> rects = fPlotter.drawBaselinePoints(painter, pointsX, pointsY, plotData->baselineFlags(-1),
+                                                              -1, plotData->baselineKinds(-1));
     fMarkRects += rects;
     for (int i = 0; i < rects.size() && !keepsAreas(); ++i)
         fHotAreas.append(TPlotHotArea(rects.at(i), i, TPlotHotArea::baselinePoint, 0));
