@@ -299,7 +299,7 @@ QImage TGuideWindow::whole()
 QImage TGuideWindow::part(QWidget *widget, int margin)
 {
     if (widget->isWindow()) {
-        settle(100);
+        settle(); // some controls fade in
         return widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
     }
     const QRect place(widget->mapTo(fWindow.get(), QPoint()), widget->size());
