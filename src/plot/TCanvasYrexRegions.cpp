@@ -6,6 +6,12 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr double cReachPixels = 4.0; // how near to a limit the mouse must be
+
+} // namespace
+
 void TCanvasYrexSpectrum::paint(QPainter &painter)
 {
     TCanvasSpectrum::paint(painter);
@@ -26,6 +32,8 @@ void TCanvasYrexSpectrum::drawRegions(QPainter &painter)
         if (plot->stateWord() & TBasePlot::cDarkPaper)
             region.color = Utils::Color::onDarkPaper(region.color);
     }
+    if (!isPicture)
+        fRegionHotAreas.setReach(plot->viewReach(cReachPixels, TBasePlot::cDefReach));
     TPlotHotAreas thrownAway; // the mouse stays on the screen while a picture is drawn
     fRegionHelper.draw(painter, *plot->plotter(), regions, 0, isPicture ? thrownAway : fRegionHotAreas);
 }

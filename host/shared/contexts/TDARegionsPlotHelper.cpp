@@ -13,7 +13,7 @@ const QColor cUsualColor(245, 160, 0);
 constexpr double cBandAlpha = 0.16;
 constexpr double cEdgeWidth = 3.0;  // canvas units
 constexpr double cNameMargin = 6.0; // canvas units
-constexpr double cLimitReach = 8.0; // canvas units to each side
+constexpr double cLimitReach = 1.5; // canvas units to each side: half of the line
 
 /// A stretch of a region that is seen, in canvas units.
 struct TPiece

@@ -36,8 +36,9 @@ TYrexRegionDrag::~TYrexRegionDrag()
 
 void TYrexRegionDrag::giveUp()
 {
-    if (!fItem || fItem->daRegions() == fBefore)
+    if (!fItem || !fIsShown)
         return;
+    fIsShown = false;
     fItem->setDARegions(fBefore);
     fItem->refreshGraphics();
 }
@@ -54,6 +55,7 @@ void TYrexRegionDrag::moveTo(const QPointF &itemPos, double, Qt::KeyboardModifie
     const double other = fIsTo ? fBefore.at(fPlace).from : fBefore.at(fPlace).to;
     fEdited[fPlace].from = std::min(moved, other);
     fEdited[fPlace].to = std::max(moved, other);
+    fIsShown = true;
     fItem->setDARegions(fEdited);
     fItem->refreshGraphics();
 }

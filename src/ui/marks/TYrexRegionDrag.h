@@ -32,5 +32,6 @@ private:
     QVector<TDARegion> fEdited;
     int fPlace; // of the region among them; -1 for none
     bool fIsTo;
-    double fMouseX = 0.0; // in the item
+    bool fIsShown = false; // the item has the edited regions
+    double fMouseX = 0.0;  // in the item
 };
