@@ -49,6 +49,7 @@ protected:
             all.append(one.fTitle);
         return all;
     }
+    int annotation() { return titles().indexOf("Annotation"); }
     static QByteArray stored(const TDocument &from)
     {
         QByteArray bytes;
@@ -73,13 +74,14 @@ TEST_F(PageTablesTest, aTableFollowsItsItemAndIsOneStep)
     EXPECT_TRUE(document()->currentPage()->contentRect().contains(placed()->rect()));
     ASSERT_EQ(placed()->content().fRows.size(), 2);
     EXPECT_EQ(titles().value(1), QString::fromUtf8("Position [cm^{\u22121}]"));
-    const int annotation = titles().indexOf("Annotation");
-    ASSERT_GE(annotation, 0);
     EXPECT_FALSE(titles().contains("Position 2")) << "columns that the dock hides stay away";
+    EXPECT_FALSE(titles().contains("Annotation")) << "nor has one without a cell any room";
     type(1, "annotation", "nu(C=C)");
-    EXPECT_EQ(shown(1, annotation), "nu(C=C)");
+    ASSERT_GE(annotation(), 0);
+    EXPECT_EQ(shown(1, annotation()), "nu(C=C)");
+    EXPECT_EQ(shown(0, annotation()), "");
     undo()->undo();
-    EXPECT_EQ(shown(1, annotation), "");
+    EXPECT_EQ(annotation(), -1);
     trigger("yrexSetSpecHUnitsToNanometers");
     EXPECT_EQ(titles().value(1), "Position [nm]");
     undo()->undo();
@@ -92,17 +94,16 @@ TEST_F(PageTablesTest, aTableFollowsItsItemAndIsOneStep)
 TEST_F(PageTablesTest, theLastValuesStayWhenItsItemGoes)
 {
     placePeaks();
-    const int annotation = titles().indexOf("Annotation");
     type(0, "annotation", "last");
     document()->history().push(new TCmdDeleteItems({item()}));
     settle();
     EXPECT_EQ(placed()->source(), nullptr);
-    EXPECT_EQ(shown(0, annotation), "last");
+    EXPECT_EQ(shown(0, annotation()), "last");
     const QByteArray bytes = stored(*document());
     undo()->undo();
     settle();
     type(0, "annotation", "again");
-    EXPECT_EQ(shown(0, annotation), "again") << "the item came back";
+    EXPECT_EQ(shown(0, annotation()), "again") << "the item came back";
     TDocument alone;
     ASSERT_TRUE(load(alone, bytes));
     tableOf(alone)->update();
@@ -128,7 +129,7 @@ TEST_F(PageTablesTest, documentsAndCopiesKeepATable)
     }
     placed()->setTableProperties(older);
     type(0, "annotation", "b");
-    EXPECT_EQ(shown(0, titles().indexOf("Annotation")), "b") << "the older type is read as the same";
+    EXPECT_EQ(shown(0, annotation()), "b") << "the older type is read as the same";
 
     document()->history().push(new TCmdPasteItems(TItemFragment::store({item(), placed()}), document()->currentPage()));
     const TCanvasItemList tables = document()->items().getByRtti(TCanvasTable::cRtti);

@@ -9,6 +9,7 @@
 #include "widgets/TTableProxy.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace {
 
@@ -80,6 +81,19 @@ QString plainTitle(const QAbstractItemModel &model, int column)
     return plain.isValid() ? plain.toString() : model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
+/// Columns that say nothing about any row take no room; they come back with their first cell.
+void dropEmptyColumns(TTableContent &content)
+{
+    for (int column = content.fColumns.size() - 1; column >= 0 && !content.fRows.isEmpty(); --column) {
+        const auto isEmpty = [column](const TTableContent::TRow &row) { return row.fCells.at(column).isEmpty(); };
+        if (!std::all_of(content.fRows.begin(), content.fRows.end(), isEmpty))
+            continue;
+        content.fColumns.remove(column);
+        for (TTableContent::TRow &row : content.fRows)
+            row.fCells.removeAt(column);
+    }
+}
+
 /// The first colour that a cell of the row has.
 QColor colorOf(const TTableProxy &rows, int row)
 {
@@ -125,6 +139,7 @@ TTableContent TTableContent::ofModel(QAbstractItemModel &model, const TTableProp
         one.fColor = colorOf(rows, row);
         content.fRows.append(one);
     }
+    dropEmptyColumns(content);
     return content;
 }
 

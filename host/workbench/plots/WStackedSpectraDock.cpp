@@ -49,16 +49,25 @@ WStackedSpectraDock::WStackedSpectraDock(TKelmoraHost &host, TDocumentController
                            TStackEdits facts(host);
                            return HostTables::readStack(properties, shown, &facts, content);
                        });
-    fTable->tools()->offerPlacing([this] {
-        if (fDocuments.document())
-            TablePlacing::place(fTable->model()->item(), fTable->tools()->shownProperties(HostTables::cStack),
-                                fDocuments.document()->history());
-    });
+    fTable->tools()->offerPlacing([this] { placeOnPage(); });
     connect(fTable->model(), &QAbstractItemModel::dataChanged, this, &WStackedSpectraDock::showHeader);
     connect(fTable->model(), &QAbstractItemModel::modelReset, this, &WStackedSpectraDock::showHeader);
     connect(&documents, &TDocumentController::contentChanged, this, &WStackedSpectraDock::showHeader);
     connect(&documents, &TDocumentController::documentShown, this, &WStackedSpectraDock::refresh);
     refresh();
+}
+
+void WStackedSpectraDock::placeOnPage()
+{
+    if (!fDocuments.document())
+        return;
+    TTableProperties properties = fTable->tools()->shownProperties(HostTables::cStack);
+    QStringList columns = properties.columns();
+    for (const int column :
+         {TStackedItemsTableModel::cShow, TStackedItemsTableModel::cUse}) // they only are to be clicked
+        columns.removeAll(QString::number(column));
+    properties.setColumns(columns);
+    TablePlacing::place(fTable->model()->item(), properties, fDocuments.document()->history());
 }
 
 void WStackedSpectraDock::refresh()

@@ -23,6 +23,7 @@ protected:
 
 private:
     void showHeader();
+    void placeOnPage();
 
     TDocumentController &fDocuments;
     TStackEdits fEdits;
