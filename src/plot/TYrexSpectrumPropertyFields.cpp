@@ -292,6 +292,31 @@ TYrexSpectrumPropertyField stackNumber(const QString &key, double lowest, double
         [set](T1DYrexPlot &plot, const QVariant &value) { (plot.stackedProperties().*set)(value.value<TValue>()); });
 }
 
+/// The classes by their names: "color" as text and "mode" as a number.
+QVariant readClasses(T1DYrexPlot &plot)
+{
+    QVariantMap classes;
+    for (const TStackedClassProperties &one : plot.stackedProperties().stackedClasses())
+        classes.insert(one.name, QVariantMap{{"color", one.baseColor.isValid() ? one.baseColor.name() : QString()},
+                                             {"mode", one.colorMode}});
+    return classes;
+}
+
+/// Classes that are not named stay as they are.
+void writeClasses(T1DYrexPlot &plot, const QVariant &value)
+{
+    const QVariantMap classes = value.toMap();
+    for (auto it = classes.constBegin(); it != classes.constEnd(); ++it) {
+        const QVariantMap fields = it.value().toMap();
+        TStackedClassProperties one = plot.stackedProperties().stackedClasses().value(it.key());
+        one.name = it.key();
+        if (fields.contains("color"))
+            one.baseColor = QColor(fields.value("color").toString());
+        one.colorMode = qBound(int(oneColor), fields.value("mode", one.colorMode).toInt(), int(paletteColors));
+        plot.stackedProperties().insertClass(one);
+    }
+}
+
 TFields stackFields()
 {
     using P = T1DYrexPlot;
@@ -310,7 +335,8 @@ TFields stackFields()
              }},
             stackNumber("stack.activePenFactor", 1.0, 5.0, &S::activePenWidthFactor, &S::setActivePenWidthFactor),
             {"stack.fadesUnused", [](P &p) { return QVariant(p.stackedProperties().fadesUnused()); },
-             [](P &p, const QVariant &value) { p.stackedProperties().setFadesUnused(value.toBool()); }}};
+             [](P &p, const QVariant &value) { p.stackedProperties().setFadesUnused(value.toBool()); }},
+            {"stack.classes", readClasses, writeClasses}};
 }
 
 } // namespace

@@ -2,11 +2,13 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexPlotProperties.h"
 #include "TYrexActions.h"
 #include "TYrexHighlightHandler.h"
 #include "TYrexHotAreasHandler.h"
 #include "TYrexMarkEditor.h"
 #include "TYrexPlotTexts.h"
+#include "TYrexSpectrumPropertiesBag.h"
 #include "WYrexSpectrumPropertiesPage.h"
 #include "WYrexStackOptionsDialog.h"
 #include "WYrexZoomDialog.h"
@@ -310,6 +312,14 @@ void TYrexPluginGui::openTemplate(const QString &path)
     WPluginDockWidget *dock = fHost && fHost->gui() ? fHost->gui()->dock(cProcessingDock) : nullptr;
     if (dock)
         QMetaObject::invokeMethod(dock, "open", Qt::DirectConnection, Q_ARG(QString, path));
+}
+
+bool TYrexPluginGui::applyFormat(const TCanvasItemList &items, const QVariantMap &fields)
+{
+    TYrexSpectrumPropertiesBag bag;
+    for (auto it = fields.constBegin(); it != fields.constEnd(); ++it)
+        bag.setValue(it.key(), it.value());
+    return !bag.isEmpty() && fHost && fHost->history().push(new TCmdYrexPlotProperties(items, bag));
 }
 
 void TYrexPluginGui::adjustStackedItems(const TCanvasItemList &items)

@@ -59,6 +59,7 @@ public:
     bool hasPropertiesPages(const TCanvasItem &item) const override;
     WPropertiesPages *createPropertiesPages(QWidget *parent) override;
     QVariantMap formatOf(const TCanvasItem &item) const override;
+    bool applyFormat(const TCanvasItemList &items, const QVariantMap &fields) override;
 
     QString templateTitle() const override;
     bool isTemplate(const QString &path) const override;

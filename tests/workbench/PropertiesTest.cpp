@@ -1,6 +1,8 @@
 #include "TWindowFixture.h"
 #include "WPropertiesDialog.h"
 #include "canvas/TCanvasItem.h"
+#include "contexts/IStackedItemCtx.h"
+#include "plot/T1DStackedPlotProperties.h"
 #include "properties/TPropertiesBag.h"
 #include "stream/TDataStream.h"
 
@@ -12,6 +14,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSlider>
+#include <QTableWidget>
 
 namespace {
 
@@ -218,7 +221,7 @@ TEST_F(PropertiesTest, looksGoThroughTheClipboardAndPresetsAreOneStep)
     EXPECT_EQ(field("plot.frame").toInt(), 1);
     press("pasteButton");
     EXPECT_EQ(field("plot.frame").toInt(), 2);
-    EXPECT_EQ(lastStep().isEmpty(), false);
+    EXPECT_EQ(lastStep(), "Set Zarnu Spectrum Properties");
     EXPECT_EQ(steps(), step + 1);
 }
 
@@ -235,4 +238,30 @@ TEST_F(PropertiesTest, itFollowsTheSelectionToNothing)
     EXPECT_TRUE(control<QPushButton>("closeButton")->isEnabled());
     undo();
     pause();
+}
+
+TEST_F(PropertiesTest, classesOfAStackHaveColoursOfTheirOwn)
+{
+    open(writeCsv("stack.csv", 4));
+    for (int i = 0; i < 4; ++i)
+        item()->stackedContext()->setClassName(i, i < 2 ? "a" : "b");
+    settle();
+    dialog();
+    auto *table = control<QTableWidget>("stack.classes");
+    ASSERT_TRUE(table);
+    ASSERT_EQ(table->rowCount(), 2);
+    EXPECT_EQ(table->item(1, 0)->text(), "b");
+    EXPECT_FALSE(control<QWidget>("title.color")->isEnabled()) << "the title of a stack is as its curve";
+    const QByteArray before = bytesOf(item());
+    const int first = steps();
+    auto *mode = qobject_cast<QComboBox *>(table->cellWidget(1, 1));
+    mode->setCurrentIndex(mode->findText("Sequential"));
+    emit mode->activated(mode->currentIndex());
+    settle();
+    EXPECT_EQ(steps(), first + 1);
+    EXPECT_EQ(item()->stackedContext()->classes().value("b").colorMode, int(sequentialColors));
+    EXPECT_FALSE(item()->stackedContext()->classes().contains("a")) << "what was not touched";
+    EXPECT_EQ(field("stack.colorSetting").toInt(), int(gradientSetting)) << "else the colours would not show";
+    undo();
+    EXPECT_EQ(bytesOf(item()), before);
 }

@@ -56,15 +56,21 @@ void TPropertiesController::follow()
         fDialog->setItems(fSelection.items());
 }
 
+IPluginPropertiesPages *TPropertiesController::pagesOf(const TCanvasItem &item) const
+{
+    for (QObject *each : fHost.plugins()) {
+        auto *plugin = qobject_cast<IPluginPropertiesPages *>(each);
+        if (plugin && plugin->hasPropertiesPages(item))
+            return plugin;
+    }
+    return nullptr;
+}
+
 QVariantMap TPropertiesController::formatOfFirst() const
 {
     const TCanvasItem *item = fSelection.first();
-    for (QObject *each : fHost.plugins()) {
-        const auto *plugin = qobject_cast<IPluginPropertiesPages *>(each);
-        if (item && plugin && plugin->hasPropertiesPages(*item))
-            return plugin->formatOf(*item);
-    }
-    return {};
+    const IPluginPropertiesPages *plugin = item ? pagesOf(*item) : nullptr;
+    return plugin ? plugin->formatOf(*item) : QVariantMap();
 }
 
 void TPropertiesController::copyFormat()
@@ -90,5 +96,8 @@ void TPropertiesController::pasteFormat()
         known->fillFrom(*item);
         fields.insert(TPropertiesBag::fromJson(text, known->values()));
     }
-    fSelection.setProperties(fields);
+    if (IPluginPropertiesPages *plugin = pagesOf(*item))
+        plugin->applyFormat(fSelection.items(), fields);
+    else
+        fSelection.setProperties(fields);
 }

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+class IPluginPropertiesPages;
+class TCanvasItem;
 class TActionTable;
 class TKelmoraHost;
 class WPropertiesDialog;
@@ -26,6 +28,7 @@ public:
 private:
     void showDialog();
     void follow();
+    IPluginPropertiesPages *pagesOf(const TCanvasItem &item) const;
     QVariantMap formatOfFirst() const;
 
     TKelmoraHost &fHost;

@@ -28,6 +28,13 @@ void WYrexColorButton::setColor(const QColor &color)
     draw();
 }
 
+void WYrexColorButton::showInstead(const QString &text)
+{
+    fInstead = text;
+    setEnabled(text.isEmpty());
+    draw();
+}
+
 void WYrexColorButton::choose(const QColor &color)
 {
     if (!color.isValid() || color == fColor)
@@ -54,12 +61,12 @@ void WYrexColorButton::changeEvent(QEvent *event)
 
 void WYrexColorButton::draw()
 {
-    setText(fColor.isValid() ? fColor.name() : tr("(various)"));
+    setText(!fInstead.isEmpty() ? fInstead : fColor.isValid() ? fColor.name() : tr("(various)"));
     QPixmap picture(cSwatch * devicePixelRatioF());
     picture.setDevicePixelRatio(devicePixelRatioF());
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    if (fColor.isValid()) {
+    if (fColor.isValid() && fInstead.isEmpty()) {
         const QRect all(QPoint(0, 0), cSwatch);
         for (int x = 0; fColor.alpha() < 255 && x < cSwatch.width(); x += cCheck) {
             for (int y = 0; y < cSwatch.height(); y += cCheck)

@@ -17,6 +17,9 @@ public:
     /// As if the user had chosen it.
     void choose(const QColor &color);
 
+    /// A text that stands in place of the colour, which then cannot be chosen; empty for none.
+    void showInstead(const QString &text);
+
 signals:
     void chosen(const QColor &color);
 
@@ -28,4 +31,5 @@ private:
     void draw();
 
     QColor fColor;
+    QString fInstead;
 };

@@ -1,9 +1,12 @@
 #include "WYrexSpectrumPropertiesPage.h"
 
+#include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexPlotProperties.h"
 #include "TYrexSpectrum.h"
 #include "TYrexUnits.h"
+#include "WYrexClassesTable.h"
+#include "WYrexColorButton.h"
 #include "YrexActionTables.h"
 #include "YrexPropertyTable.h"
 #include "YrexPropertyValues.h"
@@ -125,11 +128,27 @@ QWidget *WYrexSpectrumPropertiesPage::makeControl(const TYrexPropertyControl &co
         return makeTrigger(control, parent);
     if (control.fKind == TYrexPropertyControl::units)
         return makeUnits(control, parent);
+    if (control.fKind == TYrexPropertyControl::classes)
+        return makeClasses(control, parent);
     const TYrexPropertyWidget made = makeYrexPropertyWidget(
         control, [this, key = control.fKey](const QVariant &value) { edited(key, value); }, parent);
     made.fWidget->setAccessibleName(label.isEmpty() ? yrexPropertyText(control.fText) : label);
     fBound.append({&control, made});
     return made.fWidget;
+}
+
+QWidget *WYrexSpectrumPropertiesPage::makeClasses(const TYrexPropertyControl &control, QWidget *parent)
+{
+    fClasses = new WYrexClassesTable(parent);
+    fClasses->setObjectName(control.fKey);
+    connect(fClasses, &WYrexClassesTable::edited, this,
+            [this, key = control.fKey](const QVariantMap &classes) { edited(key, classes); });
+    fBound.append({&control, {fClasses, [this](const QVariant &value, bool) {
+                                  TCanvasYrexSpectrum *item = first();
+                                  IStackedItemCtx *stack = item ? item->stackedContext() : nullptr;
+                                  fClasses->showClasses(stack ? stack->classNames() : QStringList(), value.toMap());
+                              }}});
+    return fClasses;
 }
 
 QWidget *WYrexSpectrumPropertiesPage::makeTrigger(const TYrexPropertyControl &control, QWidget *parent)
@@ -251,8 +270,21 @@ void WYrexSpectrumPropertiesPage::showFields()
     showNeeds();
 }
 
+/// The title of a stack takes the colour of its active curve.
+void WYrexSpectrumPropertiesPage::showTitleColor()
+{
+    const TCanvasItemList shown = items();
+    const bool isArrayed = !shown.isEmpty() && std::all_of(shown.begin(), shown.end(), [](ICanvasItem *item) {
+        const T1DYrexPlot *plot = yrexItem(item) ? yrexItem(item)->activeYrexPlot() : nullptr;
+        return plot && plot->isArrayed();
+    });
+    if (auto *button = findChild<WYrexColorButton *>("title.color"))
+        button->showInstead(isArrayed ? tr("as curve") : QString());
+}
+
 void WYrexSpectrumPropertiesPage::showNeeds()
 {
+    showTitleColor();
     for (const TBound &bound : qAsConst(fBound)) {
         QString needs = bound.fControl->fNeeds;
         if (needs.isEmpty())
@@ -304,7 +336,10 @@ void WYrexSpectrumPropertiesPage::edited(const QString &key, const QVariant &val
         return;
     }
     beginRun(key);
-    set({{key, value}});
+    QVariantMap fields{{key, value}};
+    if (key == QLatin1String("stack.classes")) // classes have colours of their own in that setting only
+        fields.insert(QStringLiteral("stack.colorSetting"), int(gradientSetting));
+    set(fields);
 }
 
 /// Within a run a step takes the place of the one before, so it may only set the same field.

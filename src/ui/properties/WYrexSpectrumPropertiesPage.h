@@ -15,6 +15,7 @@ class QLineEdit;
 class QMenu;
 class QStackedWidget;
 class TCanvasYrexSpectrum;
+class WYrexClassesTable;
 struct TYrexPropertyControl;
 struct TYrexPropertyPage;
 struct TYrexPropertyRow;
@@ -53,6 +54,7 @@ private:
     QWidget *makePage(const TYrexPropertyPage &page);
     void addRow(QGridLayout *grid, int line, const TYrexPropertyRow &row);
     QWidget *makeControl(const TYrexPropertyControl &control, const QString &label, QWidget *parent);
+    QWidget *makeClasses(const TYrexPropertyControl &control, QWidget *parent);
     QWidget *makeTrigger(const TYrexPropertyControl &control, QWidget *parent);
     QWidget *makeUnits(const TYrexPropertyControl &control, QWidget *parent);
     QWidget *makePlaceholders(QLineEdit *line);
@@ -60,6 +62,7 @@ private:
     void showUnits();
     void showFields();
     void showNeeds();
+    void showTitleColor();
     TCanvasItemList items() const;
     TCanvasYrexSpectrum *first() const;
     void edited(const QString &key, const QVariant &value);
@@ -71,6 +74,7 @@ private:
 
     IPluginHost &fHost;
     QStackedWidget *fStack;
+    WYrexClassesTable *fClasses = nullptr;
     QVector<TBound> fBound;
     QVector<QComboBox *> fUnits; // horizontal, vertical
     QVector<TSecurePtr<TCanvasItem>> fItems;

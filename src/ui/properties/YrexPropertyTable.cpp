@@ -332,6 +332,8 @@ TRows stackRows()
                                                       {sequentialColors, TEXT("Sequential")},
                                                       {paletteColors, TEXT("Palette")}})}),
         row(TEXT("Base colour"), {color("stack.baseColor")}),
+        heading(TEXT("Classes")),
+        row("", {plain(TControl::classes, "stack.classes")}),
         heading(TEXT("Active spectrum")),
         row(TEXT("Curve width factor"), {number("stack.activePenFactor", 1.0, 5.0, 0.1, 1)}),
         row("", {check("stack.fadesUnused", TEXT("Fade spectra that are not used"))}),

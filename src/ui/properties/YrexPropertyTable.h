@@ -16,8 +16,9 @@ struct TYrexPropertyControl
         text,
         titleFormat,
         family,
-        units,  // runs the action of a unit; the field is empty
-        trigger // a button that runs an action of the window; the field is empty
+        classes, // a table of the classes of the stack
+        units,   // runs the action of a unit; the field is empty
+        trigger  // a button that runs an action of the window; the field is empty
     };
 
     TKind fKind = check;

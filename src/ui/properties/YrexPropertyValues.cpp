@@ -73,6 +73,7 @@ QVariantMap builtIn(const TCanvasYrexSpectrum &item)
     QVariantMap fields = standard();
     removeWith(fields, QStringLiteral("spare.")); // nothing that a control shows
     fields.remove(QStringLiteral("peaks.otherColor"));
+    fields.remove(QStringLiteral("stack.classes")); // those of this item
     for (const char *axis : cAxes)
         fields.remove(QString(axis) + "label");
     fields.insert(QStringLiteral("stack.angle"), TDefaultsIni().value("Zarnu/Stack/Angle", cDefAngle));
@@ -101,6 +102,7 @@ QVariantMap defaultsOf(const TCanvasYrexSpectrum &item)
     TYrexSpectrumPropertiesBag bag;
     bag.fillFrom(item);
     QVariantMap fields = bag.values();
+    fields.remove(QStringLiteral("stack.classes")); // names that mean something here only
     for (const char *axis : cAxes) {
         if (fields.value(QString(axis) + "labelFromData").toBool())
             fields.remove(QString(axis) + "label");

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QTableWidget>
+#include <QVariantMap>
+
+/// The classes of a stack: name, how the colours of their spectra are made, and the base colour.
+class WYrexClassesTable : public QTableWidget
+{
+    Q_OBJECT
+
+public:
+    enum TColumn { cName, cMode, cColor, cColumnCount };
+
+    explicit WYrexClassesTable(QWidget *parent = nullptr);
+
+    /// A row for each name that is not empty. `classes` by name: "color" as text and "mode" as a number; those without
+    /// have the usual values.
+    void showClasses(const QStringList &all, const QVariantMap &classes);
+    QSize sizeHint() const override;
+
+signals:
+    /// The class that was edited, in the same form.
+    void edited(const QVariantMap &classes);
+
+private:
+    void addRow(int row, const QString &name);
+    void showRow(int row, const QVariantMap &fields);
+    void edit(const QString &name, const QString &field, const QVariant &value);
+
+    QStringList fNames;
+    QVariantMap fClasses;
+};
