@@ -18,8 +18,8 @@ public:
     /// without one.
     virtual QVector<TDARegion> shownRegions(const QVector<TDARegion> &regions, int index) const = 0;
 
-    /// A band for each region with its name at the top. The bands become the hot areas of the list, by the region's id
-    /// and place.
+    /// A band for each region with its name at the top. Its two limits become hot areas of the list, by the region's id
+    /// and DARegions::TLimitArea.
     void draw(QPainter &painter, const TBasePlotter &plotter, const QVector<TDARegion> &regions, int index,
               TPlotHotAreas &areas) const;
 };
