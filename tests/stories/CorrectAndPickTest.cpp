@@ -111,6 +111,15 @@ TEST_F(CorrectAndPickTest, aFilmIsCorrectedPickedAndExported)
     }
     EXPECT_EQ(overlappingLabels(), 0);
 
+    const QJsonArray stored = savedSpectrum().value("peaks").toArray();
+    EXPECT_EQ(stored.size(), spectrum()->peaks().size());
+    for (const double band : namedBands()) {
+        const bool isThere = std::any_of(stored.begin(), stored.end(), [band](const QJsonValue &peak) {
+            return std::abs(peak.toObject().value("x").toDouble() - band) <= 2.0 + 1e-6 &&
+                   !peak.toObject().value("auto").toBool(true);
+        });
+        EXPECT_TRUE(isThere) << band;
+    }
     const QString path = fFolder.filePath("film.svg");
     exportSvg(path);
     ASSERT_TRUE(waitFor([&] { return QFile::exists(path); }));

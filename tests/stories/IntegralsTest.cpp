@@ -6,6 +6,7 @@
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
+#include <QJsonObject>
 #include <QPushButton>
 #include <QTableView>
 #include <QToolButton>
@@ -128,6 +129,12 @@ TEST_F(IntegralsTest, aReferenceAndATotalOfTwoBands)
     }
     EXPECT_NEAR(value(first) + value(second), 100.0, 1e-9);
     look("7-table");
+    double total = 0.0;
+    for (const QJsonValue &region : savedSpectrum().value("integrals").toObject().value("regions").toArray()) {
+        total += region.toObject().value("value").toDouble();
+        EXPECT_EQ(region.toObject().value("reference").toBool(), region.toObject().value("from").toDouble() < 1450.0);
+    }
+    EXPECT_NEAR(total, 100.0, 1e-6);
 
     const TRange kept = bounds(second);
     key(Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier);

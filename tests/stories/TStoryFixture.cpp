@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -129,6 +130,16 @@ QJsonArray TStoryFixture::info(const QString &path, const QStringList &options)
     EXPECT_TRUE(process.waitForFinished(60000));
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
     return QJsonDocument::fromJson(process.readAllStandardOutput()).array();
+}
+
+QJsonObject TStoryFixture::savedSpectrum()
+{
+    const QString path = fFolder.filePath("story.klm");
+    inDialogs({[path](QWidget *dialog) { chooseFile(dialog, path); }});
+    key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(waitFor([path] { return QFile::exists(path); }));
+    const QJsonObject item = info(path).first().toObject().value("items").toArray().first().toObject();
+    return item.value("spectra").toArray().first().toObject();
 }
 
 QStringList TStoryFixture::zarnu(const QStringList &arguments)

@@ -37,6 +37,8 @@ protected:
     static QByteArray fileBytes(const QString &path);
     /// What `zarnu info --json` tells of a file: an entry for each file, with its spectra.
     static QJsonArray info(const QString &path, const QStringList &options = {});
+    /// The first spectrum of the document, saved by the user, as `zarnu info --json` tells of it.
+    QJsonObject savedSpectrum();
     QStringList zarnu(const QStringList &arguments);
 
     // the hand
