@@ -48,6 +48,8 @@ QVariant otherThan(const QString &key, const QVariant &value)
         return QStringLiteral("Other");
     case QMetaType::Int:
         return value.toInt() == 1 ? 2 : 1;
+    case QMetaType::QVariantMap:
+        return QVariantMap{{"a class", QVariantMap{{"color", "#010203"}, {"mode", 1}}}};
     default:
         break;
     }

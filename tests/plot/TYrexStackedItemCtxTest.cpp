@@ -250,9 +250,13 @@ TEST(TCanvasYrexSpectrum, regionsAnswerBeforeThePlot)
     EXPECT_EQ(stack.item->regionHelper().shownRegions({region}, 0).first().from, 5.0);
     EXPECT_TRUE(stack.item->regionHelper().shownRegions({region}, 4).isEmpty());
     stack.item->regionHelper().draw(painter, *stack.plot().plotter(), {region}, 0, stack.item->regionHotAreas());
-    ASSERT_EQ(stack.item->regionHotAreas().count(), 1);
-    const QRectF band = stack.item->regionHotAreas().at(0).rect();
-    EXPECT_EQ(stack.item->hotAreaAt(stack.item->canvasItem2Wnd(band.center())).id(), region.id);
+    ASSERT_EQ(stack.item->regionHotAreas().count(), 2) << "both limits can be taken, what lies between not";
+    const QRectF first = stack.item->regionHotAreas().at(0).rect();
+    const QRectF second = stack.item->regionHotAreas().at(1).rect();
+    for (const QRectF &limit : {first, second})
+        EXPECT_EQ(stack.item->hotAreaAt(stack.item->canvasItem2Wnd(limit.center())).id(), region.id);
+    const QPointF between = (first.center() + second.center()) / 2.0;
+    EXPECT_NE(stack.item->hotAreaAt(stack.item->canvasItem2Wnd(between)).type(), TPlotHotArea::daRegion);
     stack.item->regionHotAreas().append(
         TPlotHotArea(QRectF(onAxis - QPointF(20, 20), QSizeF(40, 40)), 0, TPlotHotArea::daRegion, region.id));
     EXPECT_EQ(stack.item->hotAreaAt(point).type(), TPlotHotArea::daRegion);

@@ -1,5 +1,4 @@
 // A dilution series of a dye: a calibration line through zero from the area of its band.
-#include "TRegionValuesModel.h"
 #include "TStoryFixture.h"
 #include "WRegionChart.h"
 #include "WRegionValuesDock.h"
@@ -7,6 +6,7 @@
 #include "contexts/IDARegionsItem.h"
 #include "contexts/IStackedItemCtx.h"
 #include "numerics/LinearFit.h"
+#include "tables/TRegionValuesModel.h"
 #include "widgets/TStackedItemsTableModel.h"
 #include "widgets/TTableProxy.h"
 #include "widgets/WStackedItemsTable.h"

@@ -104,7 +104,6 @@ TEST_F(StackDockTest, theTableFollowsTheActiveItemAndItsEditsCanBeUndone)
     EXPECT_TRUE(set(1, TStackedItemsTableModel::cClass, "acid", Qt::EditRole));
     EXPECT_TRUE(set(1, TStackedItemsTableModel::cFactor, "2,5", Qt::EditRole));
     const double value = stack()->arrayedValue(2);
-    const QColor color = stack()->color(0);
     EXPECT_TRUE(set(2, TStackedItemsTableModel::cValue, "37,5", Qt::EditRole));
     EXPECT_DOUBLE_EQ(stack()->arrayedValue(2), 37.5);
     EXPECT_NE(stack()->color(0), color) << "values make an ordered series of it";

@@ -15,6 +15,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
+#include <QSet>
+#include <algorithm>
 
 namespace {
 
@@ -23,6 +25,20 @@ const QString cOpenerName = QStringLiteral("commandPalette");
 QString tr(const char *text)
 {
     return QCoreApplication::translate("TPaletteEntries", text);
+}
+
+/// A table's dock and the action of a module that shows it have one name: the one that can be used stands for both.
+void dropDoubles(QVector<TPaletteEntry> &entries)
+{
+    QSet<QString> usable;
+    for (const TPaletteEntry &entry : qAsConst(entries)) {
+        if (entry.fIsEnabled)
+            usable.insert(entry.fTitle);
+    }
+    const auto isDouble = [&usable](const TPaletteEntry &entry) {
+        return !entry.fIsEnabled && usable.contains(entry.fTitle);
+    };
+    entries.erase(std::remove_if(entries.begin(), entries.end(), isDouble), entries.end());
 }
 
 void addActions(QVector<TPaletteEntry> &entries, const QMenuBar &bar, TActionTable &table)
@@ -47,6 +63,7 @@ void addActions(QVector<TPaletteEntry> &entries, const QMenuBar &bar, TActionTab
         };
         entries.append(entry);
     }
+    dropDoubles(entries);
 }
 
 void addFiles(QVector<TPaletteEntry> &entries, const QStringList &paths, const QString &menu, TFileController &files)

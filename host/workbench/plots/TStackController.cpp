@@ -190,6 +190,7 @@ void TStackController::extractActive()
     TCanvasSpectrum *source = fSelection.first();
     const TCanvasItemList sources{source};
     const int active = fSelection.stack()->activeIndex();
+    const QString shownTitle = fSelection.stack()->title(active);
     const QList<TCanvasItem *> copies = TItemFragment::load(TItemFragment::store(sources));
     if (copies.isEmpty())
         return;
@@ -200,6 +201,8 @@ void TStackController::extractActive()
         if (i != active)
             rest->take(i, left);
     }
+    if (rest && rest->count() == 1 && rest->title(0) != shownTitle)
+        copy->swapTitle(0, shownTitle); // a name by its place in the stack would be lost with the place
     TDocument *document = fSelection.documents().document();
     copy->setLayoutPolicy(TCanvasItem::cOwnRect, false);
     copy->setRect(emptiestCorner(*source->canvas()));
