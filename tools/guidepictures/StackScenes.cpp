@@ -3,6 +3,7 @@
 #include "Scenes.h"
 #include "TDocumentController.h"
 #include "TGuideWindow.h"
+#include "WBatchDialog.h"
 #include "WDocumentView.h"
 #include "WMainWindow.h"
 #include "WPageNavigator.h"
@@ -15,6 +16,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDockWidget>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPainter>
@@ -127,7 +129,17 @@ QImage stackOptions(TGuideWindow &guide)
 
 QImage batch(TGuideWindow &guide)
 {
-    return guide.inDialog([&guide] { guide.trigger("batchProcessing"); }, [](QDialog &) {});
+    guide.trigger("batchProcessing");
+    auto *dialog = guide.window().findChild<WBatchDialog *>();
+    if (!dialog)
+        return QImage();
+    const QString folder = QStringLiteral("/home/lab/week12/");
+    dialog->addPaths({folder + "monday.csv", folder + "tuesday.csv", folder + "wednesday.csv"});
+    dialog->findChild<QLineEdit *>("templateEdit")->setText("/home/lab/clean.kzp");
+    dialog->findChild<QLineEdit *>("folderEdit")->setText(folder + "results");
+    const QImage picture = guide.part(dialog);
+    dialog->reject();
+    return picture;
 }
 
 } // namespace

@@ -162,7 +162,7 @@ QWidget *WBatchDialog::makeOptions()
     auto *options = new QWidget;
     auto *form = new QFormLayout(options);
     form->setContentsMargins(0, 0, 0, 0);
-    const auto add = [this, form](const QString &label, QWidget *place, QWidget *control) {
+    const auto add = [form](const QString &label, QWidget *place, QWidget *control) {
         form->addRow(label, place);
         if (auto *text = qobject_cast<QLabel *>(form->labelForField(place)))
             text->setBuddy(control);

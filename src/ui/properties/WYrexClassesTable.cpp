@@ -51,7 +51,7 @@ void WYrexClassesTable::addRow(int row, const QString &name)
         for (const QPair<int, QString> &choice : choices)
             one->addItem(choice.second, choice.first);
         connect(one, QOverload<int>::of(&QComboBox::activated), this,
-                [this, one, name, field](int index) { edit(name, field, one->itemData(index)); });
+                [this, one, name, field](int index) { editClass(name, field, one->itemData(index)); });
         setCellWidget(row, column, one);
     };
     box(cMode, QStringLiteral("mode"),
@@ -63,7 +63,7 @@ void WYrexClassesTable::addRow(int row, const QString &name)
     color->setObjectName(QStringLiteral("color"));
     color->setAccessibleName(horizontalHeaderItem(cColor)->text() + ' ' + name);
     connect(color, &WYrexColorButton::chosen, this,
-            [this, name](const QColor &chosen) { edit(name, QStringLiteral("color"), chosen.name()); });
+            [this, name](const QColor &chosen) { editClass(name, QStringLiteral("color"), chosen.name()); });
     setCellWidget(row, cColor, color);
 }
 
@@ -97,7 +97,7 @@ void WYrexClassesTable::showClasses(const QStringList &all, const QVariantMap &c
     setEnabled(!fNames.isEmpty());
 }
 
-void WYrexClassesTable::edit(const QString &name, const QString &field, const QVariant &value)
+void WYrexClassesTable::editClass(const QString &name, const QString &field, const QVariant &value)
 {
     QVariantMap fields = fClasses.value(name).toMap();
     fields.insert(field, value);

@@ -25,7 +25,7 @@ signals:
 private:
     void addRow(int row, const QString &name);
     void showRow(int row, const QVariantMap &fields);
-    void edit(const QString &name, const QString &field, const QVariant &value);
+    void editClass(const QString &name, const QString &field, const QVariant &value);
 
     QStringList fNames;
     QVariantMap fClasses;
