@@ -9,6 +9,7 @@
 #include "TYrexMarkEditor.h"
 #include "TYrexPlotTexts.h"
 #include "TYrexSpectrumPropertiesBag.h"
+#include "TYrexUnits.h"
 #include "WYrexSpectrumPropertiesPage.h"
 #include "WYrexStackOptionsDialog.h"
 #include "WYrexZoomDialog.h"
@@ -254,19 +255,36 @@ bool TYrexPluginGui::showZoomDialog(const TCanvasItemList &items, TAxisDir axis)
     }
     auto *dialog = new WYrexZoomDialog(*plot, axis, fHost->gui()->mainWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, &QDialog::accepted, this, [this, dialog, ids] {
-        TCanvasItemList present;
-        for (const QUuid &id : ids) {
-            if (TCanvasItem *item = fHost->document()->item(id))
-                present.append(item);
-        }
-        const QRectF rect = dialog->rect();
-        if (rect.width() > 0.0 && !present.isEmpty())
-            fHost->history().push(new TCmdZoomSpectra(present, rect, TCmdZoomSpectra::cBox));
-    });
+    connect(dialog, &QDialog::accepted, this,
+            [this, dialog, ids, unit = plot->xUnits()] { zoomTo(ids, dialog->rect(), unit); });
     connect(dialog, &QDialog::finished, this, [this] { fHost->gui()->focusPlot(); });
     dialog->open();
     return true;
+}
+
+/// Items that show another unit along x get the same range in theirs, all in one step.
+void TYrexPluginGui::zoomTo(const QVector<QUuid> &ids, const QRectF &rect, int xUnit)
+{
+    if (rect.width() <= 0.0)
+        return;
+    QMap<int, TCanvasItemList> byUnit;
+    for (const QUuid &id : ids) {
+        TCanvasItem *item = fHost->document()->item(id);
+        const TCanvasYrexSpectrum *spectrum = yrexItem(item);
+        if (spectrum)
+            byUnit[spectrum->shownXUnits()].append(item);
+    }
+    TCommandHistory &history = fHost->history();
+    if (byUnit.size() > 1)
+        history.beginMerged();
+    for (auto it = byUnit.constBegin(); it != byUnit.constEnd(); ++it) {
+        QRectF own = rect;
+        own.setLeft(yrexConvertX(rect.left(), xUnit, it.key()));
+        own.setRight(yrexConvertX(rect.right(), xUnit, it.key()));
+        history.push(new TCmdZoomSpectra(it.value(), own, TCmdZoomSpectra::cBox));
+    }
+    if (byUnit.size() > 1)
+        history.endMerged();
 }
 
 bool TYrexPluginGui::hasPropertiesPages(const TCanvasItem &item) const

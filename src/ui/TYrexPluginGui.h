@@ -88,6 +88,7 @@ private slots:
 private:
     void init(IPluginHost *host);
     void addHotAreas(IGuiHost &gui);
+    void zoomTo(const QVector<QUuid> &ids, const QRectF &rect, int xUnit);
     void tellHighlights();
     QUuid itemWithoutMarks() const;
     void tellHiddenMarks() const;

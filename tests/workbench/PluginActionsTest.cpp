@@ -3,6 +3,7 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "canvas/TShownSeries.h"
+#include "plot/TBasePlot.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -135,6 +136,48 @@ TEST_F(PluginActionsTest, aProcessingActionIsSwitchedOnAndOff)
     trigger("redo");
     trigger("yrexSmoothing");
     EXPECT_EQ(shown(), raw);
+}
+
+TEST_F(PluginActionsTest, aZoomInNumbersMeansTheSamePlacesInItemsOfOtherUnits)
+{
+    openBoth();
+    auto *first = static_cast<TCanvasSpectrum *>(view()->selection().active());
+    TCanvasItemList others = document()->items();
+    others.removeAll(first);
+    auto *other = static_cast<TCanvasSpectrum *>(canvasItem(others.first()));
+    view()->selection().select(other);
+    trigger("yrexSetSpecHUnitsToMicrometers");
+    view()->selection().select(first);
+    view()->selection().select(other, true);
+    const int steps = document()->history().stack()->count();
+    trigger("zoomDialog");
+    auto *dialog = fWindow->findChild<QDialog *>("WYrexZoomDialog");
+    ASSERT_TRUE(dialog);
+    const bool isMicrometers = dialog->findChild<QDoubleSpinBox *>("toDoubleSpinBox")->maximum() < 100.0;
+    dialog->findChild<QDoubleSpinBox *>("fromDoubleSpinBox")->setValue(isMicrometers ? 10.0 : 1000.0);
+    dialog->findChild<QDoubleSpinBox *>("toDoubleSpinBox")->setValue(isMicrometers ? 20.0 : 500.0);
+    dialog->accept();
+    settle();
+    const TRange wavenumbers = first->activePlot()->axis(horzDir).getScale();
+    const TRange micrometers = other->activePlot()->axis(horzDir).getScale();
+    EXPECT_NEAR(wavenumbers.lo(), 500.0, 1e-6);
+    EXPECT_NEAR(wavenumbers.hi(), 1000.0, 1e-6);
+    EXPECT_NEAR(micrometers.lo(), 10.0, 1e-6);
+    EXPECT_NEAR(micrometers.hi(), 20.0, 1e-6);
+    EXPECT_EQ(document()->history().stack()->count(), steps + 1);
+}
+
+TEST_F(PluginActionsTest, arithmeticLeavesAShownBaselineAlone)
+{
+    openBoth();
+    trigger("yrexALSBaselineCorr");
+    fWindow->findChild<QCheckBox *>("yrexalsbaselineshowonlyCheckBox")->setChecked(true);
+    const QImage before = picture();
+    ASSERT_TRUE(inDialog([](QDialog &dialog) {
+        EXPECT_FALSE(ok(dialog)->isEnabled());
+        dialog.reject();
+    }));
+    EXPECT_EQ(picture(), before);
 }
 
 TEST_F(PluginActionsTest, verticalUnitsAreConvertedByMenuAndKey)

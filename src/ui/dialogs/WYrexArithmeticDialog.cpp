@@ -334,6 +334,7 @@ void WYrexArithmeticDialog::updatePreview()
         dropPreview();
         return;
     }
+    fIsPreviewing = true;
     a->allocPreview(count);
     std::copy_n(a->values().constData(), count, a->preview());
     TCmdYrexArithmeticOp::addMultiple(count, -k, b->values().constData(), a->preview());
@@ -343,8 +344,9 @@ void WYrexArithmeticDialog::updatePreview()
 void WYrexArithmeticDialog::dropPreview()
 {
     TYrexSpectrum *a = fSpectrumA ? fSpectrumA->currentSpectrum() : nullptr;
-    if (!a || !a->preview())
+    if (!a || !fIsPreviewing) // one that was there before is that of a baseline
         return;
+    fIsPreviewing = false;
     a->freePreview();
     fSpectrumA->update();
 }

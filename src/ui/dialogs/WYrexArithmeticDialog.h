@@ -62,6 +62,7 @@ private:
     TCanvasYrexSpectrum *fSpectrumB = nullptr;
     TYrexSpectrumListTableModel *fModel;
     int fPreviewPoints = 0;
+    bool fIsPreviewing = false;
     double fFactor; // the first one
     QRect fKeepClear;
     bool fIsPlaced = false;
