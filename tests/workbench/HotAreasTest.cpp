@@ -62,6 +62,31 @@ TEST_F(HotAreasTest, whatIsClickedStaysHighlightedAndIsDeletedBeforeTheItem)
     EXPECT_TRUE(document()->items().isEmpty()) << "nothing was highlighted any more";
 }
 
+TEST_F(HotAreasTest, deleteIsForTheItemThatWasChosenSince)
+{
+    openMarks();
+    click(peakLabels().first());
+    moveTo(at(0.5, 0.4));
+    action("duplicate")->trigger();
+    settle();
+    ASSERT_EQ(document()->items().size(), 2);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(document()->items().size(), 1) << "the copy, not the peak of the other item";
+    EXPECT_EQ(peakLabels().size(), 2);
+}
+
+TEST_F(HotAreasTest, marksThatAreGoneTakeNoKey)
+{
+    openMarks();
+    click(peakLabels().first());
+    moveTo(at(0.5, 0.4));
+    action("yrexDeleteAllPeaksVisible")->trigger();
+    settle();
+    ASSERT_TRUE(peakLabels().isEmpty());
+    key(Qt::Key_Delete);
+    EXPECT_TRUE(document()->items().isEmpty());
+}
+
 TEST_F(HotAreasTest, aMarkUnderTheMouseCountsOnlyWhileNoOthersAreHighlighted)
 {
     openMarks();

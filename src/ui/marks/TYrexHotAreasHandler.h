@@ -55,6 +55,8 @@ private:
     std::unique_ptr<TYrexAreaDrag> dragOf(const TMouseSpot &press) const;
     std::unique_ptr<TYrexAreaDrag> rowsDrag(const TMouseSpot &press) const;
     TCanvasYrexSpectrum *keyItem() const;
+    /// The item whose highlighted marks keys act on; null for none.
+    TCanvasYrexSpectrum *markedItem() const;
     /// The place of the one mark that is highlighted among those; -1 for none or several.
     int highlighted(const QVector<TYrexMarkPlace> &marks) const;
     bool step(bool back);

@@ -10,9 +10,11 @@
 #include "YrexModeIds.h"
 #include "commands/TCommandHistory.h"
 #include "plot/TPlotReadout.h"
+#include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 #include <cmath>
 
 TCanvasYrexSpectrum *TYrexHotAreasHandler::keyItem() const
@@ -20,6 +22,24 @@ TCanvasYrexSpectrum *TYrexHotAreasHandler::keyItem() const
     TCanvasItemList &selected = fHost.itemList();
     ICanvasItem *active = selected.isRttiActive(TCanvasYrexSpectrum::cRtti);
     return yrexItem(active ? active : selected.firstRtti(TCanvasYrexSpectrum::cRtti));
+}
+
+/// Keys go to the item that is active, or to the mark under the mouse: what was highlighted before another item was
+/// chosen may be on another page. Marks that others deleted are none.
+TCanvasYrexSpectrum *TYrexHotAreasHandler::markedItem() const
+{
+    TCanvasYrexSpectrum *marked = fHighlights.item();
+    const TYrexSpectrum *spectrum = marked ? marked->currentSpectrum() : nullptr;
+    if (!spectrum || (marked != keyItem() && marked != item()) || (fHost.gui() && fHost.gui()->editSession()))
+        return nullptr;
+    const QSet<QUuid> &peaks = fHighlights.peaks();
+    const QSet<QUuid> &integrals = fHighlights.integrals();
+    const bool isThere =
+        std::any_of(peaks.begin(), peaks.end(),
+                    [spectrum](const QUuid &id) { return TYrexDPLib::indexOfId(spectrum->peaks(), id) >= 0; }) ||
+        std::any_of(integrals.begin(), integrals.end(),
+                    [spectrum](const QUuid &id) { return spectrum->integrals().indexOf(id) >= 0; });
+    return isThere ? marked : nullptr;
 }
 
 int TYrexHotAreasHandler::highlighted(const QVector<TYrexMarkPlace> &marks) const
@@ -42,7 +62,7 @@ bool TYrexHotAreasHandler::wantsKey(const QKeyEvent &event) const
     const TCanvasYrexSpectrum *item = keyItem();
     switch (event.key()) {
     case Qt::Key_Delete:
-        return fHighlights.item() || area().type() == TPlotHotArea::daRegion;
+        return markedItem() || area().type() == TPlotHotArea::daRegion;
     case Qt::Key_Tab:
     case Qt::Key_Backtab: {
         if (mode() == YrexModes::baselinePointsModeID)
@@ -78,7 +98,7 @@ bool TYrexHotAreasHandler::keyPress(QKeyEvent *event)
 
 bool TYrexHotAreasHandler::markSpot(TMouseSpot &spot) const
 {
-    const TCanvasYrexSpectrum *item = view() ? fHighlights.item() : nullptr;
+    const TCanvasYrexSpectrum *item = view() ? markedItem() : nullptr;
     const QVector<TYrexMarkPlace> all = item ? YrexMarkPlaces::inOrder(*item) : QVector<TYrexMarkPlace>();
     const int place = highlighted(all);
     if (place < 0)
@@ -125,7 +145,7 @@ bool TYrexHotAreasHandler::deleteMarks()
         TYrexDataAnalysisHandler(*fHost.gui()).remove(fHost.history(), *pointed, region);
         return true;
     }
-    TCanvasYrexSpectrum *item = fHighlights.item();
+    TCanvasYrexSpectrum *item = markedItem();
     const TYrexSpectrum *spectrum = item ? item->currentSpectrum() : nullptr;
     if (!spectrum)
         return false;
@@ -148,7 +168,7 @@ bool TYrexHotAreasHandler::deleteMarks()
 
 bool TYrexHotAreasHandler::editMark()
 {
-    TCanvasYrexSpectrum *item = fHighlights.item();
+    TCanvasYrexSpectrum *item = markedItem();
     const QVector<TYrexMarkPlace> all = item ? YrexMarkPlaces::inOrder(*item) : QVector<TYrexMarkPlace>();
     const int place = highlighted(all);
     if (place < 0)
