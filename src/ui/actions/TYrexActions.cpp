@@ -299,7 +299,7 @@ bool TYrexActions::deleteVisiblePeaks() const
         return false;
     const TRange scale = plot->horzAxis().getScale();
     const auto inUnitOf = [plot](double x, const T1DYrexPlot &other) {
-        return yrexConvertX(yrexConvertX(x, plot->xUnits(), cUnitWavenumber), cUnitWavenumber, other.xUnits());
+        return yrexConvertX(x, plot->xUnits(), other.xUnits());
     };
     TCommandHistory &history = fHost.history();
     history.beginMerged(tr("Delete peaks from visible range"));

@@ -20,12 +20,6 @@ namespace {
 constexpr double cBandAlpha = 0.12;
 constexpr double cFillAlpha = 0.35;
 
-/// An x of one item's plot in the unit that another one shows.
-double inUnitOf(double x, int unit, const TYrexModePlot &other)
-{
-    return yrexConvertX(yrexConvertX(x, unit, cUnitWavenumber), cUnitWavenumber, other.xUnits());
-}
-
 } // namespace
 
 TMMActYrexDeleteIntegrals::TMMActYrexDeleteIntegrals(IPluginHost &host)
@@ -117,8 +111,8 @@ void TMMActYrexDeleteIntegrals::paintDrag(const TYrexModePaint &paint, const TYr
         const TYrexModePlot own(yrexItem(entry), *view());
         if (!own.isValid())
             continue;
-        const double from = own.pointAt(inUnitOf(drag.fStartX, plot.xUnits(), own));
-        const double to = own.pointAt(inUnitOf(drag.fX, plot.xUnits(), own));
+        const double from = own.pointAt(yrexConvertX(drag.fStartX, plot.xUnits(), own.xUnits()));
+        const double to = own.pointAt(yrexConvertX(drag.fX, plot.xUnits(), own.xUnits()));
         const QRectF band = QRectF(QPointF(from, 0.0), QPointF(to, 0.0)).normalized();
         for (const TYrexIntegrationRegion *region : own.spectrum()->integrals()) {
             if (!Utils::Geometry::intersect(YrexIntegralGroup::rectOf(*region), band).isNull())

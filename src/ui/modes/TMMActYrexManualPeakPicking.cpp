@@ -23,11 +23,6 @@ constexpr int cBudget = 20;     // milliseconds that a preview may take
 constexpr int cRestPause = 150; // milliseconds after the last move
 constexpr double cBandAlpha = 0.12;
 
-double inUnitOf(double x, int unit, int other)
-{
-    return yrexConvertX(yrexConvertX(x, unit, cUnitWavenumber), cUnitWavenumber, other);
-}
-
 } // namespace
 
 TMMActYrexManualPeakPicking::TMMActYrexManualPeakPicking(IPluginHost &host)
@@ -188,8 +183,8 @@ void TMMActYrexManualPeakPicking::finished(const TYrexModePlot &plot, const TYre
     if (byUnit.size() > 1)
         history.beginMerged();
     for (auto it = byUnit.constBegin(); it != byUnit.constEnd(); ++it) {
-        const QRectF range(QPointF(inUnitOf(drag.fStartX, unit, it.key()), 0.0),
-                           QPointF(inUnitOf(drag.fX, unit, it.key()), 0.0));
+        const QRectF range(QPointF(yrexConvertX(drag.fStartX, unit, it.key()), 0.0),
+                           QPointF(yrexConvertX(drag.fX, unit, it.key()), 0.0));
         history.push(new TCmdYrexManualPeakPicking(it.value(), range, deletes, level));
     }
     if (byUnit.size() > 1)

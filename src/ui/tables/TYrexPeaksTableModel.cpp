@@ -3,6 +3,7 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexEditPeak.h"
+#include "TYrexMarkPlaces.h"
 #include "TYrexPeakWidth.h"
 #include "TYrexUnits.h"
 #include "commands/TCommandHistory.h"
@@ -17,12 +18,6 @@ constexpr int cSignificant = 4;
 constexpr double cStrong = 0.66; // of the highest
 constexpr double cMedium = 0.33;
 constexpr double cLowestTransmittance = 1e-6; // below the sensitivity of any instrument
-
-/// The x value at a place among the points, which may be a fraction.
-double xAt(const TYrexSpectrum &spectrum, double place, int unit)
-{
-    return yrexConvertX(spectrum.firstX() + place * spectrum.xStep(), spectrum.origXUnits(), unit);
-}
 
 QString withUnit(const QString &title, int unit)
 {
@@ -84,7 +79,7 @@ QVector<TYrexPeaksTableModel::TRow> TYrexPeaksTableModel::rowsOf(const TCanvasYr
     const TYrexSpectrum &spectrum = *item.stack().at(index);
     const QVector<TYrexDPLib::TYrexDPPeak> peaks = item.dataObj()->peakList(xUnit, index);
     const int count = spectrum.pointCount();
-    const double span = xAt(spectrum, count - 1, xUnit) - xAt(spectrum, 0.0, xUnit);
+    const double span = YrexMarkPlaces::xAt(spectrum, count - 1, xUnit) - YrexMarkPlaces::xAt(spectrum, 0.0, xUnit);
     QVector<TRow> rows;
     for (int i = 0; i < peaks.size(); ++i) {
         const TYrexDPLib::TYrexDPPeak &stored = *spectrum.peaks().at(i);
@@ -95,7 +90,8 @@ QVector<TYrexPeaksTableModel::TRow> TYrexPeaksTableModel::rowsOf(const TCanvasYr
         row.fPlace = i;
         row.fYUnit = spectrum.yUnits();
         if (band.isValid())
-            row.fWidth = std::abs(xAt(spectrum, band.fRight, xUnit) - xAt(spectrum, band.fLeft, xUnit));
+            row.fWidth = std::abs(YrexMarkPlaces::xAt(spectrum, band.fRight, xUnit) -
+                                  YrexMarkPlaces::xAt(spectrum, band.fLeft, xUnit));
         row.fStep = std::abs(span) / qMax(1, count - 1);
         row.fTitle = item.spectrumTitle(index);
         rows.append(row);
