@@ -251,6 +251,20 @@ TEST_F(ProcessingDockTest, rowsAreCopiedMovedAndRemoved)
     EXPECT_EQ(rowOf(cSmoothing), row);
 }
 
+TEST_F(ProcessingDockTest, theControlsAreThoseOfTheChosenRowWhenOthersChangeTheChain)
+{
+    open(writeCsv("one.csv"));
+    choose(cSmoothing);
+    the<QPushButton>("pushButtonUpAction")->click();
+    undo()->undo();
+    EXPECT_FALSE(the<QGroupBox>("yrexSmoothingGroupBox")->isVisibleTo(fWindow.get())) << "its row is another one now";
+    const int row = list()->row(list()->selectedItems().value(0));
+    EXPECT_NE(list()->item(row)->type(), cSmoothing);
+    the<QSpinBox>("sgsmoothingkerlenSpinBox")->setValue(31);
+    const QJsonArray chain = QJsonDocument::fromJson(item()->chainText()).array();
+    EXPECT_FALSE(chain.at(row).toObject().contains("sgsmoothingkerlen")) << "no key of another action";
+}
+
 TEST_F(ProcessingDockTest, templatesAndTheClipboardCarryChains)
 {
     open(writeCsv("one.csv"));

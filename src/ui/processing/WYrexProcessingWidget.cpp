@@ -230,8 +230,17 @@ void WYrexProcessingWidget::fill()
     fStackNote->setVisible(hidden > 0);
     fStackNote->setText(hidden == 1 ? tr("1 action needs a stack.") : tr("%1 actions need a stack.").arg(hidden));
     fList->setBoldRow(fRow);
-    fillPanel();
+    showPanel();
     updateButtons();
+}
+
+/// The controls of the row that is chosen, if it is the only one. Another chain may have another action there.
+void WYrexProcessingWidget::showPanel()
+{
+    const QListWidgetItem *chosen = fList->item(fRow);
+    const bool isOne = chosen && !chosen->isHidden() && fList->selectedRows().size() < 2;
+    fPanels->showPanel(isOne ? fParams.actionId(fRow) : -1);
+    fillPanel();
 }
 
 void WYrexProcessingWidget::fillPanel()
@@ -245,16 +254,12 @@ void WYrexProcessingWidget::fillPanel()
 
 void WYrexProcessingWidget::updateControls()
 {
-    QVector<int> rows = fList->selectedRows();
+    const QVector<int> rows = fList->selectedRows();
     if (!rows.isEmpty())
         fRow = rows.first();
-    else if (fRow >= 0 && fRow < fParams.actionCount())
-        rows.append(fRow);
     fOpenSave->clearFileName();
     fList->setBoldRow(fRow);
-    const bool isOne = rows.size() == 1 && fList->item(fRow) && !fList->item(fRow)->isHidden();
-    fPanels->showPanel(isOne ? fParams.actionId(fRow) : -1);
-    fillPanel();
+    showPanel();
     updateButtons();
 }
 
@@ -290,6 +295,7 @@ void WYrexProcessingWidget::updateEnabled()
     fBaselineNote->setVisible(isBaselineShown);
     fGroup->setEnabled(!isBaselineShown && !isMultipointEdited());
     fOpenSaveFrame->setEnabled(!isBaselineShown && !isMultipointEdited());
+    fPanels->setEnabled(!isMultipointEdited());
     updateMultipointButton();
 }
 
@@ -342,6 +348,10 @@ void WYrexProcessingWidget::apply(QWidget *control)
     }
     if (fPanels->current() == fPanels->multipoint() && isMultipointEdited()) {
         endMultipoint(fList->isChecked(fRow));
+        return;
+    }
+    if (isMultipointEdited()) {
+        fill(); // the chain is that of the session, which no command may take over
         return;
     }
     refuseConversion(chain);

@@ -65,6 +65,7 @@ private:
     bool isMultipointEdited() const;
     /// Shows the working copy.
     void fill();
+    void showPanel();
     void fillPanel();
     QVector<TYrexChainRow> rowsOfList() const;
     void select(int row);
