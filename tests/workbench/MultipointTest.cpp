@@ -14,7 +14,9 @@
 #include <QDialog>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
+#include <QSpinBox>
 #include <QTableView>
 
 namespace {
@@ -173,6 +175,49 @@ TEST_F(MultipointTest, keysEditTheSelectedPointAndEscapeStays)
     click(at(0.3, 0.5));
     drag(pointAt(0), QPoint(at(0.3, 0.5).x(), view()->viewport()->height() - 2)); // out of the plot
     EXPECT_EQ(points(), 0);
+}
+
+TEST_F(MultipointTest, keysWaitForTheEndOfADrag)
+{
+    start();
+    click(at(0.3, 0.5), Qt::ControlModifier);
+    const QPoint place = pointAt(0);
+    QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, place);
+    moveTo(place + QPoint(20, 0), Qt::LeftButton);
+    key(Qt::Key_Delete);
+    ASSERT_EQ(points(), 1) << "the mouse holds it";
+    ASSERT_NE(item(), nullptr);
+    moveTo(place + QPoint(40, 0), Qt::LeftButton);
+    QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, place + QPoint(40, 0));
+    key(Qt::Key_Delete);
+    EXPECT_EQ(points(), 0);
+}
+
+TEST_F(MultipointTest, theChainWaitsForTheEndOfTheSession)
+{
+    openSlope();
+    auto *processing = fHost.gui()->dock("yrexProcessingWidget");
+    fHost.gui()->showDock("yrexProcessingWidget", true);
+    auto *list = processing->findChild<QListWidget *>();
+    for (int row = 0; row < list->count(); ++row) {
+        if (list->item(row)->type() == 3) // smoothing
+            list->setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
+    }
+    fHost.gui()->showDock("parametersTable", true);
+    auto *parameters = fHost.gui()->dock("parametersTable")->findChild<QTableView *>();
+    EXPECT_TRUE(parameters->isEnabled());
+    key(Qt::Key_B);
+    EXPECT_FALSE(parameters->isEnabled()) << "what it edits would go with the session";
+    auto *kernel = processing->findChild<QSpinBox *>("sgsmoothingkerlenSpinBox");
+    const int steps = document()->history().stack()->count();
+    EXPECT_FALSE(kernel->isEnabled());
+    kernel->setValue(31);
+    settle();
+    EXPECT_TRUE(dock()->isVisible());
+    EXPECT_EQ(document()->history().stack()->count(), steps);
+    trigger("action_Cancel");
+    EXPECT_TRUE(kernel->isEnabled());
+    EXPECT_TRUE(parameters->isEnabled());
 }
 
 TEST_F(MultipointTest, theTableEditsPointsAndTheClipboardCarriesThem)

@@ -69,4 +69,6 @@ constexpr TYrexDockAction cDockActions[] = {
 constexpr char cProcessingDock[] = "yrexProcessingWidget";
 constexpr char cRecentProcessingKey[] = "Zarnu/Recent/Processing";
 constexpr char cIntegralsDock[] = "yrexIntegralsTable";
+constexpr char cPeaksDock[] = "yrexPeaksTable";
+constexpr char cParametersDock[] = "parametersTable";
 constexpr char cMultipointDock[] = "yrexMultipointBCWidget";

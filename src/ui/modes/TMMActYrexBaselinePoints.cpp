@@ -142,6 +142,8 @@ bool TMMActYrexBaselinePoints::wantsKey(const QKeyEvent &event) const
 {
     if (!session() || event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))
         return false;
+    if (fIsPressed) // other keys move the pointer, if they do the pressing
+        return event.key() == Qt::Key_Delete;
     const int selected = dock()->selectedPoint();
     switch (event.key()) {
     case Qt::Key_Tab:
@@ -338,6 +340,8 @@ bool TMMActYrexBaselinePoints::keyPress(QKeyEvent *event)
 {
     if (!session() || !wantsKey(*event))
         return false;
+    if (fIsPressed)
+        return true; // a point is held by its number
     const int selected = dock()->selectedPoint();
     switch (event->key()) {
     case Qt::Key_Tab:

@@ -4,6 +4,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexProcessing.h"
 #include "TYrexBaselinePointsModel.h"
+#include "TYrexCursorInfoHandler.h"
 #include "TYrexUnits.h"
 #include "WYrexBaselinePointDialog.h"
 #include "WYrexMultipointForm.h"
@@ -29,21 +30,6 @@ namespace {
 
 constexpr int cManyPoints = 5;   // more of them are not cleared without asking
 constexpr int cMoreDecimals = 2; // behind those that tell two pixels apart
-
-QString unitText(int unit)
-{
-    switch (unit) {
-    case cUnitWavenumber:
-    case cUnitRamanShift:
-        return QStringLiteral("cm-1");
-    case cUnitMicrometers:
-        return QString::fromUtf8("\u00B5m");
-    case cUnitNanometers:
-        return QStringLiteral("nm");
-    default:
-        return QString();
-    }
-}
 
 } // namespace
 
@@ -178,7 +164,8 @@ void WYrexMultipointBaselineDock::editPlace(int index)
     const TYrexBaselinePoint point = fSession->points().at(index);
     const TRange limits(fSession->xOf(0.0, shownUnit()), fSession->xOf(fSession->stage().size() - 1.0, shownUnit()));
     auto *dialog = new WYrexBaselinePointDialog(QPointF(fSession->xOf(point.x, shownUnit()), point.y), limits,
-                                                unitText(shownUnit()), plot.viewDecimals(horzDir) + cMoreDecimals,
+                                                TYrexCursorInfoHandler::unitSign(shownUnit()),
+                                                plot.viewDecimals(horzDir) + cMoreDecimals,
                                                 plot.viewDecimals(vertDir) + cMoreDecimals, fHost.gui()->mainWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     const TYrexMultipointSession *of = fSession.get();
@@ -233,7 +220,7 @@ void WYrexMultipointBaselineDock::begin()
     });
     fSession->begin();
     fHost.gui()->hideWarningBar(QCoreApplication::translate("TYrexActions", "No multipoint baseline yet."));
-    fModel->setSession(fSession.get(), shownUnit(), unitText(shownUnit()));
+    fModel->setSession(fSession.get(), shownUnit(), TYrexCursorInfoHandler::unitSign(shownUnit()));
     fForm->setPreviewChecked(false);
     fHost.gui()->setEditSession(this);
     if (fHost.gui()->mouseMode() != YrexModes::baselinePointsModeID)
@@ -309,7 +296,7 @@ void WYrexMultipointBaselineDock::refresh()
         });
         return;
     }
-    fModel->setSession(fSession.get(), shownUnit(), unitText(shownUnit()));
+    fModel->setSession(fSession.get(), shownUnit(), TYrexCursorInfoHandler::unitSign(shownUnit()));
     showState();
 }
 
@@ -470,7 +457,7 @@ void WYrexMultipointBaselineDock::sessionEnded()
 /// Docks that are closed while points are edited.
 void WYrexMultipointBaselineDock::refreshOthers()
 {
-    for (const char *name : {cProcessingDock, cIntegralsDock})
+    for (const char *name : {cProcessingDock, cIntegralsDock, cPeaksDock, cParametersDock})
         fHost.gui()->refreshTable(name);
 }
 

@@ -7,7 +7,6 @@
 #include "TYrexHighlightHandler.h"
 #include "TYrexIntegralsSpectraModel.h"
 #include "TYrexIntegralsTableModel.h"
-#include "YrexActionTables.h"
 #include "YrexPageTables.h"
 #include "commands/TCmdEditRegions.h"
 #include "commands/TCmdZoomSpectra.h"
@@ -181,32 +180,14 @@ void WYrexIntegralsDock::connectTop()
     });
 }
 
-QString WYrexIntegralsDock::whyNot() const
-{
-    const QString reason = WYrexTableDock::whyNot();
-    const bool isEditing = host().gui() && host().gui()->editSession();
-    return reason.isEmpty() && isEditing ? tr("Baseline points are being edited.") : reason;
-}
-
 QString WYrexIntegralsDock::remark() const
 {
     const TCanvasYrexSpectrum *shown = spectrumItem();
     return shown && shown->isStacked() ? tr("%1 spectra").arg(shown->stack().count()) : QString();
 }
 
-/// Grey as long as baseline points are edited; their dock may be made after this one.
-void WYrexIntegralsDock::watchMultipoint()
-{
-    WPluginDockWidget *points = host().gui() ? host().gui()->dock(cMultipointDock) : nullptr;
-    if (fIsWatching || !points)
-        return;
-    fIsWatching = true;
-    connect(points, &QDockWidget::visibilityChanged, this, &WYrexIntegralsDock::refresh);
-}
-
 void WYrexIntegralsDock::read(TCanvasYrexSpectrum *item)
 {
-    watchMultipoint();
     if (item != fModel->item())
         fNormalizationRun.end();
     fModel->read(item);

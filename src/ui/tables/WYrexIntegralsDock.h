@@ -25,7 +25,6 @@ public:
 
 protected:
     void read(TCanvasYrexSpectrum *item) override;
-    QString whyNot() const override;
     QString remark() const override;
 
 private:
@@ -33,7 +32,6 @@ private:
     void makeRatio();
     void connectTable();
     void connectTop();
-    void watchMultipoint();
     void showHighlights();
     void chooseRows();
     void setNormalization(double value);
@@ -61,5 +59,4 @@ private:
     QToolButton *fPlot;
     TYrexEditRun fNormalizationRun;
     bool fIsChoosing = false; // the table tells the plot
-    bool fIsWatching = false; // the dock of baseline points, which may come later
 };

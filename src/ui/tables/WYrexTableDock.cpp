@@ -57,7 +57,10 @@ TCanvasYrexSpectrum *WYrexTableDock::spectrumItem() const
 
 QString WYrexTableDock::whyNot() const
 {
-    return spectrumItem() ? QString() : tr("No spectrum is active.");
+    if (!spectrumItem())
+        return tr("No spectrum is active.");
+    // the spectrum is a stage of its chain then, and the end of the session puts back what it found
+    return fHost.gui() && fHost.gui()->editSession() ? tr("Baseline points are being edited.") : QString();
 }
 
 void WYrexTableDock::refresh()

@@ -30,7 +30,7 @@ protected:
     /// Reads the item anew; null for none.
     virtual void read(TCanvasYrexSpectrum *item) = 0;
     /// Why the dock is grey as a whole, in a line; empty when it is not.
-    virtual QString whyNot() const;
+    QString whyNot() const;
     /// What stands behind the names.
     virtual QString remark() const { return QString(); }
     bool push(TCommand *command) const;
