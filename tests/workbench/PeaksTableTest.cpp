@@ -2,6 +2,7 @@
 #include "TTableFixture.h"
 #include "plot/T1DStackedPlot.h"
 
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QToolButton>
 
@@ -66,6 +67,27 @@ TEST_F(PeaksTableTest, anAnnotationIsOneStepAndADeletionTakesOnlyTheSelectedPeak
     settle();
     ASSERT_EQ(rows(), 2);
     EXPECT_EQ(cell(1, "annotation"), "");
+}
+
+TEST_F(PeaksTableTest, theOfferOfTheBarStaysWithItsSpectrum)
+{
+    openPicked();
+    TCanvasSpectrum *original = item();
+    table()->view()->selectRow(0);
+    press(Qt::Key_Delete);
+    const QByteArray chain = original->chainText();
+    trigger("duplicate");
+    TCanvasItemList others = document()->items();
+    others.removeAll(original);
+    ASSERT_EQ(others.size(), 1);
+    auto *copy = static_cast<TCanvasSpectrum *>(canvasItem(others.first()));
+    for (QAbstractButton *one : fWindow->findChildren<QAbstractButton *>()) {
+        if (one->text() == "Switch Auto Peak Picking Off")
+            one->click();
+    }
+    settle();
+    EXPECT_NE(original->chainText(), chain);
+    EXPECT_EQ(copy->chainText(), chain);
 }
 
 TEST_F(PeaksTableTest, selectedRowsAreHighlightedPeaksBothWays)

@@ -7,6 +7,7 @@
 #include "TYrexHighlightHandler.h"
 #include "TYrexPeaksTableModel.h"
 #include "YrexPageTables.h"
+#include "canvas/TDocument.h"
 #include "commands/TCmdZoomSpectra.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
@@ -149,7 +150,13 @@ void WYrexPeaksDock::offerNoAutoPicking()
         return;
     const QString text = tr("Peaks of Auto Peak Picking come back at the next run of the chain.");
     gui->statusMessage(text);
-    gui->showWarningBar(text, tr("Switch Auto Peak Picking Off"), [picking] {
+    const QUuid id = spectrumItem()->uniqueId();
+    gui->showWarningBar(text, tr("Switch Auto Peak Picking Off"), [&host = host(), picking, id] {
+        TCanvasItem *item = host.document() ? host.document()->item(id) : nullptr;
+        if (!item)
+            return;
+        host.gui()->showItem(item); // another one may have been chosen since
+        host.gui()->updateActions();
         if (picking->isChecked())
             picking->trigger();
     });
