@@ -409,3 +409,27 @@ TEST_F(MultipointTest, aCopyOfTheDocumentHoldsTheStateBeforeTheSession)
     trigger("action_Apply");
     EXPECT_EQ(lastStep(), "Processing");
 }
+
+TEST_F(MultipointTest, otherEditsOfTheDocumentWaitForTheAnswer)
+{
+    openSlope();
+    const QByteArray before = bytes();
+    TCommandHistory &history = fWindow->documents().document()->history();
+    const auto move = [this, &history] {
+        const QRectF place = item()->rect().translated(10.0, 0.0);
+        return history.push(new TCmdMoveItem(TCanvasItemList{item()}, {place}));
+    };
+    key(Qt::Key_B);
+    trigger("action_BorderPoints");
+    const QByteArray during = bytes();
+    fAnswer = QMessageBox::Cancel;
+    EXPECT_FALSE(move());
+    EXPECT_EQ(bytes(), during);
+    EXPECT_EQ(points(), 2);
+    fAnswer = QMessageBox::Discard;
+    EXPECT_TRUE(move());
+    EXPECT_FALSE(fHost.gui()->editSession());
+    history.stack()->undo();
+    EXPECT_EQ(bytes(), before);
+    EXPECT_TRUE(move()) << "nobody is asked any more";
+}

@@ -187,6 +187,9 @@ bool TCommandHistory::push(TCommand *command)
     std::unique_ptr<TCommand> owned(command);
     if (!command || command->isVoid())
         return false;
+    const auto guard = fPushGuard; // it may be taken away while it is asked
+    if (guard && !command->isViewOnly() && !guard(*command))
+        return false;
     if (replaceInRun(owned))
         return !owned; // a void command is left over
     command->execute();

@@ -52,6 +52,10 @@ public:
     /// Called when a command took the place of another within an edit run, of which the undo stack does not tell.
     void setReplacedHandler(const std::function<void()> &handler) { fReplaced = handler; }
 
+    /// Asked before a new command changes more than views; false gives the command up. For edits that go on for a
+    /// while and would be mixed up with others.
+    void setPushGuard(const std::function<bool(const TCommand &)> &guard) { fPushGuard = guard; }
+
     QUndoStack *stack() { return &fStack; }
     /// The entries of all commands on the stack, in the order in which they were done.
     QList<THistoryCommand *> entries() const;
@@ -78,6 +82,7 @@ private:
     qint64 stamp() const;
 
     std::function<void()> fReplaced;
+    std::function<bool(const TCommand &)> fPushGuard;
     std::function<void()> fChanged; // stands before the stack, whose end calls it no more
     qint64 fLastStamp = 0;
     qint64 fCleanStamp = 0;

@@ -10,6 +10,7 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "log/TLogger.h"
+#include "services/IEditSession.h"
 #include "tables/TCanvasTable.h"
 #include "widgets/WPluginDockWidget.h"
 
@@ -146,7 +147,13 @@ IPlotView *TGuiHost::plotView()
 
 void TGuiHost::setEditSession(IEditSession *session)
 {
+    if (fSessionDocument)
+        fSessionDocument->history().setPushGuard({});
     fEditSession = session;
+    fSessionDocument = session ? fWindow.documents().document() : nullptr;
+    if (fSessionDocument)
+        fSessionDocument->history().setPushGuard(
+            [session](const TCommand &command) { return session->allows(command) || session->leave(); });
     updateActions();
 }
 

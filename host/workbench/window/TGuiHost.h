@@ -3,7 +3,10 @@
 #include "TReportService.h"
 #include "services/IGuiHost.h"
 
+#include <QPointer>
+
 class TActionTable;
+class TDocument;
 class WMainWindow;
 
 /// What the window gives to plug-ins.
@@ -38,5 +41,6 @@ public:
 private:
     WMainWindow &fWindow;
     IEditSession *fEditSession = nullptr; // not owned
+    QPointer<TDocument> fSessionDocument; // in which it edits
     TReportService fReports;
 };

@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdSetYrexSpectrumHorizontalUnits.h"
 #include "TCmdYrexProcessing.h"
 #include "TYrexBaselinePointsModel.h"
 #include "TYrexCursorInfoHandler.h"
@@ -320,6 +321,11 @@ void WYrexMultipointBaselineDock::goBack()
     fHost.gui()->showItem(edited);
     edited->update();
     fHost.gui()->focusPlot();
+}
+
+bool WYrexMultipointBaselineDock::allows(const TCommand &command) const
+{
+    return dynamic_cast<const TCmdSetYrexSpectrumHorizontalUnits *>(&command) != nullptr;
 }
 
 void WYrexMultipointBaselineDock::stepAside()

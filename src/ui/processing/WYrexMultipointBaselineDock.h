@@ -48,6 +48,8 @@ public:
     void undo() override;
     void redo() override;
     bool leave() override;
+    /// The unit in which x is shown may change meanwhile.
+    bool allows(const TCommand &command) const override;
     void stepAside() override;
     void comeBack() override;
 
