@@ -127,6 +127,23 @@ TEST_F(BatchTest, cancelKeepsWhatIsDone)
     EXPECT_FALSE(fDialog->isVisible());
 }
 
+TEST_F(BatchTest, resultsNeverReplaceTheFilesThemselves)
+{
+    fDialog->addPaths({writeCsv("other.csv"), writeCsv("a.csv")});
+    ASSERT_TRUE(QFile::link(fFolder.path(), fFolder.filePath("there as well")));
+    const auto canRun = [this](const QString &folder) {
+        the<QLineEdit>("folderEdit")->setText(folder);
+        return the<QPushButton>("runButton")->isEnabled();
+    };
+    the<QCheckBox>("replaceCheckBox")->setChecked(true);
+    EXPECT_FALSE(canRun(fFolder.path())) << "what was measured would be gone";
+    EXPECT_TRUE(note().contains("other.csv")) << note().toStdString();
+    EXPECT_FALSE(canRun(fFolder.filePath("there as well")));
+    EXPECT_TRUE(canRun(fFolder.filePath("elsewhere")));
+    the<QComboBox>("formComboBox")->setCurrentIndex(2);
+    EXPECT_TRUE(canRun(fFolder.path())) << "results of another form stand beside the files";
+}
+
 TEST_F(BatchTest, tellsWhatIsMissing)
 {
     const auto canRun = [this] { return the<QPushButton>("runButton")->isEnabled(); };

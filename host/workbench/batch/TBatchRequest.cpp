@@ -13,7 +13,26 @@ QString TBatchRequest::missing() const
         return tr("Name the folder for the results.");
     if (QFileInfo::exists(fFolder) && !QFileInfo(fFolder).isDir())
         return tr("The place for the results is a file, not a folder.");
-    return fForm.isEmpty() && fPicture.isEmpty() ? tr("Choose a form of the data or a picture.") : QString();
+    if (fForm.isEmpty() && fPicture.isEmpty())
+        return tr("Choose a form of the data or a picture.");
+    const QString replaced = replacedFile();
+    return replaced.isEmpty() ? QString()
+                              : tr("The result of %1 would take its own place. Name another folder for the results.")
+                                    .arg(QFileInfo(replaced).fileName());
+}
+
+QString TBatchRequest::replacedFile() const
+{
+    const QString folder = QFileInfo(fFolder).canonicalFilePath();
+    if (!fReplaces || fForm.isEmpty() || folder.isEmpty())
+        return QString();
+    const QStringList named = fAsStack ? QStringList(fFiles.mid(0, 1)) : fFiles; // a stack goes by the first
+    for (const QString &file : named) {
+        const QFileInfo info(file);
+        if (info.suffix().compare(fForm, Qt::CaseInsensitive) == 0 && info.canonicalPath() == folder)
+            return file;
+    }
+    return QString();
 }
 
 QStringList TBatchRequest::arguments() const

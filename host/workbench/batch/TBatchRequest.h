@@ -19,6 +19,8 @@ public:
 
     /// What is missing to run it, in words for the user; empty when it can run.
     QString missing() const;
+    /// The first file whose place its own result would take; empty for none.
+    QString replacedFile() const;
     /// The arguments of the program.
     QStringList arguments() const;
     /// Program and arguments as they are typed in a shell.
