@@ -1,7 +1,12 @@
 // Work without a mouse: the pointer that keys move, the menu key, and what screen readers get.
+#include "TKeyPointer.h"
 #include "TMarksFixture.h"
 #include "TViewAccessible.h"
+#include "commands/TCmdPlaceTable.h"
+#include "consts/Consts.h"
 #include "services/IGuiHost.h"
+#include "tables/TCanvasTable.h"
+#include "ui/TMMAct.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -88,6 +93,28 @@ TEST_F(KeyPointerTest, theCrosshairIsPlacedByKeysAndStaysThere)
     moveTo(at(0.1, 0.5));
     key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text().split('\t'), values);
+}
+
+TEST_F(KeyPointerTest, thePointerCrossesAnItemThatCoversTheCurves)
+{
+    openMarks();
+    auto *table = new TCanvasTable;
+    table->setSource(item());
+    const QPointF middle = plot()->plotter()->getPlotCurvesRect().center() + item()->rect().topLeft();
+    table->setRect(QRectF(middle - QPointF(60, 60), QSizeF(120, 120)));
+    document()->history().push(new TCmdPlaceTable(table, document()->currentPage()));
+    TMMAct cross(Consts::Common::crosshairModeID);
+    TMMAct mode(QUuid::createUuid());
+    TKeyPointer pointer(*view());
+    const QKeyEvent left(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier);
+    ASSERT_TRUE(pointer.keyPress(left, &cross, item())) << "which brings it";
+    const QPointF start = pointer.place();
+    ASSERT_EQ(view()->spotAt(start).item, table);
+    pointer.modeChanged(&mode, item());
+    ASSERT_TRUE(pointer.keyPress(left, &mode, item()));
+    EXPECT_LT(pointer.place().x(), start.x());
+    EXPECT_GE(pointer.place().x(), start.x() - 5.0);
+    EXPECT_EQ(pointer.place().y(), start.y());
 }
 
 TEST_F(KeyPointerTest, theMenuKeyIsAboutTheHighlightedMark)

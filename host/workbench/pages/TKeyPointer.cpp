@@ -113,7 +113,7 @@ bool TKeyPointer::keyPress(const QKeyEvent &event, TMMAct *mode, const TCanvasIt
         return false;
     const bool isShift = event.modifiers() & Qt::ShiftModifier;
     if (isMove) {
-        move(event.key(), isShift);
+        move(event.key(), isShift, active);
         return true;
     }
     const Qt::KeyboardModifiers keys = event.modifiers() & Qt::ControlModifier;
@@ -155,10 +155,10 @@ bool TKeyPointer::nextPoint(bool right, int count, QPointF &place) const
     return false;
 }
 
-void TKeyPointer::move(int key, bool far)
+void TKeyPointer::move(int key, bool far, const TCanvasItem *item)
 {
     const int count = far ? cFar : 1;
-    const QRectF curves = curvesOf(fView, fView.spotAt(fPlace).item);
+    const QRectF curves = curvesOf(fView, item); // whatever covers them at that place
     QPointF place = fPlace;
     if (key == Qt::Key_Up || key == Qt::Key_Down)
         place.ry() += key == Qt::Key_Down ? count : -count;

@@ -43,7 +43,7 @@ public:
 private:
     static bool isCross(const TMMAct &mode);
     void putOn(const TCanvasItem *item);
-    void move(int key, bool far);
+    void move(int key, bool far, const TCanvasItem *item);
     bool nextPoint(bool right, int count, QPointF &place) const;
     void send(QEvent::Type type, Qt::KeyboardModifiers keys = {}) const;
 
