@@ -4,8 +4,10 @@
 #include "canvas/TLoadReport.h"
 #include "commands/TCmdDeleteItems.h"
 #include "commands/TCmdPasteItems.h"
+#include "contexts/IStackedItemCtx.h"
 #include "exchange/TItemsMime.h"
 #include "exchange/TPictureExporter.h"
+#include "plot/TTypesetter.h"
 #include "stream/TDataStream.h"
 #include "tables/TCanvasTable.h"
 #include "tables/TablePlacing.h"
@@ -194,4 +196,27 @@ TEST_F(PageTablesTest, aTableOfAStackHasItsColoursAndFollowsItsOrder)
     const QByteArray dark = stored(*document());
     trigger("darkPaper");
     EXPECT_EQ(stored(*document()), dark) << "how the page is seen is not part of it";
+}
+
+TEST_F(PageTablesTest, underscoresOfNamesLowerNothing)
+{
+    fWindow->files().openAsStack({writeBands("run_1^a.dx", 1.0), writeBands("run_2.dx", 0.5)});
+    settle();
+    fWindow->grab();
+    showDock("ZarnuStackedSpectraTable");
+    button("Place on Page")->click();
+    settle();
+    ASSERT_NE(placed(), nullptr);
+    const QString name = item()->stackedContext()->title(0);
+    ASSERT_TRUE(name.contains('_')) << name.toStdString();
+    EXPECT_EQ(shown(0, titles().indexOf("Title")), TTypesetter::escaped(name));
+    EXPECT_TRUE(placed()->content().plainText().contains(name)) << "as it is copied";
+}
+
+TEST_F(PageTablesTest, signsOfAnAnnotationAreTypeset)
+{
+    placePeaks();
+    type(1, "annotation", "CH_2");
+    EXPECT_EQ(shown(1, annotation()), "CH_2");
+    EXPECT_TRUE(placed()->content().plainText().contains("CH2"));
 }

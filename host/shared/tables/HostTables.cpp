@@ -3,6 +3,7 @@
 #include "canvas/TCanvasItem.h"
 #include "contexts/IStackedItemCtx.h"
 #include "numerics/LinearFit.h"
+#include "plot/TTypesetter.h"
 #include "tables/TRegionValues.h"
 #include "tables/TRegionValuesModel.h"
 #include "tables/TTableContent.h"
@@ -56,7 +57,8 @@ bool readRegionChart(const TTableProperties &properties, TCanvasItem *item, TTab
     content = TTableContent();
     content.fTitle = values.plainHeader(region);
     content.fIsChart = true;
-    content.fChart.setTitles(properties.option(HostTables::cXTitle).toString(), content.fTitle);
+    content.fChart.setTitles(TTypesetter::escaped(properties.option(HostTables::cXTitle).toString()),
+                             TTypesetter::escaped(content.fTitle));
     content.fChart.setPoints(values.xs(), values.values(region), found->color);
     const int form = properties.option(HostTables::cLine).toInt();
     if (form == cNoLine)

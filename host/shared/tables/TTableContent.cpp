@@ -52,7 +52,9 @@ QString cellOf(const QModelIndex &place)
     if (check.isValid())
         return check.toInt() == Qt::Checked ? QString(cTick) : QString();
     const QString shown = place.data().toString();
-    return place.data(TTableProxy::cNumberRole).isValid() ? typesetNumber(TNumberFormat::plain(shown)) : shown;
+    if (place.data(TTableProxy::cNumberRole).isValid())
+        return typesetNumber(TNumberFormat::plain(shown));
+    return place.data(TTableProxy::cTypesetRole).toBool() ? shown : TTypesetter::escaped(shown);
 }
 
 QVector<int> wantedColumns(const QAbstractItemModel &model, const QStringList &keys)
@@ -127,7 +129,7 @@ TTableContent TTableContent::ofModel(QAbstractItemModel &model, const TTableProp
         const int alignment = model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
         const bool isNumber = (alignment & Qt::AlignRight) != 0 ||
                               (model.rowCount() > 0 && model.index(0, column).data(TTableProxy::cNumberRole).isValid());
-        content.fColumns.append({typesetTitle(title), isNumber});
+        content.fColumns.append({typesetTitle(TTypesetter::escaped(title)), isNumber});
         columns.append(column);
     }
     const int count = qMin(rows.rowCount(), cMaxRows);

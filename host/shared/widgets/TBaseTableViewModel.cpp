@@ -93,6 +93,8 @@ QVariant TBaseTableViewModel::data(const QModelIndex &place, int role) const
     case Qt::CheckStateRole: // copied tables say yes or no
         return kind == TTableColumn::cRadio ? QVariant(isRadioOn(row, column) ? Qt::Checked : Qt::Unchecked)
                                             : QVariant();
+    case TTableProxy::cTypesetRole:
+        return isTypeset(column);
     case cRadioRole:
         return kind == TTableColumn::cRadio ? QVariant(isRadioOn(row, column)) : QVariant();
     case TTableProxy::cNumberRole:

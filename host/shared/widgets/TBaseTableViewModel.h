@@ -73,6 +73,8 @@ protected:
     virtual bool isRadioOn(int, int) const { return false; }
     virtual bool isEditable(int, int) const { return false; }
     virtual QString toolTip(int, int) const { return QString(); }
+    /// Whether the texts of a column hold the signs of the typesetter.
+    virtual bool isTypeset(int) const { return false; }
     /// A text that differs from the one shown was typed. False when nothing was done.
     virtual bool edit(int, int, const QString &) { return false; }
 

@@ -22,6 +22,8 @@ public:
     static constexpr int cPlainTitleRole = Qt::UserRole + 5;
     /// Of cells with a swatch: the colour as it is stored, whatever paper is shown.
     static constexpr int cColorRole = Qt::UserRole + 6;
+    /// True for a cell whose text holds the signs of the typesetter; those of all others mean themselves.
+    static constexpr int cTypesetRole = Qt::UserRole + 7;
 
     explicit TTableProxy(QObject *parent = nullptr);
 

@@ -59,6 +59,7 @@ protected:
     QVariant number(int row, int column) const override;
     int autoDecimals(int row, int column) const override;
     bool isEditable(int row, int column) const override;
+    bool isTypeset(int column) const override { return column == cAnnotation; }
     QString toolTip(int row, int column) const override;
     bool edit(int row, int column, const QString &text) override;
 
