@@ -1,3 +1,4 @@
+#include "TActionTable.h"
 #include "TRegionsModel.h"
 #include "TWindowFixture.h"
 #include "WRegionChart.h"
@@ -284,6 +285,44 @@ TEST_F(RegionsTest, limitsAreHotOutsideOfTheModesAndTheBandHidesNothing)
     moveTo(atX(1e7 / drawn.from));
     key(Qt::Key_Delete);
     EXPECT_TRUE(regions().daRegions().isEmpty());
+}
+
+TEST_F(RegionsTest, anActionGivesUpTheDragUnderWay)
+{
+    openDye();
+    key(Qt::Key_R);
+    drag(atX(400), atX(500));
+    key(Qt::Key_Escape);
+    fWindow->grab();
+    const TDARegion drawn = regions().daRegions().first();
+    drag(atX(1e7 / drawn.from), atX(550));
+    fWindow->grab();
+    const TDARegion moved = regions().daRegions().first();
+    QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, atX(1e7 / moved.from));
+    moveTo(atX(580), Qt::LeftButton);
+    moveTo(atX(620), Qt::LeftButton);
+    ASSERT_FALSE(regions().daRegions().first() == moved) << "live";
+    QAction *undo = fWindow->actionTable().action("undo");
+    undo->trigger();
+    QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, atX(620));
+    EXPECT_TRUE(regions().daRegions().first() == drawn);
+    ASSERT_TRUE(document()->history().stack()->canRedo()) << "the release made no step of its own";
+    document()->history().stack()->redo();
+    EXPECT_TRUE(regions().daRegions().first() == moved) << "not what the drag showed";
+
+    // an item that is deleted while it is dragged comes back where it was
+    fWindow->grab();
+    const QRectF place = item()->rect();
+    const QPoint rim = view()->itemToView(*item()).map(QPointF(place.width() / 2, 4)).toPoint();
+    QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, rim);
+    moveTo(rim + QPoint(30, 20), Qt::LeftButton);
+    ASSERT_NE(item()->rect(), place);
+    fWindow->actionTable().action("delete")->trigger();
+    QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, rim + QPoint(30, 20));
+    ASSERT_FALSE(item());
+    undo->trigger();
+    ASSERT_TRUE(item());
+    EXPECT_EQ(item()->rect(), place);
 }
 
 TEST_F(RegionsTest, tableAndChartStandOnThePage)

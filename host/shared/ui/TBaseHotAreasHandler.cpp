@@ -76,7 +76,7 @@ bool TBaseHotAreasHandler::mouseMove(QMouseEvent *event, const TMouseSpot &spot)
         return true;
     }
     if (!fItem) { // it went while the button was held
-        endPress();
+        cancelGesture();
         return true;
     }
     const int away = int((spot.viewPos - fPress.viewPos).manhattanLength());
@@ -95,13 +95,16 @@ bool TBaseHotAreasHandler::mouseRelease(QMouseEvent *event, const TMouseSpot &sp
 {
     if (event->button() != Qt::LeftButton || !fIsPressed)
         return false;
-    const bool isClick = !fWasDragged && fItem;
-    const bool isDrag = fIsDragging && fItem;
+    if (!fItem) { // it went while the button was held
+        cancelGesture();
+        return true;
+    }
+    const bool isDrag = fIsDragging;
     const TMouseSpot press = fPress;
     endPress();
     if (isDrag) {
         finishDrag();
-    } else if (isClick) {
+    } else if (!fWasDragged) {
         click(press, event->modifiers(), Qt::LeftButton);
         emit hotAreaMouseBtnReleased(press.area, press.spectrum);
     }

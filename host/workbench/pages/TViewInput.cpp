@@ -190,8 +190,13 @@ QString TViewInput::hint() const
 
 bool TViewInput::cancelGesture()
 {
-    bool isDone = false;
     fKeyPointer.drop();
+    return giveUpDrag();
+}
+
+bool TViewInput::giveUpDrag()
+{
+    bool isDone = false;
     for (TBaseHotAreasHandler *handler : hotAreas())
         isDone = handler->cancelGesture() || isDone;
     isDone = fPlotHand.cancelGesture() || isDone;

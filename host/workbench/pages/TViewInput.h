@@ -33,6 +33,9 @@ public:
     bool wantsKey(const QKeyEvent &event) const;
     /// The mouse left the view.
     void leaveView();
+    /// Puts back what a drag of marks, plots or items has shown so far; false when there is none. What modes draw is
+    /// their own affair.
+    bool giveUpDrag();
     /// Whether the event was taken.
     bool handle(QEvent *event, const TMouseSpot &spot);
     /// What a menu that the keyboard asked for is about: the highlighted mark, the pointer of the keys, or the item in

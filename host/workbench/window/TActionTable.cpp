@@ -107,6 +107,7 @@ void TActionTable::on(const QString &name, const TRun &run, const TWhyNot &whyNo
     connect(entry->fAction, &QAction::triggered, this, [this, run, whyNot] {
         if (whyNot && !whyNot().isEmpty()) // a key or a script may come before the states are asked anew
             return;
+        emit running();
         run();
         scheduleUpdate();
     });

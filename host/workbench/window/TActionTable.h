@@ -60,6 +60,8 @@ public:
     void scheduleUpdate();
 
 signals:
+    /// An action that can be used is about to do what it does.
+    void running();
     /// The states will be asked for.
     void updating();
     /// The states were asked for anew.

@@ -32,6 +32,7 @@
 #include "TUnitsController.h"
 #include "TViewAccessible.h"
 #include "TViewController.h"
+#include "TViewInput.h"
 #include "WBatchDialog.h"
 #include "WDocumentView.h"
 #include "WHistoryPane.h"
@@ -213,6 +214,11 @@ void WMainWindow::connectActions()
 /// An edit under way that has steps of its own goes before the document.
 void WMainWindow::connectUndo()
 {
+    // steps are made of what the items are, not of what a drag shows of them
+    connect(fActions, &TActionTable::running, this, [this] {
+        if (fDocuments->view())
+            fDocuments->view()->input().giveUpDrag();
+    });
     const auto session = [this] { return fGui->editSession(); };
     const auto stack = [this] { return fDocuments->document()->history().stack(); };
     fActions->on(
