@@ -13,18 +13,17 @@ namespace {
 
 const QColor cLine(0x4A, 0x90, 0xD9);
 constexpr double cFillAlpha = 0.10;
+const QColor cPlate(255, 255, 255, 225);
 constexpr double cGap = 4.0; // pixels between the box and its texts
 
-void drawLabel(QPainter &painter, const QString &text, QPointF corner, bool atRight, bool atBottom)
+void drawLabel(QPainter &painter, const QString &text, QPointF corner, bool atRight)
 {
     const QFontMetricsF metrics(painter.font());
     QRectF box(0, 0, metrics.horizontalAdvance(text) + 2 * cGap, metrics.height() + 2);
     if (atRight)
         corner.rx() -= box.width();
-    if (atBottom)
-        corner.ry() -= box.height();
     box.moveTopLeft(corner);
-    painter.fillRect(box, QColor(255, 255, 255, 200));
+    painter.fillRect(box, cPlate);
     painter.drawText(box, Qt::AlignCenter, text);
 }
 
@@ -134,14 +133,14 @@ void TZoomBox::paint(QPainter &painter, const QTransform &itemToView) const
     };
     painter.setPen(cLine.darker(180));
     const QFontMetricsF metrics(painter.font());
-    drawLabel(painter, corner(units.left(), units.top()), box.topLeft() + QPointF(0, -metrics.height() - cGap), false,
-              false);
-    drawLabel(painter, corner(units.right(), units.bottom()), box.bottomRight() + QPointF(0, cGap), true, false);
+    drawLabel(painter, corner(units.left(), units.top()), box.topLeft() + QPointF(0, -metrics.height() - cGap), false);
+    drawLabel(painter, corner(units.right(), units.bottom()), box.bottomRight() + QPointF(0, cGap), true);
     if (form != cVert) {
         const double dx = plotter.canvas2Scale(horzDir, units.right()) - plotter.canvas2Scale(horzDir, units.left());
         const QString text = "dx " + TNumberFormat::fixed(std::abs(dx), shown.viewDecimals(horzDir));
-        if (metrics.horizontalAdvance(text) + 4 * cGap < box.width() && 2 * metrics.height() < box.height())
-            painter.drawText(box, Qt::AlignCenter, text);
+        const double width = metrics.horizontalAdvance(text) + 2 * cGap; // of its plate
+        if (width + 2 * cGap < box.width() && 2 * metrics.height() < box.height())
+            drawLabel(painter, text, box.center() - QPointF(width / 2, metrics.height() / 2), false);
     }
     painter.restore();
 }
