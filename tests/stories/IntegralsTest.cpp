@@ -83,7 +83,13 @@ TEST_F(IntegralsTest, aReferenceAndATotalOfTwoBands)
     moveHeld(onPlotX(1420, 0.5));
     EXPECT_NE(view()->viewport()->grab().toImage(), there) << "it is shown live";
     look("7-dragging");
-    EXPECT_DOUBLE_EQ(value(second), valueBefore) << "nothing is changed yet";
+    EXPECT_NE(value(second), valueBefore) << "its marks follow";
+    EXPECT_EQ(undo()->index(), steps) << "nothing is done yet";
+    QTest::keyClick(view(), Qt::Key_Escape);
+    EXPECT_DOUBLE_EQ(value(second), valueBefore) << "all is put back";
+    release(onPlotX(1420, 0.5));
+    EXPECT_EQ(undo()->index(), steps);
+    press(partOf(second, T1DYrexPlot::cSegmentRight));
     moveHeld(onPlotX(1600, 0.5)); // far beyond the other bound
     look("7-stopped");
     release(onPlotX(1600, 0.5));

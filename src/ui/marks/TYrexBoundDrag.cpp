@@ -6,6 +6,8 @@
 #include "TYrexIntegralCurve.h"
 #include "TYrexIntegralGroup.h"
 #include "TYrexMarkPlaces.h"
+#include "TYrexModePaint.h"
+#include "TYrexModePlot.h"
 #include "TYrexUnits.h"
 #include "plot/ColorUtils.h"
 #include "settings/TNumberFormat.h"
@@ -20,7 +22,6 @@ namespace {
 
 constexpr double cSnapReach = 10.0; // pixels
 constexpr int cValueDecimals = 3;
-constexpr double cTextGap = 10.0; // pixels beside the mouse
 constexpr double cFollowerAlpha = 0.5;
 
 } // namespace
@@ -120,6 +121,29 @@ void TYrexBoundDrag::moveTo(const QPointF &itemPos, double pixel, Qt::KeyboardMo
     else
         moveBound(keys & Qt::ShiftModifier ? lowestNear(itemPos.x(), cSnapReach * pixel) : placeAt(itemPos.x()));
     TYrexIntegrationRegions::calculateArea(*spectrum(), fEdited, spectrum()->yUnits());
+    show(fEdited);
+}
+
+/// The marks of the region as they would stand: its segment, its curve, its label and its handles.
+void TYrexBoundDrag::show(const TYrexIntegrationRegion &region)
+{
+    TYrexIntegrationRegion *shown = spectrum()->integrals().region(region.id);
+    if (!shown)
+        return;
+    *shown = region;
+    fIsShown = region.boundA != fBefore.boundA || region.boundB != fBefore.boundB;
+    fItem->refreshGraphics();
+}
+
+void TYrexBoundDrag::giveUp()
+{
+    if (spectrum() && fIsShown)
+        show(fBefore);
+}
+
+TYrexBoundDrag::~TYrexBoundDrag()
+{
+    TYrexBoundDrag::giveUp();
 }
 
 QString TYrexBoundDrag::text() const
@@ -176,14 +200,15 @@ void TYrexBoundDrag::paint(QPainter &painter, const IPlotView &view) const
     painter.setPen(pen);
     for (const double place : qAsConst(followers))
         paintLimit(painter, view, place);
-    const QTransform map = view.itemToView(*fItem.get());
-    YrexMarkPlaces::paintTip(painter, text(), map.map(fMouse) + QPointF(cTextGap, cTextGap),
-                             map.mapRect(plot()->plotter()->getPlotCurvesRect()));
     painter.restore();
+    const TYrexModePlot plot(fItem.get(), view);
+    if (plot.isValid())
+        TYrexModePaint(painter, plot).note(plot.itemToView().map(fMouse), text());
 }
 
 TCommand *TYrexBoundDrag::finish()
 {
+    giveUp();
     if (!spectrum() || (fEdited.boundA == fBefore.boundA && fEdited.boundB == fBefore.boundB))
         return nullptr;
     if (fPart == cWhole)

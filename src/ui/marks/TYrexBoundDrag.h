@@ -10,17 +10,19 @@ class T1DYrexPlot;
 class TCanvasYrexSpectrum;
 class TYrexSpectrum;
 
-/// Moves a bound of an integral, or the whole region at its width. While it goes on, limits stand dashed through the
-/// plot and the value beside the mouse; data stay as they are.
+/// Moves a bound of an integral, or the whole region at its width. While it goes on, its marks follow the mouse,
+/// limits stand dashed through the plot and the value beside the mouse.
 class TYrexBoundDrag : public TYrexAreaDrag
 {
 public:
     enum TPart { cLeft, cRight, cWhole };
 
     TYrexBoundDrag(TCanvasYrexSpectrum *item, const QUuid &region, TPart part, const QPointF &start);
+    ~TYrexBoundDrag() override;
 
     void moveTo(const QPointF &itemPos, double pixel, Qt::KeyboardModifiers keys) override;
     void paint(QPainter &painter, const IPlotView &view) const override;
+    void giveUp() override;
     TCommand *finish() override;
     Qt::CursorShape cursor() const override { return fPart == cWhole ? Qt::SizeAllCursor : Qt::SizeHorCursor; }
 
@@ -38,6 +40,7 @@ private:
     double placeAt(double x) const;
     /// The lowest point so near to an x of the item.
     double lowestNear(double x, double reach) const;
+    void show(const TYrexIntegrationRegion &region);
     void moveBound(double place);
     void moveWhole(double way);
     /// Limits of regions in other spectra that follow, in points of the present one.
@@ -50,5 +53,6 @@ private:
     QPointF fMouse;
     TYrexIntegrationRegion fBefore;
     TYrexIntegrationRegion fEdited;
-    int fEdge = 0; // that is moved; TCmdYrexEditIntegral::TEdge
+    bool fIsShown = false; // the spectrum has the edited region
+    int fEdge = 0;         // that is moved; TCmdYrexEditIntegral::TEdge
 };

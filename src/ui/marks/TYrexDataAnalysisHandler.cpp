@@ -2,10 +2,12 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexCursorInfoHandler.h"
 #include "commands/TCmdEditRegions.h"
 #include "commands/TCommandHistory.h"
 #include "contexts/DARegions.h"
 #include "services/IGuiHost.h"
+#include "settings/TNumberFormat.h"
 
 #include <QInputDialog>
 #include <algorithm>
@@ -68,6 +70,20 @@ bool TYrexDataAnalysisHandler::value(TCanvasYrexSpectrum &item, int kind, double
         return false; // the smallest number stands for an empty band
     value = found;
     return true;
+}
+
+QString TYrexDataAnalysisHandler::text(TCanvasYrexSpectrum &item, int kind, double fromX, double toX)
+{
+    const T1DYrexPlot *plot = item.activeYrexPlot();
+    if (!plot)
+        return QString();
+    const int decimals = plot->viewDecimals(horzDir);
+    QString text = TNumberFormat::fixed(std::min(fromX, toX), decimals) + QStringLiteral(" .. ") +
+                   TNumberFormat::fixed(std::max(fromX, toX), decimals);
+    double found = 0.0;
+    if (value(item, kind, fromX, toX, found))
+        text += QStringLiteral("   ") + TYrexCursorInfoHandler::significant(found);
+    return text;
 }
 
 void TYrexDataAnalysisHandler::add(TCommandHistory &history, TCanvasYrexSpectrum &item, int kind, double fromX,

@@ -36,6 +36,8 @@ public:
     static QUuid regionAt(const TCanvasYrexSpectrum &item, int kind, double shownX);
     /// What a region of that kind would give for the active spectrum; false for nothing.
     static bool value(TCanvasYrexSpectrum &item, int kind, double fromX, double toX, double &value);
+    /// "580.0 .. 620.0   24.70": limits with the digits that tell two pixels apart, and the value with four that count.
+    static QString text(TCanvasYrexSpectrum &item, int kind, double fromX, double toX);
 
     /// A new region with the next name and colour. Its values are shown.
     void add(TCommandHistory &history, TCanvasYrexSpectrum &item, int kind, double fromX, double toX) const;

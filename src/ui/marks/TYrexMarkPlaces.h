@@ -4,9 +4,6 @@
 #include <QUuid>
 #include <QVector>
 
-class QPainter;
-class QRectF;
-class QString;
 class TCanvasYrexSpectrum;
 class TYrexSpectrum;
 
@@ -28,7 +25,5 @@ double xAt(const TYrexSpectrum &spectrum, double place, int unit);
 double canvasX(const TCanvasYrexSpectrum &item, double place);
 /// Peaks, then integrals, both from left to right, as keys walk through them.
 QVector<TYrexMarkPlace> inOrder(const TCanvasYrexSpectrum &item);
-/// Draws a text on a light plate at a place of the view, moved to stay within `room`.
-void paintTip(QPainter &painter, const QString &text, const QPointF &place, const QRectF &room);
 
 } // namespace YrexMarkPlaces

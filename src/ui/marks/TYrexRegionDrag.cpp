@@ -3,22 +3,13 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexDataAnalysisHandler.h"
+#include "TYrexModePaint.h"
+#include "TYrexModePlot.h"
 #include "commands/TCmdEditRegions.h"
 #include "contexts/DARegions.h"
-#include "settings/TNumberFormat.h"
-#include "ui/IPlotView.h"
 
-#include <QGuiApplication>
-#include <QPainter>
-#include <QPalette>
 #include <algorithm>
 #include <cmath>
-
-namespace {
-
-constexpr int cTextMargin = 4; // px
-
-} // namespace
 
 TYrexRegionDrag::TYrexRegionDrag(TCanvasYrexSpectrum *item, const QUuid &region, bool isTo)
     : fItem(item)
@@ -48,8 +39,8 @@ void TYrexRegionDrag::moveTo(const QPointF &itemPos, double, Qt::KeyboardModifie
     if (!fItem || fPlace < 0 || !fItem->activePlotter())
         return;
     const QRectF curves = fItem->activePlotter()->getPlotCurvesRect();
-    fMouseX = std::clamp(itemPos.x(), curves.left(), curves.right());
-    const double moved = fItem->toRegionLimit(fItem->activePlotter()->canvas2Scale(horzDir, fMouseX));
+    fMouse = QPointF(std::clamp(itemPos.x(), curves.left(), curves.right()), itemPos.y());
+    const double moved = fItem->toRegionLimit(fItem->activePlotter()->canvas2Scale(horzDir, fMouse.x()));
     if (!std::isfinite(moved))
         return;
     const double other = fIsTo ? fBefore.at(fPlace).from : fBefore.at(fPlace).to;
@@ -62,33 +53,17 @@ void TYrexRegionDrag::moveTo(const QPointF &itemPos, double, Qt::KeyboardModifie
 
 QString TYrexRegionDrag::text() const
 {
-    constexpr int cDigits = 6;
-    const auto shown = [](double number) { return TNumberFormat::shown(QString::number(number, 'g', cDigits)); };
-    if (!fItem || fPlace < 0)
+    if (!fItem || fPlace < 0 || !fItem->activeYrexPlot())
         return QString();
     const TDARegion region = fItem->shownDARegions().at(fPlace);
-    const QString limits = shown(region.from) + QStringLiteral(" .. ") + shown(region.to);
-    double value = 0.0;
-    const bool isThere = TYrexDataAnalysisHandler::value(*fItem.get(), region.kind, region.from, region.to, value);
-    return isThere ? limits + QStringLiteral("   ") + shown(value) : limits;
+    return TYrexDataAnalysisHandler::text(*fItem.get(), region.kind, region.from, region.to);
 }
 
 void TYrexRegionDrag::paint(QPainter &painter, const IPlotView &view) const
 {
-    if (!fItem || fPlace < 0 || !fItem->activePlotter())
-        return;
-    const QTransform toView = view.itemToView(*fItem.get());
-    const QRectF room = toView.mapRect(fItem->activePlotter()->getPlotCurvesRect());
-    const QString label = text();
-    painter.save();
-    QRectF box = painter.fontMetrics().boundingRect(label);
-    box.adjust(-cTextMargin, -cTextMargin, cTextMargin, cTextMargin);
-    box.moveTopLeft(QPointF(toView.map(QPointF(fMouseX, 0.0)).x() + cTextMargin, room.top() + 6 * cTextMargin));
-    box.moveRight(std::min(box.right(), room.right()));
-    painter.fillRect(box, QGuiApplication::palette().color(QPalette::ToolTipBase));
-    painter.setPen(QGuiApplication::palette().color(QPalette::ToolTipText));
-    painter.drawText(box, Qt::AlignCenter, label);
-    painter.restore();
+    const TYrexModePlot plot(fItem.get(), view);
+    if (fPlace >= 0 && plot.isValid())
+        TYrexModePaint(painter, plot).note(plot.itemToView().map(fMouse), text());
 }
 
 TCommand *TYrexRegionDrag::finish()

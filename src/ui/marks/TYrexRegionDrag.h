@@ -33,5 +33,5 @@ private:
     int fPlace; // of the region among them; -1 for none
     bool fIsTo;
     bool fIsShown = false; // the item has the edited regions
-    double fMouseX = 0.0;  // in the item
+    QPointF fMouse;        // in the item
 };

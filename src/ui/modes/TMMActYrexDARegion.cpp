@@ -2,15 +2,14 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexModePaint.h"
+#include "TYrexModePlot.h"
 #include "contexts/DARegions.h"
-#include "settings/TNumberFormat.h"
 #include "ui/PlotCursors.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPalette>
 #include <QPixmap>
 #include <algorithm>
 #include <cmath>
@@ -19,7 +18,6 @@ namespace {
 
 constexpr double cClickPixels = 2.0; // a shorter drag is a click
 constexpr double cReachPixels = 5.0; // about a limit
-constexpr int cTextMargin = 4;       // px
 constexpr double cBandAlpha = 0.2;
 
 double pixelSize(const IPlotView &view, const TCanvasItem &item)
@@ -117,6 +115,7 @@ bool TMMActYrexDARegion::mousePress(QMouseEvent *event, const TMouseSpot &spot)
     fPixel = pixelSize(*view(), *pressed);
     fLimit = limitAt(spot);
     fFrom = fTo = spot.itemPos.x();
+    fPos = spot.viewPos;
     return true;
 }
 
@@ -136,6 +135,7 @@ bool TMMActYrexDARegion::mouseMove(QMouseEvent *, const TMouseSpot &spot)
         return false;
     }
     fTo = heldX(*dragged, spot.viewPos);
+    fPos = spot.viewPos;
     view()->updateOverlay();
     return true;
 }
@@ -214,20 +214,12 @@ void TMMActYrexDARegion::leave()
     fHovered = {};
 }
 
+/// What the region gives for the active spectrum, as it is drawn now.
 QString TMMActYrexDARegion::valueText(TCanvasYrexSpectrum &item, double from, double to) const
 {
-    constexpr int cDigits = 6;
-    const auto shown = [](double number) { return TNumberFormat::shown(QString::number(number, 'g', cDigits)); };
-    int kind = fKind;
     const QVector<TDARegion> regions = item.daRegions();
     const int place = DARegions::indexOf(regions, fLimit.fId);
-    if (place >= 0)
-        kind = regions.at(place).kind;
-    QString limits = tr("%1 .. %2").arg(shown(from), shown(to));
-    double value = 0.0;
-    if (!TYrexDataAnalysisHandler::value(item, kind, from, to, value))
-        return limits;
-    return limits + "   " + shown(value);
+    return TYrexDataAnalysisHandler::text(item, place >= 0 ? regions.at(place).kind : fKind, from, to);
 }
 
 void TMMActYrexDARegion::paint(QPainter &painter)
@@ -254,13 +246,8 @@ void TMMActYrexDARegion::paint(QPainter &painter)
     painter.drawLine(pixels.topRight(), pixels.bottomRight());
     const double startX = fLimit.isValid() ? fLimit.fOther : shownX(*dragged, start);
     const QString text = valueText(*dragged, startX, shownX(*dragged, fTo));
-    QRectF box = painter.fontMetrics().boundingRect(text);
-    box.adjust(-cTextMargin, -cTextMargin, cTextMargin, cTextMargin);
-    box.moveTopLeft(QPointF(pixels.right() + cTextMargin, pixels.top() + cTextMargin));
-    const QRectF room = view()->itemToView(*dragged).mapRect(curves);
-    box.moveRight(std::min(box.right(), room.right()));
-    painter.fillRect(box, QGuiApplication::palette().color(QPalette::ToolTipBase));
-    painter.setPen(QGuiApplication::palette().color(QPalette::ToolTipText));
-    painter.drawText(box, Qt::AlignCenter, text);
     painter.restore();
+    const TYrexModePlot plot(dragged, *view());
+    if (plot.isValid())
+        TYrexModePaint(painter, plot).note(fPos, text);
 }

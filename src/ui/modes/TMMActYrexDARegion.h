@@ -53,5 +53,6 @@ private:
     std::unique_ptr<TDeleteKey> fDeleteKey; // while the mode is on
     double fFrom = 0.0;                     // item coordinates
     double fTo = 0.0;
+    QPointF fPos;        // of the mouse in the view
     double fPixel = 1.0; // in canvas units
 };

@@ -160,9 +160,14 @@ void TYrexModePaint::peakCursor(const TYrexDPLib::TYrexDPPeak &peak, const QStri
     constexpr int cRingAlone = 4;
     const double value = fPlot.spectrum()->values().value(int(peak.position));
     const QPointF place(fPlot.xOf(peak.position), fPlot.heightOf(value));
-    const TPainterState state(fPainter);
-    fPainter.setTransform(fPlot.itemToView(), true);
-    fPlot.plotter().drawHighlightCursor(fPainter, place, text, isFree ? cRingAlone : cLineAndRing, ink(color));
+    {
+        const TPainterState state(fPainter);
+        fPainter.setTransform(fPlot.itemToView(), true);
+        fPlot.plotter().drawHighlightCursor(fPainter, place, QString(), isFree ? cRingAlone : cLineAndRing, ink(color));
+    }
+    QPointF viewPos;
+    if (fPlot.toView(place.x(), value, viewPos))
+        note(viewPos, text); // as large as the other texts of modes, on a small page too
 }
 
 void TYrexModePaint::peakGoes(const TYrexDPLib::TYrexDPPeak &peak, bool crossed) const
