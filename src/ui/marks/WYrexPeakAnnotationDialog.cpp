@@ -32,7 +32,8 @@ WYrexPeakAnnotationDialog::WYrexPeakAnnotationDialog(const QString &peak, const 
     place->setObjectName("peakLabel");
     fLine->setObjectName("annotationLineEdit");
     fLine->setAccessibleName(tr("Annotation"));
-    fLine->setToolTip(tr("What the peak stands for. _ lowers what follows, ^ raises it; braces take several signs."));
+    fLine->setToolTip(
+        tr("What the peak stands for. _ lowers digits, a sign, or what stands in braces; ^ raises them."));
     fLine->setClearButtonEnabled(true);
     auto *completer = new QCompleter(known, this);
     completer->setCaseSensitivity(Qt::CaseInsensitive);
@@ -66,14 +67,15 @@ QWidget *WYrexPeakAnnotationDialog::makePalette()
         QString fText;
         QString fName;
     };
-    const TSign cSigns[] = {{QString(QChar(0x03BD)), tr("nu: stretching")},
-                            {QString(QChar(0x03B4)), tr("delta: bending in plane")},
-                            {QString(QChar(0x03B3)), tr("gamma: bending out of plane")},
-                            {QString(QChar(0x2032)), tr("Prime")},
-                            {QString(QChar(0x2190)), tr("Arrow to the left")},
-                            {QString(QChar(0x2192)), tr("Arrow to the right")},
-                            {QStringLiteral("^"), tr("Superscript: raises what follows")},
-                            {QStringLiteral("_"), tr("Subscript: lowers what follows")}};
+    const TSign cSigns[] = {
+        {QString(QChar(0x03BD)), tr("nu: stretching")},
+        {QString(QChar(0x03B4)), tr("delta: bending in plane")},
+        {QString(QChar(0x03B3)), tr("gamma: bending out of plane")},
+        {QString(QChar(0x2032)), tr("Prime")},
+        {QString(QChar(0x2190)), tr("Arrow to the left")},
+        {QString(QChar(0x2192)), tr("Arrow to the right")},
+        {QStringLiteral("^"), tr("Superscript: raises what follows")},
+        {QStringLiteral("_"), tr("Subscript: lowers the digits, the sign or the braces that follow")}};
     auto *palette = new QWidget(this);
     auto *row = new QHBoxLayout(palette);
     row->setContentsMargins(0, 0, 0, 0);
