@@ -16,7 +16,7 @@ namespace {
 constexpr double cLongTime = 50.0; // ms; shorter runs are not worth a word
 constexpr int cTimeRole = Qt::UserRole;
 constexpr int cMargin = 6;
-constexpr int cLeastRows = 6;
+constexpr int cLeastRows = 4;
 
 QString timeText(double ms)
 {

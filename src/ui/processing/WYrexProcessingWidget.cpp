@@ -28,6 +28,7 @@ namespace {
 
 constexpr int cSpacing = 4;
 constexpr int cSmallButton = 32;
+constexpr int cLeastPanelRows = 10;
 constexpr int cLeastWidth = 328; // with the margins of the dock 340
 
 /// The only local file of a drag, when it is a template.
@@ -78,6 +79,7 @@ void WYrexProcessingWidget::makeContent()
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidget(fPanels);
     scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setMinimumHeight(cLeastPanelRows * fontMetrics().height()); // in a low window the list gives way
     column->addWidget(scroll, 1);
     setContent(content);
     content->setFocusProxy(fList);

@@ -40,6 +40,7 @@ namespace {
 constexpr double cMostNormalization = 1e12;
 constexpr int cNormalizationDecimals = 6;
 constexpr double cFirstTotal = 100.0;
+constexpr int cLabelRest = 3;        // px: a mnemonic makes the last letter stand out of the width of the text
 constexpr int cBoxWidth = 120;       // px
 constexpr double cZoomMargin = 0.25; // of the integral, to each side
 constexpr double cSameLimit = 1e-9;  // relative
@@ -95,6 +96,7 @@ QWidget *WYrexIntegralsDock::makeTop()
     const auto labelled = [row, top](const QString &text, TDoubleSpinBox *box) {
         auto *label = new QLabel(text, top);
         label->setBuddy(box);
+        label->setContentsMargins(0, 0, cLabelRest, 0);
         row->addWidget(label);
         row->addWidget(box);
         box->setAccessibleName(QString(text).remove('&'));
