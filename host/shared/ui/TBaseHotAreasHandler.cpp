@@ -38,6 +38,18 @@ void TBaseHotAreasHandler::follow(const TPlotHotArea &area, TCanvasSpectrum *ite
         view()->updateOverlay();
 }
 
+void TBaseHotAreasHandler::contentChanged()
+{
+    if (fIsPressed || !fItem || !view() || !takesMouse(fArea) || !fArea.isValid())
+        return;
+    TMouseSpot spot;
+    spot.item = spot.spectrum = fItem.get();
+    spot.plot = fItem->activePlot();
+    spot.area = fArea;
+    if (answers(spot))
+        hover(spot);
+}
+
 bool TBaseHotAreasHandler::mousePress(QMouseEvent *event, const TMouseSpot &spot)
 {
     if (fIsPressed) {

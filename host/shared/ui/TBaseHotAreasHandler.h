@@ -34,6 +34,8 @@ public:
     virtual bool markSpot(TMouseSpot &) const { return false; }
     /// Escape with no drag under way. Whether there was anything to give up.
     virtual bool escape() { return false; }
+    /// What is under the mouse may have changed without it: what it says is told anew.
+    void contentChanged();
     /// The mouse left the view.
     void leaveView() { follow(TPlotHotArea(), nullptr); }
 

@@ -54,6 +54,12 @@ void TViewInput::leaveView()
     }
 }
 
+void TViewInput::contentChanged()
+{
+    for (TBaseHotAreasHandler *handler : hotAreas())
+        handler->contentChanged();
+}
+
 bool TViewInput::wantsKey(const QKeyEvent &event) const
 {
     if (fModes && fModes->current() && fModes->current()->wantsKey(event))

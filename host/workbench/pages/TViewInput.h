@@ -36,6 +36,8 @@ public:
     /// Puts back what a drag of marks, plots or items has shown so far; false when there is none. What modes draw is
     /// their own affair.
     bool giveUpDrag();
+    /// A step was done or undone.
+    void contentChanged();
     /// Whether the event was taken.
     bool handle(QEvent *event, const TMouseSpot &spot);
     /// What a menu that the keyboard asked for is about: the highlighted mark, the pointer of the keys, or the item in

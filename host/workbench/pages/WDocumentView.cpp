@@ -43,6 +43,12 @@ WDocumentView::WDocumentView(TDocument *document, QWidget *parent)
     setRenderHint(QPainter::Antialiasing);
     fInput = std::make_unique<TViewInput>(*this, fSelection);
     connect(&fSelection, &TItemSelection::changed, this, &WDocumentView::updateOverlay);
+    for (const auto change : {&TDocument::historyChanged, &TDocument::stepReplaced}) {
+        connect(document, change, this, [this] {
+            if (isVisible()) // other documents have views behind this one
+                fInput->contentChanged();
+        });
+    }
     setPage(document->currentPage());
 }
 
