@@ -4,12 +4,15 @@
 #include "WPageNavigator.h"
 #include "canvas/TUnknownItem.h"
 #include "exchange/TPictureExporter.h"
+#include "services/IGuiHost.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
+#include "tables/TCanvasTable.h"
 #include "widgets/WPluginDockWidget.h"
 
 #include <QAbstractButton>
 #include <QJsonObject>
+#include <QToolButton>
 #include <QTreeView>
 
 namespace {
@@ -106,7 +109,34 @@ protected:
         drag(onPlotX(1650), onPlotX(1400));
         key(Qt::Key_Escape);
         EXPECT_EQ(document()->pages().first()->items().size(), 2) << "an expansion";
+        placePeaksTable();
         look("12-film");
+    }
+    void placePeaksTable()
+    {
+        clickPlot(onPlotX(3600, 0.1)); // the first item, not its expansion
+        openDock("yrexPeaksTable");
+        QWidget *dock = fHost.gui()->dock("yrexPeaksTable");
+        for (QToolButton *button : dock->findChildren<QToolButton *>()) {
+            if (button->text() == "Place on Page" && button->isVisible())
+                click(button);
+        }
+        ASSERT_NE(pageTable(), nullptr);
+        EXPECT_EQ(pageTable()->content().fRows.size(), specItem(0)->currentSpectrum()->peaks().size());
+    }
+    TCanvasTable *pageTable()
+    {
+        return dynamic_cast<TCanvasTable *>(document()->items().firstRtti(TCanvasTable::cRtti));
+    }
+    QStringList shownDocks()
+    {
+        QStringList names;
+        for (const QDockWidget *dock : fWindow->findChildren<QDockWidget *>()) {
+            if (!dock->isHidden())
+                names.append(dock->objectName());
+        }
+        names.sort();
+        return names;
     }
     void makeRaman()
     {
@@ -156,10 +186,18 @@ TEST_F(DocumentTest, everythingComesBackFromTheFile)
         items.append(bytesOf(canvasItem(const_cast<ICanvasItem *>(item))));
     const TRange zoom = shownItem()->activeYrexPlot()->horzAxis().getScale();
     EXPECT_NEAR(zoom.a, 1350, 6);
+    const QUuid source = pageTable()->source()->uniqueId();
+    const QStringList docks = shownDocks();
+    EXPECT_TRUE(docks.contains("yrexPeaksTable"));
     closeDocument();
 
     dropFiles({first});
     ASSERT_EQ(document()->pages().size(), 4);
+    EXPECT_EQ(view()->page(), document()->pages().at(3)) << "the page that was in view";
+    EXPECT_EQ(shownDocks(), docks);
+    ASSERT_NE(pageTable(), nullptr);
+    ASSERT_NE(pageTable()->source(), nullptr);
+    EXPECT_EQ(pageTable()->source()->uniqueId(), source);
     const QVector<QImage> after = pictures();
     for (int page = 0; page < 4; ++page)
         EXPECT_LT(difference(before.at(page), after.at(page)), 0.01) << page;

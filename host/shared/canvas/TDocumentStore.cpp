@@ -33,6 +33,7 @@ constexpr int cMinItemSize = 4 + 16 + 12;
 constexpr int cMinHistorySize = 12; // three lengths
 constexpr int cMinParamSize = 8;
 
+constexpr char cPageKey[] = "View/Page";     // setting of the document: the page in view, where it is not the first
 constexpr char cActiveKey[] = "View/Active"; // setting of the document: item id to index, where it is not the first
 
 constexpr double cShortestPage = 100.0; // canvas units: 1 cm; letters that fill a page many times crash painters
@@ -158,7 +159,11 @@ void TDocument::store(TDataStream &stream) const
     {
         TDataStreamAdaptor settings(stream);
         settings.startStore();
-        stream << QVariant(withActiveSpectra(fSettings, items()));
+        QVariantMap shown = withActiveSpectra(fSettings, items());
+        shown.remove(cPageKey);
+        if (fPages.indexOf(fCurrentPage) > 0)
+            shown.insert(cPageKey, fPages.indexOf(fCurrentPage));
+        stream << QVariant(shown);
     }
     stream << qint32(fPages.size());
     for (const TPage *page : fPages)
@@ -319,6 +324,8 @@ bool TDocument::load(TDataStream &stream, TLoadReport &report)
     }
     report.fOk = loadPages(stream, report) && loadBehindPages(stream, report);
     makeSpectraActive(fSettings, items());
+    if (TPage *page = fPages.value(fSettings.value(cPageKey).toInt()))
+        setCurrentPage(page);
     block.skipData();
     report.fTruncated = stream.isTruncated();
     if (stream.isTolerant())
