@@ -10,10 +10,24 @@ namespace {
 
 constexpr double cReachPixels = 4.0; // how near to a limit the mouse must be
 
+QHash<int, Qt::PenStyle> lineStylesOf(const T1DYrexPlot &plot, const TYrexStack &stack)
+{
+    const QMap<QString, TStackedClassProperties> &classes = plot.stackedProperties().stackedClasses();
+    QHash<int, Qt::PenStyle> styles;
+    for (int i = 0; i < stack.count() && !classes.isEmpty(); ++i) {
+        const int style = classes.value(stack.at(i)->spectrumClass()).lineStyle;
+        if (style != Qt::SolidLine)
+            styles.insert(i, Qt::PenStyle(style));
+    }
+    return styles;
+}
+
 } // namespace
 
 void TCanvasYrexSpectrum::paint(QPainter &painter)
 {
+    if (T1DYrexPlot *plot = activeYrexPlot())
+        plot->setLineStyles(lineStylesOf(*plot, stack()));
     TCanvasSpectrum::paint(painter);
     drawRegions(painter);
 }

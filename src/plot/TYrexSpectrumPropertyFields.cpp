@@ -292,13 +292,14 @@ TYrexSpectrumPropertyField stackNumber(const QString &key, double lowest, double
         [set](T1DYrexPlot &plot, const QVariant &value) { (plot.stackedProperties().*set)(value.value<TValue>()); });
 }
 
-/// The classes by their names: "color" as text and "mode" as a number.
+/// The classes by their names: "color" as text, "mode" and "line" as numbers.
 QVariant readClasses(T1DYrexPlot &plot)
 {
     QVariantMap classes;
     for (const TStackedClassProperties &one : plot.stackedProperties().stackedClasses())
         classes.insert(one.name, QVariantMap{{"color", one.baseColor.isValid() ? one.baseColor.name() : QString()},
-                                             {"mode", one.colorMode}});
+                                             {"mode", one.colorMode},
+                                             {"line", one.lineStyle}});
     return classes;
 }
 
@@ -313,6 +314,8 @@ void writeClasses(T1DYrexPlot &plot, const QVariant &value)
         if (fields.contains("color"))
             one.baseColor = QColor(fields.value("color").toString());
         one.colorMode = qBound(int(oneColor), fields.value("mode", one.colorMode).toInt(), int(paletteColors));
+        one.lineStyle =
+            qBound(int(Qt::SolidLine), fields.value("line", one.lineStyle).toInt(), int(Qt::DashDotDotLine));
         plot.stackedProperties().insertClass(one);
     }
 }

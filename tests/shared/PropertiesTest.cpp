@@ -86,6 +86,12 @@ TEST(Properties, comeBackFromTheStream)
     expectRoundTrip(title);
     TStackedClassProperties stackedClass{"Control", QColor(Qt::green), sequentialColors};
     expectRoundTrip(stackedClass);
+    const QByteArray withoutLine = stored(stackedClass);
+    stackedClass.lineStyle = Qt::DashDotLine;
+    expectRoundTrip(stackedClass);
+    EXPECT_EQ(stored(stackedClass).size(), withoutLine.size() + 4);
+    stackedClass.lineStyle = Qt::SolidLine;
+    EXPECT_EQ(stored(stackedClass), withoutLine) << "older documents stay as they are";
     EXPECT_EQ(stackedClass.toVariantMap().value("Name").toString(), "Control");
     EXPECT_EQ(stackedClass.toVariantMap().value("Color Mode").toInt(), 2);
 }

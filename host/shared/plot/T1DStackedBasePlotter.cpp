@@ -213,6 +213,8 @@ QPen T1DStackedBasePlotter::arrayedPen(int order, double widthFactor) const
     const QColor own = stackedProperties().arrayedColor(order);
     if (own.isValid())
         pen.setColor(own);
+    if (fStackedPlot->lineStyle(order) != Qt::SolidLine)
+        pen.setStyle(fStackedPlot->lineStyle(order));
     const bool isPalette = Utils::Color::paletteIndex(pen.color()) >= 0 &&
                            stackedProperties().colorSetting() == hueSetting &&
                            stackedProperties().colorMode() == paletteColors;

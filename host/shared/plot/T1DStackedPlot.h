@@ -2,6 +2,7 @@
 
 #include "plot/T1DPlot.h"
 #include "plot/T1DStackedPlotProperties.h"
+#include <QHash>
 #include <QMap>
 #include <QStringList>
 
@@ -71,6 +72,9 @@ public:
 
     /// Whether the curve with that display order is not selected; such curves are faded on the screen.
     virtual bool isFaded(int) const { return false; }
+    /// Lines of curves that differ from that of the plot's pen, by index. Never stored: they follow from classes.
+    void setLineStyles(const QHash<int, Qt::PenStyle> &styles) { fLineStyles = styles; }
+    Qt::PenStyle lineStyle(int index) const { return fLineStyles.value(index, Qt::SolidLine); }
 
     /// The curve under the mouse, which is drawn wider over the others; -1 for none. Never stored.
     int pointedIndex() const { return fPointedIndex; }
@@ -87,6 +91,7 @@ protected:
     void loadMore(TDataStream &stream) override;
 
 private:
+    QHash<int, Qt::PenStyle> fLineStyles;
     int fPointedIndex = -1;
     T1DStackedPlotProperties fStacked;
     TAxis fStackAxis{axisAtLeft};

@@ -15,6 +15,8 @@ void TStackedClassProperties::store(TDataStream &stream) const
     TDataStreamAdaptor block(stream);
     block.startStore();
     stream << name << baseColor << qint32(colorMode);
+    if (lineStyle != Qt::SolidLine) // documents without keep the bytes that they came with
+        stream << qint32(lineStyle);
     block.endStore();
 }
 
@@ -28,6 +30,10 @@ void TStackedClassProperties::load(TDataStream &stream)
         Utils::Stream::read(stream, read.baseColor);
         stream >> mode;
         read.colorMode = qBound(int(oneColor), int(mode), int(paletteColors));
+        qint32 line = Qt::SolidLine;
+        if (stream.isGood() && !stream.atLimit())
+            stream >> line;
+        read.lineStyle = qBound(int(Qt::SolidLine), int(line), int(Qt::DashDotDotLine));
         if (stream.isGood())
             *this = read;
     }
@@ -36,5 +42,6 @@ void TStackedClassProperties::load(TDataStream &stream)
 
 bool TStackedClassProperties::operator==(const TStackedClassProperties &other) const
 {
-    return name == other.name && baseColor == other.baseColor && colorMode == other.colorMode;
+    return name == other.name && baseColor == other.baseColor && colorMode == other.colorMode &&
+           lineStyle == other.lineStyle;
 }

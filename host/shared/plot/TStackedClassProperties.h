@@ -14,12 +14,13 @@ enum TStackColorMode {
     paletteColors = 3      // colours that every kind of sight tells apart, from the base colour on
 };
 
-/// A class of spectra in a stack and the colours of its members.
+/// A class of spectra in a stack, the colours and the line of its members.
 struct TStackedClassProperties
 {
     QString name;
     QColor baseColor;
     int colorMode = paletteColors;
+    int lineStyle = Qt::SolidLine; // Qt::PenStyle; solid: as the curves of the plot
 
     /// "Name", "Color", "Color Mode".
     QVariantMap toVariantMap() const;

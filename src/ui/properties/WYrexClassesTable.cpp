@@ -19,8 +19,8 @@ WYrexClassesTable::WYrexClassesTable(QWidget *parent)
 {
     setAccessibleName(tr("Classes"));
     setToolTip(tr("Classes are given to spectra in the table of stacked spectra. Their colours show in the setting "
-                  "Gradient, which an edit here chooses."));
-    setHorizontalHeaderLabels({tr("Class"), tr("Mode"), tr("Base colour")});
+                  "Gradient, which an edit of them chooses."));
+    setHorizontalHeaderLabels({tr("Class"), tr("Mode"), tr("Base colour"), tr("Line")});
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
@@ -59,6 +59,12 @@ void WYrexClassesTable::addRow(int row, const QString &name)
          {lightToDarkColors, tr("Light to dark")},
          {sequentialColors, tr("Sequential")},
          {paletteColors, tr("Palette")}});
+    box(cLine, QStringLiteral("line"),
+        {{int(Qt::SolidLine), tr("Solid")},
+         {int(Qt::DashLine), tr("Dashed")},
+         {int(Qt::DotLine), tr("Dotted")},
+         {int(Qt::DashDotLine), tr("Dash-dot")},
+         {int(Qt::DashDotDotLine), tr("Dash-dot-dot")}});
     auto *color = new WYrexColorButton(this);
     color->setObjectName(QStringLiteral("color"));
     color->setAccessibleName(horizontalHeaderItem(cColor)->text() + ' ' + name);
@@ -74,6 +80,7 @@ void WYrexClassesTable::showRow(int row, const QVariantMap &fields)
         box->setCurrentIndex(box->findData(value));
     };
     show(cMode, fields.value("mode", int(paletteColors)).toInt());
+    show(cLine, fields.value("line", int(Qt::SolidLine)).toInt());
     const QColor color(fields.value("color").toString());
     static_cast<WYrexColorButton *>(cellWidget(row, cColor))
         ->setColor(color.isValid() ? color : Utils::Color::paletteColor(0));

@@ -3,18 +3,19 @@
 #include <QTableWidget>
 #include <QVariantMap>
 
-/// The classes of a stack: name, how the colours of their spectra are made, and the base colour.
+/// The classes of a stack: name, how the colours of their spectra are made, the base colour and
+/// the line.
 class WYrexClassesTable : public QTableWidget
 {
     Q_OBJECT
 
 public:
-    enum TColumn { cName, cMode, cColor, cColumnCount };
+    enum TColumn { cName, cMode, cColor, cLine, cColumnCount };
 
     explicit WYrexClassesTable(QWidget *parent = nullptr);
 
-    /// A row for each name that is not empty. `classes` by name: "color" as text and "mode" as a number; those without
-    /// have the usual values.
+    /// A row for each name that is not empty. `classes` by name: "color" as text, "mode" and "line" as numbers; those
+    /// without have the usual values.
     void showClasses(const QStringList &all, const QVariantMap &classes);
     QSize sizeHint() const override;
 
