@@ -133,7 +133,10 @@ TCanvasItem *TYrexPlugin::createItem(int rtti)
 
 ICanvasItem *TYrexPlugin::createSpectrumItem(const TYrexSpectrumList &spectra, ICanvas *parent)
 {
-    return new TCanvasYrexSpectrum(spectra, dynamic_cast<TPage *>(parent), this);
+    auto *item = new TCanvasYrexSpectrum(spectra, dynamic_cast<TPage *>(parent), this);
+    if (item->isStacked() && item->activeYrexPlot())
+        item->activeYrexPlot()->stackedProperties().setAngle(fStackAngle);
+    return item;
 }
 
 void TYrexPlugin::addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra)
