@@ -2,14 +2,22 @@
 #include "TPageModel.h"
 #include "TStoryFixture.h"
 #include "TYrexProcParams.h"
+#include "WBatchDialog.h"
 #include "WPageNavigator.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QTreeView>
 
 namespace {
@@ -58,6 +66,35 @@ protected:
         QCoreApplication::sendEvent(dock(), &drop);
         settle();
         fWindow->grab();
+    }
+    WBatchDialog *openBatch(const QStringList &files, const QString &chain, const QString &folder)
+    {
+        clickMenu({"File", "Batch Processing..."});
+        auto *dialog = fWindow->findChild<WBatchDialog *>("batchDialog");
+        EXPECT_NE(dialog, nullptr);
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString &file : files)
+            urls.append(QUrl::fromLocalFile(file));
+        data.setUrls(urls);
+        QDragEnterEvent enter(dialog->rect().center(), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(dialog, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop(dialog->rect().center(), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(dialog, &drop);
+        type(the<QLineEdit>("templateEdit", dialog), chain);
+        type(the<QLineEdit>("folderEdit", dialog), folder);
+        choose(the<QComboBox>("formComboBox", dialog), "CSV, visible ranges in shown units (*.csv)");
+        return dialog;
+    }
+    /// What a user does with a command line: pastes it into a shell.
+    static void runInShell(QString command)
+    {
+        QProcess shell;
+        command.replace(QRegularExpression("^zarnu"), TBatchRequest::quoted(TBatchRunner::program()));
+        shell.start("/bin/sh", {"-c", command});
+        EXPECT_TRUE(shell.waitForFinished(60000));
+        EXPECT_EQ(shell.exitCode(), 0) << shell.readAllStandardError().constData();
     }
     void exportData(const QString &path)
     {
@@ -129,6 +166,34 @@ TEST_F(TemplateTest, oneChainForFiveSpectra)
         EXPECT_EQ(fileBytes(path), fileBytes(out + QString("tablet%1.csv").arg(page + 1))) << page;
     }
     EXPECT_NE(header(), "Applies to 5 items");
+
+    const QString batch = fFolder.filePath("batch");
+    WBatchDialog *dialog = openBatch(files, clean, batch);
+    ASSERT_NE(dialog, nullptr);
+    click(the<QPushButton>("copyButton", dialog));
+    const QString command = QGuiApplication::clipboard()->text();
+    EXPECT_EQ(command, the<QPlainTextEdit>("commandEdit", dialog)->toPlainText());
+    click(the<QPushButton>("runButton", dialog));
+    EXPECT_EQ(the<QPushButton>("closeButton", dialog)->text(), "Cancel");
+    EXPECT_FALSE(the<QWidget>("filesTable", dialog)->isEnabled());
+    EXPECT_TRUE(waitFor([&] { return the<QWidget>("filesTable", dialog)->isEnabled(); }, 60000));
+    save(dialog, "6-batch");
+    auto *progress = the<QProgressBar>("progressBar", dialog);
+    EXPECT_EQ(progress->value(), 5);
+    EXPECT_EQ(progress->maximum(), 5);
+    for (int row = 0; row < 5; ++row)
+        EXPECT_EQ(dialog->stateOf(row), WBatchDialog::cDone) << row;
+    EXPECT_EQ(the<QLabel>("noteLabel", dialog)->text(), "5 done.");
+    click(the<QPushButton>("closeButton", dialog));
+    QVector<QByteArray> results;
+    for (int file = 1; file <= 5; ++file)
+        results.append(fileBytes(batch + QString("/tablet%1.csv").arg(file)));
+    ASSERT_TRUE(QDir(batch).removeRecursively());
+    runInShell(command);
+    for (int file = 1; file <= 5; ++file) {
+        EXPECT_EQ(fileBytes(batch + QString("/tablet%1.csv").arg(file)), results.at(file - 1)) << file;
+        EXPECT_EQ(fileBytes(fFolder.filePath(QString("page%1.csv").arg(file))), results.at(file - 1)) << file;
+    }
 
     undoTo(steps);
     for (int page = 0; page < 5; ++page)
