@@ -93,6 +93,32 @@ TEST_F(PageTablesTest, aTableFollowsItsItemAndIsOneStep)
     EXPECT_EQ(placed()->source(), item());
 }
 
+TEST_F(PageTablesTest, chosenParametersMakeALegend)
+{
+    open(writeBands("film.dx", 1.0));
+    fWindow->grab();
+    showDock("parametersTable");
+    table()->view()->clearSelection();
+    for (int row = 0; row < rows(); ++row) {
+        if (cell(row, "parameter") == "Title" || cell(row, "parameter") == "Original Y Units")
+            table()->view()->selectionModel()->select(table()->proxy()->mapFromSource(place(row, "parameter")),
+                                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    ASSERT_EQ(table()->selectedRows().size(), 2);
+    button("Place on Page")->click();
+    settle();
+    ASSERT_NE(placed(), nullptr);
+    ASSERT_EQ(placed()->content().fRows.size(), 2);
+    EXPECT_EQ(titles(), QStringList({"Parameter", "Value"}));
+    EXPECT_EQ(shown(0, 0), "Title");
+    EXPECT_EQ(shown(0, 1), "film.dx");
+    for (int row = 0; row < rows(); ++row) {
+        if (cell(row, "parameter") == "Title")
+            EXPECT_TRUE(type(row, "value", "A film"));
+    }
+    EXPECT_EQ(shown(0, 1), "A film") << "it follows its item";
+}
+
 TEST_F(PageTablesTest, theLastValuesStayWhenItsItemGoes)
 {
     placePeaks();

@@ -88,6 +88,11 @@ QVector<TYrexParamRow> TSpectrumParamsTableModel::withHeadings(const QVector<TYr
 {
     QVector<TYrexParamRow> all;
     for (const TYrexParamRow &row : rows) {
+        if (!fOnly.isEmpty()) {
+            if (fOnly.contains(row.fId))
+                all.append(row);
+            continue;
+        }
         if (!fIsAll && (row.fIsHidden || (row.fIsLocked && row.isEmpty())))
             continue;
         if (all.isEmpty() || all.last().fGroup != row.fGroup) {
@@ -149,6 +154,22 @@ void TSpectrumParamsTableModel::setAll(bool all)
 {
     fIsAll = all;
     read(item());
+}
+
+void TSpectrumParamsTableModel::setOnly(const QSet<int> &ids)
+{
+    fOnly = ids;
+    read(item());
+}
+
+QVector<int> TSpectrumParamsTableModel::idsOf(const QVector<int> &rows) const
+{
+    QVector<int> ids;
+    for (const int row : rows) {
+        if (row >= 0 && row < fRows.size() && !isHeading(row))
+            ids.append(fRows.at(row).fId);
+    }
+    return ids;
 }
 
 void TSpectrumParamsTableModel::setComparing(bool comparing)

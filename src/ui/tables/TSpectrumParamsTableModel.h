@@ -37,6 +37,10 @@ public:
     void setAll(bool all);
     /// A column per spectrum in use, at most cMostCompared.
     void setComparing(bool comparing);
+    /// These parameters alone, by their ids, without headings; empty for all.
+    void setOnly(const QSet<int> &ids);
+    /// The ids of parameters in these rows; headings have none.
+    QVector<int> idsOf(const QVector<int> &rows) const;
     /// How many spectra are in use.
     int usedCount() const { return fUsed.size(); }
     /// Whether other spectra are in use than those that were read.
@@ -81,6 +85,7 @@ private:
     QVector<TYrexParamRow> fRows;
     QVector<int> fUsed; // indices of spectra
     QSet<int> fFolded;  // groups
+    QSet<int> fOnly;    // ids; empty for all
     int fActive = 0;
     bool fIsAll = false;
     bool fIsComparing = false;

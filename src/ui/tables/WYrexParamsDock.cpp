@@ -6,10 +6,13 @@
 #include "TSpectrumParamsTableModel.h"
 #include "TYrexParamsParsers.h"
 #include "WYrexParamTemplatesDialog.h"
+#include "YrexPageTables.h"
 #include "canvas/TPage.h"
 #include "params/TParamsParser.h"
 #include "params/TParamsParsers.h"
+#include "tables/TTableProperties.h"
 #include "widgets/TBaseTable.h"
+#include "widgets/TTableProxy.h"
 #include "widgets/WTableTools.h"
 
 #include <QHBoxLayout>
@@ -46,7 +49,30 @@ WYrexParamsDock::WYrexParamsDock(IPluginHost &host, QWidget *parent)
     });
     connect(fTable, &TBaseTable::deleteWanted, fModel, &TSpectrumParamsTableModel::clear);
     connect(fTable, &TBaseTable::menuWanted, this, &WYrexParamsDock::openMenu);
+    connect(fTable, &TBaseTable::placeWanted, this, &WYrexParamsDock::placeRows);
     refresh();
+}
+
+/// The selected rows, or all that are seen and say something.
+void WYrexParamsDock::placeRows()
+{
+    QVector<int> chosen = fModel->idsOf(fTable->selectedRows());
+    if (chosen.isEmpty()) {
+        QVector<int> rows;
+        for (int row = 0; row < fTable->proxy()->rowCount(); ++row) {
+            const QModelIndex value = fTable->proxy()->index(row, TSpectrumParamsTableModel::cFirstValue);
+            if (!value.data().toString().isEmpty())
+                rows.append(fTable->proxy()->mapToSource(value).row());
+        }
+        chosen = fModel->idsOf(rows);
+    }
+    QVariantList ids;
+    for (const int id : qAsConst(chosen))
+        ids.append(id);
+    TTableProperties properties(YrexPageTables::cParameters);
+    properties.setDecimals(fTable->tools()->shownProperties(YrexPageTables::cParameters).decimals());
+    properties.setOption(YrexPageTables::cIds, ids);
+    placeOnPage(properties);
 }
 
 QToolButton *WYrexParamsDock::addTool(const QString &text, const QString &tip, bool isCheckable)
@@ -131,6 +157,8 @@ void WYrexParamsDock::openMenu(const QPoint &place)
     menu->addSeparator();
     menu->addAction(tr("Copy"), this, [this] { fTable->tools()->copy(false); });
     menu->addAction(tr("Copy with All Digits"), this, [this] { fTable->tools()->copy(true); });
+    menu->addSeparator();
+    menu->addAction(tr("Place on Page"), this, &WYrexParamsDock::placeRows);
     menu->addSeparator();
     menu->addAction(tr("Unfold All"), this, [this] { fModel->setAllFolded(false); });
     menu->addAction(tr("Fold All"), this, [this] { fModel->setAllFolded(true); });

@@ -27,6 +27,7 @@ private:
     void watchSelection(const TCanvasYrexSpectrum *item);
     QToolButton *addTool(const QString &text, const QString &tip, bool isCheckable);
     void editTemplates();
+    void placeRows();
     void openMenu(const QPoint &place);
 
     TSpectrumParamsTableModel *fModel;

@@ -1,6 +1,7 @@
 #include "YrexPageTables.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "TSpectrumParamsTableModel.h"
 #include "TYrexIntegralsSpectraModel.h"
 #include "TYrexIntegralsTableModel.h"
 #include "TYrexPeaksTableModel.h"
@@ -47,6 +48,14 @@ TTableKind tableOf(IPluginHost &host, const TTableProperties &properties, TCanva
         model->setRatio(properties.option(YrexPageTables::cOver).toInt(),
                         properties.option(YrexPageTables::cUnder).toInt());
         kind = {QStringLiteral("IntegralsOfSpectra"), text("Integrals"), std::move(model)};
+    } else if (properties.table() == YrexPageTables::cParameters) {
+        auto model = std::make_unique<TSpectrumParamsTableModel>(host);
+        QSet<int> ids;
+        for (const QVariant &id : properties.option(YrexPageTables::cIds).toList())
+            ids.insert(id.toInt());
+        model->setOnly(ids);
+        model->read(spectra);
+        kind = {QStringLiteral("Parameters"), text("Parameters"), std::move(model)};
     }
     if (kind.fModel)
         kind.fModel->setDecimals(properties.decimals());
@@ -65,7 +74,7 @@ void YrexPageTables::addTo(TTableFactories &factories, IPluginHost &host)
         content.fTitle = kind.fTitle;
         return true;
     };
-    for (const char *table : {cPeaks, cIntegrals, cIntegralsOfSpectra})
+    for (const char *table : {cPeaks, cIntegrals, cIntegralsOfSpectra, cParameters})
         factories.add(table, read);
 }
 

@@ -12,7 +12,9 @@ namespace YrexPageTables {
 constexpr char cPeaks[] = "peaks";
 constexpr char cIntegrals[] = "integrals";
 constexpr char cIntegralsOfSpectra[] = "integralsOfSpectra";
+constexpr char cParameters[] = "parameters";
 
+constexpr char cIds[] = "ids";               // of parameters: those that are shown
 constexpr char cAllSpectra[] = "allSpectra"; // of peaks: those of all visible spectra
 constexpr char cOver[] = "over";             // of integrals: the regions of the ratio, counted from 0; -1 for none
 constexpr char cUnder[] = "under";
