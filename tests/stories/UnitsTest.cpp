@@ -2,8 +2,13 @@
 #include "TStoryFixture.h"
 #include "TYrexIntegrationRegions.h"
 #include "TYrexUnits.h"
+#include "services/IGuiHost.h"
+#include "widgets/TBaseTable.h"
+#include "widgets/WPluginDockWidget.h"
 
+#include <QComboBox>
 #include <QMenu>
+#include <QTableView>
 
 namespace {
 
@@ -63,6 +68,31 @@ protected:
                 texts.append(entry->text().section('\t', 0, 0).remove('&'));
         }
         return texts;
+    }
+    /// Chooses in the table of parameters, as a double click on the value offers it.
+    void setOriginalUnits(const QString &parameter, const QString &unit)
+    {
+        openDock("parametersTable");
+        auto *view = fHost.gui()->dock("parametersTable")->findChild<TBaseTable *>()->view();
+        for (int row = 0; row < view->model()->rowCount(); ++row) {
+            if (view->model()->index(row, 0).data().toString() != parameter)
+                continue;
+            const QModelIndex value = view->model()->index(row, 1);
+            clickRow(view, value);
+            QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(value).center());
+            settle();
+            auto *units = view->viewport()->findChild<QComboBox *>();
+            ASSERT_NE(units, nullptr);
+            look("11-choosing");
+            ASSERT_GE(units->findText(unit), 0);
+            ASSERT_TRUE(waitFor([units] { return units->view()->isVisible(); })) << "the list opens by itself";
+            units->view()->setCurrentIndex(units->model()->index(units->findText(unit), 0));
+            QTest::keyClick(units->view(), Qt::Key_Return);
+            settle();
+            EXPECT_EQ(view->model()->index(row, 1).data().toString(), unit);
+            return;
+        }
+        FAIL() << "no parameter " << parameter.toStdString();
     }
     void chooseSecondAxis(const QString &unit)
     {
@@ -142,6 +172,18 @@ TEST_F(UnitsStoryTest, marksAndRangesStayOnTheirPoints)
     EXPECT_NEAR(hidden().at(0).lo(), 1e7 / gap.hi(), 1e-6);
     EXPECT_NEAR(hidden().at(0).hi(), 1e7 / gap.lo(), 1e-6);
     expectMarksOnTheirBands();
+
+    const QByteArray absorbance = bytesOf(specItem());
+    const QVector<double> values = spectrum()->values();
+    const int steps = undo()->index();
+    setOriginalUnits("Original Y Units", "Transmittance");
+    look("11-transmittance");
+    EXPECT_EQ(spectrum()->origYUnits(), cUnitTransmittance);
+    EXPECT_EQ(spectrum()->values(), values) << "what the file holds is now understood as transmittance";
+    EXPECT_EQ(undo()->index(), steps + 1);
+    expectMarksOnTheirBands();
+    undoTo(steps);
+    EXPECT_EQ(bytesOf(specItem()), absorbance);
 
     undoTo(stepsAtStart);
     EXPECT_EQ(bytesOf(specItem()), start);
