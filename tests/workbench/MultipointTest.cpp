@@ -1,7 +1,10 @@
 // The multipoint baseline: its dock, and the mouse mode that goes with it.
 #include "TActionTable.h"
 #include "TDockController.h"
+#include "TDocumentController.h"
 #include "TWindowFixture.h"
+#include "canvas/TDocument.h"
+#include "commands/TCmdMoveItem.h"
 #include "contexts/IStackedItemCtx.h"
 #include "services/IEditSession.h"
 #include "services/IGuiHost.h"
