@@ -141,6 +141,7 @@ TEST_F(RibbonTest, altLeadsToEveryButtonByKeys)
     EXPECT_NE(button("grid")->isChecked(), hadGrid);
     EXPECT_FALSE(tips->isActive());
     EXPECT_TRUE(letters().isEmpty());
+    EXPECT_EQ(fWindow->focusWidget(), view()) << "the keyboard is the plot's again";
     EXPECT_EQ(plot()->horzAxis().getScale(), before);
     press(Qt::Key_Alt);
     press(Qt::Key_1);
@@ -148,6 +149,7 @@ TEST_F(RibbonTest, altLeadsToEveryButtonByKeys)
     EXPECT_TRUE(tips->isActive());
     press(Qt::Key_Escape);
     EXPECT_FALSE(tips->isActive());
+    EXPECT_EQ(fWindow->focusWidget(), view());
     // not after a drag with Alt held
     QTest::keyPress(view(), Qt::Key_Alt);
     drag(at(0.2, 0.2), at(0.4, 0.4));

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QTimer>
 #include <QToolButton>
 
@@ -50,6 +51,8 @@ bool TKeyTips::eventFilter(QObject *object, QEvent *event)
         const auto *key = static_cast<QKeyEvent *>(event);
         fIsAltAlone =
             key->key() == Qt::Key_Alt && !key->isAutoRepeat() && key->modifiers() == Qt::AltModifier && !fIsMouseDown;
+        if (fIsAltAlone && !isFocusTaken())
+            fFocusBefore = fRibbon.window()->focusWidget();
         return key->key() != Qt::Key_Alt && isActive() && keyPressed(key->key(), key->modifiers());
     }
     case QEvent::KeyRelease:
@@ -102,8 +105,10 @@ bool TKeyTips::keyPressed(int key, Qt::KeyboardModifiers modifiers)
     if (fState == cTabs) {
         const int tab = key - Qt::Key_1;
         end();
-        if (tab < 0 || tab >= fRibbon.tabs().count())
+        if (tab < 0 || tab >= fRibbon.tabs().count()) {
+            giveFocusBack();
             return false;
+        }
         fRibbon.tabs().setFocus();
         fRibbon.choose(tab);
         showButtons();
@@ -111,6 +116,7 @@ bool TKeyTips::keyPressed(int key, Qt::KeyboardModifiers modifiers)
     }
     QAbstractButton *button = key < 0x80 ? fButtons.value(QChar(key)) : nullptr;
     end();
+    giveFocusBack();
     if (button && button->isEnabled()) {
         auto *tool = qobject_cast<QToolButton *>(button);
         const bool dropsDown = tool && tool->menu() && tool->popupMode() == QToolButton::InstantPopup;
@@ -120,6 +126,19 @@ bool TKeyTips::keyPressed(int key, Qt::KeyboardModifiers modifiers)
             button->click();
     }
     return true;
+}
+
+/// Whether Alt or the tips brought the keyboard where it is: to the menus or to the tabs.
+bool TKeyTips::isFocusTaken() const
+{
+    const QWidget *focus = fRibbon.window()->focusWidget();
+    return focus == &fRibbon.tabs() || qobject_cast<const QMenuBar *>(focus);
+}
+
+void TKeyTips::giveFocusBack()
+{
+    if (fFocusBefore && isFocusTaken())
+        fFocusBefore->setFocus();
 }
 
 void TKeyTips::showTabs()

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 
 class QAbstractButton;
 class QKeyEvent;
@@ -31,6 +32,8 @@ private:
     void showTabs();
     void showButtons();
     void end();
+    bool isFocusTaken() const;
+    void giveFocusBack();
 
     WRibbon &fRibbon;
     TState fState = cNone;
@@ -38,4 +41,5 @@ private:
     bool fIsMouseDown = false;
     QHash<QChar, QAbstractButton *> fButtons;
     QList<QLabel *> fTips;
+    QPointer<QWidget> fFocusBefore; // had the keyboard before the tips
 };
