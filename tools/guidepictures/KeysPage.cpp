@@ -23,7 +23,10 @@ constexpr char cHead[] =
     "Beside these: arrows move (Left, Right pan by a tenth; Up, Down choose the previous or next spectrum), Tab and\n"
     "Shift+Tab walk the marks, Return opens the highlighted mark, PgUp and PgDown turn the pages, Escape gives up what "
     "is\n"
-    "under way, then the mode, then the highlighted marks. Space held down pans.\n";
+    "under way, then the mode, then the highlighted marks. Space held down pans.\n\n"
+    "Modes work without a mouse: C (Crosshair) puts a pointer on the curve, and other modes take it over. Arrows move\n"
+    "it (with Shift by ten), Return clicks, Shift+Return holds the button down until the next Return. Alt alone shows\n"
+    "digits at the tabs of the ribbon, and then a letter at each button.\n";
 
 QString row(const TMenuEntry &entry)
 {
