@@ -40,7 +40,7 @@ void TYrexListCommand::finishItem(TCanvasYrexSpectrum *item, int, bool refreshed
 
 void TYrexListCommand::saveItem(TCanvasYrexSpectrum *item, int index)
 {
-    if (!fIsTakenOver) {
+    if (!fIsTakenOver || !fSnapshots[size_t(index)]) { // one that the predecessor passed over has none
         QByteArray state;
         item->storeFullState(state);
         fSnapshots[size_t(index)] = std::make_shared<TYrexSnapshot>();

@@ -167,6 +167,8 @@ void TCanvasTable::loadPlace(TDataStream &stream)
         if (!(std::abs(length) <= cFarthestPlace))
             stream.setStatus(QDataStream::ReadCorruptData);
     }
+    if (width < 0.0 || height < 0.0)
+        stream.setStatus(QDataStream::ReadCorruptData);
     if (!stream.isGood())
         return;
     setUniqueId(id);

@@ -204,6 +204,8 @@ void TTableContent::load(TDataStream &stream)
         fColumns.append(column);
     }
     const int rows = stream.readCount(1 + cMinTextSize * columns);
+    if (rows > cMaxRows) // no writer keeps so many
+        stream.setStatus(QDataStream::ReadCorruptData);
     for (int i = 0; i < rows && stream.isGood(); ++i) {
         TRow row;
         Utils::Stream::read(stream, row.fColor);
