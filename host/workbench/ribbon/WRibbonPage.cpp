@@ -3,7 +3,6 @@
 #include "WRibbonGroup.h"
 
 #include <QEvent>
-#include <QVector>
 #include <algorithm>
 
 WRibbonPage::WRibbonPage(const TMarkupRibbonPage &markup, TActionTable &actions, QWidget *parent)
@@ -36,24 +35,16 @@ void WRibbonPage::arrange()
     int needed = 0;
     for (const WRibbonGroup *group : qAsConst(fGroups))
         needed += group->openWidth();
-    const auto saved = [this](int i) { return fGroups.at(i)->openWidth() - fGroups.at(i)->foldedWidth(); };
-    QVector<bool> isFolded(fGroups.size(), false);
-    int last = fGroups.size(); // the first of those that fold
-    while (needed > width() && last > 0) {
-        isFolded[--last] = true;
-        needed -= saved(last);
-    }
-    for (int i = last; i < fGroups.size(); ++i) { // a wide one leaves room for others behind it
-        if (!isFolded.at(i) || needed + saved(i) > width())
-            continue;
-        isFolded[i] = false;
-        needed += saved(i);
+    int folded = fGroups.size(); // the first of those that fold
+    while (needed > width() && folded > 0) {
+        --folded;
+        needed += fGroups.at(folded)->foldedWidth() - fGroups.at(folded)->openWidth();
     }
     int x = 0;
     for (int i = 0; i < fGroups.size(); ++i) {
         WRibbonGroup *group = fGroups.at(i);
-        group->setFolded(isFolded.at(i));
-        const int groupWidth = isFolded.at(i) ? group->foldedWidth() : group->openWidth();
+        group->setFolded(i >= folded);
+        const int groupWidth = i >= folded ? group->foldedWidth() : group->openWidth();
         group->setGeometry(x, 0, groupWidth, height());
         x += groupWidth;
     }
