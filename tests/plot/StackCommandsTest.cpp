@@ -49,7 +49,7 @@ QVariant otherThan(const QString &key, const QVariant &value)
     case QMetaType::Int:
         return value.toInt() == 1 ? 2 : 1;
     case QMetaType::QVariantMap:
-        return QVariantMap{{"a class", QVariantMap{{"color", "#010203"}, {"mode", 1}}}};
+        return QVariantMap{{"a class", QVariantMap{{"color", "#010203"}, {"mode", 1}, {"line", 3}}}};
     default:
         break;
     }
