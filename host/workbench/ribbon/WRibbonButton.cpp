@@ -11,7 +11,7 @@ namespace {
 constexpr int cLargeIcon = 32;
 constexpr int cSmallIcon = 16;
 constexpr ushort cGap = 0x2005; // a narrow space: styles leave next to nothing between icon and text
-constexpr int cLongText = 9; // letters from which a large button takes a second line
+constexpr int cLongText = 9;    // letters from which a large button takes a second line
 
 /// Breaks a text at the space nearest to its middle.
 QString inTwoLines(QString text)

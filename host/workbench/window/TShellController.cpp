@@ -40,8 +40,8 @@ TShellController::TShellController(TKelmoraHost &host, TActionTable &actions, TD
     , fFiles(files)
     , fWindow(window)
     , fShortcuts(new TShortcuts(actions, *window->menuBar(), this))
-    , fPalette(new WCommandPalette([this] { return paletteEntries(*fWindow->menuBar(), fActions, fDocuments, fFiles, fHost); },
-                                   window))
+    , fPalette(new WCommandPalette(
+          [this] { return paletteEntries(*fWindow->menuBar(), fActions, fDocuments, fFiles, fHost); }, window))
 {
     new TDecimalKeys(this);
     actions.on("commandPalette", [this] { fPalette->open(); });
