@@ -106,7 +106,7 @@ TEST_F(SubtractionTest, aMultipleIsTakenOffAndTheFileComesBack)
     EXPECT_NE(a->currentSpectrum()->values(), second);
     look("5-normalized");
     selectBoth(b, a);
-    runArithmetic([this](QWidget *dialog) {
+    runArithmetic([](QWidget *dialog) {
         EXPECT_TRUE(messageOf(dialog).contains("must have no processing actions applied"));
         const QColor ink = dialog->findChild<QLabel *>("fTextLabel3")->palette().color(QPalette::WindowText);
         EXPECT_TRUE(ink.red() > 2 * ink.green() && ink.red() > 2 * ink.blue()) << "an error is red";
@@ -147,7 +147,7 @@ TEST_F(SubtractionTest, aMultipleIsTakenOffAndTheFileComesBack)
     EXPECT_DOUBLE_EQ(TDefaultsIni().value("Zarnu/Arithmetic/AddFactor").toDouble(), 0.36);
     look("5-subtracted");
 
-    runArithmetic([this](QWidget *dialog) {
+    runArithmetic([](QWidget *dialog) {
         auto *reset = dialog->findChild<QCheckBox *>("fFirstToOriginalCheckBox");
         QTest::mouseClick(reset, Qt::LeftButton, {}, QPoint(8, reset->height() / 2));
         EXPECT_TRUE(reset->isChecked());

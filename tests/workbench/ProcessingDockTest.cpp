@@ -82,7 +82,7 @@ protected:
     }
 
     static constexpr int cDerivative = 0, cSmoothing = 3, cBaseline = 22, cNormalization = 39, cConversion = 50,
-                         cScatter = 64, cFirstIntegration = 68;
+                         cScatter = 64;
 };
 
 } // namespace

@@ -21,7 +21,6 @@
 namespace {
 
 constexpr int cDiscSize = 26;
-constexpr int cBarHeight = 60; // of the bar for units, with the top of the page
 
 /// A number in a disc, centred on a place.
 void drawNumber(QPainter &painter, const QPoint &place, int number)
