@@ -12,7 +12,7 @@ TCursorInfoNotifier::TCursorInfoNotifier(int rtti, const TBaseCursorInfoHandler 
 
 QString TCursorInfoNotifier::notify(const TMouseSpot &spot)
 {
-    const QString text = spot.item && spot.item->rtti() == fRtti ? fHandler.infoAt(spot) : QString();
+    QString text = spot.item && spot.item->rtti() == fRtti ? fHandler.infoAt(spot) : QString();
     if (text == fText)
         return text;
     fText = text;

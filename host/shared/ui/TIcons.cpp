@@ -29,7 +29,7 @@ QString fileOf(const QString &path, bool dark)
         places = QStringList{(dark ? ":/themes/dark" : ":/themes/light") + rest, ':' + rest};
     }
     for (const QString &place : qAsConst(places)) {
-        const QString drawing = place.left(place.lastIndexOf('.')) + ".svg";
+        QString drawing = place.left(place.lastIndexOf('.')) + ".svg";
         if (QFile::exists(drawing))
             return drawing;
         if (QFile::exists(place))
