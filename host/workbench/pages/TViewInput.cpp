@@ -183,7 +183,7 @@ QCursor TViewInput::cursor(const TMouseSpot &spot) const
 QString TViewInput::hint() const
 {
     for (const TBaseHotAreasHandler *handler : hotAreas()) {
-        const QString hint = handler->hint();
+        QString hint = handler->hint();
         if (!hint.isEmpty())
             return hint;
     }

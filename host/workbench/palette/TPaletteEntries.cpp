@@ -85,7 +85,9 @@ void addTemplates(QVector<TPaletteEntry> &entries, const TKelmoraHost &host)
 {
     for (QObject *plugin : host.plugins()) {
         auto *templates = qobject_cast<IPluginTemplates *>(plugin);
-        for (const QString &path : templates ? templates->recentTemplates() : QStringList()) {
+        if (!templates)
+            continue;
+        for (const QString &path : templates->recentTemplates()) {
             const QFileInfo info(path);
             TPaletteEntry entry;
             entry.fId = "template/" + path;
