@@ -9,7 +9,7 @@ extern "C" const char *__lsan_default_suppressions()
 
 extern "C" const char *__asan_default_options()
 {
-    return "fast_unwind_on_malloc=0";
+    return "fast_unwind_on_malloc=0:malloc_context_size=10"; // a window allocates much; whole stacks take minutes
 }
 
 int main(int argc, char **argv)

@@ -81,7 +81,9 @@ bool TDialogHabits::eventFilter(QObject *watched, QEvent *event)
     if (!isShow && event->type() != QEvent::Hide)
         return false;
     auto *dialog = qobject_cast<QDialog *>(watched);
-    const QString name = dialog && !event->spontaneous() ? nameOf(*dialog) : QString();
+    if (!dialog || event->spontaneous())
+        return false;
+    const QString name = nameOf(*dialog);
     if (name.isEmpty())
         return false;
     if (isShow) {
