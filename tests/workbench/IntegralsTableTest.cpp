@@ -14,15 +14,7 @@ protected:
     /// A stack of so many spectra, the first with two integrals.
     void openIntegrated(int spectra = 1)
     {
-        QStringList paths;
-        for (int i = 0; i < spectra; ++i)
-            paths.append(writeBands(QString("s%1.dx").arg(i), 1.0 / (i + 1)));
-        if (spectra == 1)
-            open(paths.first());
-        else
-            fWindow->files().openAsStack(paths);
-        settle();
-        fWindow->grab();
+        openBandFiles(spectra);
         fTable = "IntegralsTable";
         showDock("yrexIntegralsTable");
         integrate(900.0, 1100.0);

@@ -22,15 +22,7 @@ class PageTablesTest : public TTableFixture
 protected:
     void placePeaks(int spectra = 1)
     {
-        QStringList paths;
-        for (int i = 0; i < spectra; ++i)
-            paths.append(writeBands(QString("s%1.dx").arg(i), 1.0 / (i + 1)));
-        if (spectra == 1)
-            open(paths.first());
-        else
-            fWindow->files().openAsStack(paths);
-        settle();
-        fWindow->grab();
+        openBandFiles(spectra);
         trigger("yrexAutoPeakPicking");
         showDock("yrexPeaksTable");
         ASSERT_NE(button("Place on Page"), nullptr);

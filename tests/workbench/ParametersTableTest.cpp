@@ -18,15 +18,7 @@ class ParametersTableTest : public TTableFixture
 protected:
     void openBands(int spectra = 1)
     {
-        QStringList paths;
-        for (int i = 0; i < spectra; ++i)
-            paths.append(writeBands(QString("s%1.dx").arg(i), 1.0 / (i + 1)));
-        if (spectra == 1)
-            open(paths.first());
-        else
-            fWindow->files().openAsStack(paths);
-        settle();
-        fWindow->grab();
+        openBandFiles(spectra);
         showDock("parametersTable");
     }
     int rowOf(const QString &name)

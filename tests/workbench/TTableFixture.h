@@ -45,6 +45,19 @@ protected:
         file.write("##END=\n");
         return file.fileName();
     }
+    /// Opens so many such files, as a stack where there are several; each lower than the one before.
+    void openBandFiles(int spectra)
+    {
+        QStringList paths;
+        for (int i = 0; i < spectra; ++i)
+            paths.append(writeBands(QString("s%1.dx").arg(i), 1.0 / (i + 1)));
+        if (spectra == 1)
+            open(paths.first());
+        else
+            fWindow->files().openAsStack(paths);
+        settle();
+        fWindow->grab();
+    }
     WPluginDockWidget *dock() { return fHost.gui()->dock(fDock); }
     void showDock(const QString &name)
     {
