@@ -6,6 +6,7 @@ class IBatchHost;
 class IConverterHost;
 class IGuiHost;
 class IProgressBar;
+class IScriptHost;
 class IScriptObjectFactory;
 class QObject;
 class QString;
@@ -37,6 +38,8 @@ public:
     virtual IGuiHost *gui() = 0;
     /// Null in a program with windows, where the document is the user's.
     virtual IBatchHost *batch() { return nullptr; }
+    /// Null where no scripts can be run.
+    virtual IScriptHost *scripts() { return nullptr; }
     virtual IProgressBar *progress() = 0;
     /// Where plug-ins add what reads their items for tables on pages; null in a host without such tables.
     virtual TTableFactories *tables() { return nullptr; }

@@ -2,12 +2,15 @@
 
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
+#include "canvas/TLoadReport.h"
 #include "plugin/IPluginCanvasItem.h"
 #include "plugin/IPluginInfo.h"
 #include "script/IScriptObjectFactory.h"
 #include "services/TImportDriver.h"
 #include "tables/HostTables.h"
 #include "tables/TCanvasTable.h"
+
+#include <QScriptEngine>
 
 TKelmoraHost::TKelmoraHost()
     : fConverterHost(*this)
@@ -110,4 +113,45 @@ void TKelmoraHost::registerScriptObject(const QString &name, QObject *object, in
 QObject *TKelmoraHost::scriptObject(const QString &name) const
 {
     return fScriptObjects.value(name).fObject;
+}
+
+void TKelmoraHost::installScripts(QScriptEngine &engine)
+{
+    for (const auto &factory : fFactories)
+        factory->install(&engine);
+    for (auto it = fScriptObjects.constBegin(); it != fScriptObjects.constEnd(); ++it)
+        engine.globalObject().setProperty(it.key(), engine.newQObject(it.value().fObject));
+}
+
+QScriptValue TKelmoraHost::wrapItem(QScriptEngine &engine, TCanvasItem *item)
+{
+    for (const auto &factory : fFactories) {
+        const QScriptValue object = factory->wrap(&engine, item);
+        if (object.isObject())
+            return object;
+    }
+    return engine.undefinedValue();
+}
+
+bool TKelmoraHost::openDocument(const QString &path, QString *error)
+{
+    if (fOpener)
+        return fOpener(path, error);
+    auto document = std::make_unique<TDocument>();
+    TLoadReport report;
+    if (!document->loadFrom(path, report)) {
+        if (error)
+            *error = report.fError;
+        return false;
+    }
+    setDocument(std::move(document));
+    return true;
+}
+
+void TKelmoraHost::newDocument()
+{
+    if (fOpener)
+        fOpener(QString(), nullptr);
+    else
+        setDocument(std::make_unique<TDocument>());
 }

@@ -3,6 +3,7 @@
 #include "canvas/TCanvasItemList.h"
 #include "services/IBatchHost.h"
 #include "services/IPluginHost.h"
+#include "services/IScriptHost.h"
 #include "services/TConverterHost.h"
 #include "services/TPluginLoader.h"
 #include "tables/TTableFactories.h"
@@ -10,15 +11,15 @@
 #include <QHash>
 #include <QObject>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
-class QScriptEngine;
 class TDocument;
 class TImportDriver;
 
 /// The host: plug-ins, the open document, the selection and what scripts may reach. Programs with windows add theirs.
-class TKelmoraHost : public IPluginHost, public IBatchHost
+class TKelmoraHost : public IPluginHost, public IBatchHost, public IScriptHost
 {
 public:
     TKelmoraHost();
@@ -40,6 +41,13 @@ public:
     const TPluginLoader &loader() const { return fLoader; }
     const TImportDriver &importDriver() const override { return *fDriver; }
     QStringList scriptClassNames() const;
+    /// How a program with windows opens documents for scripts, an empty path for a new one; false with the reason.
+    using TOpener = std::function<bool(const QString &path, QString *error)>;
+    void setDocumentOpener(const TOpener &opener) { fOpener = opener; }
+    void installScripts(QScriptEngine &engine) override;
+    QScriptValue wrapItem(QScriptEngine &engine, TCanvasItem *item) override;
+    bool openDocument(const QString &path, QString *error) override;
+    void newDocument() override;
     QObject *scriptObject(const QString &name) const;
 
     QObject *pluginByBaseId(const QUuid &id) const override;
@@ -52,6 +60,7 @@ public:
     QVariant request(int, const QVariant &, const QVariant &, const QVariant &) override { return QVariant(); }
     IGuiHost *gui() override { return fGui; }
     IBatchHost *batch() override { return fGui ? nullptr : this; }
+    IScriptHost *scripts() override { return this; }
     IProgressBar *progress() override { return fProgress; }
     TTableFactories *tables() override { return &fTables; }
 
@@ -71,6 +80,7 @@ private:
     TCanvasItemList fSelection;
     std::vector<std::unique_ptr<IScriptObjectFactory>> fFactories;
     QHash<QString, TScriptEntry> fScriptObjects;
+    TOpener fOpener;
     IGuiHost *fGui = nullptr;
     IProgressBar *fProgress = nullptr;
 };

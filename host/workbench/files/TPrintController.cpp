@@ -4,11 +4,11 @@
 #include "TDocumentController.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "exchange/PagePrinting.h"
 #include "settings/TDefaultsIni.h"
 #include "widgets/GuiUtils.h"
 
 #include <QPageSetupDialog>
-#include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -17,12 +17,9 @@
 namespace {
 
 constexpr char cPaperKey[] = "Kelmora/Print/Paper";
-constexpr double cUnitsPerMm = 10.0;
-constexpr double cUnitsPerInch = 254.0;
 constexpr int cPaperNumbers = 7;
 constexpr double cSmallestPaper = 10.0; // mm
 constexpr double cLargestPaper = 5000.0;
-constexpr double cSameSize = 0.005; // a paper is hardly cut better
 
 /// Width and height of the upright sheet, 1 for landscape, then the margins left, top, right, bottom; in mm.
 QVariantList numbersOf(const QPageLayout &paper)
@@ -74,19 +71,12 @@ void TPrintController::prepare(QPrinter *printer) const
         printer->setFullPage(true);
         return;
     }
-    const QSizeF size = document.pages().first()->size() / cUnitsPerMm;
-    const bool isLandscape = size.width() > size.height();
-    const QSizeF upright(std::min(size.width(), size.height()), std::max(size.width(), size.height()));
-    printer->setPageSize(QPageSize(upright, QPageSize::Millimeter));
-    printer->setPageOrientation(isLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+    PagePrinting::setPaper(*printer, *document.pages().first());
 }
 
 double TPrintController::scale(const QPrinter &printer, int page) const
 {
-    const QSizeF paper = printer.pageLayout().fullRect(QPageLayout::Millimeter).size() * cUnitsPerMm;
-    const QSizeF size = fDocuments.document()->pages().at(page)->size();
-    const double fit = std::min(paper.width() / size.width(), paper.height() / size.height());
-    return fit > 1.0 - cSameSize ? 1.0 : fit;
+    return PagePrinting::scale(printer, *fDocuments.document()->pages().at(page));
 }
 
 bool TPrintController::print(QPrinter *printer) const
@@ -100,25 +90,7 @@ bool TPrintController::print(QPrinter *printer) const
     } else if (printer->printRange() == QPrinter::CurrentPage) {
         first = last = std::max(0, pages.indexOf(fDocuments.page()));
     }
-    QPainter painter;
-    if (!painter.begin(printer))
-        return false;
-    const double resolution = printer->resolution() / cUnitsPerInch;
-    for (int i = first; i <= last; ++i) {
-        if (i > first)
-            printer->newPage();
-        const TPage &page = *pages.at(i);
-        const double factor = resolution * scale(*printer, i);
-        const QRectF paper = printer->pageLayout().fullRectPixels(printer->resolution());
-        painter.save();
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.translate((paper.width() - page.size().width() * factor) / 2,
-                          (paper.height() - page.size().height() * factor) / 2);
-        painter.scale(factor, factor);
-        page.paintItems(painter);
-        painter.restore();
-    }
-    return painter.end();
+    return PagePrinting::print(*printer, pages.mid(first, last - first + 1));
 }
 
 void TPrintController::setPaper(const QPageLayout &paper)

@@ -1,0 +1,230 @@
+#include "script/ScriptExchange.h"
+
+#include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "exchange/ExportFile.h"
+#include "exchange/TPictureExporter.h"
+#include "plugin/IConverter.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptPage.h"
+#include "script/TScriptRun.h"
+#include "services/IPluginHost.h"
+#include "services/IScriptHost.h"
+#include "services/TImportDriver.h"
+#include "utils/CommonUtils.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QScriptContext>
+#include <QSizeF>
+
+using namespace Utils::Script;
+
+namespace {
+
+constexpr double cLeastMm = 1.0;
+constexpr double cMostMm = 5000.0;
+constexpr double cUnitsPerMm = 10.0;
+constexpr int cLeastDpi = 1;
+constexpr int cMostDpi = 2400;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ScriptExchange", text);
+}
+
+QScriptValue failed(QScriptContext *context, const QString &path, const QString &reason, int code = cInvalidObject)
+{
+    return throwError(context, code, QStringLiteral("%1: %2").arg(path, reason));
+}
+
+/// openFile(path[, format]): the items of a data file, on the last page if that is empty, else on a new one.
+QScriptValue openFile(QScriptContext *context, QScriptEngine *engine)
+{
+    TScriptRun &run = *TScriptRun::of(engine);
+    const int count = context->argumentCount();
+    if (count < 1 || count > 2)
+        return throwError(context, cWrongCount);
+    if (!context->argument(0).isString() || (count == 2 && !context->argument(1).isString()))
+        return throwError(context, cWrongType);
+    const QString path = run.absolutePath(context->argument(0).toString());
+    TDocument &document = *run.host().document();
+    TPage elsewhere; // none of the document: the command makes a new page then
+    TPage *last = document.pages().isEmpty() ? nullptr : document.pages().last();
+    if (!last)
+        last = document.appendPage();
+    const TImportResult result = run.scripts().importDriver().import(
+        path, last->items().isEmpty() ? last : &elsewhere, count == 2 ? context->argument(1).toString() : QString());
+    if (!Utils::Common::has_no_error(result.fCode))
+        return failed(context, path, result.fReason, result.fCode);
+    QScriptValue array = engine->newArray();
+    quint32 index = 0;
+    for (ICanvasItem *item : result.fItems)
+        array.setProperty(index++, run.wrap(canvasItem(item)));
+    return array;
+}
+
+QScriptValue openDocument(QScriptContext *context, QScriptEngine *engine)
+{
+    TScriptRun &run = *TScriptRun::of(engine);
+    if (context->argumentCount() != 1)
+        return throwError(context, cWrongCount);
+    if (!context->argument(0).isString())
+        return throwError(context, cWrongType);
+    const QString path = run.absolutePath(context->argument(0).toString());
+    QString error;
+    if (!run.scripts().openDocument(path, &error))
+        return failed(context, path, error);
+    return engine->globalObject().property("document");
+}
+
+QScriptValue newDocument(QScriptContext *, QScriptEngine *engine)
+{
+    TScriptRun::of(engine)->scripts().newDocument();
+    return engine->globalObject().property("document");
+}
+
+QScriptValue saveDocument(QScriptContext *context, QScriptEngine *engine)
+{
+    TScriptRun &run = *TScriptRun::of(engine);
+    if (context->argumentCount() != 1)
+        return throwError(context, cWrongCount);
+    if (!context->argument(0).isString())
+        return throwError(context, cWrongType);
+    const QString path = run.absolutePath(context->argument(0).toString());
+    QString error;
+    if (!run.host().document()->saveTo(path, &error))
+        return failed(context, path, error);
+    return engine->undefinedValue();
+}
+
+/// An item, or an array of items; none of them may be something else.
+bool takeItems(const QScriptValue &value, TCanvasItemList &items)
+{
+    if (!value.isArray()) {
+        ICanvasItem *item = canvasItemFromScriptValue(value);
+        if (item)
+            items.append(item);
+        return item;
+    }
+    const quint32 length = value.property("length").toUInt32();
+    for (quint32 i = 0; i < length; ++i) {
+        ICanvasItem *item = canvasItemFromScriptValue(value.property(i));
+        if (!item)
+            return false;
+        items.append(item);
+    }
+    return length > 0;
+}
+
+/// The converter of a file's ending, or of a format's name, that writes such items.
+IConverter *writer(const TImportDriver &driver, const QString &path, const QString &format,
+                   const TCanvasItemList &items)
+{
+    if (!format.isEmpty())
+        return driver.converterByName(format);
+    const QString filter = QStringLiteral("*.") + QFileInfo(path).suffix().toLower();
+    for (IConverter *converter : driver.converters()) {
+        if (converter->acceptsFilter(filter, false) && converter->canExport(items))
+            return converter;
+    }
+    return nullptr;
+}
+
+/// exportData(items, path[, format]): as the export of the program writes them; an older file is replaced.
+QScriptValue exportData(QScriptContext *context, QScriptEngine *engine)
+{
+    TScriptRun &run = *TScriptRun::of(engine);
+    const int count = context->argumentCount();
+    if (count < 2 || count > 3)
+        return throwError(context, cWrongCount);
+    TCanvasItemList items;
+    if (!takeItems(context->argument(0), items) || !context->argument(1).isString())
+        return throwError(context, cWrongType);
+    const QString path = run.absolutePath(context->argument(1).toString());
+    const QString format = count == 3 ? context->argument(2).toString() : QString();
+    IConverter *converter = writer(run.scripts().importDriver(), path, format, items);
+    if (!converter)
+        return failed(context, path, tr("No format of this ending can be written."), cWrongType);
+    QString error;
+    const int code = ExportFile::write(*converter, items, path, &error);
+    return code == cConverterOk ? engine->undefinedValue() : failed(context, path, error, code);
+}
+
+/// Width and height in mm, dpi and background of a picture; false for values out of range.
+bool takeLooks(const QScriptValue &options, TPictureExporter &picture)
+{
+    const QScriptValue width = options.property("width");
+    const QScriptValue height = options.property("height");
+    if (width.isNumber() || height.isNumber()) {
+        const QSizeF size = picture.sizeMm();
+        const QSizeF wanted(width.isNumber() ? width.toNumber() : size.width() * height.toNumber() / size.height(),
+                            height.isNumber() ? height.toNumber() : size.height() * width.toNumber() / size.width());
+        const auto isFit = [](double side) { return side >= cLeastMm && side <= cMostMm; };
+        if (!isFit(wanted.width()) || !isFit(wanted.height()))
+            return false;
+        picture.setSizeMm(wanted);
+    }
+    const QScriptValue dpi = options.property("dpi");
+    if (dpi.isNumber()) {
+        if (!(dpi.toNumber() >= cLeastDpi && dpi.toNumber() <= cMostDpi))
+            return false;
+        picture.setResolution(dpi.toNumber());
+    }
+    const QString background = options.property("background").toString();
+    if (background == QLatin1String("transparent"))
+        picture.setBackground(TPictureExporter::cTransparent);
+    else if (background == QLatin1String("shown"))
+        picture.setBackground(TPictureExporter::cAsShown);
+    return true;
+}
+
+/// The size in which an item is laid out: that of the options in canvas units, or its own.
+QSizeF layoutSize(const QScriptValue &options, const TCanvasItem &item)
+{
+    const QSizeF own = item.rect().size();
+    const double width = options.property("width").toNumber() * cUnitsPerMm;
+    const double height = options.property("height").toNumber() * cUnitsPerMm;
+    return width > 0.0 && height > 0.0 ? QSizeF(width, height) : own;
+}
+
+/// exportPicture(pageOrItem, path[, options]): PNG, SVG or PDF by the ending of the path.
+QScriptValue exportPicture(QScriptContext *context, QScriptEngine *engine)
+{
+    TScriptRun &run = *TScriptRun::of(engine);
+    const int count = context->argumentCount();
+    if (count < 2 || count > 3)
+        return throwError(context, cWrongCount);
+    const auto *page = qobject_cast<TScriptPage *>(context->argument(0).toQObject());
+    TCanvasItem *item = canvasItem(page ? nullptr : canvasItemFromScriptValue(context->argument(0)));
+    if ((!item && !(page && page->page())) || !context->argument(1).isString())
+        return throwError(context, cWrongType);
+    const QScriptValue options = context->argument(2);
+    TPictureExporter picture =
+        item ? TPictureExporter::ofItem(*item, layoutSize(options, *item)) : TPictureExporter::ofPage(*page->page());
+    if (!takeLooks(options, picture))
+        return throwError(context, cOutOfRange);
+    const QString path = run.absolutePath(context->argument(1).toString());
+    QString error;
+    if (!picture.save(path, TPictureExporter::formOf(path), &error))
+        return failed(context, path, error);
+    return engine->undefinedValue();
+}
+
+} // namespace
+
+void ScriptExchange::install(QScriptEngine &engine)
+{
+    const struct
+    {
+        const char *fName;
+        QScriptEngine::FunctionSignature fFunction;
+        int fLength;
+    } cFunctions[] = {
+        {"openFile", openFile, 2},         {"openDocument", openDocument, 1}, {"newDocument", newDocument, 0},
+        {"saveDocument", saveDocument, 1}, {"exportData", exportData, 3},     {"exportPicture", exportPicture, 3},
+    };
+    for (const auto &one : cFunctions)
+        engine.globalObject().setProperty(one.fName, engine.newFunction(one.fFunction, one.fLength));
+}

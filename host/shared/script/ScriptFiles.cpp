@@ -1,0 +1,134 @@
+#include "script/ScriptFiles.h"
+
+#include "exchange/ExportFile.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QScriptContext>
+
+using namespace Utils::Script;
+
+namespace {
+
+constexpr qint64 cLargestText = 256 << 20; // bytes
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ScriptFiles", text);
+}
+
+/// Checks that there are so many arguments and that all are texts, and makes the first a whole path.
+bool takePath(QScriptContext *context, int count, QString &path, QScriptValue &error)
+{
+    if (context->argumentCount() != count) {
+        error = throwError(context, cWrongCount);
+        return false;
+    }
+    for (int i = 0; i < count; ++i) {
+        if (!context->argument(i).isString()) {
+            error = throwError(context, cWrongType);
+            return false;
+        }
+    }
+    const TScriptRun *run = TScriptRun::of(context->engine());
+    path = run ? run->absolutePath(context->argument(0).toString()) : context->argument(0).toString();
+    return true;
+}
+
+QScriptValue fileError(QScriptContext *context, const QString &path, const QString &reason)
+{
+    return throwError(context, cWrongType, QStringLiteral("%1: %2").arg(path, reason));
+}
+
+QScriptValue readText(QScriptContext *context, QScriptEngine *)
+{
+    QString path;
+    QScriptValue error;
+    if (!takePath(context, 1, path, error))
+        return error;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return fileError(context, path, file.errorString());
+    if (file.size() > cLargestText)
+        return fileError(context, path, tr("The file is too large to be read as text."));
+    return QString::fromUtf8(file.readAll());
+}
+
+QScriptValue writeText(QScriptContext *context, QScriptEngine *engine)
+{
+    QString path;
+    QScriptValue error;
+    if (!takePath(context, 2, path, error))
+        return error;
+    QString reason;
+    if (!ExportFile::write(path, context->argument(1).toString().toUtf8(), &reason))
+        return fileError(context, path, reason);
+    return engine->undefinedValue();
+}
+
+QScriptValue appendText(QScriptContext *context, QScriptEngine *engine)
+{
+    QString path;
+    QScriptValue error;
+    if (!takePath(context, 2, path, error))
+        return error;
+    QFile file(path);
+    const QByteArray bytes = context->argument(1).toString().toUtf8();
+    if (!file.open(QIODevice::Append) || file.write(bytes) != bytes.size() || !file.flush())
+        return fileError(context, path, file.errorString());
+    return engine->undefinedValue();
+}
+
+/// The files of a folder whose names fit a pattern with * and ?, as whole paths in the order of their names.
+QScriptValue listFiles(QScriptContext *context, QScriptEngine *engine)
+{
+    QString path;
+    QScriptValue error;
+    const bool hasPattern = context->argumentCount() > 1;
+    if (!takePath(context, hasPattern ? 2 : 1, path, error))
+        return error;
+    const QDir folder(path);
+    if (!folder.exists())
+        return fileError(context, path, tr("There is no such folder."));
+    const QStringList patterns = hasPattern ? QStringList{context->argument(1).toString()} : QStringList();
+    QStringList paths;
+    for (const QString &name : folder.entryList(patterns, QDir::Files, QDir::Name))
+        paths.append(folder.absoluteFilePath(name));
+    return qScriptValueFromSequence(engine, paths);
+}
+
+QScriptValue fileExists(QScriptContext *context, QScriptEngine *)
+{
+    QString path;
+    QScriptValue error;
+    return takePath(context, 1, path, error) ? QScriptValue(QFileInfo::exists(path)) : error;
+}
+
+/// The name of a file without its folder and its last ending.
+QScriptValue baseName(QScriptContext *context, QScriptEngine *)
+{
+    QString path;
+    QScriptValue error;
+    return takePath(context, 1, path, error) ? QScriptValue(QFileInfo(path).completeBaseName()) : error;
+}
+
+} // namespace
+
+void ScriptFiles::install(QScriptEngine &engine)
+{
+    const struct
+    {
+        const char *fName;
+        QScriptEngine::FunctionSignature fFunction;
+        int fLength;
+    } cFunctions[] = {
+        {"readText", readText, 1},   {"writeText", writeText, 2},   {"appendText", appendText, 2},
+        {"listFiles", listFiles, 2}, {"fileExists", fileExists, 1}, {"baseName", baseName, 1},
+    };
+    for (const auto &one : cFunctions)
+        engine.globalObject().setProperty(one.fName, engine.newFunction(one.fFunction, one.fLength));
+}

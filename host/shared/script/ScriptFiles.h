@@ -1,0 +1,11 @@
+#pragma once
+
+class QScriptEngine;
+
+/// Files for scripts. Paths are relative to the folder of the script.
+namespace ScriptFiles {
+
+/// Publishes readText, writeText, appendText, listFiles, fileExists and baseName.
+void install(QScriptEngine &engine);
+
+} // namespace ScriptFiles

@@ -1,0 +1,101 @@
+#include "script/ScriptUtils.h"
+
+#include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
+#include "commands/TCommand.h"
+#include "commands/TCommandHistory.h"
+#include "history/THistoryCommand.h"
+#include "script/TCanvasItemWrapper.h"
+#include "script/TScriptRun.h"
+#include "services/IPluginHost.h"
+
+#include <QFileInfo>
+#include <QScriptContext>
+#include <QScriptContextInfo>
+
+const char Consts::Script::cIncorrectNumberOfArgs[] = "Incorrect number of arguments";
+const char Consts::Script::cIncorrectArguments[] = "Incorrect arguments";
+const char Utils::Script::cTypeNameString[] = "__typeName__";
+
+namespace {
+
+QString defaultText(int code)
+{
+    using namespace Utils::Script;
+    switch (code) {
+    case cWrongCount:
+        return QLatin1String(Consts::Script::cIncorrectNumberOfArgs);
+    case cWrongType:
+        return QLatin1String(Consts::Script::cIncorrectArguments);
+    case cOutOfRange:
+        return QStringLiteral("Argument out of range");
+    case cInvalidObject:
+        return QStringLiteral("Invalid object");
+    default:
+        return QStringLiteral("Error %1").arg(code);
+    }
+}
+
+} // namespace
+
+QScriptValue Utils::Script::throwError(QScriptContext *context, int code, const QString &text)
+{
+    QScriptValue error = context->throwError(text.isEmpty() ? defaultText(code) : text);
+    error.setProperty("code", code);
+    return error;
+}
+
+QString Utils::Script::placeOf(QScriptContext *context)
+{
+    // the context of a native function knows no line, that of its caller does
+    for (QScriptContext *at = context; at; at = at->parentContext()) {
+        const QScriptContextInfo info(at);
+        if (info.lineNumber() >= 0)
+            return QStringLiteral("%1:%2").arg(QFileInfo(info.fileName()).fileName()).arg(info.lineNumber());
+    }
+    return QString();
+}
+
+QScriptValue Utils::Script::scriptWarning(QScriptContext *context, const QString &text)
+{
+    if (TScriptRun *run = TScriptRun::of(context->engine()))
+        run->warn(placeOf(context), text);
+    return context->engine()->undefinedValue();
+}
+
+bool Utils::Script::doScriptHistoryCommand(TCommand *command, QScriptContext *context, int flag)
+{
+    constexpr int cOwns = 1;
+    TScriptRun *run = TScriptRun::of(context->engine());
+    if (!command || !run || ((flag & cOwns) == 0 && command->isVoid()))
+        return false;
+    if (!run->host().history().push(command))
+        return false;
+    const QString place = placeOf(context);
+    for (THistoryCommand *entry : command->historyCmdList())
+        entry->addParam(QStringLiteral("script"), place, QString());
+    return true;
+}
+
+ICanvasItem *Utils::Script::canvasItemFromScriptValue(const QScriptValue &value)
+{
+    if (const auto *wrapper = qobject_cast<TCanvasItemWrapper *>(value.toQObject()))
+        return wrapper->item();
+    const QVariant variant = value.toVariant();
+    if (variant.canConvert<TCanvasItem *>())
+        return variant.value<TCanvasItem *>();
+    const QUuid id = variant.canConvert<QUuid>() ? variant.toUuid() : QUuid();
+    const TScriptRun *run = TScriptRun::of(value.engine());
+    return run && !id.isNull() && run->host().document() ? run->host().document()->item(id) : nullptr;
+}
+
+QVariantList Utils::Script::contextToVariantList(QScriptContext *context)
+{
+    QVariantList list;
+    for (int i = 0; i < context->argumentCount(); ++i) {
+        const QScriptValue argument = context->argument(i);
+        const ICanvasItem *item = canvasItemFromScriptValue(argument);
+        list.append(item ? QVariant(item->uniqueId().toString()) : argument.toVariant());
+    }
+    return list;
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QScriptEngine>
+#include <QScriptValue>
+#include <QString>
+#include <QVariantList>
+
+class ICanvasItem;
+class QScriptContext;
+class TCommand;
+
+namespace Consts {
+namespace Script {
+
+extern const char cIncorrectNumberOfArgs[];
+extern const char cIncorrectArguments[];
+
+} // namespace Script
+} // namespace Consts
+
+/// What script objects of the host and of plug-ins have in common.
+namespace Utils {
+namespace Script {
+
+enum TErrorCode { cWrongCount = 1, cWrongType = 2, cOutOfRange = 4, cInvalidObject = 5 };
+
+/// The property of constructors and prototypes that holds the name of their class.
+extern const char cTypeNameString[];
+
+/// Throws an Error with the properties `code` and `message`; an empty text gets that of the code. Returns what the
+/// caller has to return.
+QScriptValue throwError(QScriptContext *context, int code, const QString &text = QString());
+/// Tells the console and the log, with file and line, and does not stop the script. Returns undefined.
+QScriptValue scriptWarning(QScriptContext *context, const QString &text);
+/// Pushes a command on the history of the document; its entries get the parameter "script", file and line. Flag 1: a
+/// command that has nothing to do is deleted; 0: it stays the caller's when it knows so beforehand. Whether it was
+/// pushed.
+bool doScriptHistoryCommand(TCommand *command, QScriptContext *context, int flag);
+/// The item of a wrapper, of a variant that holds an item, or of an id in the open document; null for others.
+ICanvasItem *canvasItemFromScriptValue(const QScriptValue &value);
+/// The arguments of a call; items as their ids.
+QVariantList contextToVariantList(QScriptContext *context);
+/// "file:line" of the script that made the call; empty outside of scripts.
+QString placeOf(QScriptContext *context);
+
+/// Publishes a class of wrappers: values of their pointers go to scripts and back, and `name` is a constructor with
+/// that prototype.
+template <class TWrapper>
+void registerCustomType(QScriptEngine *engine, const QString &name, QScriptEngine::FunctionSignature constructor,
+                        QScriptValue prototype)
+{
+    prototype.setProperty(QLatin1String(cTypeNameString), name, QScriptValue::SkipInEnumeration);
+    qScriptRegisterMetaType<TWrapper *>(
+        engine,
+        [](QScriptEngine *at, TWrapper *const &wrapper) {
+            return wrapper ? at->newQObject(wrapper, QScriptEngine::ScriptOwnership) : at->undefinedValue();
+        },
+        [](const QScriptValue &value, TWrapper *&wrapper) { wrapper = qobject_cast<TWrapper *>(value.toQObject()); },
+        prototype);
+    QScriptValue function = engine->newFunction(constructor, prototype);
+    function.setProperty(QLatin1String(cTypeNameString), name, QScriptValue::SkipInEnumeration);
+    engine->globalObject().setProperty(name, function);
+}
+
+} // namespace Script
+} // namespace Utils

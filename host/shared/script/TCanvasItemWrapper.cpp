@@ -1,0 +1,89 @@
+#include "script/TCanvasItemWrapper.h"
+
+#include "canvas/TCanvasItem.h"
+#include "canvas/TPage.h"
+#include "commands/TCmdMoveItem.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
+#include "services/IPluginHost.h"
+
+#include <QScriptEngine>
+
+namespace {
+
+constexpr double cUnitsPerMm = 10.0;
+
+} // namespace
+
+TCanvasItemWrapper::TCanvasItemWrapper(TCanvasItem *item)
+    : fItem(item)
+{
+    setProperty("historyItem", QVariant::fromValue<THistoryItem *>(item));
+}
+
+TCanvasItem *TCanvasItemWrapper::item() const
+{
+    return fItem.get();
+}
+
+QString TCanvasItemWrapper::id() const
+{
+    return fItem ? fItem->uniqueId().toString() : QString();
+}
+
+QString TCanvasItemWrapper::type() const
+{
+    return fItem ? fItem->type() : QString();
+}
+
+bool TCanvasItemWrapper::isValid() const
+{
+    return fItem && fItem->canvas();
+}
+
+QScriptValue TCanvasItemWrapper::rect() const
+{
+    if (!fItem || !engine())
+        return QScriptValue();
+    QScriptValue place = engine()->newObject();
+    place.setProperty("x", fItem->rect().x() / cUnitsPerMm);
+    place.setProperty("y", fItem->rect().y() / cUnitsPerMm);
+    place.setProperty("width", fItem->rect().width() / cUnitsPerMm);
+    place.setProperty("height", fItem->rect().height() / cUnitsPerMm);
+    return place;
+}
+
+void TCanvasItemWrapper::setRect(const QScriptValue &rect)
+{
+    if (!context())
+        return;
+    const auto number = [&rect](const char *name) { return rect.property(name).toNumber() * cUnitsPerMm; };
+    const QRectF place(number("x"), number("y"), number("width"), number("height"));
+    if (!isValid())
+        Utils::Script::throwError(context(), Utils::Script::cInvalidObject);
+    else if (!(place.width() > 0.0 && place.height() > 0.0 && qIsFinite(place.x()) && qIsFinite(place.y())))
+        Utils::Script::throwError(context(), Utils::Script::cOutOfRange);
+    else
+        Utils::Script::doScriptHistoryCommand(new TCmdMoveItem({fItem.get()}, {place}), context(), 1);
+}
+
+void TCanvasItemWrapper::select()
+{
+    const TScriptRun *run = TScriptRun::of(engine());
+    if (!run || !isValid())
+        return;
+    TCanvasItemList &selection = run->host().itemList();
+    for (ICanvasItem *other : selection) {
+        canvasItem(other)->setSelected(false);
+        canvasItem(other)->setActive(false);
+    }
+    fItem->setSelected(true);
+    fItem->setActive(true);
+    selection = TCanvasItemList{fItem.get()};
+}
+
+void TCanvasItemWrapper::update()
+{
+    if (fItem)
+        fItem->update();
+}

@@ -1,0 +1,154 @@
+#include "script/TScriptDocument.h"
+
+#include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "canvas/TStoredHistoryEntry.h"
+#include "commands/TCmdDeleteItems.h"
+#include "commands/TCmdPages.h"
+#include "exchange/PagePrinting.h"
+#include "script/ScriptExchange.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptPage.h"
+#include "script/TScriptRun.h"
+#include "services/IPluginHost.h"
+
+#include <QScriptContext>
+#include <QUndoStack>
+
+using namespace Utils::Script;
+
+TScriptDocument::TScriptDocument(TScriptRun &run)
+    : fRun(run)
+{
+}
+
+void TScriptDocument::install(QScriptEngine &engine)
+{
+    TScriptRun *run = TScriptRun::of(&engine);
+    const QScriptValue object = engine.newQObject(new TScriptDocument(*run), QScriptEngine::ScriptOwnership);
+    engine.globalObject().setProperty("document", object, QScriptValue::ReadOnly | QScriptValue::Undeletable);
+    ScriptExchange::install(engine);
+}
+
+TDocument &TScriptDocument::document() const
+{
+    return *fRun.host().document();
+}
+
+QString TScriptDocument::path() const
+{
+    return document().path();
+}
+
+bool TScriptDocument::isModified() const
+{
+    return document().isModified();
+}
+
+QScriptValue TScriptDocument::pages() const
+{
+    QScriptValue array = fRun.engine().newArray();
+    quint32 count = 0;
+    for (TPage *page : document().pages())
+        array.setProperty(count++,
+                          fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership));
+    return array;
+}
+
+QScriptValue TScriptDocument::items() const
+{
+    QScriptValue array = fRun.engine().newArray();
+    quint32 count = 0;
+    for (ICanvasItem *item : document().items())
+        array.setProperty(count++, fRun.wrap(canvasItem(item)));
+    return array;
+}
+
+QScriptValue TScriptDocument::history() const
+{
+    QScriptEngine &engine = fRun.engine();
+    QScriptValue array = engine.newArray();
+    quint32 count = 0;
+    for (const TStoredHistoryEntry &entry : document().historyEntries()) {
+        QScriptValue object = engine.newObject();
+        object.setProperty("description", entry.fDescription);
+        object.setProperty("item", entry.fItemId.toString());
+        object.setProperty("undone", entry.fUndone);
+        QScriptValue params = engine.newArray();
+        for (int i = 0; i < entry.fParams.size(); ++i) {
+            QScriptValue param = engine.newObject();
+            param.setProperty("name", entry.fParams.at(i).fName);
+            param.setProperty("value", engine.toScriptValue(entry.fParams.at(i).fValue));
+            param.setProperty("text", entry.fParams.at(i).fText);
+            params.setProperty(quint32(i), param);
+        }
+        object.setProperty("parameters", params);
+        array.setProperty(count++, object);
+    }
+    return array;
+}
+
+QScriptValue TScriptDocument::item(const QScriptValue &which) const
+{
+    const TCanvasItemList all = document().items();
+    if (!which.isNumber())
+        return fRun.wrap(canvasItem(canvasItemFromScriptValue(which)));
+    const int place = which.toInt32();
+    return place >= 0 && place < all.size() ? fRun.wrap(canvasItem(all.at(place))) : QScriptValue();
+}
+
+QScriptValue TScriptDocument::newPage(const QString &title)
+{
+    TDocument &target = document();
+    doScriptHistoryCommand(TCmdPages::newPage(&target, target.pages().size()), context(), 1);
+    TPage *page = target.pages().isEmpty() ? nullptr : target.pages().last();
+    if (page && !title.isEmpty())
+        doScriptHistoryCommand(TCmdPages::renamePage(&target, page, title), context(), 1);
+    return fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership);
+}
+
+void TScriptDocument::removeItem(const QScriptValue &item)
+{
+    ICanvasItem *found = canvasItemFromScriptValue(item);
+    if (!found)
+        throwError(context(), cWrongType);
+    else
+        doScriptHistoryCommand(new TCmdDeleteItems({found}), context(), 1);
+}
+
+void TScriptDocument::save(const QString &path)
+{
+    const QString target = path.isEmpty() ? document().path() : fRun.absolutePath(path);
+    QString error;
+    if (target.isEmpty())
+        throwError(context(), cWrongCount, tr("The document has no path yet: give one to save."));
+    else if (!document().saveTo(target, &error))
+        throwError(context(), cInvalidObject, QStringLiteral("%1: %2").arg(target, error));
+}
+
+int TScriptDocument::undo(int steps)
+{
+    QUndoStack *stack = document().history().stack();
+    int done = 0;
+    for (; done < steps && stack->canUndo(); ++done)
+        stack->undo();
+    return done;
+}
+
+int TScriptDocument::redo(int steps)
+{
+    QUndoStack *stack = document().history().stack();
+    int done = 0;
+    for (; done < steps && stack->canRedo(); ++done)
+        stack->redo();
+    return done;
+}
+
+void TScriptDocument::print(const QString &printer)
+{
+    const bool isFile = printer.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
+    QString error;
+    if (!PagePrinting::print(document(), isFile ? fRun.absolutePath(printer) : printer, isFile, error))
+        throwError(context(), cInvalidObject, error);
+}

@@ -1,0 +1,175 @@
+#include "script/TScriptRun.h"
+
+#include "log/TLogger.h"
+#include "script/ScriptFiles.h"
+#include "script/TCanvasItemWrapper.h"
+#include "script/TScriptDocument.h"
+#include "services/IScriptHost.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QScriptContext>
+
+namespace {
+
+constexpr int cEventsInterval = 100;      // ms
+constexpr qint64 cLargestFile = 16 << 20; // bytes of a script
+
+QScriptValue printArguments(QScriptContext *context, QScriptEngine *engine)
+{
+    QStringList parts;
+    for (int i = 0; i < context->argumentCount(); ++i)
+        parts.append(context->argument(i).toString());
+    if (TScriptRun *run = TScriptRun::of(engine))
+        run->print(parts.join(' '));
+    return engine->undefinedValue();
+}
+
+} // namespace
+
+QString TScriptError::text() const
+{
+    if (fFile.isEmpty())
+        return fMessage;
+    const QString place = fLine > 0 ? QStringLiteral("%1, line %2").arg(fFile).arg(fLine) : fFile;
+    return QStringLiteral("%1: %2").arg(place, fMessage);
+}
+
+TScriptRun::TScriptRun(IPluginHost &host, IScriptHost &scripts, QObject *parent)
+    : QObject(parent)
+    , fHost(host)
+    , fScripts(scripts)
+    , fEngine(this)
+    , fFolder(QDir::currentPath())
+{
+    fEngine.setProcessEventsInterval(cEventsInterval);
+    publish();
+}
+
+TScriptRun::~TScriptRun() = default;
+
+TScriptRun *TScriptRun::of(const QScriptEngine *engine)
+{
+    return engine ? qobject_cast<TScriptRun *>(engine->parent()) : nullptr;
+}
+
+void TScriptRun::publish()
+{
+    fScripts.installScripts(fEngine);
+    QScriptValue global = fEngine.globalObject();
+    global.setProperty("print", fEngine.newFunction(printArguments));
+    ScriptFiles::install(fEngine);
+    TScriptDocument::install(fEngine);
+    setArguments({});
+}
+
+void TScriptRun::setArguments(const QStringList &arguments)
+{
+    fEngine.globalObject().setProperty("args", qScriptValueFromSequence(&fEngine, arguments));
+}
+
+QString TScriptRun::absolutePath(const QString &path) const
+{
+    return QDir(fFolder).absoluteFilePath(path);
+}
+
+bool TScriptRun::runFile(const QString &path, TScriptError &error)
+{
+    error = TScriptError();
+    error.fFile = path;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error.fMessage = file.errorString();
+        return false;
+    }
+    if (file.size() > cLargestFile) {
+        error.fMessage = tr("This is too large for a script.");
+        return false;
+    }
+    const QByteArray bytes = file.readAll();
+    if (bytes.contains('\0')) {
+        error.fMessage = tr("This is no text.");
+        return false;
+    }
+    fFolder = QFileInfo(path).absolutePath();
+    QScriptValue result;
+    return evaluate(QString::fromUtf8(bytes), path, result, error);
+}
+
+bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue &result, TScriptError &error)
+{
+    error = TScriptError();
+    error.fFile = name;
+    const QScriptSyntaxCheckResult syntax = QScriptEngine::checkSyntax(text);
+    if (syntax.state() != QScriptSyntaxCheckResult::Valid) {
+        error.fLine = syntax.errorLineNumber();
+        error.fMessage = syntax.errorMessage().isEmpty() ? tr("The script ends within a statement.")
+                                                         : QStringLiteral("SyntaxError: ") + syntax.errorMessage();
+        return false;
+    }
+    fIsStopped = false;
+    ++fDepth;
+    result = fEngine.evaluate(text, name);
+    --fDepth;
+    if (fIsStopped) {
+        fEngine.clearExceptions();
+        error.fIsStopped = true;
+        error.fMessage = tr("Stopped.");
+        return false;
+    }
+    if (!fEngine.hasUncaughtException())
+        return true;
+    error = uncaught();
+    if (error.fFile.isEmpty())
+        error.fFile = name;
+    fEngine.clearExceptions();
+    return false;
+}
+
+TScriptError TScriptRun::uncaught() const
+{
+    TScriptError error;
+    const QScriptValue exception = fEngine.uncaughtException();
+    error.fMessage = exception.toString();
+    error.fFile = exception.property("fileName").toString();
+    if (!exception.property("fileName").isString())
+        error.fFile.clear();
+    error.fLine = fEngine.uncaughtExceptionLineNumber();
+    error.fBacktrace = fEngine.uncaughtExceptionBacktrace();
+    return error;
+}
+
+bool TScriptRun::isComplete(const QString &text)
+{
+    return QScriptEngine::checkSyntax(text).state() != QScriptSyntaxCheckResult::Intermediate;
+}
+
+void TScriptRun::stop()
+{
+    if (!isRunning())
+        return;
+    fIsStopped = true;
+    fEngine.abortEvaluation();
+}
+
+QScriptValue TScriptRun::wrap(TCanvasItem *item)
+{
+    if (!item)
+        return fEngine.undefinedValue();
+    const QScriptValue special = fScripts.wrapItem(fEngine, item);
+    return special.isObject() ? special
+                              : fEngine.newQObject(new TCanvasItemWrapper(item), QScriptEngine::ScriptOwnership);
+}
+
+void TScriptRun::print(const QString &text)
+{
+    emit printed(text);
+}
+
+void TScriptRun::warn(const QString &place, const QString &text)
+{
+    TLogger::printToLogger(QStringLiteral("script"), place.isEmpty() ? text : place + ": " + text);
+    emit warned(place, text);
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "script/TScriptError.h"
+
+#include <QObject>
+#include <QScriptEngine>
+#include <QStringList>
+
+class IPluginHost;
+class IScriptHost;
+class TCanvasItem;
+
+/// An engine with what scripts of this program may reach: the plug-ins' classes and objects, the open document, files
+/// beside the script, and print. A console keeps one, a file gets its own. Runs on the thread of the windows and lets
+/// events pass meanwhile, so that it can be stopped.
+class TScriptRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Both hosts live longer.
+    TScriptRun(IPluginHost &host, IScriptHost &scripts, QObject *parent = nullptr);
+    ~TScriptRun() override;
+
+    /// The run of an engine; null for the engine of someone else.
+    static TScriptRun *of(const QScriptEngine *engine);
+
+    /// The global `args`.
+    void setArguments(const QStringList &arguments);
+    /// Runs a file, whose folder becomes that of relative paths. False with the error when it cannot be read, fails or
+    /// is stopped.
+    bool runFile(const QString &path, TScriptError &error);
+    /// Runs a text; `name` stands for the file in messages. The result is that of the last statement.
+    bool evaluate(const QString &text, const QString &name, QScriptValue &result, TScriptError &error);
+    /// Whether the text is a whole; not when brackets or strings are open at its end.
+    static bool isComplete(const QString &text);
+    /// Ends the script under way as soon as it lets events pass.
+    void stop();
+    bool isRunning() const { return fDepth > 0; }
+
+    IPluginHost &host() const { return fHost; }
+    IScriptHost &scripts() const { return fScripts; }
+    QScriptEngine &engine() { return fEngine; }
+    QString folder() const { return fFolder; }
+    /// A path as a script gives it: relative ones stand beside the script.
+    QString absolutePath(const QString &path) const;
+
+    /// The script object of an item, as the plug-in makes it whose item it is.
+    QScriptValue wrap(TCanvasItem *item);
+
+    void print(const QString &text);
+    /// `place` is "file:line".
+    void warn(const QString &place, const QString &text);
+
+signals:
+    void printed(const QString &text);
+    void warned(const QString &place, const QString &text);
+
+private:
+    void publish();
+    TScriptError uncaught() const;
+
+    IPluginHost &fHost;
+    IScriptHost &fScripts;
+    QScriptEngine fEngine;
+    QString fFolder;
+    int fDepth = 0;
+    bool fIsStopped = false;
+};
