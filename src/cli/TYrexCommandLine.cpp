@@ -8,6 +8,7 @@
 #include "TCliInfo.h"
 #include "TCliInspect.h"
 #include "TCliProcess.h"
+#include "TCliScript.h"
 #include "TCliSyntax.h"
 #include "log/TLogger.h"
 #include "plugin/IConsole.h"
@@ -30,7 +31,7 @@ struct TEntry
 {
     const char *fName;
     const char *fHelp;
-    TMaker fMake; // null: not available in this version
+    TMaker fMake;
 };
 
 const TEntry cCommands[] = {
@@ -40,7 +41,7 @@ const TEntry cCommands[] = {
     {"convert", "import files and write them in another form", make<TCliConvert>},
     {"process", "import files, run a processing chain and write the results", make<TCliProcess>},
     {"chain", "show, check and write processing chains", make<TCliChain>},
-    {"script", "run a script (not available in this version)", nullptr},
+    {"script", "run a script", make<TCliScript>},
 };
 
 const TEntry *entryOf(const QString &name)
@@ -74,7 +75,7 @@ QList<TConsoleCommand> TYrexCommandLine::commandList()
 TCliSyntax TYrexCommandLine::syntaxOf(const QString &name)
 {
     const TEntry *entry = entryOf(name);
-    return entry && entry->fMake ? withCommonOptions(entry->fMake()->syntax()) : TCliSyntax();
+    return entry ? withCommonOptions(entry->fMake()->syntax()) : TCliSyntax();
 }
 
 void TYrexCommandLine::applyCommonOptions(const TCliArguments &arguments, IConsole &console) const
@@ -98,8 +99,6 @@ int TYrexCommandLine::run(const QString &name, const QStringList &arguments, ICo
     const TEntry *entry = entryOf(name);
     if (!entry)
         return environment.refuse(QString("there is no command %1; see zarnu --help").arg(name));
-    if (!entry->fMake)
-        return environment.refuse(QString("%1 is not available in this version").arg(name));
 
     const std::unique_ptr<ICliCommand> command = entry->fMake();
     const TCliSyntax syntax = withCommonOptions(command->syntax());

@@ -9,4 +9,5 @@ public:
     QStringList classNames() const override;
     void install(QScriptEngine *engine) override;
     QScriptValue create(QScriptEngine *engine, const QString &className) override;
+    QScriptValue wrap(QScriptEngine *engine, TCanvasItem *item) override;
 };

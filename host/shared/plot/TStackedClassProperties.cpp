@@ -10,6 +10,19 @@ QVariantMap TStackedClassProperties::toVariantMap() const
             {QStringLiteral("Color Mode"), colorMode}};
 }
 
+TStackedClassProperties TStackedClassProperties::fromVariantMap(const QVariantMap &map)
+{
+    TStackedClassProperties properties;
+    properties.name = map.value(QStringLiteral("Name")).toString();
+    const QVariant color = map.value(QStringLiteral("Color"));
+    properties.baseColor = color.type() == QVariant::String ? QColor(color.toString()) : color.value<QColor>();
+    bool isNumber = false;
+    const int mode = map.value(QStringLiteral("Color Mode")).toInt(&isNumber);
+    if (isNumber && mode >= oneColor && mode <= paletteColors)
+        properties.colorMode = mode;
+    return properties;
+}
+
 void TStackedClassProperties::store(TDataStream &stream) const
 {
     TDataStreamAdaptor block(stream);

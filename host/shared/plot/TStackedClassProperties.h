@@ -24,6 +24,8 @@ struct TStackedClassProperties
 
     /// "Name", "Color", "Color Mode".
     QVariantMap toVariantMap() const;
+    /// From such a map; what it has not or has wrong stays as it is by default.
+    static TStackedClassProperties fromVariantMap(const QVariantMap &map);
 
     void store(TDataStream &stream) const;
     /// Keeps the values as they were when the stream holds none or broken ones.

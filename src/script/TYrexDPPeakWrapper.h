@@ -1,0 +1,39 @@
+#pragma once
+
+#include "TYrexDPLib.h"
+#include "script/TWrapperTemplate.h"
+
+#include <QScriptable>
+
+class QScriptEngine;
+
+/// A peak, as scripts see it: a copy with its position in the unit that was asked for.
+class TYrexDPPeakWrapper : public TWrapperTemplate<TYrexDPLib::TYrexDPPeak>, protected QScriptable
+{
+    Q_OBJECT
+    Q_PROPERTY(double center READ center)
+    Q_PROPERTY(double intensity READ intensity)
+    Q_PROPERTY(double width READ width)
+    Q_PROPERTY(bool isPositive READ isPositive)
+    Q_PROPERTY(bool isAuto READ isAuto)
+    Q_PROPERTY(QString annotation READ annotation)
+    Q_PROPERTY(QString id READ id)
+
+public:
+    explicit TYrexDPPeakWrapper(const TYrexDPLib::TYrexDPPeak &peak);
+
+    /// Publishes the class; without arguments its constructor makes a peak at 0.
+    static void install(QScriptEngine *engine);
+
+    double center() const;
+    double intensity() const;
+    /// In points.
+    double width() const;
+    bool isPositive() const;
+    bool isAuto() const;
+    QString annotation() const;
+    QString id() const;
+
+public slots:
+    QString toString() const;
+};

@@ -1,0 +1,93 @@
+#include "TYrexIntegralWrapper.h"
+
+#include "script/ScriptUtils.h"
+
+#include <QScriptContext>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+using namespace Utils::Script;
+
+namespace {
+
+constexpr double cNothing = std::numeric_limits<double>::quiet_NaN();
+
+QScriptValue construct(QScriptContext *context, QScriptEngine *engine)
+{
+    if (context->argumentCount() != 2)
+        return throwError(context, cWrongCount);
+    const QScriptValue from = context->argument(0);
+    const QScriptValue to = context->argument(1);
+    if (!from.isNumber() || !to.isNumber() || !std::isfinite(from.toNumber()) || !std::isfinite(to.toNumber()))
+        return throwError(context, cWrongType);
+    const TYrexIntegrationRegion region(from.toNumber(), to.toNumber(), TYrexIntegrationRegion::cManual);
+    return engine->toScriptValue(new TYrexIntegralWrapper(region));
+}
+
+} // namespace
+
+TYrexIntegralWrapper::TYrexIntegralWrapper(const TYrexIntegrationRegion &region)
+    : TWrapperTemplate(std::make_unique<TYrexIntegrationRegion>(region))
+{
+}
+
+TYrexIntegralWrapper::TYrexIntegralWrapper(const TFinder &finder, const TNorm &norm)
+    : TWrapperTemplate(finder)
+    , fNorm(norm)
+{
+}
+
+void TYrexIntegralWrapper::install(QScriptEngine *engine)
+{
+    registerCustomType<TYrexIntegralWrapper>(engine, "ZarnuIntegral", construct, engine->newObject());
+}
+
+bool TYrexIntegralWrapper::isValid() const
+{
+    return wrapped();
+}
+
+QString TYrexIntegralWrapper::id() const
+{
+    return wrapped() ? wrapped()->id.toString() : QString();
+}
+
+double TYrexIntegralWrapper::area() const
+{
+    return wrapped() ? wrapped()->area : cNothing;
+}
+
+bool TYrexIntegralWrapper::isReference() const
+{
+    return wrapped() && wrapped()->reference;
+}
+
+double TYrexIntegralWrapper::integralValue() const
+{
+    return integralValue(fNorm ? fNorm() : 1.0);
+}
+
+double TYrexIntegralWrapper::integralValue(double aNorm) const
+{
+    return wrapped() ? std::fabs(wrapped()->area) / aNorm : cNothing;
+}
+
+double TYrexIntegralWrapper::rangeMin() const
+{
+    return wrapped() ? std::min(wrapped()->boundA, wrapped()->boundB) : cNothing;
+}
+
+double TYrexIntegralWrapper::rangeMax() const
+{
+    return wrapped() ? std::max(wrapped()->boundA, wrapped()->boundB) : cNothing;
+}
+
+QString TYrexIntegralWrapper::toString() const
+{
+    return QStringLiteral("Integral (uuid=%1, range=[%2,%3], value=%4)")
+        .arg(id())
+        .arg(rangeMin())
+        .arg(rangeMax())
+        .arg(integralValue());
+}

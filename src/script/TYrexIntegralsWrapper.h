@@ -1,0 +1,58 @@
+#pragma once
+
+#include "TYrexIntegrationRegions.h"
+#include "TYrexSpectrumRef.h"
+#include "history/THistoryParameter.h"
+#include "script/TWrapperTemplate.h"
+
+#include <QScriptValue>
+#include <QScriptable>
+#include <functional>
+
+class QScriptEngine;
+
+/// The integration regions of a spectrum, as scripts see them: bounds are x values in one unit. Edits reach the
+/// spectrum as steps of the history.
+class TYrexIntegralsWrapper : public TWrapperTemplate<TYrexIntegrationRegions>, protected QScriptable
+{
+    Q_OBJECT
+    Q_PROPERTY(int count READ count)
+    Q_PROPERTY(double normValue READ normValue WRITE setNormValue)
+
+public:
+    TYrexIntegralsWrapper(const TYrexSpectrumRef &spectrum, int unit);
+
+    /// Publishes the class; its constructor takes a spectrum.
+    static void install(QScriptEngine *engine);
+
+    /// The regions as they are now; null once the spectrum has gone.
+    TYrexIntegrationRegions *wrapped() const override;
+    int unit() const { return fUnit; }
+    int count() const;
+    double normValue() const;
+    void setNormValue(double value);
+
+public slots:
+    bool isValid() const;
+    QString toString() const;
+    /// The region at a place from 0; undefined beyond the list.
+    QScriptValue at(int aIndex) const;
+    QScriptValue removeAt(int aIndex);
+    QScriptValue clear();
+    /// Takes one ZarnuIntegral; its area is computed from the spectrum's data.
+    QScriptValue append();
+    /// Takes an id, or an x: the region with that id, or the first that holds x. Undefined for none.
+    QScriptValue findIntegral() const;
+
+private:
+    using TEdit = std::function<void(TYrexIntegrationRegions &, const TYrexSpectrum &)>;
+
+    QScriptValue wrap(const QUuid &id) const;
+    /// Makes and runs a command that does the edit on the spectrum's own list, whose bounds are points.
+    QScriptValue edit(const QString &description, const TEdit &edit, const QList<THistoryParameter> &params);
+    TYrexIntegrationRegions *ownRegions() const;
+
+    TYrexSpectrumRef fSpectrum;
+    int fUnit;
+    mutable TYrexIntegrationRegions fShown; // as of the last look
+};

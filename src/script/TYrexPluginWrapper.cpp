@@ -1,0 +1,97 @@
+#include "TYrexPluginWrapper.h"
+
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexArrayedFromSelection.h"
+#include "TYrexPlugin.h"
+#include "TYrexSpectrumWrapper.h"
+#include "canvas/TDocument.h"
+#include "commands/TCmdCreateItem.h"
+#include "history/THistoryCommand.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
+#include "services/IPluginHost.h"
+#include "settings/TDefaultsIni.h"
+
+#include <QScriptContext>
+
+using namespace Utils::Script;
+
+namespace {
+
+constexpr double cNoAngle = 0.0; // where nothing is stored
+
+} // namespace
+
+QScriptValue TYrexPluginWrapper::createArrayedItem()
+{
+    const int arguments = argumentCount();
+    if (!isValid() || arguments < 1 || arguments > 2)
+        return throwError(context(), cWrongCount);
+    TCanvasItemList items;
+    const QScriptValue array = argument(0);
+    const quint32 length = array.isArray() ? array.property("length").toUInt32() : 0;
+    for (quint32 i = 0; i < length; ++i) {
+        ICanvasItem *item = canvasItemFromScriptValue(array.property(i));
+        if (item && item->rtti() == TCanvasYrexSpectrum::cRtti)
+            items.append(item);
+    }
+    if (items.isEmpty())
+        return throwError(context(), cWrongType, tr("The argument must be an Zarnu Spectrum array"));
+    if (arguments == 2 && !argument(1).isBool())
+        return throwError(context(), cWrongType);
+    const TDefaultsIni settings;
+    const double angle = settings.value("Zarnu/Stack/Angle", cNoAngle).toDouble();
+    const bool oneStackPerYUnit = settings.value("Zarnu/Stack/OneStackPerYUnit", true).toBool();
+    const bool isStacked = arguments == 2 && argument(1).toBool();
+    auto *command = new TCmdYrexArrayedFromSelection(items, TScriptRun::of(engine())->host().document(), fPlugin,
+                                                     isStacked, angle, oneStackPerYUnit, false);
+    if (!doScriptHistoryCommand(command, context(), 0)) {
+        if (command->newItems().isEmpty())
+            delete command;
+        return engine()->undefinedValue();
+    }
+    return engine()->toScriptValue(new TYrexSpectrumWrapper(command->newItems().first()));
+}
+
+QScriptValue TYrexPluginWrapper::extractSpectrumFromArrayedItem()
+{
+    if (argumentCount() < 1 || argumentCount() > 2)
+        return throwError(context(), cWrongCount);
+    TCanvasYrexSpectrum *item = yrexItem(canvasItemFromScriptValue(argument(0)));
+    if (!item || item->stack().count() < 2)
+        return throwError(context(), cWrongType, tr("First argument must be an stacked Zarnu Spectrum"));
+    int index = item->stack().current();
+    if (argumentCount() == 2) {
+        if (!argument(1).isNumber() || !(argument(1).toNumber() >= 0))
+            return throwError(context(), cWrongType, tr("Second argument must be a positive integer"));
+        index = argument(1).toInt32();
+    }
+    const TYrexSpectrum *spectrum = item->stack().at(index);
+    if (!spectrum)
+        return engine()->undefinedValue();
+    auto *copy = new TCanvasYrexSpectrum({spectrum->clone().release()}, nullptr, fPlugin);
+    TDocument *document = TScriptRun::of(engine())->host().document();
+    auto *command = new TCmdCreateItem(TCmdCreateItem::cOther, {copy}, document, nullptr, item->provenance(), 0);
+    command->setDescription(tr("Extract Spectrum"));
+    doScriptHistoryCommand(command, context(), 1);
+    for (THistoryCommand *entry : command->historyCmdList())
+        entry->addParam("context", contextToVariantList(context()), QString());
+    return engine()->toScriptValue(new TYrexSpectrumWrapper(copy));
+}
+
+QScriptValue TYrexPluginWrapper::activeSpectrum() const
+{
+    IPluginHost &host = TScriptRun::of(engine())->host();
+    const TCanvasItemList &selected = host.itemList();
+    ICanvasItem *item = selected.isRttiActive(TCanvasYrexSpectrum::cRtti);
+    if (!item)
+        item = selected.firstRtti(TCanvasYrexSpectrum::cRtti);
+    if (!item && host.document())
+        item = host.document()->items().firstRtti(TCanvasYrexSpectrum::cRtti);
+    return item ? engine()->toScriptValue(new TYrexSpectrumWrapper(yrexItem(item))) : engine()->undefinedValue();
+}
+
+QString TYrexPluginWrapper::toString() const
+{
+    return QStringLiteral("Zarnu");
+}

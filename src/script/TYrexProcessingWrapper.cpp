@@ -1,0 +1,168 @@
+#include "TYrexProcessingWrapper.h"
+
+#include "TYrexChainFile.h"
+#include "TYrexChainJson.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QScriptContext>
+
+using namespace Utils::Script;
+
+namespace {
+
+QScriptValue construct(QScriptContext *context, QScriptEngine *engine)
+{
+    if (context->argumentCount() > 1)
+        return throwError(context, cWrongCount);
+    TYrexProcParams params;
+    if (context->argumentCount() == 1) {
+        if (!context->argument(0).isString())
+            return throwError(context, cWrongType);
+        QString error;
+        QStringList warnings;
+        const QString path = TScriptRun::of(engine)->absolutePath(context->argument(0).toString());
+        if (!TYrexChainFile::load(path, params, error, warnings))
+            return throwError(context, cWrongType, QStringLiteral("%1: %2").arg(path, error));
+    }
+    return engine->toScriptValue(new TYrexProcessingWrapper(params));
+}
+
+QByteArray jsonOf(const QVariant &actions)
+{
+    return QJsonDocument(QJsonArray::fromVariantList(actions.toList())).toJson(QJsonDocument::Compact);
+}
+
+} // namespace
+
+TYrexProcessingWrapper::TYrexProcessingWrapper(const TYrexProcParams &params)
+    : TWrapperTemplate(std::make_unique<TYrexProcParams>(params))
+{
+}
+
+void TYrexProcessingWrapper::install(QScriptEngine *engine)
+{
+    registerCustomType<TYrexProcessingWrapper>(engine, "ZarnuProcessing", construct, engine->newObject());
+}
+
+bool TYrexProcessingWrapper::isValid() const
+{
+    return wrapped();
+}
+
+QScriptValue TYrexProcessingWrapper::stopProc() const
+{
+    return fStop;
+}
+
+void TYrexProcessingWrapper::setStopProc(const QScriptValue &place)
+{
+    const bool isPlace = place.isNumber() && place.toInt32() >= 0 && place.toInt32() < wrapped()->actionCount();
+    if (isPlace || place.isUndefined() || place.isNull())
+        fStop = isPlace ? place : QScriptValue();
+    else if (context())
+        throwError(context(), place.isNumber() ? cOutOfRange : cWrongType);
+}
+
+int TYrexProcessingWrapper::lastAction() const
+{
+    const int last = wrapped()->actionCount() - 1;
+    return fStop.isNumber() ? qMin(fStop.toInt32(), last) : last;
+}
+
+QScriptValue TYrexProcessingWrapper::actions() const
+{
+    const QByteArray json = TYrexChainJson::toJson(wrapped()->actions());
+    return engine()->toScriptValue(QJsonDocument::fromJson(json).array().toVariantList());
+}
+
+void TYrexProcessingWrapper::setActions(const QScriptValue &actions)
+{
+    if (!context())
+        return;
+    QString error;
+    QStringList warnings;
+    if (!actions.isArray())
+        throwError(context(), cWrongType);
+    else if (!TYrexChainJson::parse(jsonOf(actions.toVariant()), *wrapped(), error, warnings))
+        throwError(context(), cWrongType, error);
+    for (const QString &warning : qAsConst(warnings))
+        scriptWarning(context(), warning);
+}
+
+QString TYrexProcessingWrapper::toString() const
+{
+    QStringList applied;
+    for (int i = 0; i < wrapped()->actionCount(); ++i) {
+        if (wrapped()->isApplied(i))
+            applied.append(TYrexProcParams::label(wrapped()->actionId(i)));
+    }
+    return QStringLiteral("Processing (%1)").arg(applied.isEmpty() ? tr("None Applied") : applied.join(", "));
+}
+
+void TYrexProcessingWrapper::setApplyNothing()
+{
+    wrapped()->setApplyNothing();
+}
+
+QScriptValue TYrexProcessingWrapper::open()
+{
+    if (argumentCount() != 1)
+        return throwError(context(), cWrongCount);
+    if (!argument(0).isString())
+        return throwError(context(), cWrongType);
+    const QString path = TScriptRun::of(engine())->absolutePath(argument(0).toString());
+    QString error;
+    QStringList warnings;
+    if (!TYrexChainFile::load(path, *wrapped(), error, warnings))
+        return throwError(context(), cWrongType, QStringLiteral("%1: %2").arg(path, error));
+    for (const QString &warning : qAsConst(warnings))
+        scriptWarning(context(), warning);
+    return true;
+}
+
+QScriptValue TYrexProcessingWrapper::save()
+{
+    if (argumentCount() != 1)
+        return throwError(context(), cWrongCount);
+    if (!argument(0).isString())
+        return throwError(context(), cWrongType);
+    const QString path = TScriptRun::of(engine())->absolutePath(argument(0).toString());
+    if (!TYrexChainFile::save(path, *wrapped()))
+        return throwError(context(), cWrongType, tr("%1: the file cannot be written.").arg(path));
+    return true;
+}
+
+QScriptValue TYrexProcessingWrapper::apply()
+{
+    if (argumentCount() < 1 || argumentCount() > 2)
+        return throwError(context(), cWrongCount);
+    const QScriptValue which = argument(0);
+    if ((!which.isNumber() && !which.isString()) || (argumentCount() == 2 && !argument(1).isObject()))
+        return throwError(context(), cWrongType);
+    QVariantList chain = QJsonDocument::fromJson(TYrexChainJson::toJson(wrapped()->actions())).array().toVariantList();
+    for (int i = 0; i < chain.size(); ++i) {
+        const int id = wrapped()->actionId(i);
+        if (which.isNumber() ? id != which.toInt32() : TYrexProcParams::label(id) != which.toString())
+            continue;
+        QVariantMap map = chain.at(i).toMap();
+        const QVariantMap values = argument(1).toVariant().toMap();
+        for (auto it = values.constBegin(); it != values.constEnd(); ++it)
+            map.insert(it.key(), it.value());
+        map.insert("apply", true);
+        chain[i] = map;
+        QString error;
+        QStringList warnings;
+        if (!TYrexChainJson::parse(jsonOf(chain), *wrapped(), error, warnings))
+            return throwError(context(), cWrongType, error);
+        return true;
+    }
+    return false;
+}
+
+QString TYrexProcessingWrapper::toJSON() const
+{
+    return QString::fromUtf8(TYrexChainJson::toJson(wrapped()->actions()));
+}

@@ -1,0 +1,299 @@
+#include "TYrexSpectrumWrapper.h"
+
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexEditIntegrals.h"
+#include "TCmdYrexItemStateChanged.h"
+#include "TYrexDPPeakWrapper.h"
+#include "TYrexIntegralsWrapper.h"
+#include "TYrexProcessingWrapper.h"
+#include "commands/TCommand.h"
+#include "history/THistoryCommand.h"
+#include "params/TSpectrumParam.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
+#include "services/IGuiHost.h"
+#include "services/IPluginHost.h"
+#include "utils/CommonUtils.h"
+
+#include <QScriptContext>
+
+using namespace Utils::Script;
+
+namespace {
+
+QScriptValue construct(QScriptContext *context, QScriptEngine *engine)
+{
+    if (context->argumentCount() != 1)
+        return throwError(context, cWrongCount);
+    TCanvasYrexSpectrum *item = yrexItem(canvasItemFromScriptValue(context->argument(0)));
+    if (!item)
+        return throwError(context, cWrongType);
+    return engine->toScriptValue(new TYrexSpectrumWrapper(item));
+}
+
+} // namespace
+
+TYrexSpectrumWrapper::TYrexSpectrumWrapper(TCanvasYrexSpectrum *item, int index)
+    : TCanvasBaseSpectrumWrapper(item)
+    , fSpectrumIndex(index)
+{
+}
+
+void TYrexSpectrumWrapper::install(QScriptEngine *engine)
+{
+    registerCustomType<TYrexSpectrumWrapper>(engine, "ZarnuSpectrum", construct, engine->newObject());
+}
+
+TCanvasYrexSpectrum *TYrexSpectrumWrapper::yrex() const
+{
+    return yrexItem(item());
+}
+
+TYrexSpectrumRef TYrexSpectrumWrapper::ref() const
+{
+    return TYrexSpectrumRef(yrex(), fSpectrumIndex);
+}
+
+QScriptValue TYrexSpectrumWrapper::fail(int code, const QString &text) const
+{
+    return throwError(context(), code, text);
+}
+
+bool TYrexSpectrumWrapper::commit(TCommand *command, const QString &description, const QList<THistoryParameter> &params)
+{
+    command->setDescription(description);
+    if (!doScriptHistoryCommand(command, context(), 1))
+        return false;
+    for (THistoryCommand *entry : command->historyCmdList()) {
+        for (const THistoryParameter &param : params)
+            entry->addChange(param.fName, param.fValue, param.fOldValue);
+    }
+    return true;
+}
+
+QString TYrexSpectrumWrapper::title() const
+{
+    return titleText();
+}
+
+QString TYrexSpectrumWrapper::comment() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? spectrum->paramText(TSpectrumParam::cComment, 0) : QString();
+}
+
+QString TYrexSpectrumWrapper::originalFormat() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? Utils::Common::fileFormatToStr(spectrum->paramsBundle().fileFormat()) : QString();
+}
+
+int TYrexSpectrumWrapper::specCount() const
+{
+    return yrex() ? yrex()->stack().count() : 0;
+}
+
+int TYrexSpectrumWrapper::curSpecIndex() const
+{
+    return ref().index();
+}
+
+void TYrexSpectrumWrapper::setCurSpecIndex(int index)
+{
+    if (!context())
+        return;
+    if (!isValid()) {
+        fail(cInvalidObject);
+        return;
+    }
+    if (index < 0 || index >= specCount()) {
+        fail(cOutOfRange);
+        return;
+    }
+    const int before = yrex()->stack().current();
+    const TCanvasItemList items{item()};
+    commit(new TCmdYrexItemStateChanged(TCmdYrexItemStateChanged::cSetActive, index, items),
+           tr("Set Current Spectrum Index"), {{tr("Index"), index, before, QString()}});
+    fSpectrumIndex = TYrexSpectrumRef::cActive;
+}
+
+QScriptValue TYrexSpectrumWrapper::spectra() const
+{
+    QScriptValue array = engine()->newArray();
+    for (int i = 0; i < specCount(); ++i)
+        array.setProperty(quint32(i), engine()->toScriptValue(new TYrexSpectrumWrapper(yrex(), i)));
+    return array;
+}
+
+QScriptValue TYrexSpectrumWrapper::realMax() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? QScriptValue(spectrum->maxValue(0, 0)) : QScriptValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::realMin() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? QScriptValue(spectrum->minValue(0, 0)) : QScriptValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::realFirstX() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? QScriptValue(spectrum->firstX()) : QScriptValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::realLastX() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? QScriptValue(spectrum->lastX()) : QScriptValue();
+}
+
+bool TYrexSpectrumWrapper::isValid(int aDim) const
+{
+    return isValid() && aDim <= 1;
+}
+
+int TYrexSpectrumWrapper::count() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? spectrum->pointCount() : 0;
+}
+
+int TYrexSpectrumWrapper::count(int aDim) const
+{
+    return aDim > 1 ? 0 : count();
+}
+
+bool TYrexSpectrumWrapper::activeSpectrumHasPeaks() const
+{
+    return yrex() && yrex()->dataObj() && yrex()->dataObj()->hasPeaks();
+}
+
+int TYrexSpectrumWrapper::unitOfPeaks() const
+{
+    const bool isGiven = argumentCount() == 2 && argument(0).isNumber() && argument(1).isNumber();
+    return isGiven ? argument(0).toInt32() : ref().shownXUnits();
+}
+
+QScriptValue TYrexSpectrumWrapper::peaks() const
+{
+    IYrexPlotData *data = yrex() ? yrex()->dataObj() : nullptr;
+    if (!data || !spectrumOf())
+        return engine()->undefinedValue();
+    QScriptValue array = engine()->newArray();
+    quint32 index = 0;
+    for (const TYrexDPLib::TYrexDPPeak &peak : data->peaks(unitOfPeaks(), ref().index()))
+        array.setProperty(index++, engine()->toScriptValue(new TYrexDPPeakWrapper(peak)));
+    return array;
+}
+
+QScriptValue TYrexSpectrumWrapper::integrals() const
+{
+    if (!spectrumOf())
+        return engine()->undefinedValue();
+    const int unit = argument(0).isNumber() ? argument(0).toInt32() : ref().shownXUnits();
+    return engine()->toScriptValue(new TYrexIntegralsWrapper(ref().fixed(), unit));
+}
+
+QScriptValue TYrexSpectrumWrapper::setIntegrals()
+{
+    if (!isValid())
+        return fail(cInvalidObject);
+    if (argumentCount() != 1)
+        return fail(cWrongCount);
+    const auto *wrapper = qobject_cast<TYrexIntegralsWrapper *>(argument(0).toQObject());
+    if (!wrapper || !wrapper->isValid())
+        return fail(cWrongType);
+    TYrexIntegrationRegions regions = *wrapper->wrapped();
+    for (int i = 0; i < regions.count(); ++i) {
+        TYrexIntegrationRegion &region = *regions.at(i);
+        region.boundA = spectrumOf()->xIndexOf(wrapper->unit(), region.boundA);
+        region.boundB = spectrumOf()->xIndexOf(wrapper->unit(), region.boundB);
+    }
+    doScriptHistoryCommand(new TCmdYrexEditIntegrals(yrex(), regions), context(), 1);
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::integralValueInInterval() const
+{
+    if (argumentCount() < 1 || argumentCount() > 2)
+        return fail(cWrongCount);
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!spectrum)
+        return fail(cInvalidObject);
+    const double scale = (spectrum->pointCount() - 1) / (spectrum->lastX() - spectrum->firstX());
+    TYrexIntegrationRegion region((argument(0).toNumber() - spectrum->firstX()) * scale,
+                                  (argument(1).toNumber() - spectrum->firstX()) * scale,
+                                  TYrexIntegrationRegion::cManual);
+    TYrexIntegrationRegions::calculateArea(*spectrum, region, spectrum->yUnits());
+    return region.area;
+}
+
+QScriptValue TYrexSpectrumWrapper::processing() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    return spectrum ? engine()->toScriptValue(new TYrexProcessingWrapper(spectrum->procParams().params()))
+                    : engine()->undefinedValue();
+}
+
+void TYrexSpectrumWrapper::update()
+{
+    if (yrex())
+        yrex()->refreshAxes();
+    TCanvasItemWrapper::update();
+    const TScriptRun *run = TScriptRun::of(engine());
+    if (run && run->host().gui())
+        run->host().gui()->refreshTable("ZarnuStackedSpectraTable");
+}
+
+QScriptValue TYrexSpectrumWrapper::zoom()
+{
+    if (isValid() && yrex()->activeYrexPlot())
+        yrex()->activeYrexPlot()->resetView();
+    return engine()->undefinedValue();
+}
+
+bool TYrexSpectrumWrapper::isSpectrumSelected(int aIndex) const
+{
+    return aIndex >= 0 && aIndex < specCount() && !yrex()->stack().isDeselected(aIndex);
+}
+
+bool TYrexSpectrumWrapper::isSpectrumVisible(int aIndex) const
+{
+    return isValid() && aIndex >= 0 && aIndex < specCount() && !yrex()->stack().isHidden(aIndex);
+}
+
+QScriptValue TYrexSpectrumWrapper::dataPoint() const
+{
+    if (!isValid() || yrex()->isStacked())
+        return fail(cInvalidObject);
+    if (argumentCount() < 1)
+        return fail(cWrongCount);
+    if (!argument(0).isNumber() || qIsNaN(argument(0).toNumber()))
+        return fail(cWrongType);
+    const double index = argument(0).toInteger();
+    if (index < 0 || index >= count())
+        return fail(cOutOfRange);
+    QScriptValue point = engine()->newObject();
+    point.setProperty("y", spectrumOf()->values().at(int(index)));
+    return point;
+}
+
+QScriptValue TYrexSpectrumWrapper::setDataPoint()
+{
+    if (!isValid() || yrex()->isStacked())
+        return fail(cInvalidObject);
+    if (argumentCount() < 2)
+        return fail(cWrongCount);
+    if (!argument(0).isNumber())
+        return fail(cWrongType);
+    const double index = argument(0).toInteger();
+    if (index < 0 || index >= count())
+        return fail(cOutOfRange);
+    if (!argument(1).isNumber())
+        return fail(cWrongType);
+    spectrumOf()->data()[int(index)] = argument(1).toNumber();
+    return engine()->undefinedValue();
+}

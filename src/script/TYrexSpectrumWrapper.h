@@ -1,0 +1,98 @@
+#pragma once
+
+#include "TYrexSpectrumRef.h"
+#include "script/TCanvasBaseSpectrumWrapper.h"
+
+#include <QList>
+
+class QScriptEngine;
+class TCommand;
+class TYrexProcParams;
+struct THistoryParameter;
+
+/// An item with spectra, as scripts see it: one spectrum of its stack, or whichever is the active one. What it changes
+/// are steps of the history, but for setDataPoint.
+class TYrexSpectrumWrapper : public TCanvasBaseSpectrumWrapper
+{
+    Q_OBJECT
+    Q_PROPERTY(QString title READ title)
+    Q_PROPERTY(QString comment READ comment WRITE setComment)
+    Q_PROPERTY(QString originalFormat READ originalFormat)
+    Q_PROPERTY(int specCount READ specCount)
+    Q_PROPERTY(int curSpecIndex READ curSpecIndex WRITE setCurSpecIndex)
+    Q_PROPERTY(QScriptValue spectra READ spectra)
+    Q_PROPERTY(QScriptValue realMax READ realMax)
+    Q_PROPERTY(QScriptValue realMin READ realMin)
+    Q_PROPERTY(QScriptValue realFirstX READ realFirstX)
+    Q_PROPERTY(QScriptValue realLastX READ realLastX)
+
+public:
+    explicit TYrexSpectrumWrapper(TCanvasYrexSpectrum *item, int index = TYrexSpectrumRef::cActive);
+
+    /// Publishes the class; its constructor takes an item with spectra.
+    static void install(QScriptEngine *engine);
+
+    TYrexSpectrumRef ref() const;
+    TCanvasYrexSpectrum *yrex() const;
+    TYrexSpectrum *spectrumOf() const { return ref().spectrum(); }
+
+    QString title() const;
+    QString comment() const;
+    void setComment(const QString &text);
+    QString originalFormat() const;
+    int specCount() const;
+    int curSpecIndex() const;
+    void setCurSpecIndex(int index);
+    QScriptValue spectra() const;
+    QScriptValue realMax() const;
+    QScriptValue realMin() const;
+    QScriptValue realFirstX() const;
+    QScriptValue realLastX() const;
+
+public slots:
+    bool isValid() const { return TCanvasItemWrapper::isValid(); }
+    bool isValid(int aDim) const;
+    /// Number of points.
+    int count() const;
+    int count(int aDim) const;
+    bool activeSpectrumHasPeaks() const;
+    /// An array of ZarnuDPPeak, in the unit that is shown, or in the first of two numbers.
+    QScriptValue peaks() const;
+    /// Picks peaks with standard settings where there are none.
+    QScriptValue forceStdPeaks();
+    /// The ZarnuIntegrals, in the unit that is shown or the one given.
+    QScriptValue integrals() const;
+    QScriptValue setIntegrals();
+    QScriptValue integralValueInInterval() const;
+    QScriptValue processing() const;
+    QScriptValue setProcessing(const QScriptValue &aProc);
+    QScriptValue process(const QString &aProcFile);
+    QScriptValue process();
+    void update() override;
+    QScriptValue zoom();
+    bool isSpectrumSelected(int aIndex) const;
+    bool isSpectrumVisible(int aIndex) const;
+    QScriptValue appendSpectrum();
+    bool removeSpectrum(int aIndex);
+    QScriptValue dataPoint() const;
+    QScriptValue setDataPoint();
+    QScriptValue getStackedClasses() const;
+    QScriptValue setStackedClasses();
+    QScriptValue getSetOrigXUnits(const QString &aUnits, bool aGet);
+    QScriptValue getSetOrigYUnits(const QString &aUnits, bool aGet);
+    QStringList paramNames(bool aIncludeHidden) const;
+    QStringList paramNames() const;
+    QScriptValue isReadOnlyParam() const;
+    QScriptValue getParam() const;
+    QScriptValue setParam();
+
+private:
+    /// Pushes a command under a description, with parameters for its entries; what doScriptHistoryCommand says.
+    bool commit(TCommand *command, const QString &description, const QList<THistoryParameter> &params);
+    QScriptValue fail(int code, const QString &text = QString()) const;
+    QScriptValue getSetOrigUnits(bool isX, const QString &units, bool isGet);
+    void runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history);
+    int unitOfPeaks() const;
+
+    int fSpectrumIndex;
+};

@@ -1,0 +1,380 @@
+// What scripts change on a spectrum: chain, peaks, stack, units, parameters.
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexEditOneParam.h"
+#include "TCmdYrexInsert.h"
+#include "TCmdYrexSetOrigUnits.h"
+#include "TYrexParamsParsers.h"
+#include "TYrexPeakPicking.h"
+#include "TYrexProcessingWrapper.h"
+#include "TYrexSnapshot.h"
+#include "TYrexSpectrumWrapper.h"
+#include "TYrexUnits.h"
+#include "commands/TCmdStackedItemsDeletion.h"
+#include "commands/TUndoableCommandTemplate.h"
+#include "params/TParamsParser.h"
+#include "params/TParamsParsers.h"
+#include "plot/T1DStackedPlotProperties.h"
+#include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
+#include "stream/TDataStream.h"
+
+#include <QScriptContext>
+
+using namespace Utils::Script;
+
+namespace {
+
+constexpr double cStandardSensitivity = 0.5;
+constexpr int cStandardMostPeaks = 1000;
+
+/// What a step may change of a spectrum, and how it comes back.
+class TSpectrumState
+{
+public:
+    explicit TSpectrumState(const TYrexSpectrumRef &spectrum)
+        : fSpectrum(spectrum.fixed())
+    {
+        QByteArray bytes;
+        TDataStream stream(&bytes, QIODevice::WriteOnly);
+        fSpectrum.spectrum()->store(stream);
+        fBytes->take(std::move(bytes));
+    }
+    const TYrexSpectrumRef &target() const { return fSpectrum; }
+    void restore() const
+    {
+        TYrexSpectrum *spectrum = fSpectrum.spectrum();
+        if (!spectrum)
+            return;
+        const QByteArray bytes = fBytes->state();
+        TDataStream stream(bytes);
+        spectrum->load(stream);
+        fSpectrum.refresh();
+    }
+
+private:
+    TYrexSpectrumRef fSpectrum;
+    std::shared_ptr<TYrexSnapshot> fBytes = std::make_shared<TYrexSnapshot>();
+};
+
+QList<THistoryParameter> chainHistory(const TYrexProcParams &params)
+{
+    const QString name = TYrexSpectrumWrapper::tr("Zarnu Procesing Actions");
+    QList<THistoryParameter> history;
+    for (int i = 0; i < params.actionCount(); ++i) {
+        if (params.isApplied(i))
+            history.append(
+                {name,
+                 TYrexSpectrumWrapper::tr("Processing Action: %1").arg(TYrexProcParams::label(params.actionId(i))),
+                 QVariant(), QString()});
+    }
+    if (history.isEmpty())
+        history.append({name, TYrexSpectrumWrapper::tr("None Applied"), QVariant(), QString()});
+    return history;
+}
+
+} // namespace
+
+/// Each spectrum of the stack becomes the active one in turn, and each run is a step of its own.
+void TYrexSpectrumWrapper::runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history)
+{
+    const int active = yrex()->stack().current();
+    for (int i = 0; i < specCount(); ++i) {
+        yrex()->stack().setCurrent(i);
+        const TSpectrumState before(TYrexSpectrumRef(yrex(), i));
+        const auto doStep = [target = before.target(), params, last] {
+            if (TYrexSpectrum *spectrum = target.spectrum()) {
+                spectrum->procParams() = params;
+                spectrum->process(0, 0, last);
+                target.refresh();
+            }
+        };
+        const QString description = tr("Process Zarnu Spectrum, index %1").arg(i);
+        doScriptHistoryCommand(new TUndoableCommandTemplate(
+                                   description, doStep, [before] { before.restore(); }, history, item()),
+                               context(), 1);
+    }
+    yrex()->stack().setCurrent(active);
+    yrex()->refreshAxes();
+}
+
+QScriptValue TYrexSpectrumWrapper::setProcessing(const QScriptValue &aProc)
+{
+    if (!isValid())
+        return context()->throwError(QLatin1String(Consts::Script::cIncorrectArguments));
+    const auto *wrapper = qobject_cast<TYrexProcessingWrapper *>(aProc.toQObject());
+    if (!wrapper)
+        return context()->throwError(tr("Error Setting Zarnu Processing Actions"));
+    runChain(*wrapper->wrapped(), wrapper->lastAction(), chainHistory(*wrapper->wrapped()));
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::process()
+{
+    return process(QString());
+}
+
+QScriptValue TYrexSpectrumWrapper::process(const QString &aProcFile)
+{
+    if (!isValid() || !spectrumOf())
+        return context()->throwError(QLatin1String(Consts::Script::cIncorrectArguments));
+    TYrexProcParams params = spectrumOf()->procParams().params();
+    if (!aProcFile.isEmpty()) {
+        switch (params.readFile(TScriptRun::of(engine())->absolutePath(aProcFile))) {
+        case TYrexProcParams::cNotOpened:
+            return context()->throwError(tr("Unable to open the file."));
+        case TYrexProcParams::cDimensionMismatch:
+            return context()->throwError(tr("Dimension mismatch."));
+        case TYrexProcParams::cWrongFormat:
+            return context()->throwError(tr("Wrong file format."));
+        default:
+            break;
+        }
+    }
+    QList<THistoryParameter> history = chainHistory(params);
+    const QString file = aProcFile.isEmpty() ? tr("Not Provided. Reapplying Current Processing Actions") : aProcFile;
+    history.append({tr("Zarnu Procesing Actions File"), file, QVariant(), QString()});
+    runChain(params, params.actionCount() - 1, history);
+    return true;
+}
+
+QScriptValue TYrexSpectrumWrapper::forceStdPeaks()
+{
+    if (!isValid() || !spectrumOf())
+        return fail(cInvalidObject);
+    if (!spectrumOf()->peaks().isEmpty())
+        return engine()->undefinedValue();
+    const int unit = spectrumOf()->yUnits();
+    const bool isDown = unit == cUnitTransmittance || unit == cUnitPercentTransmittance;
+    const QVariantMap action{{cKeyOpId, int(cProcAutoPeakPicking)},
+                             {cKeyApply, true},
+                             {"yrexstdppsensitivity", cStandardSensitivity},
+                             {"yrexstdppmaxnbrpeaks", cStandardMostPeaks},
+                             {"yrexstdpppsign", int(isDown ? cPeaksDownwards : cPeaksUpwards)}};
+    const TSpectrumState before(ref());
+    const auto doStep = [target = before.target(), action] {
+        if (TYrexSpectrum *spectrum = target.spectrum()) {
+            TYrexPeakPicking::autoPeakPicking(*spectrum, action);
+            target.refresh();
+        }
+    };
+    const QList<THistoryParameter> history{
+        {tr("Zarnu Spectrum"), item()->uniqueId().toString(), QVariant(), QString()},
+        {"sensitivity", cStandardSensitivity, QVariant(), QString()},
+        {"maxnbrpeaks", cStandardMostPeaks, QVariant(), QString()},
+        {"peakssign", isDown ? tr("Downwards") : tr("Upwards"), QVariant(), QString()}};
+    doScriptHistoryCommand(
+        new TUndoableCommandTemplate(
+            tr("Force Standard Peak Picking"), doStep, [before] { before.restore(); }, history, item()),
+        context(), 1);
+    return peaks();
+}
+
+QScriptValue TYrexSpectrumWrapper::appendSpectrum()
+{
+    if (!isValid())
+        return fail(cInvalidObject);
+    if (argumentCount() != 1)
+        return fail(cWrongCount);
+    const TCanvasYrexSpectrum *other = yrexItem(canvasItemFromScriptValue(argument(0)));
+    if (!other)
+        return fail(cWrongType, tr("First argument must be an Zarnu Spectrum"));
+    const auto *wrapper = qobject_cast<TYrexSpectrumWrapper *>(argument(0).toQObject());
+    const TYrexSpectrum *source = wrapper ? wrapper->spectrumOf() : other->currentSpectrum();
+    if (!source || source->pointCount() != count())
+        return fail(cWrongType, tr("The Zarnu Spectrum must have the same dimensionality"));
+    const QString id = other->uniqueId().toString();
+    auto *command = new TCmdYrexInsert(yrex(), {source->clone().release()}, TCmdYrexInsert::cAtEnd, int(stackedMode));
+    commit(command, tr("Append Zarnu Spectrum"), {{tr("Zarnu Spectrum"), id, QVariant(), QString()}});
+    return engine()->undefinedValue();
+}
+
+bool TYrexSpectrumWrapper::removeSpectrum(int aIndex)
+{
+    if (!isValid() || !yrex()->isStacked() || aIndex < 0 || aIndex >= specCount())
+        return false;
+    commit(new TCmdStackedItemsDeletion({item()}, {aIndex}), tr("Remove Zarnu Spectrum"),
+           {{tr("Zarnu Spectrum Index"), aIndex, QVariant(), QString()}});
+    return true;
+}
+
+QScriptValue TYrexSpectrumWrapper::getStackedClasses() const
+{
+    if (!isValid())
+        return fail(cInvalidObject);
+    QScriptValue classes = engine()->newArray();
+    for (int i = 0; i < specCount(); ++i)
+        classes.setProperty(quint32(i), yrex()->stack().at(i)->spectrumClass());
+    QVariantMap properties;
+    const auto known = yrex()->stackedContext()->classes();
+    for (auto it = known.constBegin(); it != known.constEnd(); ++it)
+        properties.insert(it.key(), it.value().toVariantMap());
+    QScriptValue result = engine()->newObject();
+    result.setProperty("Classes", classes);
+    result.setProperty("Properties", engine()->toScriptValue(properties));
+    return result;
+}
+
+QScriptValue TYrexSpectrumWrapper::setStackedClasses()
+{
+    if (!isValid())
+        return fail(cInvalidObject);
+    if (argumentCount() != 1)
+        return fail(cWrongCount);
+    const QScriptValue names = argument(0).property("Classes");
+    if (!names.isArray() || int(names.property("length").toUInt32()) != specCount())
+        return fail(cWrongType);
+    QStringList texts;
+    for (int i = 0; i < specCount(); ++i)
+        texts.append(names.property(quint32(i)).toString());
+    QMap<QString, TStackedClassProperties> classes;
+    const QVariantMap properties = argument(0).property("Properties").toVariant().toMap();
+    for (auto it = properties.constBegin(); it != properties.constEnd(); ++it)
+        classes.insert(it.key(), TStackedClassProperties::fromVariantMap(it.value().toMap()));
+    const auto before = yrex()->stackedContext()->classes();
+    QStringList oldTexts;
+    for (const TYrexSpectrum *spectrum : yrex()->spectra())
+        oldTexts.append(spectrum->spectrumClass());
+    const TYrexSpectrumRef target = ref();
+    const auto set = [target](const QStringList &to, const QMap<QString, TStackedClassProperties> &with) {
+        if (!target.item())
+            return;
+        for (int i = 0; i < qMin(to.size(), target.item()->stack().count()); ++i)
+            target.item()->stack().at(i)->setSpectrumClass(to.at(i));
+        target.item()->stackedContext()->restoreClasses(with);
+        target.refresh();
+    };
+    const QList<THistoryParameter> history{
+        {tr("Stacked Classes"), argument(0).toVariant(), QVariant(), texts.join(", ")}};
+    doScriptHistoryCommand(new TUndoableCommandTemplate(
+                               tr("Set Stacked Classes"), [set, texts, classes] { set(texts, classes); },
+                               [set, oldTexts, before] { set(oldTexts, before); }, history, item()),
+                           context(), 1);
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::getSetOrigUnits(bool isX, const QString &units, bool isGet)
+{
+    if (!isValid() || !yrex()->currentSpectrum())
+        return fail(cInvalidObject);
+    const TYrexSpectrum &spectrum = *yrex()->currentSpectrum();
+    if (isGet)
+        return yrexUnitScriptName(isX ? spectrum.origXUnits() : spectrum.origYUnits());
+    int unit = cUnitArbitrary;
+    yrexUnitFromScriptName(units, unit);
+    doScriptHistoryCommand(
+        new TCmdYrexSetOrigUnits({item()}, isX ? horzDir : vertDir, unit, TCmdYrexSetOrigUnits::cCurrentSpectrum),
+        context(), 1);
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::getSetOrigXUnits(const QString &aUnits, bool aGet)
+{
+    return getSetOrigUnits(true, aUnits, aGet);
+}
+
+QScriptValue TYrexSpectrumWrapper::getSetOrigYUnits(const QString &aUnits, bool aGet)
+{
+    return getSetOrigUnits(false, aUnits, aGet);
+}
+
+QStringList TYrexSpectrumWrapper::paramNames() const
+{
+    return paramNames(false);
+}
+
+QStringList TYrexSpectrumWrapper::paramNames(bool aIncludeHidden) const
+{
+    QStringList names;
+    if (const TYrexSpectrum *spectrum = spectrumOf()) {
+        for (const TSpectrumParam &param : spectrum->params()) {
+            if (param.isVisible() || aIncludeHidden)
+                names.append(QString::fromLatin1(TSpectrumParam::paramName(param.id())));
+        }
+    }
+    return names;
+}
+
+namespace {
+
+const TSpectrumParam *findParam(const TYrexSpectrum &spectrum, const QString &name)
+{
+    const TSpectrumParam *param = spectrum.params().getParam(name, false);
+    const int id = param ? 0 : TSpectrumParam::paramId(name.toLatin1());
+    return param || id == 0 ? param : spectrum.params().getParam(id);
+}
+
+} // namespace
+
+QScriptValue TYrexSpectrumWrapper::isReadOnlyParam() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (argumentCount() != 1 || !spectrum)
+        return engine()->undefinedValue();
+    const TSpectrumParam *param = findParam(*spectrum, argument(0).toString());
+    return param ? QScriptValue(param->isReadOnly()) : engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::getParam() const
+{
+    if (argumentCount() < 1)
+        return fail(cWrongCount);
+    if (!argument(0).isString())
+        return fail(cWrongType);
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!spectrum)
+        return fail(cInvalidObject);
+    const QString name = argument(0).toString();
+    const TSpectrumParam *param = findParam(*spectrum, name);
+    if (!param) {
+        TParamsParser *parser = yrexParamsParsers()[spectrum->fileFormat()];
+        const QString text = parser ? parser->value(name, spectrum->paramsBundle()) : QString();
+        return text.isNull() ? engine()->undefinedValue() : QScriptValue(text);
+    }
+    const QString text = param->value();
+    if (text.isEmpty())
+        return engine()->undefinedValue();
+    if (param->paramType() == TSpectrumParam::cInteger)
+        return text.toInt(nullptr, 10);
+    if (param->paramType() != TSpectrumParam::cDouble)
+        return text;
+    const double number = text.toDouble();
+    return argument(1).toBool() ? QString::number(number, 'f', param->precision()).toDouble() : number;
+}
+
+QScriptValue TYrexSpectrumWrapper::setParam()
+{
+    if (argumentCount() < 2)
+        return fail(cWrongCount);
+    if (!argument(0).isString())
+        return fail(cWrongType);
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!spectrum)
+        return fail(cInvalidObject);
+    const QString name = argument(0).toString();
+    const QString value = argument(1).toString();
+    const TSpectrumParam *param = findParam(*spectrum, name);
+    if (!param)
+        return engine()->undefinedValue();
+    auto command = std::make_unique<TCmdYrexEditOneParam>(TCanvasItemList{item()}, param->id(), value, ref().index());
+    if (param->isReadOnly()) {
+        if (!(argument(2).isBool() && argument(2).toBool()))
+            return scriptWarning(context(), tr("Trying to write read only parameter %1").arg(name));
+        doScriptHistoryCommand(command.release(), context(), 1);
+        return engine()->undefinedValue();
+    }
+    commit(command.release(), tr("Set Parameter"),
+           {{tr("Parameter"), name, QVariant(), QString()}, {tr("Value"), value, QVariant(), QString()}});
+    return engine()->undefinedValue();
+}
+
+void TYrexSpectrumWrapper::setComment(const QString &text)
+{
+    if (!context())
+        return;
+    if (!spectrumOf())
+        fail(cInvalidObject);
+    else
+        doScriptHistoryCommand(new TCmdYrexEditOneParam({item()}, TSpectrumParam::cComment, text, ref().index()),
+                               context(), 1);
+}
