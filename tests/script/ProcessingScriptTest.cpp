@@ -1,0 +1,69 @@
+#include "TScriptFixture.h"
+
+namespace {
+
+class ProcessingScript : public TScriptFixture
+{
+};
+
+} // namespace
+
+TEST_F(ProcessingScript, aChainIsSetOnEverySpectrumAndUndone)
+{
+    writeCsv("b.csv", 2);
+    open("b.csv");
+    const QByteArray before = bytes();
+    const int steps = undo()->index();
+    EXPECT_TRUE(run("var p = s.processing(); p.setApplyNothing();"
+                    "print(p.apply('Smoothing', {sgsmoothingkerlen: 9}), p.apply('no such action'));"
+                    "s.setProcessing(p);"))
+        << fError.text().toStdString();
+    EXPECT_EQ(fPrinted, QStringList("true false"));
+    EXPECT_EQ(undo()->index(), steps + 2) << "a step for each spectrum";
+    EXPECT_EQ(undo()->undoText(), "Process Zarnu Spectrum, index 1");
+    for (const TYrexSpectrum *spectrum : item()->spectra())
+        EXPECT_NE(spectrum->values(), spectrum->orgData());
+    undo()->undo();
+    undo()->undo();
+    EXPECT_EQ(bytes(), before);
+    EXPECT_TRUE(value("s.setProcessing(5)").endsWith("Error Setting Zarnu Processing Actions"));
+}
+
+TEST_F(ProcessingScript, templatesGoToAndFro)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    EXPECT_TRUE(run("var p = new ZarnuProcessing(); p.apply('Derivative'); p.save('d.kzp'); p.save('d.json');"))
+        << fError.text().toStdString();
+    EXPECT_EQ(value("new ZarnuProcessing('d.kzp').toString()"), "Processing (Derivative)");
+    EXPECT_EQ(value("new ZarnuProcessing('d.json').toString()"), "Processing (Derivative)");
+    EXPECT_EQ(value("var q = new ZarnuProcessing(); q.open('d.kzp') + q.toString()"),
+              value("'true' + new ZarnuProcessing('d.kzp').toString()"));
+    EXPECT_EQ(value("s.process('d.kzp')"), "true");
+    EXPECT_EQ(value("s.processing().toString()"), "Processing (Derivative)");
+    EXPECT_TRUE(value("s.process('none.kzp')").endsWith("Unable to open the file."));
+    EXPECT_TRUE(value("s.process('a.csv')").endsWith("Wrong file format."));
+    EXPECT_EQ(value("s.process()"), "true");
+    const TStoredHistoryEntry entry = fHost.document()->historyEntries().last();
+    bool isTold = false;
+    for (const THistoryParameter &param : entry.fParams)
+        isTold |= param.fValue.toString() == "Not Provided. Reapplying Current Processing Actions";
+    EXPECT_TRUE(isTold);
+}
+
+TEST_F(ProcessingScript, actionsAreReadAndWrittenAndARunCanEndEarly)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    EXPECT_TRUE(run("var p = s.processing(); var a = p.actions; a[a.length - 2].apply = true; p.actions = a;"))
+        << fError.text().toStdString();
+    EXPECT_EQ(value("p.actions.length == s.processing().actions.length"), "true");
+    EXPECT_EQ(code("p.actions = 5"), 2);
+    EXPECT_EQ(code("p.actions = [{action: 'nonsense'}]"), 2);
+    EXPECT_EQ(code("p.stopProc = 1000"), 4);
+    EXPECT_EQ(code("p.stopProc = 'a'"), 2);
+    EXPECT_TRUE(run("p.setApplyNothing(); p.apply('Invert Sign'); p.stopProc = 0; s.setProcessing(p);"));
+    EXPECT_NEAR(value("s.dataPoint(50).y").toDouble(), 1.0, 1e-9) << "the action behind it did not run";
+    EXPECT_TRUE(run("p.stopProc = undefined; s.setProcessing(p);"));
+    EXPECT_NEAR(value("s.dataPoint(50).y").toDouble(), -1.0, 1e-9);
+}

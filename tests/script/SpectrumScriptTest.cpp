@@ -1,0 +1,144 @@
+#include "TScriptFixture.h"
+
+namespace {
+
+class SpectrumScript : public TScriptFixture
+{
+};
+
+} // namespace
+
+TEST_F(SpectrumScript, readsWhatTheSpectrumIs)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    EXPECT_EQ(value("s.count() + ' ' + s.count(1) + ' ' + s.count(2)"), "200 200 0");
+    EXPECT_EQ(value("s.isValid() + ' ' + s.isValid(1) + ' ' + s.isValid(2)"), "true true false");
+    EXPECT_EQ(value("s.realFirstX + ' ' + s.realLastX"), "100 299");
+    EXPECT_NEAR(value("s.realMax").toDouble(), 1.0, 0.02);
+    EXPECT_EQ(value("s.originalFormat"), value("new ZarnuSpectrum(s).originalFormat"));
+    EXPECT_EQ(code("new ZarnuSpectrum()"), 1);
+    EXPECT_EQ(code("new ZarnuSpectrum(5)"), 2);
+    EXPECT_NEAR(value("s.dataPoint(50).y").toDouble(), 1.0, 1e-9);
+    EXPECT_EQ(code("s.dataPoint()"), 1);
+    EXPECT_EQ(code("s.dataPoint('a')"), 2);
+    EXPECT_EQ(code("s.dataPoint(200)"), 4);
+    EXPECT_EQ(code("s.dataPoint(-1)"), 4);
+}
+
+TEST_F(SpectrumScript, aDataPointIsSetAtOnceAndARunPutsItBack)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    const int steps = undo()->index();
+    EXPECT_TRUE(run("s.setDataPoint(50, 7);"));
+    EXPECT_EQ(value("s.dataPoint(50).y"), "7");
+    EXPECT_EQ(undo()->index(), steps) << "there is no step";
+    EXPECT_EQ(code("s.setDataPoint(50)"), 1);
+    EXPECT_EQ(code("s.setDataPoint(50, 'a')"), 2);
+    EXPECT_TRUE(run("var p = s.processing(); p.apply('Invert Sign'); s.setProcessing(p);"))
+        << fError.text().toStdString();
+    EXPECT_NEAR(value("s.dataPoint(50).y").toDouble(), -1.0, 1e-9);
+}
+
+TEST_F(SpectrumScript, spectraOfAStack)
+{
+    writeCsv("b.csv", 3);
+    open("b.csv");
+    EXPECT_EQ(code("s.dataPoint(0)"), 5);
+    EXPECT_EQ(value("s.spectra.length + ' ' + s.spectra[2].curSpecIndex + ' ' + s.curSpecIndex"), "3 2 0");
+    EXPECT_NEAR(value("s.spectra[2].realMax / s.spectra[0].realMax").toDouble(), 3.0, 0.1);
+    EXPECT_TRUE(run("s.curSpecIndex = 1;"));
+    EXPECT_EQ(item()->stack().current(), 1);
+    EXPECT_EQ(code("s.curSpecIndex = 3"), 4);
+    EXPECT_EQ(value("s.isSpectrumSelected(0) + ' ' + s.isSpectrumSelected(9) + ' ' + s.isSpectrumVisible(2)"),
+              "true false true");
+    const QByteArray before = bytes();
+    EXPECT_EQ(value("s.removeSpectrum(2)"), "true");
+    EXPECT_EQ(value("s.specCount + ' ' + s.removeSpectrum(2)"), "2 false");
+    EXPECT_TRUE(run("s.appendSpectrum(s);")) << fError.text().toStdString();
+    EXPECT_EQ(value("s.specCount"), "3");
+    undo()->undo();
+    undo()->undo();
+    EXPECT_EQ(value("s.specCount"), "3");
+    EXPECT_EQ(item()->stack().at(2)->values().size(), 200);
+    EXPECT_EQ(code("s.appendSpectrum()"), 1);
+    EXPECT_EQ(code("s.appendSpectrum(1)"), 2);
+    writeCsv("short.csv", 1, 50);
+    EXPECT_TRUE(value("s.appendSpectrum(openFile('short.csv')[0])")
+                    .endsWith("The Zarnu Spectrum must have the same dimensionality"));
+}
+
+TEST_F(SpectrumScript, classesUnitsAndParametersAreSteps)
+{
+    writeCsv("b.csv", 2);
+    open("b.csv");
+    const QByteArray before = bytes();
+    const int steps = undo()->index();
+    EXPECT_TRUE(run("var c = s.getStackedClasses(); c.Classes = ['a', 'b'];"
+                    "c.Properties = {a: {Name: 'a', Color: '#ff0000', 'Color Mode': 1}}; s.setStackedClasses(c);"))
+        << fError.text().toStdString();
+    EXPECT_EQ(value("s.getStackedClasses().Classes.join()"), "a,b");
+    EXPECT_EQ(code("s.setStackedClasses()"), 1);
+    EXPECT_EQ(code("s.setStackedClasses({Classes: ['a']})"), 2);
+    EXPECT_TRUE(run("s.getSetOrigXUnits('nm', false); s.getSetOrigYUnits('absorbance', false);"));
+    EXPECT_TRUE(run("s.setParam('Title', 'new title');")) << fError.text().toStdString();
+    EXPECT_EQ(value("s.getParam('Title')"), "new title");
+    EXPECT_TRUE(run("s.comment = 'a comment';"));
+    EXPECT_EQ(value("s.comment"), "a comment");
+    while (undo()->index() > steps)
+        undo()->undo();
+    EXPECT_EQ(bytes(), before);
+}
+
+TEST_F(SpectrumScript, parametersKeepTheirRules)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    EXPECT_EQ(code("s.getParam()"), 1);
+    EXPECT_EQ(code("s.getParam(5)"), 2);
+    EXPECT_EQ(code("s.setParam('Title')"), 1);
+    EXPECT_EQ(value("s.getParam('no such parameter')"), "undefined");
+    EXPECT_EQ(value("s.isReadOnlyParam('Title')"), "false");
+    EXPECT_EQ(value("s.isReadOnlyParam('no such parameter')"), "undefined");
+    EXPECT_EQ(value("s.paramNames(true).length >= s.paramNames().length"), "true");
+    const QString locked = value("s.paramNames(true).filter(function(n) { return s.isReadOnlyParam(n); })[0]");
+    ASSERT_NE(locked, "undefined");
+    const int steps = undo()->index();
+    EXPECT_TRUE(run("s.setParam('" + locked.toUtf8() + "', '5');"));
+    EXPECT_EQ(fWarned, QStringList("Trying to write read only parameter " + locked));
+    EXPECT_EQ(undo()->index(), steps);
+    EXPECT_TRUE(run("s.setParam('" + locked.toUtf8() + "', '5', true);"));
+    EXPECT_EQ(undo()->index(), steps + 1);
+}
+
+TEST_F(SpectrumScript, peaksAreForcedOnceAndRead)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    const QByteArray before = bytes();
+    EXPECT_EQ(value("s.peaks().length + ' ' + s.activeSpectrumHasPeaks()"), "0 false");
+    EXPECT_TRUE(run("var found = s.forceStdPeaks();"));
+    EXPECT_GE(value("found.length").toInt(), 2);
+    EXPECT_EQ(value("s.forceStdPeaks()"), "undefined");
+    EXPECT_TRUE(value("found.map(function(p) { return p.center; }).join()").contains("150"));
+    EXPECT_TRUE(value("found[0]").startsWith("\tCenter "));
+    EXPECT_EQ(fHost.document()->historyEntries().last().fDescription, "Force Standard Peak Picking");
+    undo()->undo();
+    EXPECT_EQ(bytes(), before);
+    undo()->redo();
+    EXPECT_EQ(value("s.peaks().length"), value("found.length"));
+}
+
+TEST_F(SpectrumScript, stepsTellTheirPlaceInTheScript)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    EXPECT_TRUE(run("var a = 1;\ns.setParam('Title', 'x');\n"));
+    const TStoredHistoryEntry entry = fHost.document()->historyEntries().last();
+    EXPECT_EQ(entry.fDescription, "Set Parameter");
+    bool isTold = false;
+    for (const THistoryParameter &param : entry.fParams)
+        isTold |= param.fName == "script" && param.fValue.toString() == "script.js:2";
+    EXPECT_TRUE(isTold);
+}
