@@ -50,17 +50,20 @@ bool TYrexIntegralWrapper::isValid() const
 
 QString TYrexIntegralWrapper::id() const
 {
-    return wrapped() ? wrapped()->id.toString() : QString();
+    const TYrexIntegrationRegion *region = wrapped();
+    return region ? region->id.toString() : QString();
 }
 
 double TYrexIntegralWrapper::area() const
 {
-    return wrapped() ? wrapped()->area : cNothing;
+    const TYrexIntegrationRegion *region = wrapped();
+    return region ? region->area : cNothing;
 }
 
 bool TYrexIntegralWrapper::isReference() const
 {
-    return wrapped() && wrapped()->reference;
+    const TYrexIntegrationRegion *region = wrapped();
+    return region && region->reference;
 }
 
 double TYrexIntegralWrapper::integralValue() const
@@ -70,17 +73,20 @@ double TYrexIntegralWrapper::integralValue() const
 
 double TYrexIntegralWrapper::integralValue(double aNorm) const
 {
-    return wrapped() ? std::fabs(wrapped()->area) / aNorm : cNothing;
+    const TYrexIntegrationRegion *region = wrapped();
+    return region ? std::fabs(region->area) / aNorm : cNothing;
 }
 
 double TYrexIntegralWrapper::rangeMin() const
 {
-    return wrapped() ? std::min(wrapped()->boundA, wrapped()->boundB) : cNothing;
+    const TYrexIntegrationRegion *region = wrapped(); // looked up once: each look may give another
+    return region ? std::min(region->boundA, region->boundB) : cNothing;
 }
 
 double TYrexIntegralWrapper::rangeMax() const
 {
-    return wrapped() ? std::max(wrapped()->boundA, wrapped()->boundB) : cNothing;
+    const TYrexIntegrationRegion *region = wrapped();
+    return region ? std::max(region->boundA, region->boundB) : cNothing;
 }
 
 QString TYrexIntegralWrapper::toString() const

@@ -232,23 +232,28 @@ QScriptValue TYrexSpectrumWrapper::setStackedClasses()
     for (auto it = properties.constBegin(); it != properties.constEnd(); ++it)
         classes.insert(it.key(), TStackedClassProperties::fromVariantMap(it.value().toMap()));
     const auto before = yrex()->stackedContext()->classes();
-    QStringList oldTexts;
-    for (const TYrexSpectrum *spectrum : yrex()->spectra())
-        oldTexts.append(spectrum->spectrumClass());
+    QVector<TSpectrumState> states; // a class that was never set is not an empty one
+    for (int i = 0; i < specCount(); ++i)
+        states.append(TSpectrumState(TYrexSpectrumRef(yrex(), i)));
     const TYrexSpectrumRef target = ref();
-    const auto set = [target](const QStringList &to, const QMap<QString, TStackedClassProperties> &with) {
+    const auto doStep = [target, texts, classes] {
         if (!target.item())
             return;
-        for (int i = 0; i < qMin(to.size(), target.item()->stack().count()); ++i)
-            target.item()->stack().at(i)->setSpectrumClass(to.at(i));
-        target.item()->stackedContext()->restoreClasses(with);
+        for (int i = 0; i < qMin(texts.size(), target.item()->stack().count()); ++i)
+            target.item()->stack().at(i)->setSpectrumClass(texts.at(i));
+        target.item()->stackedContext()->restoreClasses(classes);
+        target.refresh();
+    };
+    const auto undoStep = [target, states, before] {
+        for (const TSpectrumState &state : states)
+            state.restore();
+        if (target.item())
+            target.item()->stackedContext()->restoreClasses(before);
         target.refresh();
     };
     const QList<THistoryParameter> history{
         {tr("Stacked Classes"), argument(0).toVariant(), QVariant(), texts.join(", ")}};
-    doScriptHistoryCommand(new TUndoableCommandTemplate(
-                               tr("Set Stacked Classes"), [set, texts, classes] { set(texts, classes); },
-                               [set, oldTexts, before] { set(oldTexts, before); }, history, item()),
+    doScriptHistoryCommand(new TUndoableCommandTemplate(tr("Set Stacked Classes"), doStep, undoStep, history, item()),
                            context(), 1);
     return engine()->undefinedValue();
 }

@@ -37,8 +37,8 @@ TEST_F(ProcessingScript, templatesGoToAndFro)
         << fError.text().toStdString();
     EXPECT_EQ(value("new ZarnuProcessing('d.kzp').toString()"), "Processing (Derivative)");
     EXPECT_EQ(value("new ZarnuProcessing('d.json').toString()"), "Processing (Derivative)");
-    EXPECT_EQ(value("var q = new ZarnuProcessing(); q.open('d.kzp') + q.toString()"),
-              value("'true' + new ZarnuProcessing('d.kzp').toString()"));
+    EXPECT_TRUE(run("var q = new ZarnuProcessing(); print(q.open('d.kzp'));")) << fError.text().toStdString();
+    EXPECT_EQ(value("q.toString()"), "Processing (Derivative)");
     EXPECT_EQ(value("s.process('d.kzp')"), "true");
     EXPECT_EQ(value("s.processing().toString()"), "Processing (Derivative)");
     EXPECT_TRUE(value("s.process('none.kzp')").endsWith("Unable to open the file."));

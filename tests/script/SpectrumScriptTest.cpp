@@ -82,8 +82,8 @@ TEST_F(SpectrumScript, classesUnitsAndParametersAreSteps)
     EXPECT_EQ(code("s.setStackedClasses()"), 1);
     EXPECT_EQ(code("s.setStackedClasses({Classes: ['a']})"), 2);
     EXPECT_TRUE(run("s.getSetOrigXUnits('nm', false); s.getSetOrigYUnits('absorbance', false);"));
-    EXPECT_TRUE(run("s.setParam('Title', 'new title');")) << fError.text().toStdString();
-    EXPECT_EQ(value("s.getParam('Title')"), "new title");
+    EXPECT_TRUE(run("s.setParam('Comment', 'new text');")) << fError.text().toStdString();
+    EXPECT_EQ(value("s.getParam('Comment')"), "new text");
     EXPECT_TRUE(run("s.comment = 'a comment';"));
     EXPECT_EQ(value("s.comment"), "a comment");
     while (undo()->index() > steps)
@@ -99,7 +99,7 @@ TEST_F(SpectrumScript, parametersKeepTheirRules)
     EXPECT_EQ(code("s.getParam(5)"), 2);
     EXPECT_EQ(code("s.setParam('Title')"), 1);
     EXPECT_EQ(value("s.getParam('no such parameter')"), "undefined");
-    EXPECT_EQ(value("s.isReadOnlyParam('Title')"), "false");
+    EXPECT_EQ(value("s.isReadOnlyParam('Comment')"), "false");
     EXPECT_EQ(value("s.isReadOnlyParam('no such parameter')"), "undefined");
     EXPECT_EQ(value("s.paramNames(true).length >= s.paramNames().length"), "true");
     const QString locked = value("s.paramNames(true).filter(function(n) { return s.isReadOnlyParam(n); })[0]");
@@ -134,7 +134,7 @@ TEST_F(SpectrumScript, stepsTellTheirPlaceInTheScript)
 {
     writeCsv("a.csv");
     open("a.csv");
-    EXPECT_TRUE(run("var a = 1;\ns.setParam('Title', 'x');\n"));
+    EXPECT_TRUE(run("var a = 1;\ns.setParam('Comment', 'x');\n"));
     const TStoredHistoryEntry entry = fHost.document()->historyEntries().last();
     EXPECT_EQ(entry.fDescription, "Set Parameter");
     bool isTold = false;

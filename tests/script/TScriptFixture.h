@@ -4,6 +4,7 @@
 #include "TYrexPlugin.h"
 #include "builtin/TJCAMPPlugin.h"
 #include "canvas/TDocument.h"
+#include "canvas/TStoredHistoryEntry.h"
 #include "script/TScriptRun.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"

@@ -16,6 +16,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QScriptContext>
 #include <QSizeF>
 
@@ -118,15 +119,16 @@ bool takeItems(const QScriptValue &value, TCanvasItemList &items)
     return length > 0;
 }
 
-/// The converter of a file's ending, or of a format's name, that writes such items.
-IConverter *writer(const TImportDriver &driver, const QString &path, const QString &format,
-                   const TCanvasItemList &items)
+/// The converter of a file's ending, or of a format's name.
+IConverter *writer(const TImportDriver &driver, const QString &path, const QString &format)
 {
     if (!format.isEmpty())
         return driver.converterByName(format);
-    const QString filter = QStringLiteral("*.") + QFileInfo(path).suffix().toLower();
+    const QString pattern = QStringLiteral("*.") + QFileInfo(path).suffix().toLower();
     for (IConverter *converter : driver.converters()) {
-        if (converter->acceptsFilter(filter, false) && converter->canExport(items))
+        const QString filters = converter->exportFilterList().join(' ').toLower();
+        const QStringList patterns = filters.split(QRegularExpression(QStringLiteral("[\\s();]+")));
+        if (patterns.contains(pattern))
             return converter;
     }
     return nullptr;
@@ -144,7 +146,7 @@ QScriptValue exportData(QScriptContext *context, QScriptEngine *engine)
         return throwError(context, cWrongType);
     const QString path = run.absolutePath(context->argument(1).toString());
     const QString format = count == 3 ? context->argument(2).toString() : QString();
-    IConverter *converter = writer(run.scripts().importDriver(), path, format, items);
+    IConverter *converter = writer(run.scripts().importDriver(), path, format);
     if (!converter)
         return failed(context, path, tr("No format of this ending can be written."), cWrongType);
     QString error;

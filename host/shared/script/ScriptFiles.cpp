@@ -108,12 +108,15 @@ QScriptValue fileExists(QScriptContext *context, QScriptEngine *)
     return takePath(context, 1, path, error) ? QScriptValue(QFileInfo::exists(path)) : error;
 }
 
-/// The name of a file without its folder and its last ending.
+/// The name of a file without its folder and its last ending. More arguments do not matter, so that it can be handed to
+/// map.
 QScriptValue baseName(QScriptContext *context, QScriptEngine *)
 {
-    QString path;
-    QScriptValue error;
-    return takePath(context, 1, path, error) ? QScriptValue(QFileInfo(path).completeBaseName()) : error;
+    if (context->argumentCount() < 1)
+        return throwError(context, cWrongCount);
+    if (!context->argument(0).isString())
+        return throwError(context, cWrongType);
+    return QFileInfo(context->argument(0).toString()).completeBaseName();
 }
 
 } // namespace
