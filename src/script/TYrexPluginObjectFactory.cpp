@@ -8,6 +8,7 @@
 #include "TYrexPluginWrapper.h"
 #include "TYrexProcessingWrapper.h"
 #include "TYrexSpectrumWrapper.h"
+#include "YrexSteps.h"
 #include "script/ScriptUtils.h"
 
 namespace {
@@ -44,4 +45,9 @@ QScriptValue TYrexPluginObjectFactory::wrap(QScriptEngine *engine, TCanvasItem *
 {
     TCanvasYrexSpectrum *spectrum = yrexItem(item);
     return spectrum ? engine->toScriptValue(new TYrexSpectrumWrapper(spectrum)) : QScriptValue();
+}
+
+QVector<TStepKind> TYrexPluginObjectFactory::stepKinds() const
+{
+    return yrexSteps();
 }

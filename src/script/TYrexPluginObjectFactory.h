@@ -10,4 +10,5 @@ public:
     void install(QScriptEngine *engine) override;
     QScriptValue create(QScriptEngine *engine, const QString &className) override;
     QScriptValue wrap(QScriptEngine *engine, TCanvasItem *item) override;
+    QVector<TStepKind> stepKinds() const override;
 };

@@ -6,6 +6,8 @@
 #include "TYrexIntegrationRegion.h"
 #include "TYrexProcIds.h"
 #include "TYrexUnits.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
 
 #include <cmath>
 
@@ -136,4 +138,15 @@ TCanvasYrexSpectrum *randomItem(TDice &dice)
     }
     item->stack().setCurrent(dice.below(count));
     return item;
+}
+
+void fillDocument(quint32 seed, TDocument &document)
+{
+    TDice dice(seed);
+    TPage *page = document.appendPage();
+    for (int i = dice.oneIn(3) ? 2 : 1; i > 0; --i) {
+        TCanvasYrexSpectrum *item = randomItem(dice);
+        item->setRect(QRectF(100, 100, 1200, 900));
+        page->insertItem(item);
+    }
 }

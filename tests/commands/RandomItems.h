@@ -4,6 +4,7 @@
 #include "TYrexSpectrumList.h"
 
 class TCanvasYrexSpectrum;
+class TDocument;
 class TYrexProcParams;
 
 /// A stack of 1 to 5 spectra of 20 to 200 points with units, chains, peaks, regions, classes, hidden and deselected
@@ -15,3 +16,6 @@ TYrexSpectrumList randomSpectra(TDice &dice, int count);
 TYrexProcParams randomChain(TDice &dice);
 int randomXUnit(TDice &dice);
 int randomYUnit(TDice &dice);
+
+/// One page with one or two items.
+void fillDocument(quint32 seed, TDocument &document);

@@ -38,10 +38,32 @@ QString shown(const QVariant &value)
     return value.toString();
 }
 
+QByteArray withoutId(QByteArray bytes, const QUuid &id, int number)
+{
+    return id.isNull()
+               ? bytes
+               : bytes.replace(id.toRfc4122(), QByteArray("id").append(QByteArray::number(number)).leftJustified(16));
+}
+
+/// Ids are made anew at each run; what stands at the same place gets the same name.
+QByteArray withoutIds(QByteArray bytes, const TCanvasYrexSpectrum &item)
+{
+    int number = 0;
+    bytes = withoutId(bytes, item.uniqueId(), ++number);
+    for (int i = 0; i < item.stack().count(); ++i) {
+        const TYrexSpectrum &spectrum = *item.stack().at(i);
+        for (const TYrexDPLib::TYrexDPPeak *peak : spectrum.peaks())
+            bytes = withoutId(bytes, peak->id, ++number);
+        for (int k = 0; k < spectrum.integrals().count(); ++k)
+            bytes = withoutId(bytes, spectrum.integrals().at(k)->id, ++number);
+    }
+    return bytes;
+}
+
 } // namespace
 
-TItemState::TItemState(TCanvasYrexSpectrum &item)
-    : fBytes(storedBytes(item))
+TItemState::TItemState(TCanvasYrexSpectrum &item, bool withIds)
+    : fBytes(withIds ? storedBytes(item) : withoutIds(storedBytes(item), item))
     , fIds(item.stack().ids())
 {
     item.captureView(fView);
@@ -59,7 +81,8 @@ TItemState::TItemState(TCanvasYrexSpectrum &item)
                           .arg(own.offset(item.stack().idOf(i)), 0, 'g', 17)
                           .arg(item.stack().at(i)->xUnits())
                           .arg(item.stack().at(i)->yUnits())
-                          .arg(QString(digest(storedBytes(*item.stack().at(i))))));
+                          .arg(QString(digest(withIds ? storedBytes(*item.stack().at(i))
+                                                      : withoutIds(storedBytes(*item.stack().at(i)), item)))));
     }
     TYrexSpectrumPropertiesBag bag;
     bag.fillFrom(item);

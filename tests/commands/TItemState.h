@@ -14,7 +14,8 @@ class TItemState
 {
 public:
     TItemState() = default;
-    explicit TItemState(TCanvasYrexSpectrum &item);
+    /// Without its ids, those of spectra, peaks, regions and links stand there as numbers in their order.
+    explicit TItemState(TCanvasYrexSpectrum &item, bool withIds = true);
 
     /// What differs, in words; empty for equal states.
     QString difference(const TItemState &other) const;

@@ -3,7 +3,7 @@
 #include "RandomItems.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TCommandMakers.h"
-#include "TItemState.h"
+#include "TDocumentState.h"
 #include "TYrexParamsParsers.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
@@ -17,18 +17,6 @@ namespace {
 
 constexpr int cCsv = 37;
 
-/// Pages and their items, by id, and the states of all items.
-struct TDocumentState
-{
-    QStringList fLayout;
-    QVector<TItemState> fItems;
-};
-
-QString textOf(const QRectF &rect)
-{
-    return QString("%1 %2 %3 %4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
-}
-
 /// A document that begins with one or two items, and the states in which its history left it.
 class TRun
 {
@@ -40,14 +28,8 @@ public:
         TDocument::setItemFactory([](int rtti) -> TCanvasItem * {
             return rtti == TCanvasYrexSpectrum::cRtti ? new TCanvasYrexSpectrum({}, nullptr, nullptr) : nullptr;
         });
-        TDice dice(seed);
-        TPage *page = fDocument.appendPage();
-        for (int i = dice.oneIn(3) ? 2 : 1; i > 0; --i) {
-            TCanvasYrexSpectrum *item = randomItem(dice);
-            item->setRect(QRectF(100, 100, 1200, 900));
-            page->insertItem(item);
-        }
-        fStates.append(state());
+        fillDocument(seed, fDocument);
+        fStates.append(TDocumentState(fDocument));
     }
     ~TRun()
     {
@@ -85,7 +67,7 @@ public:
         if (items.size() > 1 && dice.oneIn(2))
             items.remove(dice.below(items.size()));
         const TCommandMaker &maker = commandMakers().at(step.fMaker);
-        const TDocumentState before = state();
+        const TDocumentState before = TDocumentState(fDocument);
         TCommand *command = maker.fMake(dice, items, fDocument);
         if (!command)
             return;
@@ -114,20 +96,6 @@ public:
     }
 
 private:
-    TDocumentState state() const
-    {
-        TDocumentState all;
-        all.fLayout.append(QString("%1 templates").arg(yrexParamsParsers().value(cCsv)->templates().count()));
-        for (const TPage *page : fDocument.pages()) {
-            all.fLayout.append("page " + page->id().toString() + page->title() + ' ' +
-                               textOf(QRectF(QPointF(), page->size())) + ' ' + textOf(page->contentRect()));
-            for (TCanvasItem *item : page->items()) {
-                all.fLayout.append("item " + item->uniqueId().toString() + ' ' + textOf(item->rect()));
-                all.fItems.append(TItemState(*yrexItem(item)));
-            }
-        }
-        return all;
-    }
     QString lastParams()
     {
         const QList<THistoryCommand *> entries = fDocument.history().entries();
@@ -144,7 +112,7 @@ private:
         fStates.resize(qMin(fStates.size(), index));
         if (fStates.size() < index)
             fProblem = "  a step more than commands";
-        fStates.append(state());
+        fStates.append(TDocumentState(fDocument));
     }
     void goTo(int index)
     {
@@ -161,15 +129,9 @@ private:
     }
     void compare(const TDocumentState &expected, const QString &what)
     {
-        const TDocumentState now = state();
-        if (now.fLayout != expected.fLayout)
-            fProblem = QString("  %1:\n    %2\n    is %3")
-                           .arg(what, expected.fLayout.join("\n    "), now.fLayout.join("\n    "));
-        for (int i = 0; i < now.fItems.size() && !hasFailed(); ++i) {
-            const QString difference = expected.fItems.at(i).difference(now.fItems.at(i));
-            if (!difference.isEmpty())
-                fProblem = QString("  %1, item %2:\n%3").arg(what).arg(i).arg(difference);
-        }
+        const QString difference = expected.difference(TDocumentState(fDocument));
+        if (!difference.isEmpty())
+            fProblem = QString("  %1%2").arg(what, difference);
     }
 
     TDocument fDocument;

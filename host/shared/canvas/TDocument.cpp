@@ -21,6 +21,14 @@ TDocument::TDocument(QObject *parent)
         emit historyChanged();
     });
     fHistory.setReplacedHandler([this] { emit stepReplaced(); });
+    fHistory.setItemIds([this] {
+        QList<QUuid> ids;
+        for (const TPage *page : qAsConst(fPages)) {
+            for (const TCanvasItem *item : page->items())
+                ids.append(item->uniqueId());
+        }
+        return ids;
+    });
 }
 
 TDocument::~TDocument()

@@ -41,3 +41,11 @@ void TCmdDeleteItems::doHistoryCommand()
     for (const TTaken &taken : qAsConst(fTaken))
         appendHistoryCommand(new THistoryCommand(description(), taken.item, QString()), taken.item);
 }
+
+TScriptStep TCmdDeleteItems::scriptStep() const
+{
+    TCanvasItemList items;
+    for (const TTaken &taken : fTaken)
+        items.append(taken.item);
+    return TScriptStep("deleteItems").on(items);
+}

@@ -17,6 +17,7 @@ public:
     ~TCmdDeleteItems() override;
 
     void doHistoryCommand() override;
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void undoCmd() override;
     bool isVoid() const override { return TCommand::isVoid() || fTaken.isEmpty(); }

@@ -74,3 +74,11 @@ THistoryCommand *TCmdMoveItem::itemHistoryCommand(TCanvasItem *item)
     entry->addParam("Rectangle", item->rect(), QString());
     return entry;
 }
+
+TScriptStep TCmdMoveItem::scriptStep() const
+{
+    QVariantList rects;
+    for (int i = 0; i < items().size(); ++i)
+        rects.append(TScriptStep::rect(fNew.at(i).rect.isEmpty() ? fOld.at(i).rect : fNew.at(i).rect));
+    return TScriptStep("moveItems").on(items()).with("rects", rects);
+}

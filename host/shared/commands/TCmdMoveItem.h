@@ -14,6 +14,7 @@ public:
     /// One rectangle per item, in canvas units. Items without one, with an empty or endless one, and locked items stay.
     TCmdMoveItem(const TCanvasItemList &items, const QVector<QRectF> &rects);
 
+    TScriptStep scriptStep() const override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;
     bool cmdItemApplicable(TCanvasItem *item) const override;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "commands/TScriptStep.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -41,6 +43,11 @@ public:
     /// Whether it changes no more than how things are seen. Such a step can be undone, but leaves nothing to save.
     virtual bool isViewOnly() const { return false; }
     virtual QList<THistoryCommand *> historyCmdList() const { return fHistory; }
+    /// What a script calls to do this command again, asked before it runs for the first time; an empty step when it
+    /// cannot be told.
+    virtual TScriptStep scriptStep() const { return TScriptStep(); }
+    /// Adds what is known only once the command ran for the first time.
+    virtual void completeScriptStep(TScriptStep &) const {}
     virtual void doCmd() = 0;
     virtual void undoCmd() = 0;
     /// Whether `next` may join this undo step. Here: both mergeable, of one class.

@@ -19,13 +19,13 @@ constexpr qint64 cNeverSaved = -1; // no step has that stamp
 class TCommandHistory::TStackEntry : public QUndoCommand
 {
 public:
-    TStackEntry(TCommandHistory &history, std::unique_ptr<TCommand> command)
+    TStackEntry(TCommandHistory &history, std::unique_ptr<TCommand> command, const TScriptStep &script)
         : QUndoCommand(command->description())
         , fHistory(history)
         , fGesture(history.gesture())
     {
         fHistory.fEntries.append(this);
-        take(std::move(command));
+        take(std::move(command), script);
     }
     ~TStackEntry() override
     {
@@ -51,8 +51,9 @@ public:
         fHistory.changed();
     }
     /// Takes over a command that was run.
-    void take(std::unique_ptr<TCommand> command)
+    void take(std::unique_ptr<TCommand> command, const TScriptStep &script)
     {
+        fScript.append(script);
         if (!command->isViewOnly())
             fStamp = ++fHistory.fLastStamp;
         setText(command->description());
@@ -66,6 +67,7 @@ public:
             successor->takeFrom(last());
         last().removeHistoryCommand();
         fCommands.pop_back();
+        fScript.removeLast();
     }
     bool isDone() const { return !fCommands.empty() && last().isDone(); }
     bool isEmpty() const { return fCommands.empty(); }
@@ -78,10 +80,12 @@ public:
     /// 0 for a step that changed views only.
     qint64 stamp() const { return fStamp; }
     TCommand &last() const { return *fCommands.back(); }
+    const QVector<TScriptStep> &script() const { return fScript; }
 
 private:
     TCommandHistory &fHistory;
     std::vector<std::unique_ptr<TCommand>> fCommands;
+    QVector<TScriptStep> fScript; // one per command
     int fGesture;
     qint64 fStamp = 0;
 };
@@ -158,10 +162,10 @@ bool TCommandHistory::replaceInRun(std::unique_ptr<TCommand> &command)
     if (!fIsEditRun || !newest || !command->replacesInEditRun() || !newest->last().mergeCommand(command.get()))
         return false;
     newest->dropLast(*command);
-    command->execute();
+    const TScriptStep script = run(*command);
     if (!command->isVoid()) {
         command->doHistoryCommand();
-        newest->take(std::move(command));
+        newest->take(std::move(command), script);
     } else if (newest->isEmpty()) { // the run is back where it began
         newest->setObsolete(true);
         fStack.undo(); // which deletes an obsolete step
@@ -172,13 +176,31 @@ bool TCommandHistory::replaceInRun(std::unique_ptr<TCommand> &command)
     return true;
 }
 
-bool TCommandHistory::joinGesture(std::unique_ptr<TCommand> &command)
+TScriptStep TCommandHistory::run(TCommand &command) const
+{
+    const QList<QUuid> before = itemIds();
+    TScriptStep script = command.scriptStep();
+    command.execute();
+    if (script.isEmpty())
+        return script;
+    command.completeScriptStep(script);
+    script.setPlaces(before);
+    QList<QUuid> made;
+    for (const QUuid &id : itemIds()) {
+        if (!before.contains(id))
+            made.append(id);
+    }
+    script.setMade(made);
+    return script;
+}
+
+bool TCommandHistory::joinGesture(std::unique_ptr<TCommand> &command, const TScriptStep &script)
 {
     TStackEntry *newest = newestOfGesture();
     if (!newest || !newest->last().mergeCommand(command.get()))
         return false;
     newest->last().removeHistoryCommand(); // one entry, with the last parameters
-    newest->take(std::move(command));
+    newest->take(std::move(command), script);
     return true;
 }
 
@@ -192,19 +214,19 @@ bool TCommandHistory::push(TCommand *command)
         return false;
     if (replaceInRun(owned))
         return !owned; // a void command is left over
-    command->execute();
+    const TScriptStep script = run(*command);
     if (command->isVoid()) // running it showed that there was nothing to do
         return false;
     command->doHistoryCommand();
     const bool isFirst = fMergeDepth == 0 || !fMergedAny;
     const bool isEdit = !command->isViewOnly();
-    if (!joinGesture(owned)) {
+    if (!joinGesture(owned, script)) {
         fEditCount += isFirst && isEdit;
         if (fMergeDepth > 0 && !fMergedAny) {
             fMergedAny = true;
             fStack.beginMacro(fMergedText.isEmpty() ? command->description() : fMergedText);
         }
-        fStack.push(new TStackEntry(*this, std::move(owned)));
+        fStack.push(new TStackEntry(*this, std::move(owned), script));
     }
     changed();
     return true;
@@ -238,6 +260,7 @@ void TCommandHistory::addTo(TStep &step, const QUndoCommand *command)
 {
     if (const auto *entry = dynamic_cast<const TStackEntry *>(command)) {
         step.fEntries += entry->entries();
+        step.fScript += entry->script();
         step.fIsViewOnly = step.fIsViewOnly && entry->stamp() == 0;
     }
     for (int i = 0; i < command->childCount(); ++i) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "commands/TScriptStep.h"
+
 #include <QList>
 #include <QString>
 #include <QUndoStack>
@@ -52,6 +54,9 @@ public:
     /// Called when a command took the place of another within an edit run, of which the undo stack does not tell.
     void setReplacedHandler(const std::function<void()> &handler) { fReplaced = handler; }
 
+    /// The ids of all items of the document, in its order; steps of scripts tell items by their places there.
+    void setItemIds(const std::function<QList<QUuid>()> &itemIds) { fItemIds = itemIds; }
+
     /// Asked before a new command changes more than views; false gives the command up. For edits that go on for a
     /// while and would be mixed up with others.
     void setPushGuard(const std::function<bool(const TCommand &)> &guard) { fPushGuard = guard; }
@@ -65,6 +70,7 @@ public:
     {
         QString fText;
         QList<THistoryCommand *> fEntries; // not owned; of all commands of a group
+        QVector<TScriptStep> fScript;      // one per command, in their order
         bool fIsViewOnly = false;
     };
     /// `index` is that of the undo stack.
@@ -75,13 +81,17 @@ private:
 
     TStackEntry *newestOfGesture() const;
     bool replaceInRun(std::unique_ptr<TCommand> &command);
-    bool joinGesture(std::unique_ptr<TCommand> &command);
+    bool joinGesture(std::unique_ptr<TCommand> &command, const TScriptStep &script);
+    /// Runs a new command, and what a script calls to do so.
+    TScriptStep run(TCommand &command) const;
+    QList<QUuid> itemIds() const { return fItemIds ? fItemIds() : QList<QUuid>(); }
     static void addTo(TStep &step, const QUndoCommand *command);
     void changed();
     /// Names the state of the document: the last step done that changed more than views; 0 without one.
     qint64 stamp() const;
 
     std::function<void()> fReplaced;
+    std::function<QList<QUuid>()> fItemIds;
     std::function<bool(const TCommand &)> fPushGuard;
     std::function<void()> fChanged; // stands before the stack, whose end calls it no more
     qint64 fLastStamp = 0;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "script/TStepKind.h"
+
 #include <QScriptValue>
 #include <QStringList>
+#include <QVector>
 
 class QScriptEngine;
 class TCanvasItem;
@@ -18,4 +21,6 @@ public:
     virtual QScriptValue create(QScriptEngine *engine, const QString &className) = 0;
     /// The object of an item; undefined for items of other kinds.
     virtual QScriptValue wrap(QScriptEngine *, TCanvasItem *) { return QScriptValue(); }
+    /// The steps that scripts can do with the plug-in's commands.
+    virtual QVector<TStepKind> stepKinds() const { return {}; }
 };

@@ -62,6 +62,7 @@ void TScriptRun::publish()
     global.setProperty("print", fEngine.newFunction(printArguments));
     ScriptFiles::install(fEngine);
     TScriptDocument::install(fEngine);
+    fSteps.install();
     setArguments({});
 }
 
@@ -112,7 +113,8 @@ bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue
     fIsStopped = false;
     ++fDepth;
     result = fEngine.evaluate(text, name);
-    --fDepth;
+    if (--fDepth == 0)
+        fSteps.closeGroups();
     if (fIsStopped) {
         fEngine.clearExceptions();
         error.fIsStopped = true;

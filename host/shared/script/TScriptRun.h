@@ -1,6 +1,7 @@
 #pragma once
 
 #include "script/TScriptError.h"
+#include "script/TScriptSteps.h"
 
 #include <QObject>
 #include <QScriptEngine>
@@ -41,6 +42,7 @@ public:
     IPluginHost &host() const { return fHost; }
     IScriptHost &scripts() const { return fScripts; }
     QScriptEngine &engine() { return fEngine; }
+    TScriptSteps &steps() { return fSteps; }
     QString folder() const { return fFolder; }
     /// A path as a script gives it: relative ones stand beside the script.
     QString absolutePath(const QString &path) const;
@@ -63,6 +65,7 @@ private:
     IPluginHost &fHost;
     IScriptHost &fScripts;
     QScriptEngine fEngine;
+    TScriptSteps fSteps{*this};
     QString fFolder;
     int fDepth = 0;
     bool fIsStopped = false;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "script/TStepKind.h"
+
 #include <QScriptValue>
+#include <QVector>
 
 class QScriptEngine;
 class QString;
@@ -17,6 +20,8 @@ public:
     virtual void installScripts(QScriptEngine &engine) = 0;
     /// The script object of an item; undefined for items that no plug-in has a class for.
     virtual QScriptValue wrapItem(QScriptEngine &engine, TCanvasItem *item) = 0;
+    /// The steps that scripts can do, of the host and of all plug-ins.
+    virtual QVector<TStepKind> stepKinds() const = 0;
     virtual const TImportDriver &importDriver() const = 0;
     /// Opens a document from now on, beside the others in a program with windows, else in place of the last one. False,
     /// with the reason, when it cannot be read; then nothing changes.

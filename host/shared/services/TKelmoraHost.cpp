@@ -1,4 +1,5 @@
 #include "services/TKelmoraHost.h"
+#include "script/steps/HostSteps.h"
 
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
@@ -131,6 +132,14 @@ QScriptValue TKelmoraHost::wrapItem(QScriptEngine &engine, TCanvasItem *item)
             return object;
     }
     return engine.undefinedValue();
+}
+
+QVector<TStepKind> TKelmoraHost::stepKinds() const
+{
+    QVector<TStepKind> kinds = hostSteps();
+    for (const auto &factory : fFactories)
+        kinds += factory->stepKinds();
+    return kinds;
 }
 
 bool TKelmoraHost::openDocument(const QString &path, QString *error)

@@ -46,6 +46,7 @@ public:
     void setDocumentOpener(const TOpener &opener) { fOpener = opener; }
     void installScripts(QScriptEngine &engine) override;
     QScriptValue wrapItem(QScriptEngine &engine, TCanvasItem *item) override;
+    QVector<TStepKind> stepKinds() const override;
     bool openDocument(const QString &path, QString *error) override;
     void newDocument() override;
     QObject *scriptObject(const QString &name) const;

@@ -1,0 +1,6 @@
+#include "script/steps/HostSteps.h"
+
+QVector<TStepKind> viewSteps()
+{
+    return {};
+}

@@ -1,0 +1,6 @@
+#include "YrexSteps.h"
+
+QVector<TStepKind> yrexParameterSteps()
+{
+    return {};
+}

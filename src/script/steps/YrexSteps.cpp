@@ -1,0 +1,6 @@
+#include "YrexSteps.h"
+
+QVector<TStepKind> yrexSteps()
+{
+    return yrexDataSteps() + yrexMarkSteps() + yrexParameterSteps() + yrexViewSteps() + yrexStackSteps();
+}
