@@ -73,6 +73,10 @@ bool TCliFileCommand::checkOptions(const TCliArguments &arguments, const TCliEnv
         environment.warn("--jobs is not used: with --settings the files share one store and go one after another");
         fJobs = 1;
     }
+    if (fJobs > 1 && arguments.has("--save-script")) {
+        environment.warn("--jobs is not used: with --save-script the files go one after another");
+        fJobs = 1;
+    }
     return true;
 }
 
@@ -229,7 +233,11 @@ int TCliFileCommand::run(const TCliArguments &arguments, const TCliEnvironment &
     Utils::Common::setFixedTime(
         fIsWorker ? QDateTime::fromMSecsSinceEpoch(arguments.value(cWorkerOption).toLongLong(), Qt::UTC)
                   : TCliInputs::newestTime(fInputs));
-    const int status = gathers() ? runGathered(environment) : runHere(environment);
+    int status = gathers() ? runGathered(environment) : runHere(environment);
+    if (!finish(error)) {
+        environment.fConsole.err("zarnu: " + error);
+        status = cCliInputFailed;
+    }
     Utils::Common::setFixedTime(QDateTime());
     Utils::Common::setDeterministic(QByteArray());
     return status;

@@ -37,10 +37,14 @@ protected:
     virtual QVariantList chain() const { return {}; }
     /// The outputs of one input as options, for a process that works on it alone.
     virtual QStringList outputOptions(int) const { return {}; }
+    /// Called once all inputs are done; false, with an error, when something could not be finished.
+    virtual bool finish(QString &) { return true; }
     /// Whether all inputs are gathered into one stack, so that the work is done once.
     virtual bool gathers() const { return false; }
 
     const QStringList &inputs() const { return fInputs; }
+    /// The format that was named; empty where none was.
+    const QString &format() const { return fFormat; }
     /// Whether this is a process that works on one input for another one, which has told the warnings already.
     bool isWorker() const { return fIsWorker; }
 

@@ -46,6 +46,7 @@ TCliSyntax TCliProcess::syntax() const
               .arg(TCliTarget::formNames(TCliTarget::cPicture))},
          {"--plot-to", "FORM", "the form of pictures in a folder (default png)"},
          {"--size", "WxH", "size of the picture in pixels (default 1600x1000); svg and pdf have its shape"},
+         {"--save-script", "FILE", "write what is done as a script, to do it again with zarnu script FILE"},
          {"--json", "", "print everything as JSON, one object for each file in an array"}};
     syntax.fOptions += fileOptions();
     syntax.fNotes = TCliOutputHelp::dataNotes();
@@ -105,10 +106,12 @@ bool TCliProcess::prepare(const TCliArguments &arguments, const TCliEnvironment 
         error = "-o - and --json both write to standard output";
         return false;
     }
+    if (!fScript.plan(arguments.value("--save-script"), arguments.has("--force"), inputs(), error))
+        return false;
     if (arguments.has("--chain") && !loadChain(arguments.value("--chain"), environment, error))
         return false;
-    if (!fData.isPlanned() && !fPictures.isPlanned() && !arguments.has("--json") && !isWorker())
-        environment.warn("nothing is written: give -o, --plot or --json");
+    if (!fData.isPlanned() && !fPictures.isPlanned() && !arguments.has("--json") && !fScript.isPlanned() && !isWorker())
+        environment.warn("nothing is written: give -o, --plot, --save-script or --json");
     return true;
 }
 
@@ -170,4 +173,21 @@ void TCliProcess::work(TCliInput &input, int index, const TCliEnvironment &envir
     }
     if (fPictures.isPlanned() && input.isOk())
         draw(input, index);
+    if (fScript.isPlanned() && input.isOk())
+        tellScript(input, index, environment);
+}
+
+void TCliProcess::tellScript(const TCliInput &input, int index, const TCliEnvironment &environment)
+{
+    fScript.begin(input, format());
+    fScript.addSteps(environment.fHost.history());
+    if (fData.isPlanned())
+        fScript.addData(fData, input, index);
+    if (fPictures.isPlanned())
+        fScript.addPictures(fPictures, input, index, fSize);
+}
+
+bool TCliProcess::finish(QString &error)
+{
+    return !fScript.isPlanned() || fScript.write("Written by zarnu process.", error);
 }

@@ -2,6 +2,7 @@
 
 #include "TCliFileCommand.h"
 #include "TCliMarks.h"
+#include "TCliScriptLog.h"
 #include "TCliTarget.h"
 #include "TYrexProcParams.h"
 
@@ -21,9 +22,11 @@ protected:
     int jsonParts() const override;
     QVariantList chain() const override { return fChain ? fChain->actions() : QVariantList(); }
     QStringList outputOptions(int index) const override;
+    bool finish(QString &error) override;
     bool gathers() const override { return fStacks; }
 
 private:
+    void tellScript(const TCliInput &input, int index, const TCliEnvironment &environment);
     bool loadChain(const QString &file, const TCliEnvironment &environment, QString &error);
     bool readSize(const QString &text, QString &error);
     void draw(TCliInput &input, int index) const;
@@ -32,6 +35,7 @@ private:
     TCliTarget fData;
     TCliTarget fPictures;
     TCliMarks fMarks;
+    TCliScriptLog fScript;
     bool fStacks = false;
     QSize fSize{1600, 1000};                 // pixels
     std::unique_ptr<TYrexProcParams> fChain; // null without --chain

@@ -7,8 +7,10 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QTableView>
+#include <QTimer>
 #include <QTreeWidget>
 
 namespace {
@@ -124,4 +126,36 @@ TEST_F(HistoryTest, stepsOfAnEarlierSessionStandBelowTheRuleAndCannotBeReached)
     settle();
     EXPECT_EQ(rows().first(), "both <") << "a group is one row";
     EXPECT_EQ(pane()->details()->topLevelItemCount(), 2) << "with its entries below";
+}
+
+TEST_F(HistoryTest, stepsAreCopiedAndSavedAsAScript)
+{
+    entitle("first");
+    entitle("second");
+    entitle("third");
+    undo()->undo();
+    settle();
+    pane()->copyAsScript();
+    const QStringList all = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+    const auto has = [](const QStringList &lines, const QString &text) { return !lines.filter(text).isEmpty(); };
+    EXPECT_TRUE(has(all, "openFile(\"")) << all.join('\n').toStdString();
+    EXPECT_TRUE(has(all, "first") && has(all, "second")) << all.join('\n').toStdString();
+    EXPECT_FALSE(has(all, "third")) << "what is undone was not done";
+    pane()->view()->selectRow(2); // newest first: third, second, first
+    pane()->copyAsScript();
+    const QStringList one = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+    EXPECT_TRUE(has(one, "first") && has(one, "document.item(0)") && !has(one, "second"))
+        << one.join('\n').toStdString();
+
+    const QString path = fFolder.filePath("steps");
+    QTimer::singleShot(0, [path] {
+        QWidget *dialog = QApplication::activeModalWidget();
+        ASSERT_NE(qobject_cast<QFileDialog *>(dialog), nullptr);
+        dialog->findChild<QLineEdit *>("fileNameEdit")->setText(path);
+        QTest::keyClick(dialog->findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
+    });
+    pane()->saveAsScript();
+    QFile file(path + ".js");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("first"));
 }

@@ -54,6 +54,7 @@ public:
     TCanvasItem *item(const QUuid &id) const;
 
     TCommandHistory &history() { return fHistory; }
+    const TCommandHistory &history() const { return fHistory; }
     /// The entries that came with the document.
     const QList<TStoredHistoryEntry> &storedHistory() const { return fStoredHistory; }
     /// The entries that came with the document, and behind them those of this session.

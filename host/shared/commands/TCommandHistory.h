@@ -73,6 +73,8 @@ public:
         QVector<TScriptStep> fScript;      // one per command, in their order
         bool fIsViewOnly = false;
     };
+    /// How many steps are done; those behind can be done again.
+    int count() const { return fStack.index(); }
     /// `index` is that of the undo stack.
     TStep step(int index) const;
 

@@ -1,5 +1,7 @@
 #include "commands/TScriptStep.h"
 
+#include <QFileInfo>
+
 namespace {
 
 void place(QVariant &value, const QList<QUuid> &ids)
@@ -55,6 +57,11 @@ QVariantMap TScriptStep::rect(const QRectF &rect)
 QVariant TScriptStep::item(const ICanvasItem *item)
 {
     return item ? QVariant::fromValue(TScriptItem{item->uniqueId(), -1}) : QVariant();
+}
+
+QVariant TScriptStep::path(const QString &path)
+{
+    return QVariant::fromValue(TScriptPath{QFileInfo(path).absoluteFilePath()});
 }
 
 void TScriptStep::setPlaces(const QList<QUuid> &itemsOfDocument)

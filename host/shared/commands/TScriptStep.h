@@ -19,6 +19,13 @@ struct TScriptItem
 };
 Q_DECLARE_METATYPE(TScriptItem)
 
+/// A file that a step speaks of, absolute; scripts that stand beside it or above tell it from there.
+struct TScriptPath
+{
+    QString fPath;
+};
+Q_DECLARE_METATYPE(TScriptPath)
+
 /// What a script calls to do a command again: `steps.name(items, {argument: value})`, or another function with plain
 /// arguments. Everything is told as it is before the command runs, items and spectra by their places.
 class TScriptStep
@@ -38,13 +45,15 @@ public:
 
     /// The items that it works on, which the call names first.
     TScriptStep &on(const TCanvasItemList &items);
-    /// An argument: numbers, texts, truth values, colours, items as `item` gives them, byte arrays, and lists and maps
+    /// An argument: numbers, texts, truth values, colours, items and paths as below, byte arrays, and lists and maps
     /// of such.
     TScriptStep &with(const QString &name, const QVariant &value);
     /// A rectangle as part of a list or map.
     static QVariantMap rect(const QRectF &rect);
     /// An item as the value of an argument; an invalid value for null.
     static QVariant item(const ICanvasItem *item);
+    /// A file as the value of an argument.
+    static QVariant path(const QString &path);
     /// Values by the index of a spectrum, as a map with those indices as texts.
     template <class TValue>
     static QVariantMap byIndex(const QMap<int, TValue> &values)

@@ -59,6 +59,11 @@ QString TScriptWriter::literal(const QVariant &value) const
 {
     if (value.userType() == qMetaTypeId<TScriptItem>())
         return fVariables.value(value.value<TScriptItem>().fId, "null");
+    if (value.userType() == qMetaTypeId<TScriptPath>()) {
+        const QString path = value.value<TScriptPath>().fPath;
+        const QString relative = fFolder.relativeFilePath(path);
+        return quoted(relative.startsWith("..") ? path : relative);
+    }
     switch (value.userType()) {
     case QMetaType::UnknownType:
         return "null";
@@ -223,10 +228,11 @@ void TScriptWriter::collect(const QVariant &value, QSet<QUuid> &ids)
     }
 }
 
-QString TScriptWriter::script(const QVector<TUndoStep> &steps, const QString &remark)
+QString TScriptWriter::script(const QVector<TUndoStep> &steps, const QString &remark, const QDir &folder)
 {
     TScriptWriter writer;
     writer.fKeepsAll = false;
+    writer.fFolder = folder;
     for (const TUndoStep &step : steps) {
         for (const TScriptStep &command : step.fCommands) {
             for (const TScriptItem &item : command.items())

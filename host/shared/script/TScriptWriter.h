@@ -2,6 +2,7 @@
 
 #include "commands/TScriptStep.h"
 
+#include <QDir>
 #include <QHash>
 #include <QSet>
 #include <QStringList>
@@ -19,8 +20,8 @@ public:
     };
 
     /// The whole text; `remark` stands on top, a line of the text each line of it. Variables are made only where they
-    /// are used.
-    static QString script(const QVector<TUndoStep> &steps, const QString &remark);
+    /// are used. Files below `folder`, where the script is going to stand, are told from there.
+    static QString script(const QVector<TUndoStep> &steps, const QString &remark, const QDir &folder = QDir());
     /// The lines of one more undo step, with variables for all that it made. For a console, which hears of steps one by
     /// one.
     QStringList add(const TUndoStep &step);
@@ -40,5 +41,6 @@ private:
     QHash<QUuid, QString> fVariables;
     QSet<QString> fNames;
     QSet<QUuid> fUsed; // of the whole script
+    QDir fFolder;
     bool fKeepsAll = true;
 };

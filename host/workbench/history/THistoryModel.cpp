@@ -153,6 +153,19 @@ int THistoryModel::stackIndex(int row) const
     return fRows.at(row).fLast;
 }
 
+QList<int> THistoryModel::doneSteps(const QList<int> &rows) const
+{
+    QList<int> steps;
+    for (const int row : rows) {
+        if (row < 0 || row >= fRows.size() || fRows.at(row).fKind != cStep)
+            continue;
+        for (int step = fRows.at(row).fFirst; step < qMin(fRows.at(row).fLast, fDocument->history().count()); ++step)
+            steps.append(step);
+    }
+    std::sort(steps.begin(), steps.end());
+    return steps;
+}
+
 bool THistoryModel::isPresent(const TRow &row) const
 {
     const int index = fDocument ? fDocument->history().stack()->index() : -1;

@@ -37,6 +37,8 @@ public:
     QStringList itemNames() const { return fItemNames; }
     /// The index of the undo stack at which the document is in the state of a row; -1 where it cannot be reached.
     int stackIndex(int row) const;
+    /// The steps that rows stand for and that are done, as places of the undo stack in their order.
+    QList<int> doneSteps(const QList<int> &rows) const;
     /// The row of the present state; -1 where it is filtered out.
     int presentRow() const;
     /// What a row stands for: one entry for each command of the step.

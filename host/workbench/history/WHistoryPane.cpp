@@ -2,6 +2,7 @@
 
 #include "TDocumentController.h"
 #include "THistoryModel.h"
+#include "THistoryScript.h"
 #include "WDocumentView.h"
 #include "canvas/TCanvasItem.h"
 #include "commands/TCommandHistory.h"
@@ -260,12 +261,38 @@ void WHistoryPane::copy() const
         QApplication::clipboard()->setText(lines.join('\n') + '\n');
 }
 
+/// The row of the present state is selected anyway: alone it chooses nothing.
+QList<int> WHistoryPane::chosenSteps() const
+{
+    QList<int> rows;
+    for (const QModelIndex &row : fView->selectionModel()->selectedRows())
+        rows.append(row.row());
+    const bool isChoice = rows.size() > 1 || (rows.size() == 1 && rows.first() != fModel->presentRow());
+    return isChoice ? fModel->doneSteps(rows) : QList<int>();
+}
+
+void WHistoryPane::copyAsScript() const
+{
+    if (fModel->document())
+        QApplication::clipboard()->setText(THistoryScript::text(*fModel->document(), chosenSteps()));
+}
+
+void WHistoryPane::saveAsScript()
+{
+    if (fModel->document())
+        THistoryScript::save(*fModel->document(), chosenSteps(), this);
+}
+
 void WHistoryPane::showMenu(const QPoint &place)
 {
     auto *menu = new QMenu(fView);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction *copies = menu->addAction(tr("&Copy"), this, &WHistoryPane::copy);
     copies->setEnabled(fView->selectionModel()->hasSelection());
+    menu->addSeparator();
+    const bool hasSteps = fModel->document() && fModel->document()->history().count() > 0;
+    menu->addAction(tr("&Save as Script..."), this, &WHistoryPane::saveAsScript)->setEnabled(hasSteps);
+    menu->addAction(tr("Copy as Sc&ript"), this, &WHistoryPane::copyAsScript)->setEnabled(hasSteps);
     menu->popup(fView->viewport()->mapToGlobal(place));
 }
 

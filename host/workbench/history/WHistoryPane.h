@@ -29,6 +29,9 @@ public:
     void goTo(int row);
     /// The selected rows, as lines of texts between tabs.
     void copy() const;
+    /// The selected steps that are done as a script; all of them while only the present state is selected.
+    void copyAsScript() const;
+    void saveAsScript();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -42,6 +45,7 @@ private:
     void updateFilter();
     void updateItems();
     void showDetails();
+    QList<int> chosenSteps() const;
     void showMenu(const QPoint &place);
 
     TDocumentController &fDocuments;
