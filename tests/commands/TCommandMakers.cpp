@@ -14,7 +14,6 @@
 #include "TCmdYrexSetOrigUnits.h"
 #include "TCmdYrexSpectrumPanning.h"
 #include "TYrexSpectrumPropertiesBag.h"
-#include "commands/TCmdChangePlots.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdEditSpectrumClass.h"
 #include "commands/TCmdEditTitle.h"
@@ -22,6 +21,7 @@
 #include "commands/TCmdMoveItem.h"
 #include "commands/TCmdPanSpectra.h"
 #include "commands/TCmdPlotProperties.h"
+#include "commands/TCmdSpectraColors.h"
 #include "commands/TCmdSpectraCuts.h"
 #include "commands/TCmdStackedItemsArrange.h"
 #include "commands/TCmdStackedItemsDeletion.h"
@@ -112,11 +112,7 @@ TCommand *anyPanning(TDice &dice, const TCanvasItemList &items)
 
 TCommand *anyColors(TDice &dice, const TCanvasItemList &items)
 {
-    const int hue = dice.below(360);
-    return new TCmdChangePlots("Colours", items, [hue](TCanvasSpectrum &item, TBasePlot &) {
-        IStackedItemCtx &stack = *item.stackedContext();
-        stack.setAllColors(QVector<QColor>(stack.count(), QColor::fromHsv(hue, 255, 255)));
-    });
+    return new TCmdSpectraColors(items, QVector<QColor>(countOf(items), QColor::fromHsv(dice.below(360), 255, 255)));
 }
 
 TCommand *anyOrigUnits(TDice &dice, const TCanvasItemList &items)

@@ -3,9 +3,14 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexSpectrumPropertiesBag.h"
+#include "canvas/TCanvasItemList.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
+#include "contexts/IDARegionsItem.h"
 #include "stream/TDataStream.h"
 
 #include <QCryptographicHash>
+#include <algorithm>
 
 namespace {
 
@@ -45,11 +50,26 @@ QByteArray withoutId(QByteArray bytes, const QUuid &id, int number)
                : bytes.replace(id.toRfc4122(), QByteArray("id").append(QByteArray::number(number)).leftJustified(16));
 }
 
-/// Ids are made anew at each run; what stands at the same place gets the same name.
-QByteArray withoutIds(QByteArray bytes, const TCanvasYrexSpectrum &item)
+/// Among the items of the document; -1 for one that is gone.
+int placeOf(const TDocument &document, const QUuid &id)
 {
+    const TCanvasItemList items = document.items();
+    const auto isIt = [&id](const ICanvasItem *item) { return item->uniqueId() == id; };
+    const auto found = std::find_if(items.begin(), items.end(), isIt);
+    return found == items.end() ? -1 : int(found - items.begin());
+}
+
+/// Ids are made anew at each run; what stands at the same place gets the same name.
+QByteArray withoutIds(QByteArray bytes, TCanvasYrexSpectrum &item)
+{
+    constexpr int cFirstLinked = 1000;
     int number = 0;
     bytes = withoutId(bytes, item.uniqueId(), ++number);
+    const auto *document = item.canvas() ? qobject_cast<const TDocument *>(item.canvas()->parent()) : nullptr;
+    for (const QUuid &id : item.linkedIds())
+        bytes = withoutId(bytes, id, cFirstLinked + (document ? placeOf(*document, id) : -1));
+    for (const TDARegion &region : item.regionsItem()->daRegions())
+        bytes = withoutId(bytes, region.id, ++number);
     for (int i = 0; i < item.stack().count(); ++i) {
         const TYrexSpectrum &spectrum = *item.stack().at(i);
         for (const TYrexDPLib::TYrexDPPeak *peak : spectrum.peaks())

@@ -102,6 +102,22 @@ void TCanvasItem::followCopies(const QMap<QUuid, QUuid> &copies)
     }
 }
 
+QList<QUuid> TCanvasItem::linkedIds() const
+{
+    QList<QUuid> ids;
+    for (const QList<QUuid> &each : fLinks)
+        ids += each;
+    return ids;
+}
+
+void TCanvasItem::replaceLinks(const QMap<QUuid, QUuid> &others)
+{
+    for (QList<QUuid> &ids : fLinks) {
+        for (QUuid &id : ids)
+            id = others.value(id, id);
+    }
+}
+
 quint8 TCanvasItem::stateFlags() const
 {
     return quint8((fActive ? cActive : 0) | (fSelected ? cSelected : 0) | (fLocked ? cLocked : 0));

@@ -90,6 +90,10 @@ public:
     bool answersTo(const QUuid &id) const override { return fId == id || links(cCopyRole).contains(id); }
     /// Links to items that were copied together with this one go to their copies.
     void followCopies(const QMap<QUuid, QUuid> &copies);
+    /// The ids of all links, role by role.
+    QList<QUuid> linkedIds() const;
+    /// Links to those ids go to others, that to what it was made from included.
+    void replaceLinks(const QMap<QUuid, QUuid> &others);
     /// The item's spectra as a stack; null for an item that is none. The item owns it.
     virtual IStackedItemCtx *stackedContext() { return nullptr; }
     /// The item as one that data analysis works on; null for an item that keeps no regions.

@@ -33,7 +33,7 @@ QByteArray TItemFragment::store(const TCanvasItemList &items)
     return bytes;
 }
 
-QList<TCanvasItem *> TItemFragment::load(const QByteArray &bytes)
+QList<TCanvasItem *> TItemFragment::load(const QByteArray &bytes, TKind kind)
 {
     TDataStream stream(bytes);
     std::vector<std::unique_ptr<TCanvasItem>> items;
@@ -54,7 +54,8 @@ QList<TCanvasItem *> TItemFragment::load(const QByteArray &bytes)
         item->setActive(false);
         item->setSelected(false);
         copies.insert(id, item->uniqueId());
-        TCanvasItem::link(item.get(), TCanvasItem::cCopyRole, id);
+        if (kind == cCopies)
+            TCanvasItem::link(item.get(), TCanvasItem::cCopyRole, id);
         items.push_back(std::move(item));
     }
     QList<TCanvasItem *> loaded;

@@ -11,9 +11,10 @@ namespace TItemFragment {
 
 /// An int32 count, then type number, id and block of each item, as in a document.
 QByteArray store(const TCanvasItemList &items);
-/// New items without a page, which the caller owns, each with an id of its own and linked ("copyOf") to the item that
-/// it was made from. Links among the items go over to the copies. Empty for damaged bytes; items of an unknown type are
-/// kept as their bytes.
-QList<TCanvasItem *> load(const QByteArray &bytes);
+enum TKind { cCopies, cOriginals };
+/// New items without a page, which the caller owns, each with an id of its own and, as copies, linked ("copyOf") to the
+/// item that it was made from. Links among the items go over to the new ones. Empty for damaged bytes; items of an
+/// unknown type are kept as their bytes.
+QList<TCanvasItem *> load(const QByteArray &bytes, TKind kind = cCopies);
 
 } // namespace TItemFragment

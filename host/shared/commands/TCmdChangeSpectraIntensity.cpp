@@ -41,3 +41,12 @@ void TCmdChangeSpectraIntensity::describe(THistoryCommand &entry) const
     if (!hasValues())
         entry.addParam("Factor", fFactor * TBasePlot::cDefIntensityFactor, QString());
 }
+
+TScriptStep TCmdChangeSpectraIntensity::scriptStep() const
+{
+    if (hasValues())
+        return TScriptStep("setFactors").on(items()).with("factors", TScriptStep::byIndex(values()));
+    TScriptStep step(fUp ? "increaseIntensity" : "decreaseIntensity");
+    step.on(items());
+    return fFactor == 1.0 ? step : step.with("factor", fFactor);
+}

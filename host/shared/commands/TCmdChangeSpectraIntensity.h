@@ -12,6 +12,7 @@ public:
     TCmdChangeSpectraIntensity(const TCanvasItemList &items, bool up, double factor);
     /// Factors by the index of the spectrum. They act in drawing; the data stay.
     TCmdChangeSpectraIntensity(const TCanvasItemList &items, const QMap<int, double> &factors);
+    TScriptStep scriptStep() const override;
 
 protected:
     void changeView(TCanvasSpectrum &item, TBasePlot &activePlot) override;

@@ -3,7 +3,10 @@
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "commands/ItemsStep.h"
 #include "history/THistoryCommand.h"
+
+#include <QFileInfo>
 
 TCmdCreateItem::TCmdCreateItem(int, const TCanvasItemList &items, TDocument *document, TPage *page,
                                const QVariantMap &info, int flag)
@@ -12,8 +15,10 @@ TCmdCreateItem::TCmdCreateItem(int, const TCanvasItemList &items, TDocument *doc
     , fDocument(document)
     , fPage(page)
     , fInfo(info)
-    , fLaidOut(flag & 1)
+    , fFlags(flag)
 {
+    if (info.isEmpty())
+        return; // copies keep what they know
     for (ICanvasItem *item : qAsConst(fItems))
         canvasItem(item)->provenance() = info;
 }
@@ -33,7 +38,7 @@ TPage *TCmdCreateItem::targetPage(TPage *page)
         return page;
     if (!fNewPage) { // else it is done again, and the page made then is the one
         TPage *current = fDocument->currentPage();
-        if (current && current->items().isEmpty())
+        if (!page && !(fFlags & cOnNewPage) && current && current->items().isEmpty())
             return current;
         fNewPage = new TPage;
     }
@@ -49,7 +54,7 @@ void TCmdCreateItem::doCmd()
     fPage = targetPage(page);
     for (ICanvasItem *entry : qAsConst(fItems)) {
         TCanvasItem *item = canvasItem(entry);
-        if (item->rect().isEmpty() || !fLaidOut)
+        if (item->rect().isEmpty() || !(fFlags & cLaidOut))
             item->setRect(fPage->offeredRect(item));
         fPage->insertItem(item);
     }
@@ -71,5 +76,45 @@ void TCmdCreateItem::doHistoryCommand()
         for (auto it = fInfo.constBegin(); it != fInfo.constEnd(); ++it)
             history->addParam(it.key(), it.value(), QString());
         appendHistoryCommand(history, item);
+    }
+}
+
+void TCmdCreateItem::setFile(const QString &path, const QString &format)
+{
+    fFile = QFileInfo(path).absoluteFilePath();
+    fFormat = format;
+}
+
+bool TCmdCreateItem::isUsualPage(const TDocument &document) const
+{
+    const QList<TPage *> &pages = document.pages();
+    if (!fNewPage)
+        return fPage == pages.last() && fPage->items().size() == fItems.size();
+    const TPage *last = pages.value(pages.size() - 2);
+    return !last || !last->items().isEmpty();
+}
+
+void TCmdCreateItem::completeScriptStep(TScriptStep &step) const
+{
+    const auto *document = qobject_cast<const TDocument *>(fPage->parent());
+    if (!document)
+        return;
+    const int place = document->pages().indexOf(fPage);
+    const bool isUsual = isUsualPage(*document);
+    if (!fFile.isEmpty()) {
+        QVariantList arguments{fFile};
+        if (!fFormat.isEmpty() || !isUsual)
+            arguments.append(fFormat);
+        if (!isUsual)
+            arguments.append(place);
+        step = TScriptStep::function("openFile", arguments);
+        step.setMadeName(QFileInfo(fFile).completeBaseName());
+    } else if (!fStackedFiles.isEmpty()) {
+        step = TScriptStep("openAsStack").with("files", fStackedFiles);
+        if (!isUsual)
+            step.with("page", place);
+        step.setMadeName("stack");
+    } else {
+        step = ItemsStep::insertion(fItems, *document, fNewPage ? ItemsStep::cNewPage : place);
     }
 }

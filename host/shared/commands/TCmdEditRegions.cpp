@@ -1,13 +1,18 @@
 #include "commands/TCmdEditRegions.h"
 
 #include "canvas/TCanvasItem.h"
+#include "commands/ScriptWords.h"
 #include "contexts/IDARegionsItem.h"
 #include "history/THistoryCommand.h"
+
+#include <algorithm>
 
 TCmdEditRegions::TCmdEditRegions(TCanvasItem *item, const QVector<TDARegion> &regions)
     : TCanvasItemsCommand(tr("Edit Regions"), TCanvasItemList{item})
     , fOther(regions)
 {
+    for (TDARegion &region : fOther)
+        region.color = ScriptWords::plainColor(region.color);
 }
 
 bool TCmdEditRegions::cmdItemApplicable(TCanvasItem *item) const
@@ -49,4 +54,27 @@ THistoryCommand *TCmdEditRegions::itemHistoryCommand(TCanvasItem *item)
             QString());
     }
     return entry;
+}
+
+TScriptStep TCmdEditRegions::scriptStep() const
+{
+    TCanvasItem *item = canvasItem(items().first());
+    if (!item || !item->regionsItem())
+        return TScriptStep();
+    const QVector<TDARegion> before = item->regionsItem()->daRegions();
+    QVariantList regions;
+    for (const TDARegion &region : fOther) {
+        QVariantMap fields{{"name", region.name},
+                           {"kind", ScriptWords::regionKinds().word(region.kind)},
+                           {"from", region.from},
+                           {"to", region.to}};
+        if (region.color.isValid())
+            fields.insert("color", region.color);
+        const auto isSame = [&region](const TDARegion &other) { return other.id == region.id; };
+        const auto was = std::find_if(before.begin(), before.end(), isSame);
+        if (was != before.end())
+            fields.insert("was", int(was - before.begin()));
+        regions.append(fields);
+    }
+    return TScriptStep("setRegions").on(items()).with("regions", regions);
 }

@@ -14,6 +14,7 @@ public:
     /// An item that keeps no regions is left alone. Regions that the item has already make a void command.
     TCmdEditRegions(TCanvasItem *item, const QVector<TDARegion> &regions);
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;

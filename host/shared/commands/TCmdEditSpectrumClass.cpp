@@ -1,6 +1,7 @@
 #include "commands/TCmdEditSpectrumClass.h"
 
 #include "canvas/TCanvasItem.h"
+#include "commands/ScriptWords.h"
 #include "contexts/IStackedItemCtx.h"
 #include "history/THistoryCommand.h"
 
@@ -11,6 +12,7 @@ TCmdEditSpectrumClass::TCmdEditSpectrumClass(const TCanvasItemList &items, const
     , fProperties(properties)
     , fBefore(items.size())
 {
+    fProperties.baseColor = ScriptWords::plainColor(properties.baseColor);
 }
 
 bool TCmdEditSpectrumClass::cmdItemApplicable(TCanvasItem *item) const
@@ -57,4 +59,14 @@ THistoryCommand *TCmdEditSpectrumClass::itemHistoryCommand(TCanvasItem *item)
     auto *entry = new THistoryCommand(description(), item, QString());
     entry->addParam("Class", fProperties.name, QString());
     return entry;
+}
+
+TScriptStep TCmdEditSpectrumClass::scriptStep() const
+{
+    TScriptStep step("setClass");
+    step.on(items()).with("spectra", QVariant::fromValue(fIndices)).with("name", fProperties.name);
+    if (fProperties.baseColor.isValid())
+        step.with("color", fProperties.baseColor);
+    return step.with("colors", ScriptWords::colorModes().word(fProperties.colorMode))
+        .with("line", ScriptWords::lineStyles().word(fProperties.lineStyle));
 }

@@ -16,6 +16,7 @@ public:
     TCmdEditSpectrumClass(const TCanvasItemList &items, const QVector<int> &indices,
                           const TStackedClassProperties &properties);
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;

@@ -40,3 +40,8 @@ THistoryCommand *TCmdEditTitle::itemHistoryCommand(TCanvasItem *item)
     entry->addParam(tr("Title"), item->titleToEdit(fSpectrum), QString());
     return entry;
 }
+
+TScriptStep TCmdEditTitle::scriptStep() const
+{
+    return TScriptStep("setTitle").on(items()).with("spectrum", fSpectrum).with("title", fOther);
+}

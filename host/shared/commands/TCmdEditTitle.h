@@ -13,6 +13,7 @@ public:
     /// `index` is the spectrum's; an item whose title cannot be edited is left alone.
     TCmdEditTitle(TCanvasItem *item, int index, const QString &title);
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;

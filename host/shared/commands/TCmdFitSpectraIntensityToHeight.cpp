@@ -13,3 +13,8 @@ void TCmdFitSpectraIntensityToHeight::changeView(TCanvasSpectrum &item, TBasePlo
 {
     TSpectrumItemCtx(&item, &activePlot).fitToHeight();
 }
+
+TScriptStep TCmdFitSpectraIntensityToHeight::scriptStep() const
+{
+    return TScriptStep("fitToHeight").on(items());
+}

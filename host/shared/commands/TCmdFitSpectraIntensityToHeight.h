@@ -9,6 +9,7 @@ class TCmdFitSpectraIntensityToHeight : public TViewCommand
 
 public:
     explicit TCmdFitSpectraIntensityToHeight(const TCanvasItemList &items);
+    TScriptStep scriptStep() const override;
 
 protected:
     void changeView(TCanvasSpectrum &item, TBasePlot &activePlot) override;

@@ -61,3 +61,8 @@ THistoryCommand *TCmdItemOrder::itemHistoryCommand(TCanvasItem *item)
 {
     return new THistoryCommand(description(), item, QString());
 }
+
+TScriptStep TCmdItemOrder::scriptStep() const
+{
+    return TScriptStep(fTarget == cToFront ? "bringToFront" : "sendToBack").on(items());
+}

@@ -14,6 +14,7 @@ public:
 
     TCmdItemOrder(const TCanvasItemList &items, TTarget target);
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;

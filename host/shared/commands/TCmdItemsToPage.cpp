@@ -1,6 +1,7 @@
 #include "commands/TCmdItemsToPage.h"
 
 #include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "history/THistoryCommand.h"
 
@@ -39,4 +40,19 @@ void TCmdItemsToPage::doHistoryCommand()
 {
     for (const TMove &move : qAsConst(fMoves))
         appendHistoryCommand(new THistoryCommand(description(), move.item, QString()), move.item);
+}
+
+TScriptStep TCmdItemsToPage::scriptStep() const
+{
+    TCanvasItemList items;
+    QVariantList rects;
+    for (const TMove &move : fMoves) {
+        items.append(move.item);
+        rects.append(TScriptStep::rect(move.rect));
+    }
+    const auto *document = qobject_cast<TDocument *>(fPage->parent());
+    return TScriptStep("moveItemsToPage")
+        .on(items)
+        .with("page", document ? document->pages().indexOf(fPage) : -1)
+        .with("rects", rects);
 }

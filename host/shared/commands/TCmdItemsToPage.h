@@ -19,6 +19,7 @@ public:
     /// that one, stay.
     TCmdItemsToPage(const TCanvasItemList &items, TPage *page, const QVector<QRectF> &rects);
 
+    TScriptStep scriptStep() const override;
     void doHistoryCommand() override;
     void doCmd() override;
     void undoCmd() override;

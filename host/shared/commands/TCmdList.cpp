@@ -62,3 +62,14 @@ void TCmdList::undoCmd()
     for (int i = fCommands.size() - 1; i >= 0; --i)
         fCommands.at(i)->revert();
 }
+
+TScriptStep TCmdList::scriptStep() const
+{
+    return fStep.isEmpty() && fCommands.size() == 1 ? fCommands.first()->scriptStep() : fStep;
+}
+
+void TCmdList::completeScriptStep(TScriptStep &step) const
+{
+    if (fStep.isEmpty() && fCommands.size() == 1)
+        fCommands.first()->completeScriptStep(step);
+}

@@ -16,11 +16,15 @@ public:
     ~TCmdList() override { qDeleteAll(fCommands); }
 
     void append(TCommand *command) { fCommands.append(command); }
+    /// How scripts do the whole list. Without, a list of one command is told as that command.
+    void setScriptStep(const TScriptStep &step) { fStep = step; }
     bool isEmpty() const { return fCommands.isEmpty(); }
     int count() const { return fCommands.size(); }
 
     bool isVoid() const override { return TCommand::isVoid() || isEmpty(); }
     bool isViewOnly() const override;
+    TScriptStep scriptStep() const override;
+    void completeScriptStep(TScriptStep &step) const override;
     QList<THistoryCommand *> historyCmdList() const override;
     void doHistoryCommand() override;
     void undoHistoryCommand() override;
@@ -31,5 +35,6 @@ public:
 
 private:
     QList<TCommand *> fCommands;
+    TScriptStep fStep;
     bool fWasDone = false;
 };

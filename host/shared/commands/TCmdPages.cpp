@@ -32,6 +32,16 @@ TCmdPages::TPageState TCmdPages::stateOf(const TPage &page)
     return {page.title(), page.size(), page.margins()};
 }
 
+QVariantList TCmdPages::placesOf(const TDocument &document, const QList<TPage *> &pages)
+{
+    QVariantList places;
+    for (TPage *page : pages) {
+        if (document.pages().contains(page))
+            places.append(document.pages().indexOf(page));
+    }
+    return places;
+}
+
 TCmdPages *TCmdPages::newPage(TDocument *document, int index)
 {
     auto *command = new TCmdPages(tr("New Page"), document);
@@ -44,12 +54,14 @@ TCmdPages *TCmdPages::newPage(TDocument *document, int index)
     command->fAfter.pages.insert(place, page);
     command->fAfter.states.insert(page, stateOf(*page));
     command->fAfter.current = page;
+    command->fStep = TScriptStep("newPage").with("at", place);
     return command;
 }
 
 TCmdPages *TCmdPages::deletePages(TDocument *document, const QList<TPage *> &pages)
 {
     auto *command = new TCmdPages(tr("Delete Page"), document);
+    command->fStep = TScriptStep("deletePages").with("pages", placesOf(*document, pages));
     TState &after = command->fAfter;
     const int first = pages.isEmpty() ? -1 : after.pages.indexOf(pages.first());
     for (TPage *page : pages) {
@@ -68,6 +80,7 @@ TCmdPages *TCmdPages::deletePages(TDocument *document, const QList<TPage *> &pag
 TCmdPages *TCmdPages::duplicatePages(TDocument *document, const QList<TPage *> &pages)
 {
     auto *command = new TCmdPages(tr("Duplicate Page"), document);
+    command->fStep = TScriptStep("duplicatePages").with("pages", placesOf(*document, pages));
     TState &after = command->fAfter;
     for (TPage *page : pages) {
         if (!document->pages().contains(page))
@@ -92,8 +105,12 @@ TCmdPages *TCmdPages::movePage(TDocument *document, TPage *page, int index)
 {
     auto *command = new TCmdPages(tr("Reorder Pages"), document);
     QList<TPage *> &pages = command->fAfter.pages;
+    const int before = pages.indexOf(page);
     if (pages.removeOne(page))
         pages.insert(qBound(0, index, pages.size()), page);
+    command->fStep = TScriptStep("movePages")
+                         .with("pages", placesOf(*document, {page}))
+                         .with("before", index > before ? index + 1 : index);
     return command;
 }
 
@@ -107,6 +124,7 @@ TCmdPages *TCmdPages::movePages(TDocument *document, const QList<TPage *> &pages
     for (int i = 0; i < present.size(); ++i)
         (pages.contains(present.at(i)) ? moved : i < place ? before : after).append(present.at(i));
     command->fAfter.pages = before + moved + after;
+    command->fStep = TScriptStep("movePages").with("pages", placesOf(*document, pages)).with("before", place);
     return command;
 }
 
@@ -115,6 +133,7 @@ TCmdPages *TCmdPages::renamePage(TDocument *document, TPage *page, const QString
     auto *command = new TCmdPages(tr("Rename Page"), document);
     if (command->fAfter.states.contains(page))
         command->fAfter.states[page].title = title;
+    command->fStep = TScriptStep("setPageTitle").with("page", document->pages().indexOf(page)).with("title", title);
     return command;
 }
 
@@ -122,6 +141,14 @@ TCmdPages *TCmdPages::resizePages(TDocument *document, const QList<TPage *> &pag
                                   const QMarginsF &margins)
 {
     auto *command = new TCmdPages(tr("Page Size"), document);
+    command->fStep = TScriptStep("setPageSize")
+                         .with("pages", placesOf(*document, pages))
+                         .with("width", size.width())
+                         .with("height", size.height())
+                         .with("margins", QVariantMap{{"left", margins.left()},
+                                                      {"top", margins.top()},
+                                                      {"right", margins.right()},
+                                                      {"bottom", margins.bottom()}});
     const QRectF inside = QRectF(QPointF(0, 0), size).marginsRemoved(margins);
     for (TPage *page : pages) {
         if (!command->fAfter.states.contains(page) || inside.isEmpty())

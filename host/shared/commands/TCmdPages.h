@@ -36,6 +36,7 @@ public:
 
     ~TCmdPages() override;
     void doHistoryCommand() override;
+    TScriptStep scriptStep() const override { return fStep; }
     void doCmd() override;
     void undoCmd() override;
     bool isVoid() const override { return TCommand::isVoid() || fBefore == fAfter; }
@@ -61,11 +62,13 @@ private:
 
     TCmdPages(const QString &description, TDocument *document);
     static TPageState stateOf(const TPage &page);
+    static QVariantList placesOf(const TDocument &document, const QList<TPage *> &pages);
     void apply(const TState &state);
     void followPages();
 
     TDocument *fDocument;
     TState fBefore;
     TState fAfter;
+    TScriptStep fStep;
     QHash<TCanvasItem *, QRectF> fOldRects; // of items that follow a page whose size changes
 };

@@ -41,3 +41,10 @@ void TCmdPanSpectra::describe(THistoryCommand &entry) const
     if (fDeltaY != 0.0)
         entry.addParam("Vertical", fDeltaY, QString());
 }
+
+TScriptStep TCmdPanSpectra::scriptStep() const
+{
+    if (hasValues())
+        return TScriptStep("setOffsets").on(items()).with("offsets", TScriptStep::byIndex(values()));
+    return TScriptStep("pan").on(items()).with("x", fDeltaX).with("y", fDeltaY);
+}

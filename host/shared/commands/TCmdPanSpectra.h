@@ -12,6 +12,7 @@ public:
     TCmdPanSpectra(const TCanvasItemList &items, double dx, double dy);
     /// Vertical offsets in y units, by the index of the spectrum. They act in drawing; the data stay.
     TCmdPanSpectra(const TCanvasItemList &items, const QMap<int, double> &offsets);
+    TScriptStep scriptStep() const override;
 
 protected:
     void changeView(TCanvasSpectrum &item, TBasePlot &activePlot) override;

@@ -1,8 +1,10 @@
 #include "commands/TCmdPasteItems.h"
 
 #include "canvas/TCanvasItem.h"
+#include "canvas/TDocument.h"
 #include "canvas/TItemFragment.h"
 #include "canvas/TPage.h"
+#include "commands/ItemsStep.h"
 #include "history/THistoryCommand.h"
 
 #include <algorithm>
@@ -50,4 +52,10 @@ void TCmdPasteItems::doHistoryCommand()
 {
     for (ICanvasItem *item : qAsConst(fItems))
         appendHistoryCommand(new THistoryCommand(description(), canvasItem(item), QString()), canvasItem(item));
+}
+
+void TCmdPasteItems::completeScriptStep(TScriptStep &step) const
+{
+    if (const auto *document = qobject_cast<const TDocument *>(fPage->parent()))
+        step = ItemsStep::insertion(fItems, *document, document->pages().indexOf(fPage));
 }

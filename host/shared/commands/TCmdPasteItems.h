@@ -21,6 +21,8 @@ public:
 
     const TCanvasItemList &items() const { return fItems; }
 
+    TScriptStep scriptStep() const override { return TScriptStep("insertItems"); }
+    void completeScriptStep(TScriptStep &step) const override;
     void doHistoryCommand() override;
     void doCmd() override;
     void undoCmd() override;

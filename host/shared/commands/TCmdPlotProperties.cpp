@@ -1,6 +1,7 @@
 #include "commands/TCmdPlotProperties.h"
 
 #include "canvas/TCanvasItem.h"
+#include "commands/ScriptWords.h"
 #include "contexts/IStackedItemCtx.h"
 #include "history/THistoryCommand.h"
 #include "properties/TPropertiesBag.h"
@@ -22,6 +23,11 @@ TCmdPlotProperties::TCmdPlotProperties(const TCanvasItemList &items, std::unique
     , fBefore(items.size())
 {
     setMergeableFlag(true);
+    const QVariantMap fields = fBag ? fBag->appliedFields() : QVariantMap();
+    for (auto it = fields.constBegin(); it != fields.constEnd(); ++it) {
+        if (it.value().userType() == QMetaType::QColor)
+            fBag->setValue(it.key(), ScriptWords::plainColor(it.value().value<QColor>()));
+    }
 }
 
 TCmdPlotProperties::~TCmdPlotProperties() = default;
@@ -67,4 +73,9 @@ THistoryCommand *TCmdPlotProperties::itemHistoryCommand(TCanvasItem *item)
     entry->addParamMapDiff(tr("Properties"), fieldsOf(*fBag, *item), fBefore.at(items().indexOf(item)).fields,
                            QString());
     return entry;
+}
+
+TScriptStep TCmdPlotProperties::scriptStep() const
+{
+    return TScriptStep("setProperties").on(items()).with("properties", fBag->appliedFields());
 }

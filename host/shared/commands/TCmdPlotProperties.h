@@ -18,6 +18,7 @@ public:
     TCmdPlotProperties(const TCanvasItemList &items, std::unique_ptr<TPropertiesBag> bag);
     ~TCmdPlotProperties() override;
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;

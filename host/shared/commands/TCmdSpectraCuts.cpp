@@ -43,3 +43,13 @@ void TCmdSpectraCuts::describe(THistoryCommand &entry) const
     if (fMode != cRestoreAll)
         entry.addParam("Range", QVariantList({fRange.lo(), fRange.hi()}), QString());
 }
+
+TScriptStep TCmdSpectraCuts::scriptStep() const
+{
+    if (fMode == cRestoreAll)
+        return TScriptStep("showAllRanges").on(items());
+    return TScriptStep(fMode == cHide ? "hideRange" : "showRange")
+        .on(items())
+        .with("from", fRange.a)
+        .with("to", fRange.b);
+}

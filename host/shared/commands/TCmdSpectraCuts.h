@@ -14,6 +14,7 @@ public:
     /// `range` in the x units that are shown; of no account for cRestoreAll. A queued stack takes no cuts, and a hide
     /// that would leave nothing visible does nothing.
     TCmdSpectraCuts(const TCanvasItemList &items, TMode mode, const TRange &range);
+    TScriptStep scriptStep() const override;
 
 protected:
     void changeView(TCanvasSpectrum &item, TBasePlot &activePlot) override;

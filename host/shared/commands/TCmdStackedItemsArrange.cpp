@@ -79,3 +79,12 @@ THistoryCommand *TCmdStackedItemsArrange::itemHistoryCommand(TCanvasItem *item)
     entry->addParam("Spectra", numbers, QString());
     return entry;
 }
+
+TScriptStep TCmdStackedItemsArrange::scriptStep() const
+{
+    if (fKind == cOrder)
+        return TScriptStep("arrangeSpectra").on(items()).with("order", QVariant::fromValue(fIndices));
+    return TScriptStep(fKind == cShow ? "showSpectra" : "hideSpectra")
+        .on(items())
+        .with("spectra", QVariant::fromValue(fIndices));
+}

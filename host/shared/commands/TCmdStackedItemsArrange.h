@@ -17,6 +17,7 @@ public:
     /// Shows or hides the spectra at these indices. The last visible one stays.
     TCmdStackedItemsArrange(const TCanvasItemList &items, const QVector<int> &indices, bool visible);
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;

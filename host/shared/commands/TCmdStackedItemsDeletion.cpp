@@ -73,3 +73,8 @@ THistoryCommand *TCmdStackedItemsDeletion::itemHistoryCommand(TCanvasItem *item)
     entry->addParam("Spectra", numbers, QString());
     return entry;
 }
+
+TScriptStep TCmdStackedItemsDeletion::scriptStep() const
+{
+    return TScriptStep("deleteSpectra").on(items()).with("spectra", QVariant::fromValue(fIndices));
+}

@@ -15,6 +15,7 @@ class TCmdStackedItemsDeletion : public TCanvasItemsCommand
 public:
     TCmdStackedItemsDeletion(const TCanvasItemList &items, const QVector<int> &indices);
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doCmdItem(TCanvasItem *item, int index) override;
     void undoCmdItem(TCanvasItem *item, int index) override;

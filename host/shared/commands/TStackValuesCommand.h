@@ -25,6 +25,7 @@ public:
 
 protected:
     bool hasValues() const { return fHasValues; }
+    const QMap<int, double> &values() const { return fValues; }
     virtual double stackValue(const T1DStackedPlotProperties &properties, quint32 id) const = 0;
     virtual void setStackValue(T1DStackedPlotProperties &properties, quint32 id, double value) const = 0;
     void describe(THistoryCommand &entry) const override;

@@ -40,23 +40,41 @@ QScriptValue failed(QScriptContext *context, const QString &path, const QString 
     return throwError(context, code, QStringLiteral("%1: %2").arg(path, reason));
 }
 
-/// openFile(path[, format]): the items of a data file, on the last page if that is empty, else on a new one.
+/// The page for the items of a file: the one asked for by its place, else the last one if that is empty. Null: a new
+/// one. False when there is no such page.
+bool targetPage(TDocument &document, const QScriptValue &place, TPage *&page)
+{
+    const QList<TPage *> &pages = document.pages();
+    page = nullptr;
+    if (place.isUndefined() || !place.isValid()) {
+        TPage *last = pages.isEmpty() ? document.appendPage() : pages.last();
+        page = last->items().isEmpty() ? last : nullptr;
+        return true;
+    }
+    const double asked = place.isNumber() ? place.toNumber() : -1.0;
+    if (!(asked >= 0.0 && asked <= pages.size()))
+        return false;
+    page = pages.value(int(asked));
+    return true;
+}
+
+/// openFile(path[, format[, page]]): the items of a data file, on the page of that place, without it on the last page
+/// if that is empty, else on a new one. An empty format is found by itself.
 QScriptValue openFile(QScriptContext *context, QScriptEngine *engine)
 {
     TScriptRun &run = *TScriptRun::of(engine);
     const int count = context->argumentCount();
-    if (count < 1 || count > 2)
+    if (count < 1 || count > 3)
         return throwError(context, cWrongCount);
-    if (!context->argument(0).isString() || (count == 2 && !context->argument(1).isString()))
+    if (!context->argument(0).isString() || (count >= 2 && !context->argument(1).isString()))
         return throwError(context, cWrongType);
     const QString path = run.absolutePath(context->argument(0).toString());
-    TDocument &document = *run.host().document();
+    TPage *page = nullptr;
+    if (!targetPage(*run.host().document(), context->argument(2), page))
+        return throwError(context, cOutOfRange);
     TPage elsewhere; // none of the document: the command makes a new page then
-    TPage *last = document.pages().isEmpty() ? nullptr : document.pages().last();
-    if (!last)
-        last = document.appendPage();
     const TImportResult result = run.scripts().importDriver().import(
-        path, last->items().isEmpty() ? last : &elsewhere, count == 2 ? context->argument(1).toString() : QString());
+        path, page ? page : &elsewhere, count >= 2 ? context->argument(1).toString() : QString());
     if (!Utils::Common::has_no_error(result.fCode))
         return failed(context, path, result.fReason, result.fCode);
     QScriptValue array = engine->newArray();
@@ -224,7 +242,7 @@ void ScriptExchange::install(QScriptEngine &engine)
         QScriptEngine::FunctionSignature fFunction;
         int fLength;
     } cFunctions[] = {
-        {"openFile", openFile, 2},         {"openDocument", openDocument, 1}, {"newDocument", newDocument, 0},
+        {"openFile", openFile, 3},         {"openDocument", openDocument, 1}, {"newDocument", newDocument, 0},
         {"saveDocument", saveDocument, 1}, {"exportData", exportData, 3},     {"exportPicture", exportPicture, 3},
     };
     for (const auto &one : cFunctions)

@@ -1,7 +1,9 @@
 #include "script/TStepCall.h"
 
 #include "canvas/TDocument.h"
+#include "commands/ScriptWords.h"
 #include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
 
 #include <QCoreApplication>
 #include <QScriptContext>
@@ -178,6 +180,16 @@ QColor TStepCall::color(const QString &name)
     return color;
 }
 
+QStringList TStepCall::files(const QString &name)
+{
+    QStringList paths;
+    for (const QVariant &entry : list(name))
+        paths.append(TScriptRun::of(fArguments.engine())->absolutePath(entry.toString()));
+    if (paths.isEmpty())
+        fail(name, tr("expected paths of files"));
+    return paths;
+}
+
 QRectF TStepCall::rect(const QString &name)
 {
     QRectF rect;
@@ -239,6 +251,53 @@ QMap<int, QVariant> TStepCall::byIndex(const QString &name)
         values.insert(index, it.value());
     }
     return values;
+}
+
+QMap<int, double> TStepCall::numbersByIndex(const QString &name)
+{
+    QMap<int, double> numbers;
+    const QMap<int, QVariant> values = byIndex(name);
+    for (auto it = values.constBegin(); it != values.constEnd(); ++it) {
+        if (it.value().userType() != QMetaType::Double && it.value().userType() != QMetaType::Int)
+            fail(name, tr("expected numbers"));
+        numbers.insert(it.key(), it.value().toDouble());
+    }
+    return numbers;
+}
+
+int TStepCall::word(const QString &name, const TScriptWords &words, int without)
+{
+    int value = without;
+    if (has(name) && !words.value(text(name), value))
+        fail(name, tr("expected one of %1").arg(words.list()));
+    return value;
+}
+
+QVector<ICanvasItem *> TStepCall::itemsOrNull(const QString &name)
+{
+    QVector<ICanvasItem *> items;
+    const QScriptValue given = value(name);
+    if (!given.isArray())
+        fail(name, tr("expected an array"));
+    const quint32 count = given.isArray() ? given.property("length").toUInt32() : 0;
+    for (quint32 i = 0; i < count && fProblem.isEmpty(); ++i) {
+        const QScriptValue one = given.property(i);
+        items.append(one.isNull() ? nullptr : itemsOf(one, name).value(0));
+    }
+    return items;
+}
+
+QList<TPage *> TStepCall::pages(const QString &name)
+{
+    QList<TPage *> pages;
+    for (const int place : integers(name)) {
+        pages.append(fDocument.pages().value(place));
+        if (!pages.last()) {
+            fail(name, tr("there is no such page"));
+            return {};
+        }
+    }
+    return pages;
 }
 
 ICanvasItem *TStepCall::itemArgument(const QString &name)

@@ -10,11 +10,13 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <QVector>
 
 class IPluginHost;
 class QScriptContext;
 class TDocument;
 class TPage;
+class TScriptWords;
 
 /// What a script gave to one of the functions of `steps`: items first, an item or an array of such, where the step
 /// works on items, then an object with named arguments. Asking for an argument that is missing or of another kind makes
@@ -43,6 +45,8 @@ public:
     /// From base64.
     QByteArray bytes(const QString &name);
     QColor color(const QString &name);
+    /// Paths of files, from where the script stands.
+    QStringList files(const QString &name);
     /// From x, y, width and height.
     QRectF rect(const QString &name);
     QVector<QRectF> rects(const QString &name);
@@ -51,9 +55,16 @@ public:
     QVector<int> integers(const QString &name);
     /// A map with numbers from 0 as keys: indices of spectra.
     QMap<int, QVariant> byIndex(const QString &name);
+    QMap<int, double> numbersByIndex(const QString &name);
+    /// One of some words as the number that it stands for.
+    int word(const QString &name, const TScriptWords &words, int without);
     /// An item of the document.
     ICanvasItem *itemArgument(const QString &name);
     TCanvasItemList itemsArgument(const QString &name);
+    /// Items, and null where the array has null.
+    QVector<ICanvasItem *> itemsOrNull(const QString &name);
+    /// Pages by their places from 0.
+    QList<TPage *> pages(const QString &name);
     /// A page by its place from 0.
     TPage *page(const QString &name);
 

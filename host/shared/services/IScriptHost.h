@@ -2,10 +2,12 @@
 
 #include "script/TStepKind.h"
 
+#include <QList>
 #include <QScriptValue>
 #include <QVector>
 
 class QScriptEngine;
+class QObject;
 class QString;
 class TCanvasItem;
 class TDocument;
@@ -23,6 +25,7 @@ public:
     /// The steps that scripts can do, of the host and of all plug-ins.
     virtual QVector<TStepKind> stepKinds() const = 0;
     virtual const TImportDriver &importDriver() const = 0;
+    virtual QList<QObject *> plugins() const = 0;
     /// Opens a document from now on, beside the others in a program with windows, else in place of the last one. False,
     /// with the reason, when it cannot be read; then nothing changes.
     virtual bool openDocument(const QString &path, QString *error) = 0;

@@ -3,18 +3,21 @@
 #include "commands/TCmdCreateItem.h"
 #include "commands/TCommandHistory.h"
 #include "services/IPluginHost.h"
+#include "services/TImportDriver.h"
 
 void TConverterHost::commitImport(const TCanvasItemList &items, const QVariantMap &info,
                                   const std::function<void(QByteArray &)> &titleWriter)
 {
     if (items.isEmpty() || !fHost.document())
         return;
-    constexpr int cItemsAreLaidOut = 1;
     auto *command =
-        new TCmdCreateItem(TCmdCreateItem::cImport, items, fHost.document(), nullptr, info, cItemsAreLaidOut);
+        new TCmdCreateItem(TCmdCreateItem::cImport, items, fHost.document(), nullptr, info, TCmdCreateItem::cLaidOut);
     QByteArray title;
     titleWriter(title);
     command->setDescription(QString::fromUtf8(title));
+    const QString path = info.value("Filename").toString();
+    if (!path.isEmpty())
+        command->setFile(path, TImportDriver::formatAskedFor());
     fHost.history().push(command);
 }
 

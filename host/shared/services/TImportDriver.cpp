@@ -14,6 +14,8 @@ namespace {
 constexpr int cSniffSize = 0x20000; // 128 KiB
 constexpr char cTextFormat[] = "csv";
 
+thread_local QString sFormatAskedFor;
+
 } // namespace
 
 TImportDriver::TImportDriver(const QList<QObject *> &plugins)
@@ -62,7 +64,9 @@ TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, cons
         result.fReason = info.isReadable() ? refusals(fileName) : reason(result.fCode);
         return result;
     }
+    sFormatAskedFor = format;
     result.fCode = result.fConverter->importFile(fileName, page);
+    sFormatAskedFor.clear();
     result.fItems = result.fConverter->importedItems();
     if (!Utils::Common::has_no_error(result.fCode)) {
         result.fReason = result.fConverter->problem();
@@ -70,6 +74,11 @@ TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, cons
             result.fReason = reason(result.fCode);
     }
     return result;
+}
+
+QString TImportDriver::formatAskedFor()
+{
+    return sFormatAskedFor;
 }
 
 /// The words of the converters to whose filter the file's ending belongs; without one the ending tells nothing.

@@ -36,6 +36,9 @@ public:
     /// Imports a file; `format` names the converter outright and skips its look at the content.
     TImportResult import(const QString &fileName, ICanvas *page, const QString &format = QString()) const;
 
+    /// The format that the import under way names outright; empty for one that does not.
+    static QString formatAskedFor();
+
     /// Why a file opens or does not: a row for each converter with what it says of the file, and the view of its inside
     /// by the one that takes it, else by every one that knows something in it. `format` names the converter outright.
     TFileNode inspect(const QString &fileName, const QString &format = QString()) const;

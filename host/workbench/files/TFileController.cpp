@@ -1,7 +1,6 @@
 #include "TFileController.h"
 
 #include "TDocumentController.h"
-#include "TScratchImport.h"
 #include "WDocumentView.h"
 #include "WFileFacts.h"
 #include "WInspectDialog.h"
@@ -14,6 +13,7 @@
 #include "commands/TCmdCreateItem.h"
 #include "contexts/IStackedItemCtx.h"
 #include "exchange/ExportFile.h"
+#include "exchange/TScratchImport.h"
 #include "log/TLogger.h"
 #include "plugin/IConverter.h"
 #include "plugin/IPluginGathering.h"
@@ -148,8 +148,11 @@ void TFileController::placeStacks(const QList<TFileStacks::TStack> &stacks)
     TDocument *document = fDocuments.document();
     document->history().beginMerged(tr("Open as Stack"));
     for (const TFileStacks::TStack &stack : stacks) {
-        document->history().push(
-            new TCmdCreateItem(TCmdCreateItem::cImport, stack.fItems, document, nullptr, stack.fProvenance, 0));
+        auto *command =
+            new TCmdCreateItem(TCmdCreateItem::cImport, stack.fItems, document, nullptr, stack.fProvenance, 0);
+        if (stack.fIsWhole)
+            command->setStackedFiles(stack.fPaths);
+        document->history().push(command);
         fImported.append({stack.fPaths.first(), stack.fItems});
     }
     document->history().endMerged();
@@ -164,7 +167,7 @@ QList<TOpenResult> TFileController::openAsStack(const QStringList &paths)
     for (const QString &path : paths)
         (TDocument::isDocument(path) ? documents : data).append(QFileInfo(path).absoluteFilePath());
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    TFileStacks files(fHost);
+    TFileStacks files(fHost.plugins());
     QList<TOpenResult> results = readForStacks(data, files);
     const QList<TFileStacks::TStack> stacks = files.take();
     placeStacks(stacks);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "TFileStacks.h"
 #include "canvas/TCanvasItemList.h"
+#include "exchange/TFileStacks.h"
 
 #include <QObject>
 #include <QStringList>

@@ -2,11 +2,11 @@
 
 #include "FactRows.h"
 #include "TPageThumbnail.h"
-#include "TScratchImport.h"
 #include "canvas/TDocument.h"
 #include "canvas/TLoadReport.h"
 #include "canvas/TPage.h"
 #include "consts/Consts.h"
+#include "exchange/TScratchImport.h"
 #include "params/TSpectrumParam.h"
 #include "plugin/IConverter.h"
 #include "services/TImportDriver.h"

@@ -2,9 +2,9 @@
 
 #include "FactRows.h"
 #include "TPageThumbnail.h"
-#include "TScratchImport.h"
 #include "canvas/TCanvasBaseSpectrum.h"
 #include "canvas/TCanvasItem.h"
+#include "exchange/TScratchImport.h"
 #include "plugin/IPluginUnits.h"
 #include "services/TKelmoraHost.h"
 

@@ -1,7 +1,7 @@
 #include "TStackEdits.h"
 
 #include "canvas/TCanvasSpectrum.h"
-#include "commands/TCmdChangePlots.h"
+#include "commands/TCmdSpectraColors.h"
 #include "contexts/IStackedItemCtx.h"
 #include "params/TSpectrumParam.h"
 #include "plugin/IPluginDAItems.h"
@@ -44,11 +44,7 @@ TCommand *TStackEdits::titleCommand(TCanvasItem *item, int index, const QString 
 
 TCommand *TStackEdits::colorsCommand(TCanvasItem *item, const QVector<QColor> &colors)
 {
-    return new TCmdChangePlots(TCmdChangePlots::tr("Set Stacked Colours"), TCanvasItemList{item},
-                               [colors](TCanvasSpectrum &spectrum, TBasePlot &) {
-                                   if (IStackedItemCtx *stack = spectrum.stackedContext())
-                                       stack->setAllColors(colors);
-                               });
+    return new TCmdSpectraColors(TCanvasItemList{item}, colors);
 }
 
 TCommand *TStackEdits::valuesCommand(TCanvasItem *item, const QMap<int, double> &values)

@@ -1,4 +1,4 @@
-#include "TScratchImport.h"
+#include "exchange/TScratchImport.h"
 
 #include "canvas/TCanvasItem.h"
 #include "contexts/IStackedItemCtx.h"

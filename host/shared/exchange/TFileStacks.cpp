@@ -1,14 +1,13 @@
-#include "TFileStacks.h"
+#include "exchange/TFileStacks.h"
 
-#include "TScratchImport.h"
 #include "canvas/TCanvasItem.h"
+#include "exchange/TScratchImport.h"
 #include "plugin/IPluginGathering.h"
-#include "services/TKelmoraHost.h"
 
 #include <algorithm>
 
-TFileStacks::TFileStacks(TKelmoraHost &host)
-    : fHost(host)
+TFileStacks::TFileStacks(const QList<QObject *> &plugins)
+    : fPlugins(plugins)
 {
 }
 
@@ -25,7 +24,7 @@ QList<TFileStacks::TPart> TFileStacks::parts() const
     for (const std::unique_ptr<TScratchImport> &file : fFiles) {
         for (ICanvasItem *entry : file->result().fItems) {
             TPart part{canvasItem(entry), file.get(), nullptr, QString()};
-            for (QObject *plugin : fHost.plugins()) {
+            for (QObject *plugin : fPlugins) {
                 auto *gathering = qobject_cast<IPluginGathering *>(plugin);
                 const QString unit = gathering ? gathering->horzUnitOf(part.fItem) : QString();
                 if (unit.isEmpty())
@@ -84,5 +83,12 @@ QList<TFileStacks::TStack> TFileStacks::take()
     for (const QList<TPart> &group : qAsConst(groups))
         stacks.append(gather(group));
     fFiles.clear();
+    QStringList paths;
+    for (const TStack &stack : qAsConst(stacks))
+        paths += stack.fPaths;
+    for (TStack &stack : stacks) {
+        const auto isHere = [&paths](const QString &path) { return paths.count(path) == 1; };
+        stack.fIsWhole = std::all_of(stack.fPaths.constBegin(), stack.fPaths.constEnd(), isHere);
+    }
     return stacks;
 }

@@ -8,8 +8,8 @@
 #include <vector>
 
 class IPluginGathering;
+class QObject;
 class TCanvasItem;
-class TKelmoraHost;
 class TScratchImport;
 
 /// Files put together: those whose spectra share the horizontal unit become one stacked item.
@@ -22,9 +22,10 @@ public:
         QStringList fPaths;
         TCanvasItemList fItems; // the one stack; without a page
         QVariantMap fProvenance;
+        bool fIsWhole = true; // its files have parts in no other stack
     };
 
-    explicit TFileStacks(TKelmoraHost &host);
+    explicit TFileStacks(const QList<QObject *> &plugins);
     ~TFileStacks();
 
     /// Takes a file that was read.
@@ -44,6 +45,6 @@ private:
     TStack gather(const QList<TPart> &parts) const;
     QList<TPart> parts() const;
 
-    TKelmoraHost &fHost;
+    QList<QObject *> fPlugins;
     std::vector<std::unique_ptr<TScratchImport>> fFiles;
 };
