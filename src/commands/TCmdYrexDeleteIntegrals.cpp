@@ -3,6 +3,7 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexIntegralGroup.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 #include "utils/GeometryUtils.h"
 
@@ -26,8 +27,9 @@ bool isNear(const QRectF &a, const QRectF &b)
 
 } // namespace
 
-TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items)
+TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(tr("Delete Zarnu Integrals"), items)
+    , fPlaces(places.orCurrentOf(items))
     , fSaved(TCanvasItemsCommand::items().size())
     , fMatches(TCanvasItemsCommand::items().size())
     , fBySpectrum(TCanvasItemsCommand::items().size())
@@ -35,16 +37,19 @@ TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items)
 {
     for (int i = 0; i < fBySpectrum.size(); ++i)
         findRegions(*yrexItemAt(i), i, {}, false);
+    setScript(TScriptStep("deleteIntegrals").on(TCanvasItemsCommand::items()));
 }
 
-TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, const QVector<int> &regions)
+TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, const QVector<int> &regions,
+                                                 const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(tr("Delete Integrals"), items)
+    , fPlaces(places.orCurrentOf(items))
     , fSaved(TCanvasItemsCommand::items().size())
     , fMatches(TCanvasItemsCommand::items().size())
     , fBySpectrum(TCanvasItemsCommand::items().size())
 {
     for (int i = 0; i < fBySpectrum.size(); ++i) {
-        const TYrexSpectrum *spectrum = yrexItemAt(i)->currentSpectrum();
+        const TYrexSpectrum *spectrum = fPlaces.spectrum(yrexItemAt(i));
         QVector<QRectF> rects;
         for (const int region : regions) {
             if (spectrum && region >= 0 && region < spectrum->integrals().count())
@@ -52,21 +57,38 @@ TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, c
         }
         findRegions(*yrexItemAt(i), i, rects, true);
     }
+    const QVariant told = YrexStepValues::byItem({regions});
+    setScript(TScriptStep("deleteIntegrals").on(TCanvasItemsCommand::items()).with("integrals", told));
 }
 
 TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, const QRectF &rect, int unit)
+    : TCmdYrexDeleteIntegrals(items, rect.left(), rect.right(), unit)
+{
+}
+
+TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, double from, double to, int unit,
+                                                 const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(tr("Delete Zarnu Integrals"), items)
+    , fPlaces(places.orCurrentOf(items))
     , fSaved(TCanvasItemsCommand::items().size())
     , fMatches(TCanvasItemsCommand::items().size())
     , fBySpectrum(TCanvasItemsCommand::items().size())
 {
     for (int i = 0; i < fBySpectrum.size(); ++i) {
-        const TYrexSpectrum *spectrum = yrexItemAt(i)->currentSpectrum();
-        const double left = spectrum ? spectrum->xIndexOf(unit, rect.left()) : 0.0;
-        const double right = spectrum ? spectrum->xIndexOf(unit, rect.right()) : 0.0;
+        const TYrexSpectrum *spectrum = fPlaces.spectrum(yrexItemAt(i));
+        const double left = spectrum ? spectrum->xIndexOf(unit, from) : 0.0;
+        const double right = spectrum ? spectrum->xIndexOf(unit, to) : 0.0;
         if (spectrum && std::isfinite(left) && std::isfinite(right))
             findRegions(*yrexItemAt(i), i, {QRectF(QPointF(left, 0.0), QPointF(right, 0.0)).normalized()}, false);
     }
+    TScriptStep step("deleteIntegrals");
+    step.on(TCanvasItemsCommand::items()).with("from", from).with("to", to);
+    setScript(step.with("xUnits", YrexStepValues::unit(unit)));
+}
+
+void TCmdYrexDeleteIntegrals::setScript(TScriptStep step)
+{
+    fScript = YrexStepValues::withSpectrum(step, fPlaces, items());
 }
 
 void TCmdYrexDeleteIntegrals::findRegions(const TCanvasYrexSpectrum &item, int index, const QVector<QRectF> &rects,
@@ -79,7 +101,7 @@ void TCmdYrexDeleteIntegrals::findRegions(const TCanvasYrexSpectrum &item, int i
                    return isNear(place, rect) || (!exactly && !Utils::Geometry::intersect(place, rect).isNull());
                });
     };
-    for (const int specIndex : YrexIntegralGroup::spectraOf(item)) {
+    for (const int specIndex : YrexIntegralGroup::spectraOf(item, fPlaces.index(&item))) {
         for (const TYrexIntegrationRegion *region : item.stack().at(specIndex)->integrals()) {
             if (!isMeant(*region))
                 continue;

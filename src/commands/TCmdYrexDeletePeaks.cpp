@@ -1,11 +1,13 @@
 #include "TCmdYrexDeletePeaks.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 
-TCmdYrexDeletePeaks::TCmdYrexDeletePeaks(const TCanvasItemList &items, const QSet<QUuid> &ids)
+TCmdYrexDeletePeaks::TCmdYrexDeletePeaks(const TCanvasItemList &items, const QSet<QUuid> &ids,
+                                         const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(tr("Delete Peaks"), items)
-    , fPlaces(items)
+    , fPlaces(places.orCurrentOf(items))
     , fSavedPeaks(TCanvasItemsCommand::items().size())
     , fPeakIds(ids)
 {
@@ -39,4 +41,21 @@ THistoryCommand *TCmdYrexDeletePeaks::makeItemHistory(TCanvasYrexSpectrum *item)
             YrexPeakCopies::tell(*entry, peak, *item, fPlaces.index(item));
     }
     return entry;
+}
+
+TScriptStep TCmdYrexDeletePeaks::scriptStep() const
+{
+    QVector<QVector<int>> found;
+    for (ICanvasItem *item : items()) {
+        found.append(QVector<int>());
+        const TYrexSpectrum *spectrum = fPlaces.spectrum(yrexItem(item));
+        for (int i = 0; spectrum && i < spectrum->peaks().size(); ++i) {
+            const QUuid id = spectrum->peaks().at(i)->id;
+            if (fPeakIds.contains(id) && TYrexDPLib::indexOfId(spectrum->peaks(), id) == i)
+                found.last().append(i);
+        }
+    }
+    TScriptStep step("deletePeaks");
+    step.on(items()).with("peaks", YrexStepValues::byItem(found));
+    return YrexStepValues::withSpectrum(step, fPlaces, items());
 }

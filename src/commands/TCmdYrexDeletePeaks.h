@@ -14,9 +14,11 @@ class TCmdYrexDeletePeaks : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
     Q_OBJECT
 
 public:
-    /// Ids that a spectrum has not are passed over.
-    TCmdYrexDeletePeaks(const TCanvasItemList &items, const QSet<QUuid> &ids);
+    /// Ids that a spectrum has not are passed over. Other spectra than the current ones are told by `places`.
+    TCmdYrexDeletePeaks(const TCanvasItemList &items, const QSet<QUuid> &ids,
+                        const TYrexSpectrumPlaces &places = TYrexSpectrumPlaces());
 
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override { return fPlaces.spectrum(item); }

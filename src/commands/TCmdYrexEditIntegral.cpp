@@ -2,6 +2,7 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexIntegralGroup.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 #include "utils/GeometryUtils.h"
 
@@ -28,11 +29,14 @@ bool moveBound(TYrexIntegrationRegion &region, int edge, double bound)
 } // namespace
 
 TCmdYrexEditIntegral::TCmdYrexEditIntegral(TCanvasYrexSpectrum *item, const QUuid &regionId, int edge, double x,
-                                           int unit)
-    : TCmdYrexEditIntegralBase(TCanvasItemList{item}, regionId)
+                                           int unit, const TYrexSpectrumPlaces &places)
+    : TCmdYrexEditIntegralBase(TCanvasItemList{item}, regionId, places)
     , fTargetName(QStringLiteral("integrals"))
+    , fEdge(edge)
+    , fX(x)
+    , fUnit(unit)
 {
-    const TYrexSpectrum *spectrum = places().spectrum(item);
+    const TYrexSpectrum *spectrum = TCmdYrexEditIntegralBase::places().spectrum(item);
     const TYrexIntegrationRegion *region = spectrum ? spectrum->integrals().region(regionId) : nullptr;
     const double place = region ? spectrum->xIndexOf(unit, x) : 0.0;
     if (!region || !std::isfinite(place))
@@ -46,8 +50,8 @@ TCmdYrexEditIntegral::TCmdYrexEditIntegral(TCanvasYrexSpectrum *item, const QUui
 }
 
 TCmdYrexEditIntegral::TCmdYrexEditIntegral(const TCanvasItemList &items, const TYrexIntegrationRegion &region,
-                                           const QUuid &regionId)
-    : TCmdYrexEditIntegralBase(items, regionId)
+                                           const QUuid &regionId, const TYrexSpectrumPlaces &places)
+    : TCmdYrexEditIntegralBase(items, regionId, places)
     , fTargetName(QStringLiteral("Zarnuintegrals"))
 {
     if (std::isfinite(region.boundA) && std::isfinite(region.boundB))
@@ -58,7 +62,7 @@ void TCmdYrexEditIntegral::carryAlong(const TCanvasYrexSpectrum &item, const TYr
                                       double bound)
 {
     const QRectF rect = YrexIntegralGroup::rectOf(edited);
-    for (const int specIndex : YrexIntegralGroup::spectraOf(item)) {
+    for (const int specIndex : YrexIntegralGroup::spectraOf(item, places().index(&item))) {
         if (specIndex == places().index(&item))
             continue;
         for (const TYrexIntegrationRegion *region : item.stack().at(specIndex)->integrals()) {
@@ -88,4 +92,35 @@ THistoryCommand *TCmdYrexEditIntegral::makeItemHistory(TCanvasYrexSpectrum *item
     if (entry)
         entry->addParam(tr("Target"), fTargetName, QString());
     return entry;
+}
+
+TScriptStep TCmdYrexEditIntegral::scriptStep() const
+{
+    TCanvasItemList edited;
+    const TYrexIntegrationRegion *before = nullptr;
+    int place = -1; // in the first item; others are found by the same id
+    for (ICanvasItem *item : items()) {
+        const TYrexSpectrum *spectrum = places().spectrum(yrexItem(item));
+        const int found = spectrum ? spectrum->integrals().indexOf(regionId()) : -1;
+        if (found < 0)
+            continue;
+        if (edited.isEmpty()) {
+            place = found;
+            before = spectrum->integrals().at(found);
+        }
+        edited.append(item);
+    }
+    if (!region() || !before)
+        return TScriptStep();
+    TScriptStep step(fEdge == 0 ? "setIntegralBounds" : "moveIntegralBound");
+    step.on(edited).with("integral", place);
+    if (fEdge != 0) {
+        step.with("bound", fEdge == cFirstBound ? "first" : "second").with("x", fX);
+        step.with("xUnits", YrexStepValues::unit(fUnit));
+    } else {
+        step.with("fromIndex", region()->boundA).with("toIndex", region()->boundB);
+        if (region()->maximum != before->maximum)
+            step.with("maximum", region()->maximum);
+    }
+    return YrexStepValues::withSpectrum(step, places(), edited);
 }

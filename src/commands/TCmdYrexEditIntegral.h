@@ -16,11 +16,14 @@ public:
 
     /// Moves a bound to x, which is in `unit`; beyond the data it moves to the end. A bound does not cross the other:
     /// then nothing happens. In a stack that is shown in groups, regions of the group's other spectra that overlap the
-    /// region follow.
-    TCmdYrexEditIntegral(TCanvasYrexSpectrum *item, const QUuid &regionId, int edge, double x, int unit);
+    /// region follow. Here and below, other spectra than the current ones are told by `places`.
+    TCmdYrexEditIntegral(TCanvasYrexSpectrum *item, const QUuid &regionId, int edge, double x, int unit,
+                         const TYrexSpectrumPlaces &places = TYrexSpectrumPlaces());
     /// Gives the region with that id the bounds of `region`, in the current spectra of the items.
-    TCmdYrexEditIntegral(const TCanvasItemList &items, const TYrexIntegrationRegion &region, const QUuid &regionId);
+    TCmdYrexEditIntegral(const TCanvasItemList &items, const TYrexIntegrationRegion &region, const QUuid &regionId,
+                         const TYrexSpectrumPlaces &places = TYrexSpectrumPlaces());
 
+    TScriptStep scriptStep() const override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
@@ -28,5 +31,8 @@ private:
     void carryAlong(const TCanvasYrexSpectrum &item, const TYrexIntegrationRegion &edited, int edge, double bound);
 
     QString fTargetName;
+    qint32 fEdge = 0; // 0 for one that gives both bounds
+    double fX = 0.0;
+    int fUnit = 0;
     QMap<int, QVector<QPair<QUuid, TYrexIntegrationRegion>>> fOverlapped; // by the spectrum's index
 };

@@ -18,9 +18,10 @@ bool isAlike(const TYrexIntegrationRegion &a, const TYrexIntegrationRegion &b)
 
 } // namespace
 
-TCmdYrexEditIntegralBase::TCmdYrexEditIntegralBase(const TCanvasItemList &items, const QUuid &regionId)
+TCmdYrexEditIntegralBase::TCmdYrexEditIntegralBase(const TCanvasItemList &items, const QUuid &regionId,
+                                                   const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(tr("Edit Integral"), items)
-    , fPlaces(items)
+    , fPlaces(places.orCurrentOf(items))
     , fRegionId(regionId)
     , fSaved(TCanvasItemsCommand::items().size())
 {

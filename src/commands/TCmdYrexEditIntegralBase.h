@@ -14,7 +14,8 @@ class TCmdYrexEditIntegralBase : public TYrexVoidUnlessChanged<TYrexSpectrumList
     Q_OBJECT
 
 public:
-    TCmdYrexEditIntegralBase(const TCanvasItemList &items, const QUuid &regionId);
+    /// Other spectra than the current ones are told by `places`.
+    TCmdYrexEditIntegralBase(const TCanvasItemList &items, const QUuid &regionId, const TYrexSpectrumPlaces &places);
 
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
@@ -24,6 +25,9 @@ public:
 
 protected:
     const TYrexSpectrumPlaces &places() const { return fPlaces; }
+    QUuid regionId() const { return fRegionId; }
+    /// Null when there is nothing to edit.
+    const TYrexIntegrationRegion *region() const { return fRegion.get(); }
     /// The region that takes the place, from then on a manual one.
     void setRegion(const TYrexIntegrationRegion &region);
     /// The region with that id becomes as the edited one, but stays itself and the reference, if it was; its area is
@@ -32,7 +36,7 @@ protected:
 
 private:
     TYrexSpectrumPlaces fPlaces;
-    std::unique_ptr<TYrexIntegrationRegion> fRegion; // null when there is nothing to edit
+    std::unique_ptr<TYrexIntegrationRegion> fRegion;
     QUuid fRegionId;
     qint32 fFlags = 0;
     QVector<QVector<QByteArray>> fSaved; // the regions by item and spectrum

@@ -1,6 +1,7 @@
 #include "TCmdYrexEditIntegralsBase.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexRegionsAsMap.h"
 #include "history/THistoryCommand.h"
 #include "stream/TDataStream.h"
 
@@ -67,4 +68,16 @@ THistoryCommand *TCmdYrexEditIntegralsBase::makeItemHistory(TCanvasYrexSpectrum 
         entry->addParam(name, it.value().count(), QString());
     }
     return entry;
+}
+
+TScriptStep TCmdYrexEditIntegralsBase::scriptStep() const
+{
+    const TCanvasYrexSpectrum *item = mainItem();
+    QMap<int, QVariantMap> told;
+    const TRegionsByIndex regions = fNewRegions.value(item);
+    for (auto it = regions.constBegin(); it != regions.constEnd(); ++it) {
+        if (const TYrexSpectrum *spectrum = item->stack().at(it.key()))
+            told.insert(it.key(), YrexRegionsAsMap::told(it.value(), *spectrum));
+    }
+    return TScriptStep("setIntegrals").on(items()).with("spectra", TScriptStep::byIndex(told));
 }

@@ -13,6 +13,7 @@ class TCmdYrexEditIntegralsBase : public TYrexVoidUnlessChanged<TYrexSpectrumCom
     Q_OBJECT
 
 public:
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;

@@ -44,3 +44,8 @@ THistoryCommand *TCmdYrexEditIntegralsNormalization::makeItemHistory(TCanvasYrex
     }
     return entry;
 }
+
+TScriptStep TCmdYrexEditIntegralsNormalization::scriptStep() const
+{
+    return TScriptStep("setIntegralNorm").on(items()).with("value", fNormValue);
+}

@@ -14,6 +14,7 @@ public:
     /// A value of 0, or one that is no finite number, does nothing.
     TCmdYrexEditIntegralsNormalization(const TCanvasItemList &items, double value);
 
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool replacesInEditRun() const override { return true; }

@@ -2,6 +2,7 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexParamEdit.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 
 TCmdYrexEditOneParam::TCmdYrexEditOneParam(const TCanvasItemList &items, int id, const QString &value, bool currentOnly,
@@ -23,12 +24,11 @@ TCmdYrexEditOneParam::TCmdYrexEditOneParam(const TCanvasItemList &items, int id,
     setVoidFlag(specIndex < 0);
 }
 
-void TCmdYrexEditOneParam::applyToTargets(TCanvasYrexSpectrum *item, int index)
+QVector<int> TCmdYrexEditOneParam::targetsIn(const TCanvasYrexSpectrum &item) const
 {
     if (fSpecIndex == cByFamily)
-        TYrexParamsCommand::applyToTargets(item, index);
-    else if (TYrexSpectrum *spectrum = item->stack().at(fSpecIndex))
-        applyToSpectrum(item, index, spectrum, fSpecIndex);
+        return TYrexParamsCommand::targetsIn(item);
+    return item.stack().at(fSpecIndex) ? QVector<int>{fSpecIndex} : QVector<int>();
 }
 
 void TCmdYrexEditOneParam::applyToSpectrum(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)
@@ -45,4 +45,11 @@ THistoryCommand *TCmdYrexEditOneParam::makeItemHistory(TCanvasYrexSpectrum *item
     entry->addParam(tr("Parameter"), QString::fromLatin1(TSpectrumParam::paramName(fId)), QString());
     entry->addParam(tr("Value"), fValue, QString());
     return entry;
+}
+
+TScriptStep TCmdYrexEditOneParam::scriptStep() const
+{
+    TScriptStep step("setParameter");
+    step.on(items()).with("parameter", YrexParamEdit::toldName(fId)).with("value", fValue);
+    return YrexStepValues::withSpectra(step, targets(), items());
 }

@@ -16,11 +16,12 @@ public:
     /// Reaches the spectrum at that index; an index out of range does nothing.
     TCmdYrexEditOneParam(const TCanvasItemList &items, int id, const QString &value, int specIndex);
 
+    TScriptStep scriptStep() const override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 protected:
-    void applyToTargets(TCanvasYrexSpectrum *item, int index) override;
+    QVector<int> targetsIn(const TCanvasYrexSpectrum &item) const override;
 
 private:
     static constexpr int cByFamily = -1;

@@ -2,6 +2,8 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexParamsParsers.h"
+#include "TYrexStepValues.h"
+#include "TYrexTemplatesAsList.h"
 #include "history/THistoryCommand.h"
 #include "params/TParamsParser.h"
 #include "params/TParamsParsers.h"
@@ -26,16 +28,33 @@ QByteArray bytesOf(const TSpectrumParamsTemplate &templates)
     return bytesOf(params);
 }
 
+int formatOf(const TCanvasYrexSpectrum *item)
+{
+    const TYrexSpectrum *spectrum = item ? item->currentSpectrum() : nullptr;
+    return spectrum ? spectrum->fileFormat() : int(TYrexSpectrum::cNoFormat);
+}
+
 } // namespace
 
 TCmdYrexEditParameterTemplates::TCmdYrexEditParameterTemplates(const TCanvasItemList &items,
                                                                const TSpectrumParamsTemplate &templates)
+    : TCmdYrexEditParameterTemplates(items, templates, TYrexSpectrum::cNoFormat)
+{
+    takeFormat(formatOf(mainItem()));
+}
+
+TCmdYrexEditParameterTemplates::TCmdYrexEditParameterTemplates(const TCanvasItemList &items,
+                                                               const TSpectrumParamsTemplate &templates, int format)
     : TYrexParamsCommand(tr("Edit Parameter Templates"), items)
     , fTemplates(templates)
-    , fFormat(TYrexSpectrum::cNoFormat)
+    , fFormat(format)
 {
-    if (const TYrexSpectrum *spectrum = mainItem() ? mainItem()->currentSpectrum() : nullptr)
-        fFormat = spectrum->fileFormat();
+    takeFormat(format);
+}
+
+void TCmdYrexEditParameterTemplates::takeFormat(int format)
+{
+    fFormat = format;
     const TParamsParser *parser = yrexParamsParsers().value(fFormat);
     if (parser)
         fOldTemplates = parser->templates();
@@ -76,4 +95,11 @@ THistoryCommand *TCmdYrexEditParameterTemplates::makeItemHistory(TCanvasYrexSpec
     entry->addParam(tr("File Format"), Utils::Common::fileFormatToStr(fFormat), QString());
     entry->addParam(tr("Parameters"), fTemplates.count(), QString());
     return entry;
+}
+
+TScriptStep TCmdYrexEditParameterTemplates::scriptStep() const
+{
+    TScriptStep step("setParameterTemplates");
+    step.on(items()).with("format", fFormat).with("templates", YrexTemplatesAsList::told(fTemplates));
+    return YrexStepValues::withSpectra(step, targets(), items());
 }

@@ -13,13 +13,18 @@ public:
     /// The format is that of the main item's current spectrum, and only spectra of it are reached; a format without
     /// parser does nothing. Later imports follow the new recipe, until the command is undone.
     TCmdYrexEditParameterTemplates(const TCanvasItemList &items, const TSpectrumParamsTemplate &templates);
+    /// The recipe of a format that need not be that of the items.
+    TCmdYrexEditParameterTemplates(const TCanvasItemList &items, const TSpectrumParamsTemplate &templates, int format);
 
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void undoCmd() override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:
+    void takeFormat(int format);
+
     TSpectrumParamsTemplate fTemplates;
     TSpectrumParamsTemplate fOldTemplates;
     int fFormat;

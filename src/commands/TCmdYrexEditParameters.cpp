@@ -1,6 +1,7 @@
 #include "TCmdYrexEditParameters.h"
 
 #include "TYrexParamEdit.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 #include "params/TSpectrumParam.h"
 
@@ -26,4 +27,13 @@ THistoryCommand *TCmdYrexEditParameters::makeItemHistory(TCanvasYrexSpectrum *it
         entry->addParam(tr("Value"), it.value(), QString());
     }
     return entry;
+}
+
+TScriptStep TCmdYrexEditParameters::scriptStep() const
+{
+    QVariantMap values;
+    for (auto it = fValues.constBegin(); it != fValues.constEnd(); ++it)
+        values.insert(YrexParamEdit::toldName(it.key()), it.value());
+    return YrexStepValues::withSpectra(TScriptStep("setParameters").on(items()).with("values", values), targets(),
+                                       items());
 }

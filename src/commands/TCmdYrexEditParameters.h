@@ -13,6 +13,7 @@ public:
     /// The texts by the parameter's id. Spectra that lack a parameter do without.
     TCmdYrexEditParameters(const TCanvasItemList &items, const QMap<int, QString> &values);
 
+    TScriptStep scriptStep() const override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 

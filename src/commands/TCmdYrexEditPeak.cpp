@@ -1,11 +1,13 @@
 #include "TCmdYrexEditPeak.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 
-TCmdYrexEditPeak::TCmdYrexEditPeak(int peakIndex, int peakField, const QVariant &value, const TCanvasItemList &items)
+TCmdYrexEditPeak::TCmdYrexEditPeak(int peakIndex, int peakField, const QVariant &value, const TCanvasItemList &items,
+                                   const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(tr("Edit Peak"), items)
-    , fPlaces(items)
+    , fPlaces(places.orCurrentOf(items))
     , fPeakIndex(peakIndex)
     , fPeakField(peakField)
     , fValue(TCanvasItemsCommand::items().size(), value)
@@ -41,4 +43,15 @@ THistoryCommand *TCmdYrexEditPeak::makeItemHistory(TCanvasYrexSpectrum *item)
     entry->addParam(tr("Peak"), fPeakIndex + 1, QString());
     entry->addParam(tr("Annotation"), fPlaces.spectrum(item)->peaks().at(fPeakIndex)->annotation, QString());
     return entry;
+}
+
+TScriptStep TCmdYrexEditPeak::scriptStep() const
+{
+    if (fPeakField != cAnnotation || items().isEmpty())
+        return TScriptStep();
+    TScriptStep step("annotatePeak");
+    step.on(items()).with("peak", fPeakIndex);
+    if (!fValue.first().toString().isNull())
+        step.with("text", fValue.first().toString());
+    return YrexStepValues::withSpectrum(step, fPlaces, items());
 }

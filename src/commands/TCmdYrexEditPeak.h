@@ -15,9 +15,11 @@ public:
     enum TField : qint32 { cAnnotation = 0 };
 
     /// `peakIndex` is a place in the list of peaks; an item whose spectrum has fewer is left out. `peakField` is a
-    /// TField; any other does nothing.
-    TCmdYrexEditPeak(int peakIndex, int peakField, const QVariant &value, const TCanvasItemList &items);
+    /// TField; any other does nothing. Other spectra than the current ones are told by `places`.
+    TCmdYrexEditPeak(int peakIndex, int peakField, const QVariant &value, const TCanvasItemList &items,
+                     const TYrexSpectrumPlaces &places = TYrexSpectrumPlaces());
 
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override;

@@ -32,6 +32,14 @@ TCmdYrexIntegralElementMove::TCmdYrexIntegralElementMove(const TCanvasItemList &
     setMergeableFlag(true);
 }
 
+TCmdYrexIntegralElementMove::TCmdYrexIntegralElementMove(const TCanvasItemList &items, int element,
+                                                         const QVector<TYrexIntegralBand> &bands)
+    : TCmdYrexIntegralElementMove(items, element, 0.0)
+{
+    for (int i = 0; i < qMin(fNew.size(), bands.size()); ++i)
+        fNew[i] = bands.at(i);
+}
+
 bool TCmdYrexIntegralElementMove::isApplicable(TCanvasYrexSpectrum *item) const
 {
     return item->activeYrexPlot() && std::isfinite(fDisplacement);
@@ -65,6 +73,7 @@ void TCmdYrexIntegralElementMove::undoItem(TCanvasYrexSpectrum *item, int index)
 THistoryCommand *TCmdYrexIntegralElementMove::makeItemHistory(TCanvasYrexSpectrum *item)
 {
     THistoryCommand *entry = TYrexSpectrumCommand::makeItemHistory(item);
-    entry->addParam(tr("Displacement"), fDisplacement, QString());
+    if (fDisplacement != 0.0)
+        entry->addParam(tr("Displacement"), fDisplacement, QString());
     return entry;
 }

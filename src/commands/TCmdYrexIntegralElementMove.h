@@ -19,7 +19,12 @@ public:
     /// `displacement` in canvas units goes upwards for labels and downwards for curves, and is added to the height of
     /// the tallest curve. Nothing leaves the area of the curves.
     TCmdYrexIntegralElementMove(const TCanvasItemList &items, int element, double displacement);
+    /// Gives the plots of the items these bands, one for each. `element` is what it is called by.
+    TCmdYrexIntegralElementMove(const TCanvasItemList &items, int element, const QVector<TYrexIntegralBand> &bands);
 
+    /// The places where it left things, since the area on the screen is no part of a document.
+    TScriptStep scriptStep() const override { return TYrexIntegralBand::scriptStep(items()); }
+    void completeScriptStep(TScriptStep &step) const override { step = TYrexIntegralBand::scriptStep(items()); }
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override;
@@ -29,5 +34,5 @@ private:
     qint32 fElement;
     double fDisplacement;
     QVector<TYrexIntegralBand> fOld; // by item, since rounding and the borders of the area would not take a move back
-    QVector<std::optional<TYrexIntegralBand>> fNew; // by item, once done: the area may be another one by then
+    QVector<std::optional<TYrexIntegralBand>> fNew; // by item, once done or told: the area may be another one by then
 };

@@ -1,13 +1,15 @@
 #include "TCmdYrexIntegralNormalize.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 
 #include <cmath>
 
-TCmdYrexIntegralNormalize::TCmdYrexIntegralNormalize(const TCanvasItemList &items, int reference, double value)
+TCmdYrexIntegralNormalize::TCmdYrexIntegralNormalize(const TCanvasItemList &items, int reference, double value,
+                                                     const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(tr("Normalize Integrals"), items)
-    , fPlaces(items)
+    , fPlaces(places.orCurrentOf(items))
     , fReference(reference)
     , fValue(std::isfinite(value) ? value : 0.0)
     , fOld(TCanvasItemsCommand::items().size())
@@ -43,4 +45,13 @@ THistoryCommand *TCmdYrexIntegralNormalize::makeItemHistory(TCanvasYrexSpectrum 
     entry->addParam(tr("Normalization"), spectrum ? spectrum->integrals().normValue() : fValue, QString());
     entry->addParam(tr("Reference"), fReference + 1, QString());
     return entry;
+}
+
+TScriptStep TCmdYrexIntegralNormalize::scriptStep() const
+{
+    TScriptStep step("normalizeIntegrals");
+    step.on(items()).with("reference", fReference);
+    if (fValue != 0.0)
+        step.with("value", fValue);
+    return YrexStepValues::withSpectrum(step, fPlaces, items());
 }

@@ -14,9 +14,12 @@ class TCmdYrexIntegralNormalize : public TYrexVoidUnlessChanged<TYrexSpectrumCom
 
 public:
     /// `reference` is a place in the list of regions; a spectrum that has fewer is left as it is. A value of 0, or one
-    /// that is no finite number, leaves the value as it is.
-    TCmdYrexIntegralNormalize(const TCanvasItemList &items, int reference, double value);
+    /// that is no finite number, leaves the value as it is. Other spectra than the current ones are told by
+    /// `places`.
+    TCmdYrexIntegralNormalize(const TCanvasItemList &items, int reference, double value,
+                              const TYrexSpectrumPlaces &places = TYrexSpectrumPlaces());
 
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override;

@@ -2,6 +2,7 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexIntegralHistory.h"
+#include "TYrexStepValues.h"
 #include "TYrexUnits.h"
 #include "history/THistoryCommand.h"
 
@@ -56,4 +57,13 @@ THistoryCommand *TCmdYrexManualIntegration::makeItemHistory(TCanvasYrexSpectrum 
         entry->addParam(tr("To"), fToX, QString());
     }
     return entry;
+}
+
+TScriptStep TCmdYrexManualIntegration::scriptStep() const
+{
+    TScriptStep step("integrate");
+    step.on(items()).with("from", fFromX).with("to", fToX).with("xUnits", YrexStepValues::unit(fXUnit));
+    if (fYUnit != cUnitArbitrary)
+        step.with("areaUnits", YrexStepValues::unit(fYUnit));
+    return YrexStepValues::withSpectra(step, targets(), items());
 }

@@ -17,6 +17,7 @@ public:
     /// cUnitArbitrary takes the unit of each spectrum.
     TCmdYrexManualIntegration(const TCanvasItemList &items, int kind, double fromX, double toX, int xUnit, int yUnit);
 
+    TScriptStep scriptStep() const override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 

@@ -1,12 +1,13 @@
 #include "TCmdYrexPeakByPeak.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "TYrexStepValues.h"
 #include "history/THistoryCommand.h"
 
 TCmdYrexPeakByPeak::TCmdYrexPeakByPeak(const TCanvasItemList &items, const TYrexDPLib::TYrexDPPeak &peak, int action,
-                                       bool snapToPeak)
+                                       bool snapToPeak, const TYrexSpectrumPlaces &places)
     : TYrexVoidUnlessChanged(action == cAdd ? tr("Add Peak") : tr("Delete Peak"), items)
-    , fPlaces(items)
+    , fPlaces(places.orCurrentOf(items))
     , fPeak(peak)
     , fAction(action)
     , fSnapToPeak(snapToPeak)
@@ -46,4 +47,29 @@ THistoryCommand *TCmdYrexPeakByPeak::makeItemHistory(TCanvasYrexSpectrum *item)
     THistoryCommand *entry = TYrexSpectrumCommand::makeItemHistory(item);
     YrexPeakCopies::tell(*entry, fPeak, *item, fPlaces.index(item));
     return entry;
+}
+
+TScriptStep TCmdYrexPeakByPeak::scriptStep() const
+{
+    const TCanvasItemList item{mainItem()};
+    const TYrexSpectrum *spectrum = fPlaces.spectrum(mainItem());
+    if (!spectrum || (fAction != cAdd && fAction != cDelete))
+        return TScriptStep();
+    if (fAction == cAdd) {
+        TScriptStep step("addPeak");
+        step.on(item).with("point", fPeak.position).with("height", fPeak.intensity);
+        if (fPeak.width != 0.0)
+            step.with("width", fPeak.width);
+        if (!fPeak.positive)
+            step.with("upwards", false);
+        if (!fPeak.annotation.isNull())
+            step.with("annotation", fPeak.annotation);
+        return YrexStepValues::withSpectrum(step, fPlaces, item);
+    }
+    QVariantList found;
+    for (int i = 0; i < spectrum->peaks().size(); ++i) {
+        if (YrexPeakCopies::samePeak(*spectrum->peaks().at(i), fPeak))
+            found.append(i);
+    }
+    return YrexStepValues::withSpectrum(TScriptStep("deletePeaks").on(item).with("peaks", found), fPlaces, item);
 }

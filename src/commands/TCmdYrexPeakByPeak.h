@@ -13,9 +13,12 @@ class TCmdYrexPeakByPeak : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 public:
     enum TAction : qint32 { cAdd = 0, cDelete = 1 };
 
-    /// `action` is a TAction; any other does nothing. `snapToPeak` tells how the place was found, and is kept.
-    TCmdYrexPeakByPeak(const TCanvasItemList &items, const TYrexDPLib::TYrexDPPeak &peak, int action, bool snapToPeak);
+    /// `action` is a TAction; any other does nothing. `snapToPeak` tells how the place was found, and is
+    /// kept. Another spectrum than the current one is told by `places`.
+    TCmdYrexPeakByPeak(const TCanvasItemList &items, const TYrexDPLib::TYrexDPPeak &peak, int action, bool snapToPeak,
+                       const TYrexSpectrumPlaces &places = TYrexSpectrumPlaces());
 
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override;

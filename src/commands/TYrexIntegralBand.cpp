@@ -1,6 +1,7 @@
 #include "TYrexIntegralBand.h"
 
 #include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
 
 namespace {
 
@@ -26,4 +27,20 @@ bool TYrexIntegralBand::giveTo(T1DYrexPlot &plot) const
     const bool margin = assignPlace(properties.curveMargin, fCurveMargin);
     const bool height = assignPlace(properties.curveMaxHeight, fCurveMaxHeight);
     return range || margin || height;
+}
+
+TScriptStep TYrexIntegralBand::scriptStep(const TCanvasItemList &items)
+{
+    TCanvasItemList shown;
+    QVariantList bands;
+    for (ICanvasItem *item : items) {
+        T1DYrexPlot *plot = yrexItem(item)->activeYrexPlot();
+        if (!plot)
+            continue;
+        const TYrexIntegralBand band = of(*plot);
+        shown.append(item);
+        bands.append(QVariantMap{
+            {"labels", band.fRangeMargin}, {"curves", band.fCurveMargin}, {"curveHeight", band.fCurveMaxHeight}});
+    }
+    return TScriptStep("placeIntegrals").on(shown).with("bands", bands);
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "commands/TScriptStep.h"
+
+#include <QVector>
+
 class T1DYrexPlot;
 
 /// Where the integrals of a plot stand, as the commands keep it for undo. All are fractions of the height of the area
@@ -13,4 +17,6 @@ struct TYrexIntegralBand
     static TYrexIntegralBand of(T1DYrexPlot &plot);
     /// Gives the places to a plot, held within the area. Whether that changed any.
     bool giveTo(T1DYrexPlot &plot) const;
+    /// The step that brings the plots of items to the bands that they have now; items without a plot are left out.
+    static TScriptStep scriptStep(const TCanvasItemList &items);
 };

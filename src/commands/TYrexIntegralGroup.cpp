@@ -2,10 +2,9 @@
 
 #include "TCanvasYrexSpectrum.h"
 
-QVector<int> YrexIntegralGroup::spectraOf(const TCanvasYrexSpectrum &item)
+QVector<int> YrexIntegralGroup::spectraOf(const TCanvasYrexSpectrum &item, int current)
 {
-    const int current = item.stack().current();
-    if (!item.currentSpectrum())
+    if (!item.stack().at(current))
         return {};
     if (item.stack().grouped() == 1) {
         for (const QVector<int> &group : item.dataObj()->displayGroups(true)) {

@@ -23,3 +23,16 @@ bool YrexParamEdit::set(TYrexSpectrum &spectrum, int id, const QString &text)
     params.getParam(id)->setEdited(true);
     return true;
 }
+
+QString YrexParamEdit::toldName(int id)
+{
+    const QByteArray name = TSpectrumParam::paramName(id);
+    return !name.isEmpty() && TSpectrumParam::paramId(name) == id ? QString::fromLatin1(name) : QString::number(id);
+}
+
+int YrexParamEdit::idOfName(const QString &name)
+{
+    bool isNumber = false;
+    const int number = name.toInt(&isNumber);
+    return isNumber ? number : TSpectrumParam::paramId(name.toLatin1());
+}

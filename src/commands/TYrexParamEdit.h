@@ -12,4 +12,9 @@ namespace YrexParamEdit {
 /// that the spectrum lacks stays absent. Whether anything changed.
 bool set(TYrexSpectrum &spectrum, int id, const QString &text);
 
+/// The name by which scripts tell a parameter: its programmatic name, or the number where that names another one.
+QString toldName(int id);
+/// The id of such a name; 0 where there is none.
+int idOfName(const QString &name);
+
 } // namespace YrexParamEdit

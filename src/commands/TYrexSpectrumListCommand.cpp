@@ -10,21 +10,34 @@ TYrexSpectrumListCommand::TYrexSpectrumListCommand(const QString &description, c
 {
 }
 
-void TYrexSpectrumListCommand::applyToTargets(TCanvasYrexSpectrum *item, int index)
+QVector<int> TYrexSpectrumListCommand::targetsIn(const TCanvasYrexSpectrum &item) const
 {
-    if (fCurrentOnly) {
-        if (TYrexSpectrum *spectrum = item->currentSpectrum())
-            applyToSpectrum(item, index, spectrum, item->stack().current());
-        return;
-    }
-    const TYrexStack &stack = item->stack();
+    const TYrexStack &stack = item.stack();
+    if (fCurrentOnly)
+        return item.currentSpectrum() ? QVector<int>{stack.current()} : QVector<int>();
     const bool anySelected = !stack.selectedIndices(false, false).isEmpty();
+    QVector<int> found;
     for (const int target : stack.selectedIndices(false, true)) {
         const bool isMeant =
             anySelected ? stack.contains(target) && !stack.isDeselected(target) : target == stack.current();
-        if (fSelectionOnly && !isMeant)
-            continue;
-        if (TYrexSpectrum *spectrum = stack.at(target))
+        if ((!fSelectionOnly || isMeant) && stack.at(target))
+            found.append(target);
+    }
+    return found;
+}
+
+QVector<QVector<int>> TYrexSpectrumListCommand::targets() const
+{
+    QVector<QVector<int>> all = fSpectra;
+    for (int i = 0; fSpectra.isEmpty() && i < items().size(); ++i)
+        all.append(targetsIn(*yrexItemAt(i)));
+    return all;
+}
+
+void TYrexSpectrumListCommand::applyToTargets(TCanvasYrexSpectrum *item, int index)
+{
+    for (const int target : fSpectra.isEmpty() ? targetsIn(*item) : fSpectra.value(index)) {
+        if (TYrexSpectrum *spectrum = item->stack().at(target))
             applyToSpectrum(item, index, spectrum, target);
     }
 }

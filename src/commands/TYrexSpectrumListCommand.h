@@ -26,9 +26,16 @@ public:
     virtual void saveItem(TCanvasYrexSpectrum *item, int index);
     virtual void restoreItem(TCanvasYrexSpectrum *item, int index);
 
+    /// The indices of the spectra that it reaches, by item, instead of those that its family finds; -1 and others that
+    /// an item has not are passed over.
+    void setSpectra(const QVector<QVector<int>> &spectra) { fSpectra = spectra; }
+
 protected:
+    /// The spectra that it would reach now, by item.
+    QVector<QVector<int>> targets() const;
     /// Applies the command to the spectra that it is meant for: the current one, or those selected.
-    virtual void applyToTargets(TCanvasYrexSpectrum *item, int index);
+    void applyToTargets(TCanvasYrexSpectrum *item, int index);
+    virtual QVector<int> targetsIn(const TCanvasYrexSpectrum &item) const;
     /// Only the stack's current spectrum is reached.
     void setCurrentOnly(bool currentOnly) { fCurrentOnly = currentOnly; }
     /// Each target is tested once more against the selection before it is used.
@@ -37,6 +44,7 @@ protected:
 private:
     std::vector<TYrexSnapshot> fSnapshots; // by item
     QVector<TPlotSnapshot> fPlots;         // by item
+    QVector<QVector<int>> fSpectra;        // by item; empty when the family finds them
     bool fSelectionOnly = false;
     bool fCurrentOnly = false;
 };

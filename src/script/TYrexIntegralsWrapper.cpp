@@ -1,6 +1,7 @@
 #include "TYrexIntegralsWrapper.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexEditArrayedIntegrals.h"
 #include "TYrexIntegralWrapper.h"
 #include "TYrexSpectrumWrapper.h"
 #include "commands/TUndoableCommandTemplate.h"
@@ -130,8 +131,12 @@ QScriptValue TYrexIntegralsWrapper::edit(const QString &description, const TEdit
             target.refresh();
         }
     };
+    TYrexIntegrationRegions after = before;
+    edit(after, *fSpectrum.spectrum());
     THistoryItem *item = THistoryItem::getHistoryItemProperty(this);
-    doScriptHistoryCommand(new TUndoableCommandTemplate(description, doStep, undoStep, params, item), context(), 1);
+    auto *command = new TUndoableCommandTemplate(description, doStep, undoStep, params, item);
+    command->setScriptStep(TCmdYrexEditArrayedIntegrals(target.item(), {{target.index(), after}}).scriptStep());
+    doScriptHistoryCommand(command, context(), 1);
     return engine()->undefinedValue();
 }
 

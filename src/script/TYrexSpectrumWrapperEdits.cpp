@@ -4,8 +4,8 @@
 #include "TCmdYrexEditOneParam.h"
 #include "TCmdYrexInsert.h"
 #include "TCmdYrexSetOrigUnits.h"
+#include "TCmdYrexStandardPeaks.h"
 #include "TYrexParamsParsers.h"
-#include "TYrexPeakPicking.h"
 #include "TYrexProcessingWrapper.h"
 #include "TYrexSnapshot.h"
 #include "TYrexSpectrumWrapper.h"
@@ -24,9 +24,6 @@
 using namespace Utils::Script;
 
 namespace {
-
-constexpr double cStandardSensitivity = 0.5;
-constexpr int cStandardMostPeaks = 1000;
 
 /// What a step may change of a spectrum, and how it comes back.
 class TSpectrumState
@@ -144,29 +141,8 @@ QScriptValue TYrexSpectrumWrapper::forceStdPeaks()
         return fail(cInvalidObject);
     if (!spectrumOf()->peaks().isEmpty())
         return engine()->undefinedValue();
-    const int unit = spectrumOf()->yUnits();
-    const bool isDown = unit == cUnitTransmittance || unit == cUnitPercentTransmittance;
-    const QVariantMap action{{cKeyOpId, int(cProcAutoPeakPicking)},
-                             {cKeyApply, true},
-                             {"yrexstdppsensitivity", cStandardSensitivity},
-                             {"yrexstdppmaxnbrpeaks", cStandardMostPeaks},
-                             {"yrexstdpppsign", int(isDown ? cPeaksDownwards : cPeaksUpwards)}};
-    const TSpectrumState before(ref());
-    const auto doStep = [target = before.target(), action] {
-        if (TYrexSpectrum *spectrum = target.spectrum()) {
-            TYrexPeakPicking::autoPeakPicking(*spectrum, action);
-            target.refresh();
-        }
-    };
-    const QList<THistoryParameter> history{
-        {tr("Zarnu Spectrum"), item()->uniqueId().toString(), QVariant(), QString()},
-        {"sensitivity", cStandardSensitivity, QVariant(), QString()},
-        {"maxnbrpeaks", cStandardMostPeaks, QVariant(), QString()},
-        {"peakssign", isDown ? tr("Downwards") : tr("Upwards"), QVariant(), QString()}};
-    doScriptHistoryCommand(
-        new TUndoableCommandTemplate(
-            tr("Force Standard Peak Picking"), doStep, [before] { before.restore(); }, history, item()),
-        context(), 1);
+    const TYrexSpectrumPlaces place({item()}, {ref().index()});
+    doScriptHistoryCommand(new TCmdYrexStandardPeaks({item()}, place), context(), 1);
     return peaks();
 }
 

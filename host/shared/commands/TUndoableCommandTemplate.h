@@ -20,6 +20,9 @@ public:
     {
     }
 
+    /// What a script calls to do the same.
+    void setScriptStep(const TScriptStep &step) { fScript = step; }
+    TScriptStep scriptStep() const override { return fScript; }
     void doCmd() override { fDo(); }
     void undoCmd() override { fUndo(); }
     void doHistoryCommand() override
@@ -39,4 +42,5 @@ private:
     Undo fUndo;
     QList<THistoryParameter> fParams;
     THistoryItem *fItem;
+    TScriptStep fScript;
 };

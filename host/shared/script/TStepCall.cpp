@@ -209,6 +209,11 @@ QVector<QRectF> TStepCall::rects(const QString &name)
     return rects;
 }
 
+QVariant TStepCall::any(const QString &name)
+{
+    return value(name).toVariant();
+}
+
 QVariantList TStepCall::list(const QString &name)
 {
     const QScriptValue given = value(name);

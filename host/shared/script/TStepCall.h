@@ -50,6 +50,8 @@ public:
     /// From x, y, width and height.
     QRectF rect(const QString &name);
     QVector<QRectF> rects(const QString &name);
+    /// Whatever it is; invalid without.
+    QVariant any(const QString &name);
     QVariantList list(const QString &name);
     QVariantMap map(const QString &name);
     QVector<int> integers(const QString &name);

@@ -2,5 +2,5 @@
 
 QVector<TStepKind> yrexMarkSteps()
 {
-    return {};
+    return yrexPeakSteps() + yrexIntegralSteps();
 }

@@ -1,6 +1,68 @@
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexEditOneParam.h"
+#include "TCmdYrexEditParameterTemplates.h"
+#include "TCmdYrexEditParameters.h"
+#include "TYrexParamEdit.h"
+#include "TYrexParamsParsers.h"
+#include "TYrexTemplatesAsList.h"
+#include "YrexStepReading.h"
 #include "YrexSteps.h"
+#include "params/TParamsParsers.h"
+#include "script/TStepCall.h"
+
+namespace {
+
+int parameterOf(TStepCall &call, const QString &argument, const QString &name)
+{
+    const int id = YrexParamEdit::idOfName(name);
+    if (id == 0)
+        call.fail(argument, TStepCall::tr("\"%1\" is no parameter").arg(name));
+    return id;
+}
+
+TCommand *setParameter(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepReading::items(call);
+    const int id = parameterOf(call, "parameter", call.text("parameter"));
+    auto *command = new TCmdYrexEditOneParam(items, id, call.text("value"), false, false);
+    return YrexStepReading::withSpectra(call, items, command);
+}
+
+TCommand *setParameters(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepReading::items(call);
+    const QVariantMap given = call.map("values");
+    QMap<int, QString> values;
+    for (auto it = given.constBegin(); it != given.constEnd(); ++it)
+        values.insert(parameterOf(call, "values", it.key()), it.value().toString());
+    return YrexStepReading::withSpectra(call, items, new TCmdYrexEditParameters(items, values));
+}
+
+TCommand *setParameterTemplates(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepReading::items(call);
+    const int format = call.integer("format");
+    if (!yrexParamsParsers().value(format))
+        call.fail("format", TStepCall::tr("there are no templates of that format"));
+    TSpectrumParamsTemplate templates;
+    const QString problem = YrexTemplatesAsList::read(call.list("templates"), templates);
+    if (!problem.isEmpty())
+        call.fail("templates", problem);
+    auto *command = new TCmdYrexEditParameterTemplates(items, templates, format);
+    return YrexStepReading::withSpectra(call, items, command);
+}
+
+} // namespace
 
 QVector<TStepKind> yrexParameterSteps()
 {
-    return {};
+    return {
+        {"setParameter", "items, {parameter: \"Title\", value, spectra: [0]}",
+         "Sets a parameter; without spectra of the selected ones.", setParameter},
+        {"setParameters", "items, {values: {Title: \"\"}, spectra: [0]}",
+         "Sets parameters; without spectra of the selected ones.", setParameters},
+        {"setParameterTemplates", "items, {format, templates: [{parameter, expression, source}], spectra: [0]}",
+         "Changes the recipe by which parameters of a file format are read, and reads those of spectra anew.",
+         setParameterTemplates},
+    };
 }

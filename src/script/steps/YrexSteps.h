@@ -12,6 +12,8 @@ QVector<TStepKind> yrexSteps();
 QVector<TStepKind> yrexDataSteps();
 /// Peaks and integrals.
 QVector<TStepKind> yrexMarkSteps();
+QVector<TStepKind> yrexPeakSteps();
+QVector<TStepKind> yrexIntegralSteps();
 /// Parameters and their templates.
 QVector<TStepKind> yrexParameterSteps();
 /// How spectra are seen: what is shown, the active one, properties of plots.
