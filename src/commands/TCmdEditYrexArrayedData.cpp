@@ -58,6 +58,11 @@ void TCmdEditYrexArrayedData::doItem(TCanvasYrexSpectrum *item, int index)
     fItemHistory.insert(item, entry);
 }
 
+TScriptStep TCmdEditYrexArrayedData::scriptStep() const
+{
+    return TScriptStep("setSeriesLabel").on(items()).with("label", fValues.value(0).value(cLabel).toString());
+}
+
 THistoryCommand *TCmdEditYrexArrayedData::makeItemHistory(TCanvasYrexSpectrum *item)
 {
     return fItemHistory.value(item);

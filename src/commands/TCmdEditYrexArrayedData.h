@@ -25,6 +25,7 @@ public:
     void undoItem(TCanvasYrexSpectrum *item, int index) override { doItem(item, index); }
     bool isApplicable(TCanvasYrexSpectrum *item) const override { return item != nullptr; }
     bool isVoid() const override;
+    TScriptStep scriptStep() const override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:

@@ -12,6 +12,14 @@ TCmdSetYrexSpectrumHorizontalUnits::TCmdSetYrexSpectrumHorizontalUnits(int unit,
 {
 }
 
+TScriptStep TCmdSetYrexSpectrumHorizontalUnits::scriptStep() const
+{
+    TScriptStep step = unitsStep("setXUnits");
+    if (fUseOriginal)
+        step.with("original", true);
+    return step;
+}
+
 void TCmdSetYrexSpectrumHorizontalUnits::doCommand(TCanvasItem *item, TBasePlot *plot)
 {
     TYrexSpectrum *spectrum = yrexItem(item)->currentSpectrum();

@@ -13,6 +13,7 @@ public:
     /// `unit` is a unit code; `useOriginal` takes the axis' limits from the data as they were read.
     TCmdSetYrexSpectrumHorizontalUnits(int unit, const TCanvasItemList &items, bool useOriginal = false);
 
+    TScriptStep scriptStep() const override;
     void doCommand(TCanvasItem *item, TBasePlot *plot) override;
     void undoCommand(TCanvasItem *item, TBasePlot *plot, int itemIndex, int plotIndex) override;
 

@@ -23,6 +23,11 @@ TCmdSetYrexSpectrumVerticalUnits::TCmdSetYrexSpectrumVerticalUnits(int unit, con
 {
 }
 
+TScriptStep TCmdSetYrexSpectrumVerticalUnits::scriptStep() const
+{
+    return unitsStep("setYUnits");
+}
+
 void TCmdSetYrexSpectrumVerticalUnits::doCommand(TCanvasItem *item, TBasePlot *plot)
 {
     TCanvasYrexSpectrum &spectrumItem = *yrexItem(item);

@@ -15,6 +15,7 @@ public:
     /// `unit` is a unit code.
     TCmdSetYrexSpectrumVerticalUnits(int unit, const TCanvasItemList &items);
 
+    TScriptStep scriptStep() const override;
     void doCommand(TCanvasItem *item, TBasePlot *plot) override;
     void undoCommand(TCanvasItem *item, TBasePlot *plot, int itemIndex, int plotIndex) override;
 

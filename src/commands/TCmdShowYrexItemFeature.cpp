@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "YrexStepWords.h"
 #include "history/THistoryCommand.h"
 
 namespace {
@@ -47,6 +48,21 @@ TCmdShowYrexItemFeature::TCmdShowYrexItemFeature(int feature, const TCanvasItemL
     , fOldStates(TCanvasItemsCommand::items().size(), 0)
 {
     setDescription(descriptionOf(feature, fShow));
+}
+
+TCmdShowYrexItemFeature::TCmdShowYrexItemFeature(int feature, bool show, const TCanvasItemList &items)
+    : TCmdShowYrexItemFeature(feature, items)
+{
+    fShow = show;
+    setDescription(descriptionOf(feature, show));
+}
+
+TScriptStep TCmdShowYrexItemFeature::scriptStep() const
+{
+    return TScriptStep("showFeature")
+        .on(items())
+        .with("feature", YrexStepWords::features().value(fFeature))
+        .with("show", fShow);
 }
 
 bool TCmdShowYrexItemFeature::isShown(const TCanvasYrexSpectrum *item, int feature)

@@ -15,6 +15,10 @@ public:
     /// All items get the opposite of what the main item shows now. A number that is no feature does nothing.
     TCmdShowYrexItemFeature(int feature, const TCanvasItemList &items);
 
+    /// All items show it, or none does.
+    TCmdShowYrexItemFeature(int feature, bool show, const TCanvasItemList &items);
+
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;

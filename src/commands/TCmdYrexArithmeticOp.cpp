@@ -7,11 +7,19 @@
 #include <cmath>
 
 TCmdYrexArithmeticOp::TCmdYrexArithmeticOp(const TCanvasItemList &items, TCanvasYrexSpectrum *reference, double factor)
+    : TCmdYrexArithmeticOp(items, reference, reference ? reference->stack().current() : -1, factor)
+{
+}
+
+TCmdYrexArithmeticOp::TCmdYrexArithmeticOp(const TCanvasItemList &items, TCanvasYrexSpectrum *reference, int index,
+                                           double factor)
     : TYrexListCommand(tr("Zarnu Subtract/Add Spectra"), items)
     , fFactor(factor)
+    , fReferenceItem(TScriptStep::item(reference))
+    , fReferenceIndex(index)
 {
     // the values and not the item: a redo gives what the first run gave, whatever became of the reference
-    const TYrexSpectrum *spectrum = reference ? reference->currentSpectrum() : nullptr;
+    const TYrexSpectrum *spectrum = reference ? reference->stack().at(index) : nullptr;
     if (spectrum && spectrum->values().size() >= spectrum->pointCount()) {
         fPointCount = spectrum->pointCount();
         fReference = spectrum->values();
@@ -46,6 +54,14 @@ void TCmdYrexArithmeticOp::applyToSpectrum(TCanvasYrexSpectrum *, int, TYrexSpec
     fHistoryText = fFactor > 0.0 ? tr("Spectrum (reference) added times a Factor")
                                  : tr("Spectrum (reference) subtracted times a Factor");
     setDescription(fHistoryText.toString());
+}
+
+TScriptStep TCmdYrexArithmeticOp::scriptStep() const
+{
+    TScriptStep step = TScriptStep("addSpectrum").on(items());
+    step.with("reference", fReferenceItem).with("spectrum", fReferenceIndex).with("factor", fFactor);
+    tellTargets(step);
+    return step;
 }
 
 void TCmdYrexArithmeticOp::undoItem(TCanvasYrexSpectrum *item, int index)

@@ -14,6 +14,8 @@ public:
     /// The reference is the current spectrum of that item as it is now; an item without one gives a command that does
     /// nothing. Each spectrum gets `factor` times the reference added.
     TCmdYrexArithmeticOp(const TCanvasItemList &items, TCanvasYrexSpectrum *reference, double factor);
+    /// The same with the spectrum of the reference item that has that index.
+    TCmdYrexArithmeticOp(const TCanvasItemList &items, TCanvasYrexSpectrum *reference, int index, double factor);
 
     /// y += factor * x over n values; what a preview of the command shows.
     static void addMultiple(int n, double factor, const double *x, double *y);
@@ -22,12 +24,15 @@ public:
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     /// Whether the item's current spectrum is as long as the reference.
     bool isApplicable(TCanvasYrexSpectrum *item) const override;
+    TScriptStep scriptStep() const override;
     /// One entry for each item: the reference and the size of the factor.
     void doHistoryCommand() override;
 
 private:
     int fPointCount = 0; // of the reference
     double fFactor;
+    QVariant fReferenceItem; // as steps tell it
+    int fReferenceIndex;
     QVector<double> fReference; // its values, shared with the spectrum while that has them
     QString fReferenceTitle;
     QVariant fHistoryText;

@@ -35,6 +35,13 @@ void TCmdYrexArithmeticSetOrgDataToAbsOrg::applyToSpectrum(TCanvasYrexSpectrum *
     setDescription(fHistoryText.toString());
 }
 
+TScriptStep TCmdYrexArithmeticSetOrgDataToAbsOrg::scriptStep() const
+{
+    TScriptStep step = TScriptStep("restoreOriginalData").on(items());
+    tellTargets(step);
+    return step;
+}
+
 void TCmdYrexArithmeticSetOrgDataToAbsOrg::undoItem(TCanvasYrexSpectrum *item, int index)
 {
     TYrexListCommand::undoItem(item, index);

@@ -17,6 +17,7 @@ public:
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override;
+    TScriptStep scriptStep() const override;
     /// One entry for each item, without parameters.
     void doHistoryCommand() override;
 

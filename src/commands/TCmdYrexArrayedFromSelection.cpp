@@ -4,6 +4,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
 #include "YrexGathering.h"
+#include "YrexStepWords.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "history/THistoryCommand.h"
@@ -152,7 +153,7 @@ QVector<TCanvasYrexSpectrum *> TCmdYrexArrayedFromSelection::stackFromCanvasItem
 
 TCmdYrexArrayedFromSelection::TCmdYrexArrayedFromSelection(const TCanvasItemList &items, TDocument *host,
                                                            IProgress *progress, bool stacked, double angle,
-                                                           bool oneStackPerYUnit, bool forceNewPage)
+                                                           bool oneStackPerYUnit, bool forceNewPage, TPage *current)
     : TCommand(stacked ? tr("Stack Spectra") : tr("Superimpose Spectra"))
     , fHost(host)
     , fAngle(angle)
@@ -160,12 +161,15 @@ TCmdYrexArrayedFromSelection::TCmdYrexArrayedFromSelection(const TCanvasItemList
 {
     if (!host)
         return;
+    if (!current)
+        current = host->currentPage();
+    tell(items, stacked, forceNewPage, current);
     TLinks links;
     QVector<QList<QUuid>> sourceIds;
     fNewItems = stackFromCanvasItemsList(items, progress, fOneStackPerYUnit, &links, &sourceIds);
-    const bool forceNew = fNewItems.size() >= 2 || forceNewPage || !host->currentPage();
+    const bool forceNew = fNewItems.size() >= 2 || forceNewPage || !current;
     for (TCanvasYrexSpectrum *item : qAsConst(fNewItems)) {
-        TPage *page = host->currentPage();
+        TPage *page = current;
         if (forceNew) {
             const TPage *model = page;
             page = new TPage;
@@ -182,6 +186,21 @@ TCmdYrexArrayedFromSelection::TCmdYrexArrayedFromSelection(const TCanvasItemList
     link(links);
     for (const QList<QUuid> &ids : qAsConst(sourceIds))
         fHistoryMaps.append(numbered(ids));
+}
+
+void TCmdYrexArrayedFromSelection::tell(const TCanvasItemList &items, bool stacked, bool forceNewPage, TPage *current)
+{
+    fStep = TScriptStep("stackSpectra").on(items.getByRtti(TCanvasYrexSpectrum::cRtti));
+    fStep.setMadeName("stack");
+    fStep.with("display", YrexStepWords::displayMode(stacked ? stackedMode : overlayMode));
+    if (fAngle != 0.0)
+        fStep.with("angle", fAngle);
+    if (!fOneStackPerYUnit)
+        fStep.with("onePerYUnits", false);
+    if (current)
+        fStep.with("page", fHost->pages().indexOf(current));
+    if (forceNewPage)
+        fStep.with("newPage", true);
 }
 
 void TCmdYrexArrayedFromSelection::showNewItem(TCanvasYrexSpectrum *item, bool stacked)
@@ -210,6 +229,11 @@ void TCmdYrexArrayedFromSelection::link(const TLinks &links)
             }
         }
     }
+}
+
+TScriptStep TCmdYrexArrayedFromSelection::scriptStep() const
+{
+    return fStep;
 }
 
 TCmdYrexArrayedFromSelection::~TCmdYrexArrayedFromSelection()

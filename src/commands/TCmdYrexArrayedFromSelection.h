@@ -25,9 +25,9 @@ public:
 
     /// Items of other types are passed over; without spectra the command is void. `stacked` shows the spectra in rows,
     /// else over each other; `angle` is the skew of rows in degrees. Without `forceNewPage` a single new item goes to
-    /// the document's current page. `progress` may be null.
+    /// the document's current page, or to `current` in its place. `progress` may be null.
     TCmdYrexArrayedFromSelection(const TCanvasItemList &items, TDocument *host, IProgress *progress, bool stacked,
-                                 double angle, bool oneStackPerYUnit, bool forceNewPage);
+                                 double angle, bool oneStackPerYUnit, bool forceNewPage, TPage *current = nullptr);
     ~TCmdYrexArrayedFromSelection() override;
 
     /// New items without a page, which the caller owns, with copies of all spectra. Spectra of several y units make an
@@ -41,12 +41,14 @@ public:
     const QVector<TCanvasYrexSpectrum *> &newItems() const { return fNewItems; }
 
     bool isVoid() const override { return TCommand::isVoid() || fNewItems.isEmpty(); }
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void undoCmd() override;
     void doHistoryCommand() override;
 
 private:
     void showNewItem(TCanvasYrexSpectrum *item, bool stacked);
+    void tell(const TCanvasItemList &items, bool stacked, bool forceNewPage, TPage *current);
     void link(const TLinks &links);
 
     QVector<TCanvasYrexSpectrum *> fNewItems;
@@ -55,5 +57,6 @@ private:
     TDocument *fHost;
     double fAngle;
     bool fOneStackPerYUnit;
+    TScriptStep fStep;
     QVector<QVariantMap> fHistoryMaps;
 };

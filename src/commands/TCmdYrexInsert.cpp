@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "YrexStepWords.h"
 
 TCmdYrexInsert::TCmdYrexInsert(TCanvasYrexSpectrum *item, const TYrexSpectrumList &spectra, int position,
                                int displayMode)
@@ -13,6 +14,18 @@ TCmdYrexInsert::TCmdYrexInsert(TCanvasYrexSpectrum *item, const TYrexSpectrumLis
     if (item)
         item->storeFullState(snapshot);
     setSnapshot(snapshot);
+}
+
+TScriptStep TCmdYrexInsert::scriptStep() const
+{
+    TScriptStep step = insertionStep("insertSpectra");
+    if (fPosition >= 0)
+        step.with("at", fPosition);
+    if (fShownAbove)
+        step.with("above", true);
+    if (!item()->isStacked())
+        step.with("display", YrexStepWords::displayMode(fDisplayMode));
+    return step;
 }
 
 void TCmdYrexInsert::insert()

@@ -17,6 +17,8 @@ public:
     /// (`above`), else under the one behind them.
     void setShownAbove(bool above) { fShownAbove = above; }
 
+    TScriptStep scriptStep() const override;
+
 protected:
     void insert() override;
     void remove() override;

@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "YrexStepWords.h"
 #include "history/THistoryCommand.h"
 
 namespace {
@@ -46,10 +47,37 @@ TCmdYrexItemStateChanged::TCmdYrexItemStateChanged(int kind, const QVariant &val
 {
 }
 
+TCmdYrexItemStateChanged::TCmdYrexItemStateChanged(const QVector<int> &active, const TCanvasItemList &items)
+    : TCmdYrexItemStateChanged(cSetActive, active.value(0), items)
+{
+    fActive = active;
+}
+
+int TCmdYrexItemStateChanged::nextActive(const TCanvasYrexSpectrum &item) const
+{
+    if (fKind == cCycleActive)
+        return item.stack().isEmpty() ? -1 : stepFrom(item);
+    return fActive.isEmpty() ? fValue.toInt()
+                             : fActive.value(items().indexOf(const_cast<TCanvasYrexSpectrum *>(&item)));
+}
+
+TScriptStep TCmdYrexItemStateChanged::scriptStep() const
+{
+    if (fKind == cStackedMode)
+        return TScriptStep("setDisplayMode")
+            .on(items())
+            .with("mode", YrexStepWords::displayMode(knownMode(fValue.toInt())));
+    QVariantList active;
+    for (int i = 0; i < items().size(); ++i)
+        active.append(nextActive(*yrexItemAt(i)));
+    const bool isOne = active.count(active.value(0)) == active.size();
+    return TScriptStep("setActiveSpectrum").on(items()).with("spectrum", isOne ? active.value(0) : QVariant(active));
+}
+
 bool TCmdYrexItemStateChanged::isApplicable(TCanvasYrexSpectrum *item) const
 {
     if (fKind == cSetActive)
-        return item->stack().contains(fValue.toInt());
+        return item->stack().contains(nextActive(*item));
     return fKind == cStackedMode ? item->activeYrexPlot() != nullptr : !item->stack().isEmpty();
 }
 
@@ -105,7 +133,7 @@ void TCmdYrexItemStateChanged::doItem(TCanvasYrexSpectrum *item, int index)
         break;
     case cSetActive:
         fUpdates = mode == activeOnlyMode || mode == overlayMode || mode == groupedMode;
-        setActive(item, index, fValue.toInt());
+        setActive(item, index, nextActive(*item));
         break;
     case cCycleActive:
         fUpdates = item->isStacked();

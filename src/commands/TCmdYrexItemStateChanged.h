@@ -19,6 +19,10 @@ public:
     /// index of a spectrum. Cycling passes over spectra that are deselected or hidden.
     TCmdYrexItemStateChanged(int kind, const QVariant &value, const TCanvasItemList &items);
 
+    /// The index of a spectrum for each item; an item that has none of that index stays as it is.
+    TCmdYrexItemStateChanged(const QVector<int> &active, const TCanvasItemList &items);
+
+    TScriptStep scriptStep() const override;
     bool isViewOnly() const override { return fKind != cStackedMode; }
     void doCmd() override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
@@ -30,10 +34,13 @@ public:
 private:
     void setMode(TCanvasYrexSpectrum *item, int index);
     void setActive(TCanvasYrexSpectrum *item, int index, int active);
+    /// The spectrum that becomes the active one of that item.
+    int nextActive(const TCanvasYrexSpectrum &item) const;
     int stepFrom(const TCanvasYrexSpectrum &item) const;
 
     int fKind;
     QVariant fValue;
+    QVector<int> fActive;          // by item; empty: as the value says
     QVector<QVariant> fOldValues;  // by item: the mode, or the index
     QVector<TPlotSnapshot> fPlots; // by item: a mode brings scales of its own along
     bool fUpdates = false;         // the do step ends with the item's update

@@ -16,13 +16,20 @@ QByteArray bytesOf(const TYrexSpectrumPropertiesBag &bag)
     return bytes;
 }
 
+/// Colours as texts tell them, so that a script comes to the same.
+QVariant plain(const QVariant &value)
+{
+    const QColor color = value.userType() == QMetaType::QColor ? value.value<QColor>() : QColor();
+    return color.isValid() ? QColor::fromRgba(color.rgba()) : value;
+}
+
 /// Of the fields that the bag gives to items.
 QByteArray appliedBytesOf(const TYrexSpectrumPropertiesBag &bag)
 {
     TYrexSpectrumPropertiesBag applied;
     const QVariantMap fields = bag.appliedFields();
     for (auto it = fields.constBegin(); it != fields.constEnd(); ++it)
-        applied.setValue(it.key(), it.value());
+        applied.setValue(it.key(), plain(it.value()));
     return bytesOf(applied);
 }
 
@@ -53,6 +60,22 @@ TCmdYrexPlotProperties::TCmdYrexPlotProperties(const TCanvasItemList &items, con
         old.fillFrom(*canvasItem(entry));
         fOldProps.append(bytesOf(old));
     }
+}
+
+TScriptStep TCmdYrexPlotProperties::scriptStep() const
+{
+    TYrexSpectrumPropertiesBag bag;
+    loadBag(bag, fNewProps);
+    QVariantMap told;
+    for (ICanvasItem *entry : items()) {
+        const QVariantMap old = fieldsOf(*yrexItem(entry));
+        for (auto it = bag.values().constBegin(); it != bag.values().constEnd(); ++it) {
+            const QVariant was = old.value(it.key());
+            if (was.isValid() && was != it.value() && it.value().canConvert(was.userType())) // any other has no effect
+                told.insert(it.key(), it.value());
+        }
+    }
+    return TScriptStep("setPlotProperties").on(items()).with("properties", told);
 }
 
 bool TCmdYrexPlotProperties::isApplicable(TCanvasYrexSpectrum *item) const

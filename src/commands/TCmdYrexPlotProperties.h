@@ -17,6 +17,8 @@ public:
     /// The fields that the bag applies are copied; all others stay as they are.
     TCmdYrexPlotProperties(const TCanvasItemList &items, const TYrexSpectrumPropertiesBag &bag);
 
+    /// Tells what becomes another in any of the items.
+    TScriptStep scriptStep() const override;
     void doCmd() override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;

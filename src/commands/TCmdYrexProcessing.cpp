@@ -4,6 +4,7 @@
 #include "TYrexChainSections.h"
 #include "TYrexProcIds.h"
 #include "TYrexScatter.h"
+#include "YrexChainStep.h"
 #include "history/THistoryCommand.h"
 #include "utils/VariantUtils.h"
 
@@ -98,20 +99,19 @@ void TCmdYrexProcessing::setSpectrumParams(TCanvasYrexSpectrum *, int, TYrexSpec
     fNewParams.storeDefaults();
 }
 
-QVector<TYrexSpectrum *> TCmdYrexProcessing::targetSpectra(TCanvasYrexSpectrum *item)
+QVector<TYrexSpectrum *> TCmdYrexProcessing::targetSpectra(TCanvasYrexSpectrum *item, int index) const
 {
     QVector<TYrexSpectrum *> spectra;
-    fTargets = item->stack().selectedIndices(false, true);
-    for (const int specIndex : qAsConst(fTargets)) {
+    for (const int specIndex : targetsOf(item, index)) {
         if (TYrexSpectrum *spectrum = item->stack().at(specIndex))
             spectra.append(spectrum);
     }
     return spectra;
 }
 
-void TCmdYrexProcessing::runPrepass(TCanvasYrexSpectrum *item, int action, bool isFirst)
+void TCmdYrexProcessing::runPrepass(TCanvasYrexSpectrum *item, int index, int action, bool isFirst)
 {
-    const QVector<TYrexSpectrum *> spectra = targetSpectra(item);
+    const QVector<TYrexSpectrum *> spectra = targetSpectra(item, index);
     if (isFirst) { // no section has run yet that would have reset the data
         for (TYrexSpectrum *spectrum : spectra)
             spectrum->copyOrgDataToData();
@@ -128,15 +128,24 @@ void TCmdYrexProcessing::doItem(TCanvasYrexSpectrum *item, int index)
     const QVector<TYrexChainSection> sections = yrexChainSections(fNewParams.actions());
     for (const TYrexChainSection &section : sections) {
         if (section.fPrepass >= 0)
-            runPrepass(item, section.fPrepass, section.fFrom == 0);
-        targetSpectra(item);
-        for (const int specIndex : qAsConst(fTargets)) {
+            runPrepass(item, index, section.fPrepass, section.fFrom == 0);
+        for (const int specIndex : targetsOf(item, index)) {
             if (TYrexSpectrum *spectrum = item->stack().at(specIndex))
                 applyToRange(item, index, spectrum, specIndex, section.fFrom, section.fTo);
         }
     }
     finishItem(item, index, true);
     item->update();
+}
+
+TScriptStep TCmdYrexProcessing::scriptStep() const
+{
+    TScriptStep step = TScriptStep("process").on(items());
+    const TCanvasYrexSpectrum *item = yrexItemAt(0);
+    const TYrexSpectrum *first = item ? item->stack().at(targetsOf(item, 0).value(0, -1)) : nullptr;
+    YrexChainStep::tell(step, first ? first->procParams().params() : TYrexProcParams(), fNewParams);
+    tellTargets(step);
+    return step;
 }
 
 void TCmdYrexProcessing::doHistoryCommand()

@@ -17,6 +17,8 @@ public:
     void doCmd() override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void setSpectrumParams(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
+    /// The chain is told as a change of that of the first item's first target.
+    TScriptStep scriptStep() const override;
     /// One entry, for the first item: what changed in the chain. None for a chain that is the same.
     void doHistoryCommand() override;
 
@@ -25,12 +27,11 @@ public:
     int pointCount() const { return fPointCount; }
 
 private:
-    void runPrepass(TCanvasYrexSpectrum *item, int action, bool isFirst);
-    QVector<TYrexSpectrum *> targetSpectra(TCanvasYrexSpectrum *item);
+    void runPrepass(TCanvasYrexSpectrum *item, int index, int action, bool isFirst);
+    QVector<TYrexSpectrum *> targetSpectra(TCanvasYrexSpectrum *item, int index) const;
 
     TYrexProcParams fNewParams;
     int fTargetCount = 0;
     int fPointCount = 0;
-    QVector<int> fTargets;      // indices, taken afresh for each section
     TYrexProcParams fOldParams; // of the main item's current spectrum before the do step, for the history
 };

@@ -25,6 +25,11 @@ bool TCmdYrexReplace::isVoid() const
     return TYrexInsertionCommand::isVoid() || !item()->stack().contains(fPosition);
 }
 
+TScriptStep TCmdYrexReplace::scriptStep() const
+{
+    return insertionStep("replaceSpectrum").with("spectrum", fPosition);
+}
+
 void TCmdYrexReplace::insert()
 {
     TYrexStack &stack = item()->stack();

@@ -13,6 +13,7 @@ public:
     ~TCmdYrexReplace() override;
 
     bool isVoid() const override;
+    TScriptStep scriptStep() const override;
 
 protected:
     void insert() override;

@@ -74,6 +74,11 @@ void TCmdYrexSeriesValues::undoItem(TCanvasYrexSpectrum *item, int index)
     item->update();
 }
 
+TScriptStep TCmdYrexSeriesValues::scriptStep() const
+{
+    return TScriptStep("setSeriesValues").on(items()).with("values", TScriptStep::byIndex(fValues));
+}
+
 THistoryCommand *TCmdYrexSeriesValues::makeItemHistory(TCanvasYrexSpectrum *item)
 {
     THistoryCommand *entry = TYrexSpectrumCommand::makeItemHistory(item);

@@ -22,6 +22,7 @@ public:
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isVoid() const override { return TYrexVoidUnlessChanged::isVoid() || fValues.isEmpty(); }
+    TScriptStep scriptStep() const override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:

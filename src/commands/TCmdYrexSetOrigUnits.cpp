@@ -3,6 +3,7 @@
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
+#include "YrexStepTargets.h"
 #include "history/THistoryCommand.h"
 
 TCmdYrexSetOrigUnits::TParamState TCmdYrexSetOrigUnits::paramState(const TYrexSpectrum &spectrum, int id)
@@ -33,6 +34,24 @@ TCmdYrexSetOrigUnits::TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDi
 {
 }
 
+TCmdYrexSetOrigUnits::TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDir axis, int unit,
+                                           const QVector<QVector<int>> &targets)
+    : TCmdYrexSetOrigUnits(items, axis, unit, cGivenSpectra)
+{
+    fGiven = targets;
+}
+
+TScriptStep TCmdYrexSetOrigUnits::scriptStep() const
+{
+    TScriptStep step = TScriptStep("setOriginalUnits").on(items());
+    step.with(fAxis == horzDir ? "x" : "y", yrexUnitScriptName(fUnit));
+    QVector<QVector<int>> indices;
+    for (int i = 0; i < items().size(); ++i)
+        indices.append(targets(*yrexItemAt(i), i));
+    YrexStepTargets::tell(step, items(), indices);
+    return step;
+}
+
 int TCmdYrexSetOrigUnits::origParam() const
 {
     return fAxis == horzDir ? TSpectrumParam::cOrigXUnits : TSpectrumParam::cOrigYUnits;
@@ -43,8 +62,10 @@ int TCmdYrexSetOrigUnits::param() const
     return fAxis == horzDir ? TSpectrumParam::cXUnits : TSpectrumParam::cYUnits;
 }
 
-QVector<int> TCmdYrexSetOrigUnits::targets(const TCanvasYrexSpectrum &item) const
+QVector<int> TCmdYrexSetOrigUnits::targets(const TCanvasYrexSpectrum &item, int index) const
 {
+    if (fTargets == cGivenSpectra)
+        return fGiven.value(index);
     QVector<int> indices;
     if (fTargets == cCurrentSpectrum && item.currentSpectrum())
         indices.append(item.stack().current());
@@ -69,7 +90,7 @@ void TCmdYrexSetOrigUnits::doItem(TCanvasYrexSpectrum *item, int index)
     QVector<TUnits> &old = fOld[index];
     old.clear();
     fPlots[index].capture(item);
-    for (const int specIndex : targets(*item)) {
+    for (const int specIndex : targets(*item, index)) {
         TYrexSpectrum &spectrum = *item->stack().at(specIndex);
         old.append({specIndex, spectrum.origXUnits(), spectrum.origYUnits(), spectrum.xUnits(), spectrum.yUnits(),
                     paramState(spectrum, origParam()), paramState(spectrum, param())});

@@ -17,11 +17,15 @@ class TCmdYrexSetOrigUnits : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 
 public:
     /// Which spectra of an item are meant.
-    enum TTargets { cCurrentSpectrum, cUsedSpectra, cAllSpectra };
+    enum TTargets { cCurrentSpectrum, cUsedSpectra, cAllSpectra, cGivenSpectra };
 
     /// `axis` is the horizontal or the vertical one, `unit` a unit code.
     TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDir axis, int unit, TTargets targets);
 
+    /// The same for spectra by their indices, a list for each item.
+    TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDir axis, int unit, const QVector<QVector<int>> &targets);
+
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
@@ -45,7 +49,7 @@ private:
     static TParamState paramState(const TYrexSpectrum &spectrum, int id);
     static void setParamState(TYrexSpectrum &spectrum, int id, const TParamState &state);
 
-    QVector<int> targets(const TCanvasYrexSpectrum &item) const;
+    QVector<int> targets(const TCanvasYrexSpectrum &item, int index) const;
     int origParam() const;
     int param() const;
     void showUnits(TCanvasYrexSpectrum *item) const;
@@ -53,6 +57,7 @@ private:
     TAxisDir fAxis;
     int fUnit;
     TTargets fTargets;
+    QVector<QVector<int>> fGiven;  // by item
     QVector<QVector<TUnits>> fOld; // by item
     QVector<TPlotSnapshot> fPlots; // by item: the view follows the unit
 };

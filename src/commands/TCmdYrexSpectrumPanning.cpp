@@ -32,6 +32,17 @@ bool TCmdYrexSpectrumPanning::hasMoved() const
     return fKind == cPan && (fDeltaX != 0.0 || fDeltaY != 0.0);
 }
 
+TScriptStep TCmdYrexSpectrumPanning::scriptStep() const
+{
+    TScriptStep step = TScriptStep("moveView").on(items());
+    if (fKind != cPan)
+        return step.with("remember", true);
+    step.with("right", fDeltaX).with("up", fDeltaY);
+    if (fMergeable)
+        step.with("mergeable", true);
+    return step;
+}
+
 bool TCmdYrexSpectrumPanning::isApplicable(TCanvasYrexSpectrum *item) const
 {
     return item->activeYrexPlot();

@@ -22,6 +22,7 @@ public:
     bool hasMoved() const;
 
     bool isViewOnly() const override { return true; }
+    TScriptStep scriptStep() const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     /// Items with a plot.

@@ -16,6 +16,11 @@ TCmdZarnuInsertGroupedSpectrum::TCmdZarnuInsertGroupedSpectrum(TCanvasYrexSpectr
     setSnapshot(snapshot);
 }
 
+TScriptStep TCmdZarnuInsertGroupedSpectrum::scriptStep() const
+{
+    return insertionStep("insertIntoClass").with("className", fClassText);
+}
+
 void TCmdZarnuInsertGroupedSpectrum::insert()
 {
     TYrexStack &stack = item()->stack();

@@ -12,6 +12,8 @@ public:
     TCmdZarnuInsertGroupedSpectrum(TCanvasYrexSpectrum *item, const TYrexSpectrumList &spectra,
                                    const QString &classText);
 
+    TScriptStep scriptStep() const override;
+
 protected:
     void insert() override;
     void remove() override;

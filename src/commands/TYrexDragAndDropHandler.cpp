@@ -164,7 +164,8 @@ void TYrexDragAndDropHandler::dragMoveEvent(QDragMoveEvent *event)
     event->accept();
 }
 
-TCommand *TYrexDragAndDropHandler::command(TCanvasYrexSpectrum *item, const TYrexSpectrumList &clones) const
+TYrexInsertionCommand *TYrexDragAndDropHandler::command(TCanvasYrexSpectrum *item,
+                                                        const TYrexSpectrumList &clones) const
 {
     const int mode = item->activeYrexPlot()->stackedProperties().displayMode();
     if (fDropAction == cInsertion) {
@@ -191,7 +192,10 @@ void TYrexDragAndDropHandler::dropEvent(QDropEvent *event)
         if (source && item && fDropAction != cNoAction)
             clones += YrexGathering::copiesOf(*source);
     }
-    if (item && !clones.isEmpty() && view()->history().push(command(item, clones))) {
+    TYrexInsertionCommand *insertion = item && !clones.isEmpty() ? command(item, clones) : nullptr;
+    if (insertion)
+        insertion->setSources(dragged);
+    if (insertion && view()->history().push(insertion)) {
         view()->selectItem(item, false);
         event->setDropAction(Qt::CopyAction);
         event->accept();

@@ -4,7 +4,7 @@
 #include "ui/TDragAndDropHandler.h"
 
 class TCanvasYrexSpectrum;
-class TCommand;
+class TYrexInsertionCommand;
 
 /// Drags over spectrum items: a drop on the upper third of a spectrum inserts above it, on the lower third below it,
 /// and in the middle it replaces it. A single spectrum has no middle.
@@ -30,7 +30,7 @@ private:
     void aim(const TCanvasYrexSpectrum &item, const QPointF &viewPos);
     QRectF rowRect(const TCanvasYrexSpectrum &item, int row) const;
     int rowAt(const TCanvasYrexSpectrum &item, const QPointF &viewPos) const;
-    TCommand *command(TCanvasYrexSpectrum *item, const TYrexSpectrumList &clones) const;
+    TYrexInsertionCommand *command(TCanvasYrexSpectrum *item, const TYrexSpectrumList &clones) const;
 
     int fDropIndex = 0;
     int fDropAction = cNoAction;

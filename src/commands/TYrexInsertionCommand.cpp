@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "YrexSpectrumBytes.h"
 #include "history/THistoryCommand.h"
 
 TYrexInsertionCommand::TYrexInsertionCommand(const QString &description, TCanvasYrexSpectrum *item,
@@ -16,6 +17,26 @@ TYrexInsertionCommand::~TYrexInsertionCommand()
 {
     if (!isDone())
         qDeleteAll(fSpectra);
+}
+
+void TYrexInsertionCommand::setSources(const TCanvasItemList &items)
+{
+    fSources.clear();
+    for (ICanvasItem *entry : items) {
+        const TCanvasItem *source = canvasItem(entry);
+        if (!source || !source->canvas()) { // one that a drag brings from a file
+            fSources.clear();
+            return;
+        }
+        fSources.append(TScriptStep::item(source));
+    }
+}
+
+TScriptStep TYrexInsertionCommand::insertionStep(const QString &name) const
+{
+    TScriptStep step = TScriptStep(name).on({fItem});
+    return fSources.isEmpty() ? step.with("data", YrexSpectrumBytes::store(fSpectra))
+                              : step.with("from", fSources.size() == 1 ? fSources.first() : QVariant(fSources));
 }
 
 T1DYrexPlot *TYrexInsertionCommand::plot() const

@@ -20,6 +20,8 @@ public:
     ~TYrexInsertionCommand() override;
 
     bool isVoid() const override { return TCommand::isVoid() || !fItem || fSpectra.isEmpty(); }
+    /// The items of the document whose spectra these are copies of; a script step names them in place of the data.
+    void setSources(const TCanvasItemList &items);
     void doCmd() final;
     void undoCmd() final;
     /// One entry on the item; `describe` adds what it tells.
@@ -43,6 +45,8 @@ protected:
     /// Takes them out, each through takeBack.
     virtual void remove() = 0;
     virtual void restoreSnapshot(const QByteArray &snapshot) = 0;
+    /// A step on the item with the spectra, as data or as the items that they come from.
+    TScriptStep insertionStep(const QString &name) const;
     virtual void describe(THistoryCommand &) const {}
     /// How a single spectrum is shown that has become one of several.
     virtual void beginStack() {}
@@ -54,6 +58,7 @@ private:
 
     TCanvasYrexSpectrum *fItem; // not owned
     TYrexSpectrumList fSpectra;
+    QVariantList fSources; // as steps tell items; empty: the spectra come from elsewhere
     QByteArray fSnapshot;
     TPlotSnapshot fPlots;
     TPlotSnapshot fNewPlots; // once done

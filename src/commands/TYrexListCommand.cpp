@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "YrexStepTargets.h"
 
 TYrexListCommand::TYrexListCommand(const QString &description, const TCanvasItemList &items)
     : TYrexCommand(description, items)
@@ -13,12 +14,25 @@ TYrexListCommand::TYrexListCommand(const QString &description, const TCanvasItem
 void TYrexListCommand::doItem(TCanvasYrexSpectrum *item, int index)
 {
     saveItem(item, index);
-    for (const int specIndex : item->stack().selectedIndices(false, true)) {
+    for (const int specIndex : targetsOf(item, index)) {
         if (TYrexSpectrum *spectrum = item->stack().at(specIndex))
             applyToSpectrum(item, index, spectrum, specIndex);
     }
     finishItem(item, index, false);
     item->update();
+}
+
+QVector<int> TYrexListCommand::targetsOf(const TCanvasYrexSpectrum *item, int index) const
+{
+    return fTargets.isEmpty() ? item->stack().selectedIndices(false, true) : fTargets.value(index);
+}
+
+void TYrexListCommand::tellTargets(TScriptStep &step) const
+{
+    QVector<QVector<int>> targets;
+    for (int i = 0; i < items().size(); ++i)
+        targets.append(targetsOf(yrexItemAt(i), i));
+    YrexStepTargets::tell(step, items(), targets);
 }
 
 void TYrexListCommand::undoItem(TCanvasYrexSpectrum *item, int index)

@@ -30,12 +30,22 @@ public:
     virtual void saveItem(TCanvasYrexSpectrum *item, int index);
     virtual void restoreItem(TCanvasYrexSpectrum *item, int index);
 
+    /// The spectra of each item that are meant in place of those in use, by index.
+    void setTargets(const QVector<QVector<int>> &targets) { fTargets = targets; }
+
     /// Within an edit run all commands undo to the same state: it is stored and compressed once.
     void takeFrom(TCommand &predecessor) override;
     /// The bytes of all snapshots, compressed; waits for that.
     qint64 snapshotBytes() const;
 
+protected:
+    /// The spectra of an item that are meant.
+    QVector<int> targetsOf(const TCanvasYrexSpectrum *item, int index) const;
+    /// Adds them to a step, for all items.
+    void tellTargets(TScriptStep &step) const;
+
 private:
+    QVector<QVector<int>> fTargets;                         // by item; empty: those in use
     std::vector<std::shared_ptr<TYrexSnapshot>> fSnapshots; // by item; shared while commands of a run change places
     QVector<TPlotSnapshot> fPlots;                          // by item
     bool fIsTakenOver = false;                              // until the next do step is over

@@ -28,6 +28,16 @@ int TYrexUnitsCommand::shownUnit(const TBasePlot &plot) const
     return fAxis == horzDir ? shown->xUnits() : shown->yUnits();
 }
 
+TScriptStep TYrexUnitsCommand::unitsStep(const QString &name) const
+{
+    TCanvasItemList concerned;
+    for (ICanvasItem *entry : items()) {
+        if (yrexItem(entry))
+            concerned.append(entry);
+    }
+    return TScriptStep(name).on(concerned).with("units", yrexUnitScriptName(fUnit));
+}
+
 bool TYrexUnitsCommand::cmdItemApplicable(TCanvasItem *item) const
 {
     const TCanvasYrexSpectrum *spectrumItem = yrexItem(item);

@@ -25,6 +25,8 @@ public:
     THistoryCommand *itemHistoryCommand(TCanvasItem *item) override;
 
 protected:
+    /// A step on those items that hold spectra.
+    TScriptStep unitsStep(const QString &name) const;
     int unit() const { return fUnit; }
     /// The unit of a plot before the first do step.
     int oldUnit(int itemIndex, int plotIndex) const { return fOldUnits.at(itemIndex).value(plotIndex); }

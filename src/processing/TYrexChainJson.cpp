@@ -319,6 +319,16 @@ QByteArray actionText(const QVariantMap &action, TYrexChainJson::TStyle style)
 
 bool TYrexChainJson::parse(const QByteArray &json, TYrexProcParams &params, QString &error, QStringList &warnings)
 {
+    QVariantList actions;
+    if (!parseActions(json, actions, error, warnings))
+        return false;
+    params.setActions(actions);
+    params.upgrade();
+    return true;
+}
+
+bool TYrexChainJson::parseActions(const QByteArray &json, QVariantList &actions, QString &error, QStringList &warnings)
+{
     QJsonParseError problem;
     const QByteArray text = json.startsWith("\xEF\xBB\xBF") ? json.mid(3) : json; // an editor's byte order mark
     const QJsonDocument document = QJsonDocument::fromJson(text, &problem);
@@ -335,7 +345,7 @@ bool TYrexChainJson::parse(const QByteArray &json, TYrexProcParams &params, QStr
         error = QStringLiteral("%1 actions are too many").arg(array.size());
         return false;
     }
-    QVariantList actions;
+    QVariantList read;
     QStringList found;
     for (int i = 0; i < array.size(); ++i) {
         TActionReader reader(i, found);
@@ -343,10 +353,9 @@ bool TYrexChainJson::parse(const QByteArray &json, TYrexProcParams &params, QStr
             error = reader.error();
             return false;
         }
-        actions.append(reader.map());
+        read.append(reader.map());
     }
-    params.setActions(actions);
-    params.upgrade();
+    actions = read;
     warnings += found;
     return true;
 }

@@ -26,6 +26,9 @@ enum TStyle {
 /// action or option, a value of the wrong type or outside its range.
 bool parse(const QByteArray &json, TYrexProcParams &params, QString &error, QStringList &warnings);
 
+/// The same for the listed actions alone, to which nothing is added.
+bool parseActions(const QByteArray &json, QVariantList &actions, QString &error, QStringList &warnings);
+
 /// One action a line, "yrexProcOpId" and "apply" first, then the keys of the table in its order, then the others.
 /// Numbers read back to the same double; infinities and NaN are the strings "inf", "-inf" and "nan".
 QByteArray toJson(const QVariantList &actions, TStyle style = cIds);

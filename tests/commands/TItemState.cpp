@@ -77,7 +77,18 @@ QByteArray withoutIds(QByteArray bytes, TCanvasYrexSpectrum &item)
         for (int k = 0; k < spectrum.integrals().count(); ++k)
             bytes = withoutId(bytes, spectrum.integrals().at(k)->id, ++number);
     }
+    for (const TBasePlot *plot : item.plots())
+        bytes = withoutId(bytes, plot->id(), ++number);
     return bytes;
+}
+
+TViewHistoryEntry withoutIds(const TViewHistoryEntry &view, const TCanvasYrexSpectrum &item)
+{
+    TViewHistoryEntry numbered;
+    int number = 0;
+    for (const TBasePlot *plot : item.plots())
+        numbered.addPlotData(QUuid::createUuidV5(QUuid(), QString::number(++number)), view.getPlotData(plot->id()));
+    return numbered;
 }
 
 } // namespace
@@ -87,6 +98,8 @@ TItemState::TItemState(TCanvasYrexSpectrum &item, bool withIds)
     , fIds(item.stack().ids())
 {
     item.captureView(fView);
+    if (!withIds)
+        fView = withoutIds(fView, item);
     const IStackedItemCtx &stack = *item.stackedContext();
     fParts.append(QString("active spectrum %1").arg(stack.activeIndex()));
     fParts.append(QString("order %1, visible %2").arg(listed(stack.order()), listed(stack.visibleOrder())));

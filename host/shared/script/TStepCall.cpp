@@ -109,6 +109,11 @@ bool TStepCall::has(const QString &name) const
     return fArguments.isValid() && fArguments.property(name).isValid() && !fArguments.property(name).isUndefined();
 }
 
+bool TStepCall::isList(const QString &name) const
+{
+    return has(name) && fArguments.property(name).isArray();
+}
+
 double TStepCall::number(const QString &name)
 {
     const QScriptValue given = value(name);

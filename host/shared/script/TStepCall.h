@@ -34,6 +34,7 @@ public:
     ICanvasItem *item();
 
     bool has(const QString &name) const;
+    bool isList(const QString &name) const;
     double number(const QString &name);
     double number(const QString &name, double without);
     int integer(const QString &name);

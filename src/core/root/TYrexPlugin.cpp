@@ -207,7 +207,9 @@ TCommand *TYrexPlugin::insertCommand(TCanvasItem *item, const TCanvasItemList &f
     TYrexSpectrumList clones;
     for (ICanvasItem *entry : from)
         clones += YrexGathering::copiesOf(*yrexItem(entry));
-    return new TCmdYrexInsert(target, clones, TCmdYrexInsert::cAtEnd, stackedMode);
+    auto *command = new TCmdYrexInsert(target, clones, TCmdYrexInsert::cAtEnd, stackedMode);
+    command->setSources(from);
+    return command;
 }
 
 TCommand *TYrexPlugin::splitByClassCommand(TCanvasItem *item, TDocument *document)

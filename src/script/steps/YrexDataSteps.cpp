@@ -1,6 +1,120 @@
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdSetYrexSpectrumHorizontalUnits.h"
+#include "TCmdSetYrexSpectrumVerticalUnits.h"
+#include "TCmdYrexArithmeticOp.h"
+#include "TCmdYrexArithmeticSetOrgDataToAbsOrg.h"
+#include "TCmdYrexProcessing.h"
+#include "TCmdYrexSeriesValues.h"
+#include "TCmdYrexSetOrigUnits.h"
+#include "YrexChainStep.h"
+#include "YrexStepArguments.h"
 #include "YrexSteps.h"
+#include "script/TStepCall.h"
+
+namespace {
+
+/// The chain that a call changes: that of the first spectrum that is meant.
+TYrexProcParams chainBefore(const TCanvasItemList &items, const QVector<QVector<int>> &targets)
+{
+    const TCanvasYrexSpectrum *item = items.isEmpty() ? nullptr : yrexItem(items.first());
+    const QVector<int> first = targets.value(0);
+    const TYrexSpectrum *spectrum = item && !first.isEmpty() ? item->stack().at(first.first()) : nullptr;
+    return spectrum ? spectrum->procParams().params() : TYrexProcParams();
+}
+
+TCommand *process(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepArguments::items(call);
+    const QVector<QVector<int>> targets = YrexStepArguments::targets(call, items);
+    TYrexProcParams params = chainBefore(items, targets);
+    QString problem;
+    if (call.has("template")) {
+        if (!YrexChainStep::setTemplate(call.bytes("template"), params, problem))
+            call.fail("template", problem);
+    } else {
+        if (!YrexChainStep::setActions(call.list("actions"), params, problem))
+            call.fail("actions", problem);
+        if (call.has("multipoint") && !YrexChainStep::setMultipoint(call.map("multipoint"), params, problem))
+            call.fail("multipoint", problem);
+    }
+    auto *command = new TCmdYrexProcessing(items, params);
+    command->setTargets(targets);
+    return command;
+}
+
+TCommand *addSpectrum(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepArguments::items(call);
+    const QVector<QVector<int>> targets = YrexStepArguments::targets(call, items);
+    TCanvasYrexSpectrum *reference = yrexItem(call.itemArgument("reference"));
+    if (!reference)
+        call.fail("reference", TStepCall::tr("expected an item with spectra"));
+    const int index = call.has("spectrum") ? call.integer("spectrum") : reference ? reference->stack().current() : 0;
+    if (reference && !reference->stack().contains(index))
+        call.fail("spectrum", TStepCall::tr("there is no spectrum %1").arg(index));
+    auto *command = new TCmdYrexArithmeticOp(items, reference, index, call.number("factor", 1.0));
+    command->setTargets(targets);
+    return command;
+}
+
+TCommand *restoreOriginalData(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepArguments::items(call);
+    auto *command = new TCmdYrexArithmeticSetOrgDataToAbsOrg(items);
+    command->setTargets(YrexStepArguments::targets(call, items));
+    return command;
+}
+
+TCommand *setSeriesValues(TStepCall &call)
+{
+    QMap<int, double> values;
+    const QMap<int, QVariant> given = call.byIndex("values");
+    for (auto it = given.constBegin(); it != given.constEnd(); ++it) {
+        if (it.value().userType() != QMetaType::Double && it.value().userType() != QMetaType::Int)
+            call.fail("values", TStepCall::tr("expected numbers"));
+        values.insert(it.key(), it.value().toDouble());
+    }
+    return new TCmdYrexSeriesValues(YrexStepArguments::items(call), values);
+}
+
+TCommand *setOriginalUnits(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepArguments::items(call);
+    const TAxisDir axis = call.has("x") ? horzDir : vertDir;
+    const int unit = YrexStepArguments::unit(call, axis == horzDir ? "x" : "y", axis);
+    return new TCmdYrexSetOrigUnits(items, axis, unit, YrexStepArguments::targets(call, items));
+}
+
+TCommand *setXUnits(TStepCall &call)
+{
+    const int unit = YrexStepArguments::unit(call, "units", horzDir);
+    return new TCmdSetYrexSpectrumHorizontalUnits(unit, YrexStepArguments::items(call), call.flag("original", false));
+}
+
+TCommand *setYUnits(TStepCall &call)
+{
+    const int unit = YrexStepArguments::unit(call, "units", vertDir);
+    return new TCmdSetYrexSpectrumVerticalUnits(unit, YrexStepArguments::items(call));
+}
+
+} // namespace
 
 QVector<TStepKind> yrexDataSteps()
 {
-    return {};
+    return {
+        {"process", "items, {actions: [{action, ...}], multipoint, spectra, template}",
+         "Runs a processing chain. Actions are given as in chains in JSON, by their labels; what is not listed is "
+         "switched off.",
+         process},
+        {"addSpectrum", "items, {reference, spectrum, factor, spectra}",
+         "Adds a multiple of a reference spectrum; a negative factor subtracts it.", addSpectrum},
+        {"restoreOriginalData", "items, {spectra}", "Takes spectra back to the data that were read.",
+         restoreOriginalData},
+        {"setSeriesValues", "items, {values: {index: value}}", "Sets the values by which a series is ordered.",
+         setSeriesValues},
+        {"setOriginalUnits", "items, {x or y, spectra}",
+         "Says what an axis is where the file did not; no value changes.", setOriginalUnits},
+        {"setXUnits", "items, {units, original}", "Shows the x axis in other units.", setXUnits},
+        {"setYUnits", "items, {units}", "Gives the spectra other y units.", setYUnits},
+    };
 }
