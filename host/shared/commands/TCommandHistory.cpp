@@ -54,6 +54,7 @@ public:
     void take(std::unique_ptr<TCommand> command, const TScriptStep &script)
     {
         fScript.append(script);
+        fNumber = ++fHistory.fPushed;
         if (!command->isViewOnly())
             fStamp = ++fHistory.fLastStamp;
         setText(command->description());
@@ -79,6 +80,7 @@ public:
     int gesture() const { return fGesture; }
     /// 0 for a step that changed views only.
     qint64 stamp() const { return fStamp; }
+    int number() const { return fNumber; }
     TCommand &last() const { return *fCommands.back(); }
     const QVector<TScriptStep> &script() const { return fScript; }
 
@@ -88,6 +90,7 @@ private:
     QVector<TScriptStep> fScript; // one per command
     int fGesture;
     qint64 fStamp = 0;
+    int fNumber = 0;
 };
 
 void TCommandHistory::changed()
@@ -261,6 +264,7 @@ void TCommandHistory::addTo(TStep &step, const QUndoCommand *command)
     if (const auto *entry = dynamic_cast<const TStackEntry *>(command)) {
         step.fEntries += entry->entries();
         step.fScript += entry->script();
+        step.fNumber = qMax(step.fNumber, entry->number());
         step.fIsViewOnly = step.fIsViewOnly && entry->stamp() == 0;
     }
     for (int i = 0; i < command->childCount(); ++i) {

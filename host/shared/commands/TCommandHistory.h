@@ -72,7 +72,10 @@ public:
         QList<THistoryCommand *> fEntries; // not owned; of all commands of a group
         QVector<TScriptStep> fScript;      // one per command, in their order
         bool fIsViewOnly = false;
+        int fNumber = 0; // of its newest command among all that were pushed so far, from 1
     };
+    /// How many commands were pushed so far; undo and redo do not count.
+    int pushedCount() const { return fPushed; }
     /// How many steps are done; those behind can be done again.
     int count() const { return fStack.index(); }
     /// `index` is that of the undo stack.
@@ -97,6 +100,7 @@ private:
     std::function<bool(const TCommand &)> fPushGuard;
     std::function<void()> fChanged; // stands before the stack, whose end calls it no more
     qint64 fLastStamp = 0;
+    int fPushed = 0;
     qint64 fCleanStamp = 0;
     int fEditCount = 0;
     int fGesture = 0;

@@ -163,7 +163,7 @@ void TYrexBoundDrag::appendFollowers(QVector<double> &places) const
     if (fPart == cWhole)
         return;
     const QRectF rect = YrexIntegralGroup::rectOf(fBefore);
-    for (const int index : YrexIntegralGroup::spectraOf(*fItem, fItem->stack().current())) {
+    for (const int index : YrexIntegralGroup::spectraOf(*fItem.get(), fItem->stack().current())) {
         if (index == fItem->stack().current())
             continue;
         for (const TYrexIntegrationRegion *region : fItem->stack().at(index)->integrals()) {
