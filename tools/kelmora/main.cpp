@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QIcon>
 #include <QStandardPaths>
 
 namespace {
@@ -39,6 +40,8 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName("kelmora");
     QCoreApplication::setApplicationVersion(YREX_VERSION);
     QGuiApplication::setApplicationDisplayName("Kelmora");
+    QGuiApplication::setDesktopFileName("kelmora");
+    QApplication::setWindowIcon(QIcon::fromTheme("kelmora", QIcon(":/images/kelmora.svg")));
 
     QCommandLineParser parser;
     parser.setApplicationDescription("A workbench for optical spectroscopy.");

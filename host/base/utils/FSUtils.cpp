@@ -1,5 +1,6 @@
 #include "utils/FSUtils.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
@@ -31,6 +32,12 @@ QVariantMap directoryMD5Sum(const QString &path, bool recursive)
         sums.insert(dir.relativeFilePath(file), md5Sum(file));
     }
     return sums;
+}
+
+QString sharedFolder(const QString &name)
+{
+    const QFileInfo folder(QCoreApplication::applicationDirPath() + "/../share/kelmora/" + name);
+    return folder.isDir() ? folder.canonicalFilePath() : QString();
 }
 
 } // namespace FS

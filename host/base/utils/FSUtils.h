@@ -14,5 +14,9 @@ QByteArray md5Sum(const QString &path);
 /// are not followed and not listed. Empty for what is no directory.
 QVariantMap directoryMD5Sum(const QString &path, bool recursive);
 
+/// A folder that came with the program, such as "samples" or "docs/guide": in share/kelmora of the prefix in which the
+/// running program stands. The build folder has the same shape. Empty when there is none.
+QString sharedFolder(const QString &name);
+
 } // namespace FS
 } // namespace Utils

@@ -21,9 +21,9 @@
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
 #include "utils/CommonUtils.h"
+#include "utils/FSUtils.h"
 #include "widgets/GuiUtils.h"
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileDialog>
@@ -388,17 +388,14 @@ void TFileController::forgetRecent(const QString &path)
 
 QStringList TFileController::samples()
 {
-    const QString program = QCoreApplication::applicationDirPath();
-    // beside an installed program, and in the sources of one that was built there
-    for (const char *place : {"/../share/kelmora/samples", "/../../../samples"}) {
-        const QDir folder(QDir::cleanPath(program + place));
-        QStringList paths;
-        for (const char *name : {"polystyrene.csv", "raman.csv", "dye.csv", "nir.csv"}) {
-            if (folder.exists(name))
-                paths.append(folder.filePath(name));
-        }
-        if (!paths.isEmpty())
-            return paths;
+    const QString place = Utils::FS::sharedFolder("samples");
+    if (place.isEmpty())
+        return {};
+    const QDir folder(place);
+    QStringList paths;
+    for (const char *name : {"polystyrene.csv", "raman.csv", "dye.csv", "nir.csv"}) {
+        if (folder.exists(name))
+            paths.append(folder.filePath(name));
     }
-    return {};
+    return paths;
 }
