@@ -7,5 +7,6 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog ${doc}/changelog.Debian COPYO
 file(GLOB pages ${share}/man/man1/*.1)
 # without names and times, so that the same sources give the same package
 execute_process(COMMAND gzip -9n ${pages} ${doc}/changelog.Debian COMMAND_ERROR_IS_FATAL ANY)
-file(COPY ${CMAKE_CURRENT_LIST_DIR}/kelmora.lintian-overrides DESTINATION ${share}/lintian/overrides)
-file(RENAME ${share}/lintian/overrides/kelmora.lintian-overrides ${share}/lintian/overrides/kelmora)
+# the program shows the guide, so it may not stand among documents, which may be left out; readers look for it there
+file(CREATE_LINK ../../kelmora/docs/guide ${doc}/guide SYMBOLIC)
+file(CREATE_LINK ../../kelmora/samples ${doc}/samples SYMBOLIC)
