@@ -9,7 +9,10 @@ build_packages=(g++ cmake ninja-build ccache pkg-config
   qtbase5-dev qtscript5-dev libqt5svg5-dev
   libopenblas-dev liblapacke-dev
   fontconfig fonts-liberation2 fonts-dejavu-core)
-test_packages=(libgtest-dev libbenchmark-dev)
+# the last five check what an installation says of itself; without them that part is passed over
+test_packages=(libgtest-dev libbenchmark-dev
+  libxml2-utils desktop-file-utils shared-mime-info libglib2.0-bin man-db)
+package_packages=(dpkg-dev file) # of scripts/package.sh only
 compare_packages=(libqcustomplot-dev) # of bench/compare only; scripts/compare.sh installs them
 all_packages=(clang-14 libclang-rt-14-dev libomp-14-dev clang-format-14 clang-tidy-14 git)
 
