@@ -9,6 +9,7 @@
 #include "TShortcuts.h"
 #include "WCommandPalette.h"
 #include "WDocumentView.h"
+#include "WGuide.h"
 #include "WSettingsDialog.h"
 #include "WSettingsPages.h"
 #include "WShortcutsDialog.h"
@@ -18,6 +19,7 @@
 #include "services/TKelmoraHost.h"
 #include "settings/TNumberFormat.h"
 #include "ui/PlotHabits.h"
+#include "utils/FSUtils.h"
 #include "widgets/GuiUtils.h"
 
 #include <QApplication>
@@ -45,6 +47,7 @@ TShellController::TShellController(TKelmoraHost &host, TActionTable &actions, TD
 {
     new TDecimalKeys(this);
     actions.on("commandPalette", [this] { fPalette->open(); });
+    actions.on("guide", [this] { showGuide(); });
     actions.on("keyboard", [this] { showKeyboard(); });
     actions.on("settings", [this] { showSettings(); });
     actions.on("logFolder", [this] { openLogFolder(); });
@@ -133,6 +136,23 @@ void TShellController::keepFitting(const QList<TImportedFile> &files) const
         }
     }
     fActions.scheduleUpdate();
+}
+
+void TShellController::showGuide()
+{
+    if (!fGuide) {
+        const QString folder = Utils::FS::sharedFolder("docs/guide");
+        if (folder.isEmpty()) {
+            Utils::Gui::message(fWindow, QMessageBox::Warning, tr("Guide"), tr("The guide is not installed."));
+            return;
+        }
+        fGuide = new WGuide(folder, fWindow);
+        fGuide->setAttribute(Qt::WA_DeleteOnClose);
+        fGuide->showContents();
+    }
+    fGuide->show();
+    fGuide->raise();
+    fGuide->activateWindow();
 }
 
 void TShellController::openLogFolder()

@@ -11,6 +11,7 @@ class TFileController;
 class TKelmoraHost;
 class TShortcuts;
 class WCommandPalette;
+class WGuide;
 class WSettingsDialog;
 struct TImportedFile;
 
@@ -31,6 +32,8 @@ public:
     WCommandPalette &palette() { return *fPalette; }
     void showSettings();
     void showKeyboard();
+    /// Opens the guide at its contents, or brings it to the front as it stands.
+    void showGuide();
 
 private:
     void openLogFolder();
@@ -47,4 +50,5 @@ private:
     TAutosave *fAutosave = nullptr;
     TShortcuts *fShortcuts;
     WCommandPalette *fPalette;
+    QPointer<WGuide> fGuide;
 };
