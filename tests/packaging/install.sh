@@ -41,6 +41,8 @@ zarnu=$prefix/bin/zarnu
 samples=$share/kelmora/samples
 expect "zarnu --version" clean "$zarnu" --version
 version=$(sed -n 's/^zarnu //p' "$work/out")
+expect "kelmora --version without a display" env -i PATH="$PATH" HOME="$work/home" "$prefix/bin/kelmora" --version
+[ "$(cat "$work/out")" = "kelmora $version" ] || fail "kelmora is of version $(cat "$work/out")"
 expect "zarnu inspect" clean "$zarnu" inspect "$samples/polystyrene.csv"
 expect "zarnu process" clean "$zarnu" process "$samples/polystyrene.csv" --orig-units cm-1:absorbance \
   --chain "$samples/clean-ir.json" -o clean.csv --plot clean.png

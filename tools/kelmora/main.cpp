@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QIcon>
 #include <QStandardPaths>
+#include <algorithm>
 
 namespace {
 
@@ -29,10 +30,21 @@ QString settingsPath()
     return QDir(folder).filePath("kelmora.ini");
 }
 
+/// Help and version are asked for where there is no display as well.
+bool asksForText(int argc, char **argv)
+{
+    const auto isAsking = [](const char *argument) {
+        return QStringList{"-h", "--help", "--help-all", "-v", "--version"}.contains(QString::fromLocal8Bit(argument));
+    };
+    return std::any_of(argv, argv + argc, isAsking);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    if (asksForText(argc, argv))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
