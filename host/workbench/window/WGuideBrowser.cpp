@@ -63,7 +63,7 @@ int WGuideBrowser::textWidth() const
 
 QVariant WGuideBrowser::loadResource(int type, const QUrl &name)
 {
-    const QVariant found = QTextBrowser::loadResource(type, name);
+    QVariant found = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::ImageResource)
         return found;
     const QImage picture = QImage::fromData(found.toByteArray());
