@@ -13,8 +13,9 @@ QScriptValue construct(QScriptContext *, QScriptEngine *engine)
 
 } // namespace
 
-TYrexDPPeakWrapper::TYrexDPPeakWrapper(const TYrexDPLib::TYrexDPPeak &peak)
+TYrexDPPeakWrapper::TYrexDPPeakWrapper(const TYrexDPLib::TYrexDPPeak &peak, double width)
     : TWrapperTemplate(std::make_unique<TYrexDPLib::TYrexDPPeak>(peak))
+    , fWidth(width)
 {
 }
 
@@ -31,11 +32,6 @@ double TYrexDPPeakWrapper::center() const
 double TYrexDPPeakWrapper::intensity() const
 {
     return wrapped()->intensity;
-}
-
-double TYrexDPPeakWrapper::width() const
-{
-    return wrapped()->width;
 }
 
 bool TYrexDPPeakWrapper::isPositive() const

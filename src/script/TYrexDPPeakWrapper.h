@@ -20,15 +20,16 @@ class TYrexDPPeakWrapper : public TWrapperTemplate<TYrexDPLib::TYrexDPPeak>, pro
     Q_PROPERTY(QString id READ id)
 
 public:
-    explicit TYrexDPPeakWrapper(const TYrexDPLib::TYrexDPPeak &peak);
+    /// `width` in the unit of the position.
+    explicit TYrexDPPeakWrapper(const TYrexDPLib::TYrexDPPeak &peak, double width = 0.0);
 
     /// Publishes the class; without arguments its constructor makes a peak at 0.
     static void install(QScriptEngine *engine);
 
     double center() const;
     double intensity() const;
-    /// In points.
-    double width() const;
+    /// Full width at half height over the ground of the peak, as the peaks table shows it; 0 where there is none.
+    double width() const { return fWidth; }
     bool isPositive() const;
     bool isAuto() const;
     QString annotation() const;
@@ -36,4 +37,7 @@ public:
 
 public slots:
     QString toString() const;
+
+private:
+    double fWidth;
 };

@@ -6,7 +6,9 @@
 #include "TCmdYrexItemStateChanged.h"
 #include "TYrexDPPeakWrapper.h"
 #include "TYrexIntegralsWrapper.h"
+#include "TYrexPeakWidth.h"
 #include "TYrexProcessingWrapper.h"
+#include "TYrexUnits.h"
 #include "commands/TCommand.h"
 #include "history/THistoryCommand.h"
 #include "params/TSpectrumParam.h"
@@ -17,6 +19,7 @@
 #include "utils/CommonUtils.h"
 
 #include <QScriptContext>
+#include <cmath>
 
 using namespace Utils::Script;
 
@@ -30,6 +33,21 @@ QScriptValue construct(QScriptContext *context, QScriptEngine *engine)
     if (!item)
         return throwError(context, cWrongType);
     return engine->toScriptValue(new TYrexSpectrumWrapper(item));
+}
+
+/// The full width at half height of the peak with an id, in a unit; 0 where the data have no such peak by now.
+double widthOf(const TYrexSpectrum &spectrum, const QUuid &id, int unit)
+{
+    for (const auto &peak : spectrum.peaks()) {
+        if (peak->id != id)
+            continue;
+        const TYrexPeakWidth::TSpan span = TYrexPeakWidth::measure(spectrum.values(), peak->position, peak->positive);
+        const auto xAt = [&](double place) {
+            return yrexConvertX(spectrum.firstX() + place * spectrum.xStep(), spectrum.origXUnits(), unit);
+        };
+        return span.isValid() ? std::fabs(xAt(span.fRight) - xAt(span.fLeft)) : 0.0;
+    }
+    return 0.0;
 }
 
 } // namespace
@@ -70,11 +88,6 @@ bool TYrexSpectrumWrapper::commit(TCommand *command, const QString &description,
             entry->addChange(param.fName, param.fValue, param.fOldValue);
     }
     return true;
-}
-
-QString TYrexSpectrumWrapper::title() const
-{
-    return titleText();
 }
 
 QString TYrexSpectrumWrapper::comment() const
@@ -184,8 +197,11 @@ QScriptValue TYrexSpectrumWrapper::peaks() const
         return engine()->undefinedValue();
     QScriptValue array = engine()->newArray();
     quint32 index = 0;
-    for (const TYrexDPLib::TYrexDPPeak &peak : data->peaks(unitOfPeaks(), ref().index()))
-        array.setProperty(index++, engine()->toScriptValue(new TYrexDPPeakWrapper(peak)));
+    const int unit = unitOfPeaks();
+    for (const TYrexDPLib::TYrexDPPeak &peak : data->peaks(unit, ref().index())) {
+        const double width = widthOf(*spectrumOf(), peak.id, unit);
+        array.setProperty(index++, engine()->toScriptValue(new TYrexDPPeakWrapper(peak, width)));
+    }
     return array;
 }
 

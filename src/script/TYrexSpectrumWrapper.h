@@ -86,6 +86,28 @@ public slots:
     QScriptValue getParam() const;
     QScriptValue setParam();
 
+    QString toString() const;
+    /// Takes a text: the title of the spectrum.
+    QScriptValue setTitle();
+    /// Takes the names of the x unit and, if wanted, of the y unit: says what the axes of all spectra of the item are.
+    /// No value changes.
+    QScriptValue setUnits();
+    /// The x of all points, in the unit that is shown, or in one given by its name or code.
+    QScriptValue xValues() const;
+    /// The values of all points, as the chain left them.
+    QScriptValue yValues() const;
+    /// Takes an x and, if wanted, its unit: the value there on the straight line between two points. Undefined outside
+    /// of the data.
+    QScriptValue valueAt() const;
+    /// Takes two x in the unit that is shown: the part that the plot shows.
+    QScriptValue showRange();
+    /// Takes the place of a peak in peaks() and a text that stands at its label.
+    QScriptValue setPeakAnnotation();
+    /// How the plot looks: an object from key to value.
+    QScriptValue properties() const;
+    /// Takes an object with some of these keys and new values.
+    QScriptValue setProperties();
+
 private:
     /// Pushes a command under a description, with parameters for its entries; what doScriptHistoryCommand says.
     bool commit(TCommand *command, const QString &description, const QList<THistoryParameter> &params);
@@ -93,6 +115,8 @@ private:
     QScriptValue getSetOrigUnits(bool isX, const QString &units, bool isGet);
     void runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history);
     int unitOfPeaks() const;
+    /// The unit of an argument: that which is shown where it is undefined. False for an unknown one.
+    bool takeXUnit(const QScriptValue &argument, int &unit) const;
 
     int fSpectrumIndex;
 };

@@ -5,8 +5,11 @@
 #include "TCmdYrexInsert.h"
 #include "TCmdYrexSetOrigUnits.h"
 #include "TCmdYrexStandardPeaks.h"
+#include "TYrexChainSections.h"
 #include "TYrexParamsParsers.h"
+#include "TYrexProcIds.h"
 #include "TYrexProcessingWrapper.h"
+#include "TYrexScatter.h"
 #include "TYrexSnapshot.h"
 #include "TYrexSpectrumWrapper.h"
 #include "TYrexUnits.h"
@@ -20,6 +23,8 @@
 #include "stream/TDataStream.h"
 
 #include <QScriptContext>
+#include <algorithm>
+#include <vector>
 
 using namespace Utils::Script;
 
@@ -70,17 +75,78 @@ QList<THistoryParameter> chainHistory(const TYrexProcParams &params)
     return history;
 }
 
+/// What the actions that compare the spectra of a stack leave in one of them.
+class TStackFigures
+{
+public:
+    TStackFigures() = default;
+    explicit TStackFigures(const TYrexSpectrum &spectrum)
+        : fAreThere(true)
+        , fIntercept(spectrum.mscIntercept())
+        , fSlope(spectrum.mscSlope())
+        , fQuotient(spectrum.pqnFactor())
+    {
+    }
+    void give(TYrexSpectrum &spectrum) const
+    {
+        if (!fAreThere)
+            return;
+        spectrum.setMscCoefficients(fIntercept, fSlope);
+        spectrum.setPqnFactor(fQuotient);
+    }
+
+private:
+    bool fAreThere = false;
+    double fIntercept = 0.0;
+    double fSlope = 0.0;
+    double fQuotient = 1.0;
+};
+
+/// The figures of all spectra, from a run on copies of them, since a run of one spectrum alone does not see the others.
+/// Empty for a chain without such actions.
+QVector<TStackFigures> stackFigures(const TYrexSpectrumList &spectra, const TYrexProcParams &params, int last)
+{
+    const QVector<TYrexChainSection> sections = yrexChainSections(params.actions());
+    const auto comparesIn = [last](const TYrexChainSection &one) { return one.fPrepass >= 0 && one.fPrepass <= last; };
+    if (std::none_of(sections.begin(), sections.end(), comparesIn))
+        return {};
+    std::vector<std::unique_ptr<TYrexSpectrum>> copies;
+    QVector<TYrexSpectrum *> targets;
+    for (const TYrexSpectrum *spectrum : spectra) {
+        copies.push_back(spectrum->clone());
+        targets.append(copies.back().get());
+        targets.last()->procParams() = params;
+        targets.last()->copyOrgDataToData();
+    }
+    for (const TYrexChainSection &section : sections) {
+        if (section.fFrom > last)
+            break;
+        if (comparesIn(section) && params.actionId(section.fPrepass) == cProcScatterCorrection)
+            TYrexScatter::mscPrepass(targets);
+        else if (comparesIn(section))
+            TYrexScatter::pqnPrepass(targets, params.action(section.fPrepass));
+        for (TYrexSpectrum *target : qAsConst(targets))
+            target->process(0, section.fFrom, qMin(section.fTo, last));
+    }
+    QVector<TStackFigures> figures;
+    for (const TYrexSpectrum *target : qAsConst(targets))
+        figures.append(TStackFigures(*target));
+    return figures;
+}
+
 } // namespace
 
 /// Each spectrum of the stack becomes the active one in turn, and each run is a step of its own.
 void TYrexSpectrumWrapper::runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history)
 {
     const int active = yrex()->stack().current();
+    const QVector<TStackFigures> figures = stackFigures(yrex()->spectra(), params, last);
     for (int i = 0; i < specCount(); ++i) {
         yrex()->stack().setCurrent(i);
         const TSpectrumState before(TYrexSpectrumRef(yrex(), i));
-        const auto doStep = [target = before.target(), params, last] {
+        const auto doStep = [target = before.target(), params, last, own = figures.value(i)] {
             if (TYrexSpectrum *spectrum = target.spectrum()) {
+                own.give(*spectrum);
                 spectrum->procParams() = params;
                 spectrum->process(0, 0, last);
                 target.refresh();

@@ -67,3 +67,24 @@ TEST_F(ProcessingScript, actionsAreReadAndWrittenAndARunCanEndEarly)
     EXPECT_TRUE(run("p.stopProc = undefined; s.setProcessing(p);"));
     EXPECT_NEAR(value("s.dataPoint(50).y").toDouble(), -1.0, 1e-9);
 }
+
+TEST_F(ProcessingScript, actionsThatCompareSpectraSeeTheWholeStack)
+{
+    writeCsv("b.csv", 3); // the same bands at 1, 2 and 3 times the height
+    open("b.csv");
+    EXPECT_TRUE(run("var p = s.processing(); p.apply('Multiplicative Scatter Correction');"
+                    "p.apply('Smoothing', {sgsmoothingkerlen: 5}); s.setProcessing(p);"))
+        << fError.text().toStdString();
+    const double mean = 2.0;
+    for (const char *one : {"0", "1", "2"})
+        EXPECT_NEAR(value(QByteArray("s.spectra[") + one + "].realMax").toDouble(), mean, 0.05) << one;
+    undo()->undo();
+    undo()->redo();
+    EXPECT_NEAR(value("s.spectra[2].realMax").toDouble(), mean, 0.05) << "a step done again has its figures";
+    EXPECT_TRUE(run("p.setApplyNothing(); p.apply('Probabilistic Quot. Norm.', {normpqnreference: 'Mean Spectrum'});"
+                    "p.actions = p.actions.reverse(); s.setProcessing(p);"))
+        << fError.text().toStdString();
+    EXPECT_NEAR(value("s.spectra[0].realMax / s.spectra[2].realMax").toDouble(), 1.0, 0.05);
+    EXPECT_TRUE(run("p.stopProc = 0; p.setApplyNothing(); s.setProcessing(p);"));
+    EXPECT_NEAR(value("s.spectra[2].realMax / s.spectra[0].realMax").toDouble(), 3.0, 0.1);
+}

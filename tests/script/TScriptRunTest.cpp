@@ -1,5 +1,6 @@
 #include "TScriptFixture.h"
 
+#include <QDir>
 #include <QTimer>
 
 TEST_F(TScriptFixture, errorsTellFileAndLineAndLeaveTheDocumentWhole)
@@ -129,4 +130,15 @@ TEST_F(TScriptFixture, stacksAreMadeAndTakenApart)
     EXPECT_TRUE(run("document.undo(2);"));
     EXPECT_EQ(fHost.document()->items().size(), items);
     EXPECT_EQ(value("a.isValid()"), "false");
+}
+
+TEST_F(TScriptFixture, foldersAndPathsOfTheCommandLine)
+{
+    EXPECT_TRUE(run("makeFolder('new/deep'); makeFolder('new/deep'); writeText('new/deep/a.txt', 'a');"))
+        << fError.text().toStdString();
+    EXPECT_TRUE(QFile::exists(fFolder.filePath("new/deep/a.txt")));
+    EXPECT_EQ(code("makeFolder('new/deep/a.txt')"), 2);
+    EXPECT_EQ(value("workingPath('a.csv')"), QDir::current().absoluteFilePath("a.csv"));
+    EXPECT_EQ(value("workingPath('/a.csv')"), "/a.csv");
+    EXPECT_EQ(code("workingPath()"), 1);
 }

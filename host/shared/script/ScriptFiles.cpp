@@ -108,6 +108,27 @@ QScriptValue fileExists(QScriptContext *context, QScriptEngine *)
     return takePath(context, 1, path, error) ? QScriptValue(QFileInfo::exists(path)) : error;
 }
 
+/// Makes a folder, with those above it; nothing happens where it is there.
+QScriptValue makeFolder(QScriptContext *context, QScriptEngine *engine)
+{
+    QString path;
+    QScriptValue error;
+    if (!takePath(context, 1, path, error))
+        return error;
+    return QDir().mkpath(path) ? engine->undefinedValue() : fileError(context, path, tr("The folder cannot be made."));
+}
+
+/// A path as a user typed it behind the name of the script: relative ones stand in the folder in which the program was
+/// started, not beside the script.
+QScriptValue workingPath(QScriptContext *context, QScriptEngine *)
+{
+    if (context->argumentCount() != 1)
+        return throwError(context, cWrongCount);
+    if (!context->argument(0).isString())
+        return throwError(context, cWrongType);
+    return QDir::current().absoluteFilePath(context->argument(0).toString());
+}
+
 /// The name of a file without its folder and its last ending. More arguments do not matter, so that it can be handed to
 /// map.
 QScriptValue baseName(QScriptContext *context, QScriptEngine *)
@@ -129,8 +150,9 @@ void ScriptFiles::install(QScriptEngine &engine)
         QScriptEngine::FunctionSignature fFunction;
         int fLength;
     } cFunctions[] = {
-        {"readText", readText, 1},   {"writeText", writeText, 2},   {"appendText", appendText, 2},
-        {"listFiles", listFiles, 2}, {"fileExists", fileExists, 1}, {"baseName", baseName, 1},
+        {"readText", readText, 1},     {"writeText", writeText, 2},     {"appendText", appendText, 2},
+        {"listFiles", listFiles, 2},   {"fileExists", fileExists, 1},   {"baseName", baseName, 1},
+        {"makeFolder", makeFolder, 1}, {"workingPath", workingPath, 1},
     };
     for (const auto &one : cFunctions)
         engine.globalObject().setProperty(one.fName, engine.newFunction(one.fFunction, one.fLength));

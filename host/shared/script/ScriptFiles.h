@@ -5,7 +5,7 @@ class QScriptEngine;
 /// Files for scripts. Paths are relative to the folder of the script.
 namespace ScriptFiles {
 
-/// Publishes readText, writeText, appendText, listFiles, fileExists and baseName.
+/// Publishes readText, writeText, appendText, listFiles, fileExists, baseName, makeFolder and workingPath.
 void install(QScriptEngine &engine);
 
 } // namespace ScriptFiles

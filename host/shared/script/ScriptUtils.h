@@ -24,6 +24,10 @@ namespace Script {
 
 enum TErrorCode { cWrongCount = 1, cWrongType = 2, cOutOfRange = 4, cInvalidObject = 5 };
 
+/// What scripts see of an object: its own business, and no way to destroy it before the engine does.
+const QScriptEngine::QObjectWrapOptions cPublished =
+    QScriptEngine::ExcludeDeleteLater | QScriptEngine::ExcludeChildObjects;
+
 /// The property of constructors and prototypes that holds the name of their class.
 extern const char cTypeNameString[];
 
@@ -53,7 +57,7 @@ void registerCustomType(QScriptEngine *engine, const QString &name, QScriptEngin
     qScriptRegisterMetaType<TWrapper *>(
         engine,
         [](QScriptEngine *at, TWrapper *const &wrapper) {
-            return wrapper ? at->newQObject(wrapper, QScriptEngine::ScriptOwnership) : at->undefinedValue();
+            return wrapper ? at->newQObject(wrapper, QScriptEngine::ScriptOwnership, cPublished) : at->undefinedValue();
         },
         [](const QScriptValue &value, TWrapper *&wrapper) { wrapper = qobject_cast<TWrapper *>(value.toQObject()); },
         prototype);

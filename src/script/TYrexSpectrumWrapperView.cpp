@@ -1,0 +1,227 @@
+// What scripts read off a spectrum and how they show it: values, title, the range and the looks of its plot.
+#include "T1DYrexPlot.h"
+#include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexEditPeak.h"
+#include "TCmdYrexSetOrigUnits.h"
+#include "TYrexSpectrumWrapper.h"
+#include "TYrexUnits.h"
+#include "commands/TCmdEditTitle.h"
+#include "commands/TCmdPlotProperties.h"
+#include "commands/TCmdZoomSpectra.h"
+#include "plot/TTypesetter.h"
+#include "properties/TItemProperties.h"
+#include "properties/TPropertiesBag.h"
+#include "script/ScriptUtils.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+using namespace Utils::Script;
+
+/// As the plot shows it, or by the file where the spectrum has no title.
+QString TYrexSpectrumWrapper::title() const
+{
+    if (!yrex())
+        return QString();
+    const bool isOne = fSpectrumIndex >= 0 && fSpectrumIndex < specCount();
+    const QString shown = TTypesetter::plainText(yrex()->spectrumTitle(isOne ? fSpectrumIndex : -1)).simplified();
+    return shown.isEmpty() ? titleText() : shown;
+}
+
+QString TYrexSpectrumWrapper::toString() const
+{
+    return QStringLiteral("Spectrum (%1, points = %2)").arg(title()).arg(count());
+}
+
+QScriptValue TYrexSpectrumWrapper::setTitle()
+{
+    if (argumentCount() != 1)
+        return fail(cWrongCount);
+    if (!argument(0).isString())
+        return fail(cWrongType);
+    if (!isValid())
+        return fail(cInvalidObject);
+    doScriptHistoryCommand(new TCmdEditTitle(item(), ref().index(), argument(0).toString()), context(), 1);
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::setUnits()
+{
+    const int count = argumentCount();
+    if (count < 1 || count > 2)
+        return fail(cWrongCount);
+    if (!isValid())
+        return fail(cInvalidObject);
+    int units[2] = {cUnitArbitrary, cUnitArbitrary};
+    for (int i = 0; i < count; ++i) {
+        if (!argument(i).isString())
+            return fail(cWrongType);
+        const bool isFit = yrexUnitFromScriptName(argument(i).toString(), units[i]) &&
+                           (units[i] == cUnitArbitrary || yrexIsHorizontalUnit(units[i]) == (i == 0));
+        if (!isFit)
+            return fail(cWrongType, tr("This is no unit of the axis: %1").arg(argument(i).toString()));
+    }
+    for (int i = 0; i < count; ++i)
+        doScriptHistoryCommand(
+            new TCmdYrexSetOrigUnits({item()}, i == 0 ? horzDir : vertDir, units[i], TCmdYrexSetOrigUnits::cAllSpectra),
+            context(), 1);
+    return engine()->undefinedValue();
+}
+
+bool TYrexSpectrumWrapper::takeXUnit(const QScriptValue &argument, int &unit) const
+{
+    unit = ref().shownXUnits();
+    if (argument.isNumber())
+        unit = argument.toInt32();
+    else if (!argument.isUndefined())
+        return yrexUnitFromScriptName(argument.toString(), unit) && yrexIsHorizontalUnit(unit);
+    return yrexIsHorizontalUnit(unit);
+}
+
+QScriptValue TYrexSpectrumWrapper::xValues() const
+{
+    int unit = 0;
+    if (argumentCount() > 1)
+        return fail(cWrongCount);
+    if (!takeXUnit(argument(0), unit))
+        return fail(cWrongType);
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!spectrum)
+        return fail(cInvalidObject);
+    QScriptValue array = engine()->newArray(uint(spectrum->pointCount()));
+    for (int i = 0; i < spectrum->pointCount(); ++i) {
+        const double x = spectrum->firstX() + i * spectrum->xStep();
+        array.setProperty(quint32(i), yrexConvertX(x, spectrum->origXUnits(), unit));
+    }
+    return array;
+}
+
+QScriptValue TYrexSpectrumWrapper::yValues() const
+{
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!spectrum)
+        return fail(cInvalidObject);
+    const QVector<double> &values = spectrum->values();
+    QScriptValue array = engine()->newArray(uint(values.size()));
+    for (int i = 0; i < values.size(); ++i)
+        array.setProperty(quint32(i), values.at(i));
+    return array;
+}
+
+QScriptValue TYrexSpectrumWrapper::valueAt() const
+{
+    int unit = 0;
+    if (argumentCount() < 1 || argumentCount() > 2)
+        return fail(cWrongCount);
+    if (!argument(0).isNumber() || !takeXUnit(argument(1), unit))
+        return fail(cWrongType);
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!spectrum)
+        return fail(cInvalidObject);
+    constexpr double cSlack = 1e-9; // an end of the data may come back as a place just outside
+    const QVector<double> &values = spectrum->values();
+    const double place = spectrum->xIndexOf(unit, argument(0).toNumber());
+    if (values.isEmpty() || !(place >= -cSlack && place <= values.size() - 1 + cSlack))
+        return engine()->undefinedValue();
+    const int left = qBound(0, int(std::floor(place)), values.size() - 1);
+    const int right = qMin(left + 1, values.size() - 1);
+    const double share = qBound(0.0, place - left, 1.0);
+    return values.at(left) + share * (values.at(right) - values.at(left));
+}
+
+QScriptValue TYrexSpectrumWrapper::showRange()
+{
+    if (argumentCount() != 2)
+        return fail(cWrongCount);
+    const QScriptValue from = argument(0);
+    const QScriptValue to = argument(1);
+    if (!from.isNumber() || !to.isNumber() || !std::isfinite(from.toNumber()) || !std::isfinite(to.toNumber()))
+        return fail(cWrongType);
+    if (from.toNumber() == to.toNumber())
+        return fail(cOutOfRange);
+    if (!isValid() || !yrex()->activeYrexPlot())
+        return fail(cInvalidObject);
+    const QRectF range(from.toNumber(), 0.0, to.toNumber() - from.toNumber(), 0.0);
+    doScriptHistoryCommand(new TCmdZoomSpectra({item()}, range, TCmdZoomSpectra::cBox), context(), 1);
+    yrex()->activeYrexPlot()->fitToHeight();
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::setPeakAnnotation()
+{
+    if (argumentCount() != 2)
+        return fail(cWrongCount);
+    if (!argument(0).isNumber() || !argument(1).isString())
+        return fail(cWrongType);
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!isValid() || !spectrum)
+        return fail(cInvalidObject);
+    const int place = argument(0).toInt32();
+    if (place < 0 || place >= spectrum->peaks().size())
+        return fail(cOutOfRange);
+    if (ref().index() != yrex()->stack().current()) // the command speaks of the active spectrum
+        return fail(cInvalidObject, tr("The spectrum is not the active one: set curSpecIndex first."));
+    doScriptHistoryCommand(new TCmdYrexEditPeak(place, TCmdYrexEditPeak::cAnnotation, argument(1).toString(), {item()}),
+                           context(), 1);
+    return engine()->undefinedValue();
+}
+
+namespace {
+
+QVariantMap looksOf(TCanvasItem &item, const TPropertiesBag &kind)
+{
+    const std::unique_ptr<TPropertiesBag> bag = kind.create();
+    bag->fillFrom(item);
+    return bag->values();
+}
+
+} // namespace
+
+QScriptValue TYrexSpectrumWrapper::properties() const
+{
+    if (!isValid())
+        return fail(cInvalidObject);
+    QVariantMap all;
+    for (const std::unique_ptr<TPropertiesBag> &kind : item()->properties().bags()) {
+        const QByteArray json = TPropertiesBag::toJson(looksOf(*item(), *kind)).toUtf8();
+        const QVariantMap fields = QJsonDocument::fromJson(json).object().toVariantMap();
+        for (auto it = fields.constBegin(); it != fields.constEnd(); ++it)
+            all.insert(it.key(), it.value());
+    }
+    return engine()->toScriptValue(all);
+}
+
+QScriptValue TYrexSpectrumWrapper::setProperties()
+{
+    if (argumentCount() != 1)
+        return fail(cWrongCount);
+    if (!argument(0).isObject() || argument(0).isArray())
+        return fail(cWrongType);
+    if (!isValid())
+        return fail(cInvalidObject);
+    const QVariantMap wanted = argument(0).toVariant().toMap();
+    const QString json = QString::fromUtf8(QJsonDocument(QJsonObject::fromVariantMap(wanted)).toJson());
+    std::vector<std::unique_ptr<TPropertiesBag>> bags;
+    QSet<QString> unknown;
+    for (auto it = wanted.constBegin(); it != wanted.constEnd(); ++it)
+        unknown.insert(it.key());
+    for (const std::unique_ptr<TPropertiesBag> &kind : item()->properties().bags()) {
+        const QVariantMap fields = TPropertiesBag::fromJson(json, looksOf(*item(), *kind));
+        bags.push_back(kind->create());
+        for (auto it = fields.constBegin(); it != fields.constEnd(); ++it) {
+            bags.back()->setValue(it.key(), it.value());
+            unknown.remove(it.key());
+        }
+    }
+    if (!unknown.isEmpty())
+        return fail(cWrongType, tr("Unknown property, or not its kind of value: %1").arg(*unknown.begin()));
+    for (std::unique_ptr<TPropertiesBag> &bag : bags) {
+        if (!bag->isEmpty())
+            doScriptHistoryCommand(new TCmdPlotProperties({item()}, std::move(bag)), context(), 1);
+    }
+    return engine()->undefinedValue();
+}
