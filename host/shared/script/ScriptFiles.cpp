@@ -126,7 +126,7 @@ QScriptValue workingPath(QScriptContext *context, QScriptEngine *)
         return throwError(context, cWrongCount);
     if (!context->argument(0).isString())
         return throwError(context, cWrongType);
-    return QDir::current().absoluteFilePath(context->argument(0).toString());
+    return QDir::cleanPath(QDir::current().absoluteFilePath(context->argument(0).toString()));
 }
 
 /// The name of a file without its folder and its last ending. More arguments do not matter, so that it can be handed to

@@ -26,7 +26,8 @@ TScriptDocument::TScriptDocument(TScriptRun &run)
 void TScriptDocument::install(QScriptEngine &engine)
 {
     TScriptRun *run = TScriptRun::of(&engine);
-    const QScriptValue object = engine.newQObject(new TScriptDocument(*run), QScriptEngine::ScriptOwnership);
+    const QScriptValue object =
+        engine.newQObject(new TScriptDocument(*run), QScriptEngine::ScriptOwnership, cPublished);
     engine.globalObject().setProperty("document", object, QScriptValue::ReadOnly | QScriptValue::Undeletable);
     ScriptExchange::install(engine);
 }
@@ -51,8 +52,8 @@ QScriptValue TScriptDocument::pages() const
     QScriptValue array = fRun.engine().newArray();
     quint32 count = 0;
     for (TPage *page : document().pages())
-        array.setProperty(count++,
-                          fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership));
+        array.setProperty(
+            count++, fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership, cPublished));
     return array;
 }
 
@@ -105,7 +106,7 @@ QScriptValue TScriptDocument::newPage(const QString &title)
     TPage *page = target.pages().isEmpty() ? nullptr : target.pages().last();
     if (page && !title.isEmpty())
         doScriptHistoryCommand(TCmdPages::renamePage(&target, page, title), context(), 1);
-    return fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership);
+    return fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership, cPublished);
 }
 
 void TScriptDocument::removeItem(const QScriptValue &item)

@@ -2,6 +2,7 @@
 
 #include "log/TLogger.h"
 #include "script/ScriptFiles.h"
+#include "script/ScriptUtils.h"
 #include "script/TCanvasItemWrapper.h"
 #include "script/TScriptDocument.h"
 #include "services/IScriptHost.h"
@@ -73,7 +74,7 @@ void TScriptRun::setArguments(const QStringList &arguments)
 
 QString TScriptRun::absolutePath(const QString &path) const
 {
-    return QDir(fFolder).absoluteFilePath(path);
+    return QDir::cleanPath(QDir(fFolder).absoluteFilePath(path));
 }
 
 bool TScriptRun::runFile(const QString &path, TScriptError &error)
@@ -162,7 +163,8 @@ QScriptValue TScriptRun::wrap(TCanvasItem *item)
         return fEngine.undefinedValue();
     const QScriptValue special = fScripts.wrapItem(fEngine, item);
     return special.isObject() ? special
-                              : fEngine.newQObject(new TCanvasItemWrapper(item), QScriptEngine::ScriptOwnership);
+                              : fEngine.newQObject(new TCanvasItemWrapper(item), QScriptEngine::ScriptOwnership,
+                                                   Utils::Script::cPublished);
 }
 
 void TScriptRun::print(const QString &text)

@@ -7,6 +7,7 @@
 #include "plugin/IPluginCanvasItem.h"
 #include "plugin/IPluginInfo.h"
 #include "script/IScriptObjectFactory.h"
+#include "script/ScriptUtils.h"
 #include "services/TImportDriver.h"
 #include "tables/HostTables.h"
 #include "tables/TCanvasTable.h"
@@ -121,7 +122,8 @@ void TKelmoraHost::installScripts(QScriptEngine &engine)
     for (const auto &factory : fFactories)
         factory->install(&engine);
     for (auto it = fScriptObjects.constBegin(); it != fScriptObjects.constEnd(); ++it)
-        engine.globalObject().setProperty(it.key(), engine.newQObject(it.value().fObject));
+        engine.globalObject().setProperty(
+            it.key(), engine.newQObject(it.value().fObject, QScriptEngine::QtOwnership, Utils::Script::cPublished));
 }
 
 QScriptValue TKelmoraHost::wrapItem(QScriptEngine &engine, TCanvasItem *item)
