@@ -13,7 +13,6 @@
 
 var WIDTH = 84, HEIGHT = 66; // mm: one column
 var DPI = 600;
-var MOST = 8;                // labels that a column has room for
 var NEAR = 6;                // cm-1
 var ASSIGNMENTS = [
     {x: 3026, name: 'ring C\u2013H'}, {x: 2924, name: 'CH_2 antisym.'}, {x: 2850, name: 'CH_2 sym.'},
@@ -33,7 +32,6 @@ function number(text) {
     return value;
 }
 
-// the chain of the figure: picking leaves the highest bands only, so that labels have room
 function chainOf(path) {
     var chain = path ? new ZarnuProcessing(path) : new ZarnuProcessing();
     if (!path)
@@ -53,16 +51,14 @@ else if (args.length > 3)
     item.setUnits(args[3], args.length > 4 ? args[4] : 'arbitrary');
 item.setProcessing(chainOf(isSample ? '../clean-ir.json' : chain === '-' ? '' : workingPath(chain)));
 
-var labels = 0;
-if (isSample) {
-    item.peaks().forEach(function (peak, place) {
-        ASSIGNMENTS.forEach(function (known) {
-            if (Math.abs(peak.center - known.x) <= NEAR) {
-                item.setPeakAnnotation(place, known.name);
-                ++labels;
-            }
-        });
-    });
+function nameOf(peak) {
+    var near = ASSIGNMENTS.filter(function (known) { return Math.abs(peak.center - known.x) <= NEAR; });
+    return near.length > 0 ? near[0].name : '';
+}
+
+if (isSample) { // a column has room for the labels of the main bands
+    item.removePeaks(item.peaks().filter(function (peak) { return nameOf(peak) === ''; }));
+    item.peaks().forEach(function (peak, place) { item.setPeakAnnotation(place, nameOf(peak)); });
 }
 item.setProperties({
     'title.visible': false, 'peaks.decimals': 0, 'curve.pen.color': '#000000', 'curve.pen.width': 2.5,
@@ -76,4 +72,4 @@ else
     exportPicture(item, out + ending, {width: WIDTH, height: HEIGHT, dpi: DPI});
     print(out + ending);
 });
-print(item.peaks().length + ' bands, ' + labels + ' of them named');
+print(item.peaks().length + ' bands are labelled');

@@ -103,6 +103,8 @@ public slots:
     QScriptValue showRange();
     /// Takes the place of a peak in peaks() and a text that stands at its label.
     QScriptValue setPeakAnnotation();
+    /// Takes a ZarnuDPPeak of peaks(), or an array of them: takes these peaks away, as one step.
+    QScriptValue removePeaks();
     /// How the plot looks: an object from key to value.
     QScriptValue properties() const;
     /// Takes an object with some of these keys and new values.
@@ -115,6 +117,8 @@ private:
     QScriptValue getSetOrigUnits(bool isX, const QString &units, bool isGet);
     void runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history);
     int unitOfPeaks() const;
+    /// Commands on peaks speak of the active spectrum: throws for another one. False then.
+    bool isActiveOrThrows() const;
     /// The unit of an argument: that which is shown where it is undefined. False for an unknown one.
     bool takeXUnit(const QScriptValue &argument, int &unit) const;
 

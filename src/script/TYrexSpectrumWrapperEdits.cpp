@@ -410,8 +410,7 @@ QScriptValue TYrexSpectrumWrapper::setParam()
         doScriptHistoryCommand(command.release(), context(), 1);
         return engine()->undefinedValue();
     }
-    commit(command.release(), tr("Set Parameter"),
-           {{tr("Parameter"), name, QVariant(), QString()}, {tr("Value"), value, QVariant(), QString()}});
+    commit(command.release(), tr("Set Parameter"), {}); // the command itself tells parameter and value
     return engine()->undefinedValue();
 }
 

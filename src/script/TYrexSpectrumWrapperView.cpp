@@ -1,8 +1,10 @@
 // What scripts read off a spectrum and how they show it: values, title, the range and the looks of its plot.
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdYrexDeletePeaks.h"
 #include "TCmdYrexEditPeak.h"
 #include "TCmdYrexSetOrigUnits.h"
+#include "TYrexDPPeakWrapper.h"
 #include "TYrexSpectrumWrapper.h"
 #include "TYrexUnits.h"
 #include "commands/TCmdEditTitle.h"
@@ -151,6 +153,14 @@ QScriptValue TYrexSpectrumWrapper::showRange()
     return engine()->undefinedValue();
 }
 
+bool TYrexSpectrumWrapper::isActiveOrThrows() const
+{
+    const bool isActive = ref().index() == yrex()->stack().current();
+    if (!isActive)
+        fail(cInvalidObject, tr("The spectrum is not the active one: set curSpecIndex first."));
+    return isActive;
+}
+
 QScriptValue TYrexSpectrumWrapper::setPeakAnnotation()
 {
     if (argumentCount() != 2)
@@ -163,10 +173,31 @@ QScriptValue TYrexSpectrumWrapper::setPeakAnnotation()
     const int place = argument(0).toInt32();
     if (place < 0 || place >= spectrum->peaks().size())
         return fail(cOutOfRange);
-    if (ref().index() != yrex()->stack().current()) // the command speaks of the active spectrum
-        return fail(cInvalidObject, tr("The spectrum is not the active one: set curSpecIndex first."));
+    if (!isActiveOrThrows())
+        return engine()->undefinedValue();
     doScriptHistoryCommand(new TCmdYrexEditPeak(place, TCmdYrexEditPeak::cAnnotation, argument(1).toString(), {item()}),
                            context(), 1);
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::removePeaks()
+{
+    if (argumentCount() != 1)
+        return fail(cWrongCount);
+    if (!isValid())
+        return fail(cInvalidObject);
+    const bool isArray = argument(0).isArray();
+    const quint32 length = isArray ? argument(0).property("length").toUInt32() : 1;
+    QSet<QUuid> ids;
+    for (quint32 i = 0; i < length; ++i) {
+        const QScriptValue one = isArray ? argument(0).property(i) : argument(0);
+        const auto *peak = qobject_cast<TYrexDPPeakWrapper *>(one.toQObject());
+        if (!peak)
+            return fail(cWrongType);
+        ids.insert(QUuid(peak->id()));
+    }
+    if (isActiveOrThrows())
+        doScriptHistoryCommand(new TCmdYrexDeletePeaks({item()}, ids), context(), 1);
     return engine()->undefinedValue();
 }
 

@@ -86,5 +86,25 @@ TEST_F(SpectrumViewScript, peaksHaveTheWidthOfTheTableAndATextOfTheirOwn)
     EXPECT_EQ(code("s.setPeakAnnotation(0)"), 1);
     undo()->undo();
     EXPECT_EQ(value("s.peaks()[at].annotation"), "");
-    EXPECT_EQ(value("typeof s.deleteLater"), "undefined");
+    EXPECT_EQ(value("typeof s.deleteLater + typeof zarnu.deleteLater + typeof document.deleteLater"),
+              "undefinedundefinedundefined");
+}
+
+TEST_F(SpectrumViewScript, peaksAreTakenAwayInOneStep)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    EXPECT_TRUE(run("var found = s.forceStdPeaks();"));
+    const QByteArray before = bytes();
+    EXPECT_TRUE(run("s.removePeaks(found.slice(1));")) << fError.text().toStdString();
+    EXPECT_EQ(value("s.peaks().length + ' ' + (s.peaks()[0].id == found[0].id)"), "1 true");
+    undo()->undo();
+    EXPECT_EQ(bytes(), before);
+    EXPECT_TRUE(run("s.removePeaks(found[0]);"));
+    EXPECT_EQ(value("found.length - s.peaks().length"), "1");
+    EXPECT_EQ(code("s.removePeaks(5)"), 2);
+    EXPECT_EQ(code("s.removePeaks()"), 1);
+    writeCsv("b.csv", 2);
+    open("b.csv");
+    EXPECT_EQ(code("s.spectra[1].removePeaks([])"), 5) << "not the active one";
 }
