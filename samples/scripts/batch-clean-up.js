@@ -39,7 +39,7 @@ function planOf(path) {
 // opens, cleans and writes one file; what came out of it
 function clean(path, results) {
     var plan = planOf(path);
-    newDocument();
+    document.items.forEach(function (item) { document.removeItem(item); }); // of the file before
     var points = 0, spectra = 0, peaks = 0, lowest = Infinity, highest = -Infinity;
     var items = openFile(path);
     items.forEach(function (item) {
@@ -73,6 +73,7 @@ if (files.length === 0)
     fail('There are no files in ' + folder + '.');
 makeFolder(results);
 
+newDocument();
 var rows = ['file,spectra,points,peaks,lowest,highest,problem'];
 var done = 0;
 files.forEach(function (path) {

@@ -39,7 +39,7 @@ function rowsOf(name, item) {
 }
 
 function prepared(job) {
-    newDocument();
+    document.items.forEach(function (item) { document.removeItem(item); }); // of the file before
     var items = openFile(job.path);
     items.forEach(function (item) {
         if (job.x)
@@ -65,6 +65,7 @@ var jobs = args.length < 5 ? SAMPLES : args.slice(4).map(function (file) {
     return {path: workingPath(file), chain: chain, x: given(2), y: given(3)};
 });
 
+newDocument();
 var rows = ['file,spectrum,number,position,unit,height,width,direction,annotation'];
 var failed = 0;
 jobs.forEach(function (job) {

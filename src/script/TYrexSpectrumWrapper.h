@@ -4,6 +4,7 @@
 #include "script/TCanvasBaseSpectrumWrapper.h"
 
 #include <QList>
+#include <QVector>
 
 class QScriptEngine;
 class TCommand;
@@ -92,6 +93,8 @@ public slots:
     /// Takes the names of the x unit and, if wanted, of the y unit: says what the axes of all spectra of the item are.
     /// No value changes.
     QScriptValue setUnits();
+    /// Takes the name of an x unit in which the plot shows the item.
+    QScriptValue showXUnits();
     /// The x of all points, in the unit that is shown, or in one given by its name or code.
     QScriptValue xValues() const;
     /// The values of all points, as the chain left them.
@@ -119,6 +122,8 @@ private:
     int unitOfPeaks() const;
     /// Commands on peaks speak of the active spectrum: throws for another one. False then.
     bool isActiveOrThrows() const;
+    /// The one or two names of units that were given; throws for others, and is empty then.
+    QVector<int> takeUnitNames() const;
     /// The unit of an argument: that which is shown where it is undefined. False for an unknown one.
     bool takeXUnit(const QScriptValue &argument, int &unit) const;
 

@@ -1,6 +1,7 @@
 // What scripts read off a spectrum and how they show it: values, title, the range and the looks of its plot.
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "TCmdSetYrexSpectrumHorizontalUnits.h"
 #include "TCmdYrexDeletePeaks.h"
 #include "TCmdYrexEditPeak.h"
 #include "TCmdYrexSetOrigUnits.h"
@@ -15,6 +16,7 @@
 #include "properties/TPropertiesBag.h"
 #include "script/ScriptUtils.h"
 
+#include <QColor>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
@@ -51,26 +53,55 @@ QScriptValue TYrexSpectrumWrapper::setTitle()
     return engine()->undefinedValue();
 }
 
+QVector<int> TYrexSpectrumWrapper::takeUnitNames() const
+{
+    QVector<int> units;
+    const int count = argumentCount();
+    if (count < 1 || count > 2) {
+        fail(cWrongCount);
+        return {};
+    }
+    if (!isValid()) {
+        fail(cInvalidObject);
+        return {};
+    }
+    for (int i = 0; i < count; ++i) {
+        int unit = cUnitArbitrary;
+        const bool isFit = argument(i).isString() && yrexUnitFromScriptName(argument(i).toString(), unit) &&
+                           (unit == cUnitArbitrary || yrexIsHorizontalUnit(unit) == (i == 0));
+        if (!isFit) {
+            fail(cWrongType, tr("This is no unit of the axis: %1").arg(argument(i).toString()));
+            return {};
+        }
+        units.append(unit);
+    }
+    return units;
+}
+
 QScriptValue TYrexSpectrumWrapper::setUnits()
 {
-    const int count = argumentCount();
-    if (count < 1 || count > 2)
+    const QVector<int> units = takeUnitNames();
+    for (int i = 0; i < units.size(); ++i)
+        doScriptHistoryCommand(new TCmdYrexSetOrigUnits({item()}, i == 0 ? horzDir : vertDir, units.at(i),
+                                                        TCmdYrexSetOrigUnits::cAllSpectra),
+                               context(), 1);
+    return engine()->undefinedValue();
+}
+
+QScriptValue TYrexSpectrumWrapper::showXUnits()
+{
+    if (argumentCount() != 1)
         return fail(cWrongCount);
-    if (!isValid())
-        return fail(cInvalidObject);
-    int units[2] = {cUnitArbitrary, cUnitArbitrary};
-    for (int i = 0; i < count; ++i) {
-        if (!argument(i).isString())
-            return fail(cWrongType);
-        const bool isFit = yrexUnitFromScriptName(argument(i).toString(), units[i]) &&
-                           (units[i] == cUnitArbitrary || yrexIsHorizontalUnit(units[i]) == (i == 0));
-        if (!isFit)
-            return fail(cWrongType, tr("This is no unit of the axis: %1").arg(argument(i).toString()));
-    }
-    for (int i = 0; i < count; ++i)
-        doScriptHistoryCommand(
-            new TCmdYrexSetOrigUnits({item()}, i == 0 ? horzDir : vertDir, units[i], TCmdYrexSetOrigUnits::cAllSpectra),
-            context(), 1);
+    const QVector<int> units = takeUnitNames();
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (units.isEmpty() || !spectrum)
+        return engine()->undefinedValue();
+    const auto inWavenumbers = [spectrum](double x) {
+        return yrexConvertX(x, spectrum->origXUnits(), cUnitWavenumber);
+    };
+    if (inWavenumbers(spectrum->firstX()) * inWavenumbers(spectrum->lastX()) < 0.0)
+        return fail(cOutOfRange, tr("X units cannot be converted, since zero is within the spectrum."));
+    doScriptHistoryCommand(new TCmdSetYrexSpectrumHorizontalUnits(units.first(), {item()}), context(), 1);
     return engine()->undefinedValue();
 }
 
@@ -210,6 +241,19 @@ QVariantMap looksOf(TCanvasItem &item, const TPropertiesBag &kind)
     return bag->values();
 }
 
+/// Those of the wanted values whose keys are known and that convert to their types.
+QVariantMap fieldsOf(const QVariantMap &wanted, const QVariantMap &known)
+{
+    const QString json = QString::fromUtf8(QJsonDocument(QJsonObject::fromVariantMap(wanted)).toJson());
+    QVariantMap fields = TPropertiesBag::fromJson(json, known);
+    for (auto it = wanted.constBegin(); it != wanted.constEnd(); ++it) {
+        const bool isColor = known.value(it.key()).userType() == QMetaType::QColor;
+        if (isColor && !QColor(it.value().toString()).isValid())
+            fields.remove(it.key()); // a text that is no colour leaves the present one
+    }
+    return fields;
+}
+
 } // namespace
 
 QScriptValue TYrexSpectrumWrapper::properties() const
@@ -235,13 +279,11 @@ QScriptValue TYrexSpectrumWrapper::setProperties()
     if (!isValid())
         return fail(cInvalidObject);
     const QVariantMap wanted = argument(0).toVariant().toMap();
-    const QString json = QString::fromUtf8(QJsonDocument(QJsonObject::fromVariantMap(wanted)).toJson());
+    const QStringList keys = wanted.keys();
+    QSet<QString> unknown(keys.begin(), keys.end());
     std::vector<std::unique_ptr<TPropertiesBag>> bags;
-    QSet<QString> unknown;
-    for (auto it = wanted.constBegin(); it != wanted.constEnd(); ++it)
-        unknown.insert(it.key());
     for (const std::unique_ptr<TPropertiesBag> &kind : item()->properties().bags()) {
-        const QVariantMap fields = TPropertiesBag::fromJson(json, looksOf(*item(), *kind));
+        const QVariantMap fields = fieldsOf(wanted, looksOf(*item(), *kind));
         bags.push_back(kind->create());
         for (auto it = fields.constBegin(); it != fields.constEnd(); ++it) {
             bags.back()->setValue(it.key(), it.value());
@@ -251,8 +293,15 @@ QScriptValue TYrexSpectrumWrapper::setProperties()
     if (!unknown.isEmpty())
         return fail(cWrongType, tr("Unknown property, or not its kind of value: %1").arg(*unknown.begin()));
     for (std::unique_ptr<TPropertiesBag> &bag : bags) {
+        const QVariantMap fields = bag->values();
+        const std::unique_ptr<TPropertiesBag> kind = bag->create();
         if (!bag->isEmpty())
             doScriptHistoryCommand(new TCmdPlotProperties({item()}, std::move(bag)), context(), 1);
+        const QVariantMap now = looksOf(*item(), *kind);
+        for (auto it = fields.constBegin(); it != fields.constEnd(); ++it) {
+            if (it.value().userType() != QMetaType::QVariantMap && now.value(it.key()) != it.value())
+                scriptWarning(context(), tr("This value is out of range and was not taken: %1").arg(it.key()));
+        }
     }
     return engine()->undefinedValue();
 }

@@ -46,8 +46,8 @@ protected:
         file.close();
         TScriptError error;
         EXPECT_TRUE(scripts.runFile(file.fileName(), error)) << error.text().toStdString();
-        EXPECT_EQ(fPrinted, example.expected("->"));
-        EXPECT_EQ(fWarned, example.expected("warns:"));
+        EXPECT_EQ(fPrinted.join('\n').toStdString(), example.expected("->").join('\n').toStdString());
+        EXPECT_EQ(fWarned.join('\n').toStdString(), example.expected("warns:").join('\n').toStdString());
     }
     /// Names that a class shows to scripts; those of every QObject are left out.
     static QStringList namesOf(const QMetaObject &meta)
@@ -119,6 +119,23 @@ TEST_F(DocsScript, everyGlobalHasAnEntryWithAnExample)
             << name.toStdString() << " has no example";
     }
     EXPECT_GT(count, 20);
+}
+
+TEST_F(DocsScript, everyKeyOfTheLooksIsListed)
+{
+    QFile page(QDir(YREX_SCRIPT_DOCS).filePath("looks.md"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    writeCsv("a.csv");
+    open("a.csv");
+    const QStringList keys = value("Object.keys(s.properties()).join()").split(',');
+    EXPECT_GT(keys.size(), 100);
+    for (const QString &key : keys) { // pens, fonts and axes have the same fields, told once
+        QString shown = key;
+        shown.replace(QRegularExpression("^axes\\.(horizontal|vertical)\\."), "axes.horizontal.");
+        shown.replace(QRegularExpression("([pP]en|[fF]ont)\\.([a-z]+)$"), "\\1.*");
+        EXPECT_TRUE(text.contains('`' + shown + '`')) << key.toStdString() << " is not in looks.md";
+    }
 }
 
 TEST_F(DocsScript, linksLeadToPages)

@@ -50,6 +50,23 @@ TEST_F(SpectrumViewScript, valuesAreReadOfAnySpectrum)
     EXPECT_EQ(code("s.setUnits('cm-1', 'nanometers')"), 2);
 }
 
+TEST_F(SpectrumViewScript, anItemIsShownInAnotherUnit)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    EXPECT_TRUE(run("s.setUnits('nanometers', 'absorbance'); var y = s.valueAt(150);"));
+    const QByteArray before = bytes();
+    const int steps = undo()->index();
+    EXPECT_TRUE(run("s.showXUnits('wavenumber');")) << fError.text().toStdString();
+    EXPECT_EQ(undo()->index(), steps + 1);
+    EXPECT_NEAR(value("s.xValues()[50]").toDouble(), 1e7 / 150.0, 1e-6);
+    EXPECT_NEAR(value("s.valueAt(1e7 / 150) - y").toDouble(), 0.0, 1e-9);
+    EXPECT_EQ(code("s.showXUnits('counts')"), 2);
+    EXPECT_EQ(code("s.showXUnits()"), 1);
+    undo()->undo();
+    EXPECT_EQ(bytes(), before);
+}
+
 TEST_F(SpectrumViewScript, looksAreReadAndSetByTheirKeys)
 {
     writeCsv("a.csv");
@@ -62,7 +79,10 @@ TEST_F(SpectrumViewScript, looksAreReadAndSetByTheirKeys)
     EXPECT_EQ(value("s.properties()['title.visible'] + ' ' + s.properties()['curve.pen.color']"), "false #ffcc0000");
     EXPECT_EQ(code("s.setProperties({'no.such': 1, 'title.visible': true})"), 2);
     EXPECT_EQ(value("s.properties()['title.visible']"), "false") << "nothing is set then";
+    EXPECT_EQ(code("s.setProperties({'curve.pen.color': 'no colour'})"), 2);
     EXPECT_EQ(code("s.setProperties(5)"), 2);
+    EXPECT_TRUE(run("s.setProperties({'peaks.decimals': 99});"));
+    EXPECT_EQ(fWarned, QStringList("This value is out of range and was not taken: peaks.decimals"));
     EXPECT_EQ(code("s.showRange(1)"), 1);
     EXPECT_EQ(code("s.showRange(120, 120)"), 4);
     undo()->undo();
