@@ -9,12 +9,16 @@
 #include "TYrexSpectrumWrapper.h"
 #include "TYrexUnits.h"
 #include "commands/TCmdEditTitle.h"
+#include "commands/TCmdFitSpectraIntensityToHeight.h"
 #include "commands/TCmdPlotProperties.h"
 #include "commands/TCmdZoomSpectra.h"
+#include "commands/TCommandHistory.h"
 #include "plot/TTypesetter.h"
 #include "properties/TItemProperties.h"
 #include "properties/TPropertiesBag.h"
 #include "script/ScriptUtils.h"
+#include "script/TScriptRun.h"
+#include "services/IPluginHost.h"
 
 #include <QColor>
 #include <QJsonDocument>
@@ -179,8 +183,11 @@ QScriptValue TYrexSpectrumWrapper::showRange()
     if (!isValid() || !yrex()->activeYrexPlot())
         return fail(cInvalidObject);
     const QRectF range(from.toNumber(), 0.0, to.toNumber() - from.toNumber(), 0.0);
+    TCommandHistory &history = TScriptRun::of(engine())->host().history();
+    history.beginMerged(tr("Zoom"));
     doScriptHistoryCommand(new TCmdZoomSpectra({item()}, range, TCmdZoomSpectra::cBox), context(), 1);
-    yrex()->activeYrexPlot()->fitToHeight();
+    doScriptHistoryCommand(new TCmdFitSpectraIntensityToHeight({item()}), context(), 1);
+    history.endMerged();
     return engine()->undefinedValue();
 }
 

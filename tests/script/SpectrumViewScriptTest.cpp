@@ -89,6 +89,8 @@ TEST_F(SpectrumViewScript, looksAreReadAndSetByTheirKeys)
     EXPECT_EQ(bytes(), before);
     EXPECT_TRUE(run("s.showRange(120, 180);")) << fError.text().toStdString();
     EXPECT_NE(bytes(), before);
+    undo()->undo();
+    EXPECT_EQ(bytes(), before) << "range and height are one step";
     EXPECT_TRUE(run("s.zoom();"));
 }
 
