@@ -1,19 +1,20 @@
-// A figure for a paper: one column wide, with the main bands named.
+// A figure for a paper, one column wide.
 //
 //   zarnu script figure.js [FILE [OUT [CHAIN|- [XUNIT [YUNIT [FROM TO]]]]]]
 //
-//   FILE     the measured file                                  (../polystyrene.csv)
-//   OUT      the name without ending: .pdf, .svg and .png       (figure)
-//   CHAIN    a template (.kzp) or a chain (.json); - for none   (../clean-ir.json)
-//   XUNIT    of a file that does not tell its own               (wavenumber)
-//   YUNIT                                                       (absorbance)
+//   FILE     the measured file
+//   OUT      the name without ending, for .pdf, .svg and .png   (figure)
+//   CHAIN    a template (.kzp) or a chain (.json); - for none
+//   XUNIT    of a file that does not tell its own
+//   YUNIT
 //   FROM TO  the part to show, in XUNIT                         (all of it)
 //
-// The vector files are for the printer, the PNG has 600 dpi. Bands get the names of polystyrene only in its own figure.
+// Without arguments it draws the sample of polystyrene, cleaned and with the names of its main bands. The vector files
+// are for the printer, the PNG has 600 dpi.
 
 var WIDTH = 84, HEIGHT = 66; // mm: one column
 var DPI = 600;
-var NEAR = 6;                // cm-1
+var NEAR = 6; // cm-1
 var ASSIGNMENTS = [
     {x: 3026, name: 'ring C\u2013H'}, {x: 2924, name: 'CH_2 antisym.'}, {x: 2850, name: 'CH_2 sym.'},
     {x: 1601, name: 'ring'}, {x: 1493, name: 'ring'}, {x: 1452, name: 'CH_2 bend'},
