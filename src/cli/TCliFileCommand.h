@@ -43,8 +43,6 @@ protected:
     virtual bool gathers() const { return false; }
 
     const QStringList &inputs() const { return fInputs; }
-    /// The format that was named; empty where none was.
-    const QString &format() const { return fFormat; }
     /// Whether this is a process that works on one input for another one, which has told the warnings already.
     bool isWorker() const { return fIsWorker; }
 

@@ -179,7 +179,7 @@ void TCliProcess::work(TCliInput &input, int index, const TCliEnvironment &envir
 
 void TCliProcess::tellScript(const TCliInput &input, int index, const TCliEnvironment &environment)
 {
-    fScript.begin(input, format());
+    fScript.begin(input);
     fScript.addSteps(environment.fHost.history());
     if (fData.isPlanned())
         fScript.addData(fData, input, index);

@@ -41,27 +41,13 @@ void TCliScriptLog::add(const QString &function, const QVariantList &arguments)
     fSteps.append({QString(), {TScriptStep::function(function, arguments)}});
 }
 
-void TCliScriptLog::begin(const TCliInput &input, const QString &format)
+void TCliScriptLog::begin(const TCliInput &input)
 {
     if (fHasInput)
         add("newDocument", {});
     fHasInput = true;
-    if (!input.fSums.isEmpty()) // gathered from several files by a step of the history
-        return;
-    QVariantList arguments{TScriptStep::path(input.fFile)};
-    if (input.fIsDocument) {
-        add("openDocument", arguments);
-        return;
-    }
-    if (!format.isEmpty())
-        arguments.append(format);
-    add("openFile", arguments);
-    QList<QUuid> made;
-    for (const ICanvasItem *item : input.fItems)
-        made.append(item->uniqueId());
-    TScriptStep &opened = fSteps.last().fCommands.last();
-    opened.setMade(made);
-    opened.setMadeName(QFileInfo(input.fFile).completeBaseName());
+    if (input.fIsDocument) // other files are opened by steps of the history
+        add("openDocument", {TScriptStep::path(input.fFile)});
 }
 
 void TCliScriptLog::addSteps(const TCommandHistory &history)

@@ -18,8 +18,8 @@ public:
     bool plan(const QString &path, bool replaces, const QStringList &inputs, QString &error);
     bool isPlanned() const { return !fPath.isEmpty(); }
 
-    /// An input begins: how its items came into the document. `format` as it was named, empty otherwise.
-    void begin(const TCliInput &input, const QString &format);
+    /// An input begins, in a document of its own.
+    void begin(const TCliInput &input);
     /// The steps of a history, from the first on.
     void addSteps(const TCommandHistory &history);
     /// The data files of an input; what goes to standard output is left out.

@@ -16,13 +16,9 @@ TEST_F(SaveScriptTest, theScriptMakesTheSameFilesAgain)
     writeBand("a.csv", 440);
     writeBand("b.csv", 470);
     write("chain.json", cChain);
-    ASSERT_EQ(run({"process", "a.csv",      "b.csv",  "--orig-units", "Nanometers:Absorbance",
-                   "--chain", "chain.json", "--pick", "420:490",      "--integrate",
-                   "430:450", "-o",         "out",    "--to",         "csv",
-                   "--plot",  "pic",        "--size", "400x300",      "--save-script",
-                   "again.js"}),
-              0)
-        << fErr.join('\n').toStdString();
+    const QString call = "process a.csv b.csv --orig-units nanometers:absorbance --chain chain.json --pick 420:490 "
+                         "--integrate 430:450 -o out/ --to csv --plot pic/ --size 400x300 --save-script again.js";
+    ASSERT_EQ(run(call.split(' ')), 0) << fErr.join('\n').toStdString();
     const QByteArray script = read("again.js");
     EXPECT_FALSE(script.contains("not to be told")) << script.toStdString();
     EXPECT_TRUE(script.contains("openFile(\"a.csv\")")) << "files stand beside the script: " << script.toStdString();
