@@ -35,13 +35,23 @@ TCommand *anyArithmetic(TDice &dice, TItems items)
     return new TCmdYrexArithmeticOp(items, &firstOf(items), dice.real(-2.0, 2.0));
 }
 
+/// As they come from elsewhere: without what only a run of their chain left behind.
+TYrexSpectrumList anySpectra(TDice &dice)
+{
+    TYrexSpectrumList copies;
+    const TYrexSpectrumList spectra = randomSpectra(dice, dice.from(1, 2));
+    for (const TYrexSpectrum *spectrum : spectra)
+        copies.append(spectrum->clone().release());
+    qDeleteAll(spectra);
+    return copies;
+}
+
 TCommand *anyInsertion(TDice &dice, TItems items)
 {
     if (countOf(items) >= cMostSpectra)
         return nullptr;
     const int mode = dice.among<int>({stackedMode, overlayMode, groupedMode, activeOnlyMode});
-    auto *command =
-        new TCmdYrexInsert(&firstOf(items), randomSpectra(dice, dice.from(1, 2)), anyIndex(dice, items), mode);
+    auto *command = new TCmdYrexInsert(&firstOf(items), anySpectra(dice), anyIndex(dice, items), mode);
     command->setShownAbove(dice.oneIn(2));
     return command;
 }
@@ -50,14 +60,14 @@ TCommand *anyReplacement(TDice &dice, TItems items)
 {
     if (countOf(items) >= cMostSpectra)
         return nullptr;
-    return new TCmdYrexReplace(&firstOf(items), randomSpectra(dice, dice.from(1, 2)), anyIndex(dice, items));
+    return new TCmdYrexReplace(&firstOf(items), anySpectra(dice), anyIndex(dice, items));
 }
 
 TCommand *anyGrouping(TDice &dice, TItems items)
 {
     if (countOf(items) >= cMostSpectra)
         return nullptr;
-    return new TCmdZarnuInsertGroupedSpectrum(&firstOf(items), randomSpectra(dice, dice.from(1, 2)),
+    return new TCmdZarnuInsertGroupedSpectrum(&firstOf(items), anySpectra(dice),
                                               dice.among<QString>({"acid", "base", "new", QString()}));
 }
 
