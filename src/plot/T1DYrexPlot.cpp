@@ -211,6 +211,7 @@ void T1DYrexPlot::resetFullScales(IYrexPlotData &plotData, int mask, bool useOri
     }
     if (!(mask & vertDir))
         return;
+    plotData.axisData(1, fYUnits, plotData.currentIndex()); // else the range is that of whatever was drawn last
     const auto range = plotData.axisRange(1, fXUnits, fYUnits);
     // the pair is swapped for transmittance and for flat data; intensities grow upwards unless the axis is reversed
     const double most = qMax(range.first, range.second);
