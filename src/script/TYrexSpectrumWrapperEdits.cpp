@@ -5,6 +5,7 @@
 #include "TCmdYrexInsert.h"
 #include "TCmdYrexSetOrigUnits.h"
 #include "TCmdYrexStandardPeaks.h"
+#include "TYrexChainRules.h"
 #include "TYrexChainSections.h"
 #include "TYrexParamsParsers.h"
 #include "TYrexProcIds.h"
@@ -13,6 +14,7 @@
 #include "TYrexSnapshot.h"
 #include "TYrexSpectrumWrapper.h"
 #include "TYrexUnits.h"
+#include "YrexChainStep.h"
 #include "commands/TCmdStackedItemsDeletion.h"
 #include "commands/TUndoableCommandTemplate.h"
 #include "params/TParamsParser.h"
@@ -134,6 +136,22 @@ QVector<TStackFigures> stackFigures(const TYrexSpectrumList &spectra, const TYre
     return figures;
 }
 
+/// The step that does the same as a run of the chain on that spectrum alone; none for a run that stops within the
+/// chain, and for actions that would look at the other spectra.
+TScriptStep chainStep(TCanvasYrexSpectrum *item, int index, const TYrexProcParams &params, int last)
+{
+    bool isAlone = last >= params.actionCount() - 1;
+    for (int i = 0; i < params.actionCount(); ++i)
+        isAlone = isAlone && !(params.isApplied(i) && TYrexChainRules::needsStack(params.actionId(i)));
+    if (!isAlone)
+        return TScriptStep();
+    TScriptStep step = TScriptStep("process").on({item});
+    YrexChainStep::tell(step, item->stack().at(index)->procParams().params(), params);
+    if (item->stack().count() > 1)
+        step.with("spectra", QVariantList{index});
+    return step;
+}
+
 } // namespace
 
 /// Each spectrum of the stack becomes the active one in turn, and each run is a step of its own.
@@ -153,9 +171,10 @@ void TYrexSpectrumWrapper::runChain(const TYrexProcParams &params, int last, con
             }
         };
         const QString description = tr("Process Zarnu Spectrum, index %1").arg(i);
-        doScriptHistoryCommand(new TUndoableCommandTemplate(
-                                   description, doStep, [before] { before.restore(); }, history, item()),
-                               context(), 1);
+        auto *command = new TUndoableCommandTemplate(
+            description, doStep, [before] { before.restore(); }, history, item());
+        command->setScriptStep(chainStep(yrex(), i, params, last));
+        doScriptHistoryCommand(command, context(), 1);
     }
     yrex()->stack().setCurrent(active);
     yrex()->refreshAxes();
