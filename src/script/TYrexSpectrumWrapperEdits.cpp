@@ -3,6 +3,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexEditOneParam.h"
 #include "TCmdYrexInsert.h"
+#include "TCmdYrexSetClasses.h"
 #include "TCmdYrexSetOrigUnits.h"
 #include "TCmdYrexStandardPeaks.h"
 #include "TYrexChainRules.h"
@@ -292,30 +293,7 @@ QScriptValue TYrexSpectrumWrapper::setStackedClasses()
     const QVariantMap properties = argument(0).property("Properties").toVariant().toMap();
     for (auto it = properties.constBegin(); it != properties.constEnd(); ++it)
         classes.insert(it.key(), TStackedClassProperties::fromVariantMap(it.value().toMap()));
-    const auto before = yrex()->stackedContext()->classes();
-    QVector<TSpectrumState> states; // a class that was never set is not an empty one
-    for (int i = 0; i < specCount(); ++i)
-        states.append(TSpectrumState(TYrexSpectrumRef(yrex(), i)));
-    const TYrexSpectrumRef target = ref();
-    const auto doStep = [target, texts, classes] {
-        if (!target.item())
-            return;
-        for (int i = 0; i < qMin(texts.size(), target.item()->stack().count()); ++i)
-            target.item()->stack().at(i)->setSpectrumClass(texts.at(i));
-        target.item()->stackedContext()->restoreClasses(classes);
-        target.refresh();
-    };
-    const auto undoStep = [target, states, before] {
-        for (const TSpectrumState &state : states)
-            state.restore();
-        if (target.item())
-            target.item()->stackedContext()->restoreClasses(before);
-        target.refresh();
-    };
-    const QList<THistoryParameter> history{
-        {tr("Stacked Classes"), argument(0).toVariant(), QVariant(), texts.join(", ")}};
-    doScriptHistoryCommand(new TUndoableCommandTemplate(tr("Set Stacked Classes"), doStep, undoStep, history, item()),
-                           context(), 1);
+    doScriptHistoryCommand(new TCmdYrexSetClasses(yrex(), texts, classes), context(), 1);
     return engine()->undefinedValue();
 }
 

@@ -97,6 +97,24 @@ TEST_F(SpectrumSteps, aRunOfAChainByAScriptIsTold)
     EXPECT_EQ(told(), QString("steps.process(item1, {actions: [{action: \"Invert Sign\"}]});"));
 }
 
+TEST_F(SpectrumSteps, classesOfAScriptAreTold)
+{
+    writeCsv("b.csv", 2);
+    open("b.csv");
+    const QByteArray before = bytes();
+    EXPECT_TRUE(run("s.setStackedClasses({Classes: ['a', ''], Properties: {a: {Name: 'a', Color: '#ff0000', "
+                    "'Color Mode': 1}}});"))
+        << fError.text().toStdString();
+    EXPECT_EQ(told(), QString("steps.setClasses(item1, {names: [\"a\", \"\"], classes: {a: {color: \"#ffff0000\", "
+                              "colors: \"tints\"}}});"));
+    const QByteArray after = bytes();
+    const QString line = told();
+    undo()->undo();
+    EXPECT_TRUE(bytes() == before);
+    EXPECT_TRUE(run(QString(line).replace("item1", "s").toUtf8())) << fError.text().toStdString();
+    EXPECT_TRUE(bytes() == after);
+}
+
 TEST_F(SpectrumSteps, wrongCallsSayWhatIsWrong)
 {
     writeCsv("b.csv", 2);
@@ -136,6 +154,7 @@ TEST_F(SpectrumSteps, wrongCallsSayWhatIsWrong)
         {"insertIntoClass(s, {from: s})", "\"className\": expected a text"},
         {"stackSpectra(s, {display: 'queued'})", "expected one of stacked, overlay"},
         {"stackSpectra(s, {page: 12})", "there is no such page"},
+        {"setClasses(s, {names: ['a']})", "expected one for each spectrum"},
         {"setSeriesLabel(s, {})", "\"label\": expected a text"}};
     for (const auto &[call, text] : wrong) {
         EXPECT_FALSE(run("steps." + call + ";")) << call.toStdString();

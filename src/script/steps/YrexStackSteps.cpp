@@ -3,6 +3,7 @@
 #include "TCmdYrexArrayedFromSelection.h"
 #include "TCmdYrexInsert.h"
 #include "TCmdYrexReplace.h"
+#include "TCmdYrexSetClasses.h"
 #include "TCmdZarnuInsertGroupedSpectrum.h"
 #include "YrexGathering.h"
 #include "YrexSpectrumBytes.h"
@@ -84,6 +85,19 @@ TCommand *setSeriesLabel(TStepCall &call)
     return new TCmdEditYrexArrayedData(YrexStepArguments::items(call), values);
 }
 
+TCommand *setClasses(TStepCall &call)
+{
+    TCanvasYrexSpectrum *item = YrexStepArguments::item(call);
+    const QVariantList given = call.list("names");
+    QStringList names;
+    for (const QVariant &name : given)
+        names.append(name.toString());
+    if (item && names.size() != item->stack().count())
+        call.fail("names", TStepCall::tr("expected one for each spectrum"));
+    const auto classes = TCmdYrexSetClasses::fromTold(call.has("classes") ? call.map("classes") : QVariantMap());
+    return new TCmdYrexSetClasses(item, names, classes);
+}
+
 } // namespace
 
 QVector<TStepKind> yrexStackSteps()
@@ -97,6 +111,8 @@ QVector<TStepKind> yrexStackSteps()
          insertIntoClass},
         {"stackSpectra", "items, {display, angle, onePerYUnits, newPage, page}",
          "Makes a new stack of copies of all spectra of items.", stackSpectra},
+        {"setClasses", "item, {names, classes: {name: {color, colors}}}",
+         "Gives each spectrum its class, and the classes their colours.", setClasses},
         {"setSeriesLabel", "items, {label}", "Says what orders a series of spectra.", setSeriesLabel},
     };
 }

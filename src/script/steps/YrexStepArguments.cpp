@@ -38,8 +38,8 @@ QVariantList everyIndex(const TCanvasYrexSpectrum &item)
 
 TCanvasItemList YrexStepArguments::items(TStepCall &call)
 {
-    const TCanvasItemList all = call.items();
-    for (ICanvasItem *entry : all) {
+    TCanvasItemList all = call.items();
+    for (ICanvasItem *entry : qAsConst(all)) {
         if (yrexItem(entry))
             continue;
         call.fail(TStepCall::tr("items"), TStepCall::tr("expected items with spectra"));
