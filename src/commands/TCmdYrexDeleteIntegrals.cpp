@@ -48,16 +48,20 @@ TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, c
     , fMatches(TCanvasItemsCommand::items().size())
     , fBySpectrum(TCanvasItemsCommand::items().size())
 {
+    QVector<int> found;
     for (int i = 0; i < fBySpectrum.size(); ++i) {
         const TYrexSpectrum *spectrum = fPlaces.spectrum(yrexItemAt(i));
         QVector<QRectF> rects;
         for (const int region : regions) {
-            if (spectrum && region >= 0 && region < spectrum->integrals().count())
-                rects.append(YrexIntegralGroup::rectOf(*spectrum->integrals().at(region)));
+            if (!spectrum || region < 0 || region >= spectrum->integrals().count())
+                continue;
+            if (!found.contains(region))
+                found.append(region);
+            rects.append(YrexIntegralGroup::rectOf(*spectrum->integrals().at(region)));
         }
         findRegions(*yrexItemAt(i), i, rects, true);
     }
-    const QVariant told = YrexStepValues::byItem({regions});
+    const QVariant told = YrexStepValues::byItem({found});
     setScript(TScriptStep("deleteIntegrals").on(TCanvasItemsCommand::items()).with("integrals", told));
 }
 

@@ -18,9 +18,9 @@ public:
     /// units of the item when the drag began; one without height does nothing.
     TCmdYrexIntegralCurveMove(const TCanvasItemList &items, bool topEdge, double delta, const QRectF &rect);
 
-    /// The places where it left things, since the area on the screen is no part of a document.
-    TScriptStep scriptStep() const override { return TYrexIntegralBand::scriptStep(items()); }
-    void completeScriptStep(TScriptStep &step) const override { step = TYrexIntegralBand::scriptStep(items()); }
+    /// Tells the places where it left things, since the area on the screen is no part of a document.
+    TScriptStep scriptStep() const override { return TYrexIntegralBand::scriptStep(items(), fOldSettings); }
+    void completeScriptStep(TScriptStep &step) const override { step = scriptStep(); }
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override;

@@ -22,9 +22,9 @@ public:
     /// Gives the plots of the items these bands, one for each. `element` is what it is called by.
     TCmdYrexIntegralElementMove(const TCanvasItemList &items, int element, const QVector<TYrexIntegralBand> &bands);
 
-    /// The places where it left things, since the area on the screen is no part of a document.
-    TScriptStep scriptStep() const override { return TYrexIntegralBand::scriptStep(items()); }
-    void completeScriptStep(TScriptStep &step) const override { step = TYrexIntegralBand::scriptStep(items()); }
+    /// Tells the places where it left things, since the area on the screen is no part of a document.
+    TScriptStep scriptStep() const override { return TYrexIntegralBand::scriptStep(items(), fOld); }
+    void completeScriptStep(TScriptStep &step) const override { step = scriptStep(); }
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     bool isApplicable(TCanvasYrexSpectrum *item) const override;

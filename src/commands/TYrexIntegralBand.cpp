@@ -29,18 +29,24 @@ bool TYrexIntegralBand::giveTo(T1DYrexPlot &plot) const
     return range || margin || height;
 }
 
-TScriptStep TYrexIntegralBand::scriptStep(const TCanvasItemList &items)
+TScriptStep TYrexIntegralBand::scriptStep(const TCanvasItemList &items, const QVector<TYrexIntegralBand> &before)
 {
     TCanvasItemList shown;
     QVariantList bands;
-    for (ICanvasItem *item : items) {
-        T1DYrexPlot *plot = yrexItem(item)->activeYrexPlot();
+    for (int i = 0; i < items.size(); ++i) {
+        T1DYrexPlot *plot = yrexItem(items.at(i))->activeYrexPlot();
         if (!plot)
             continue;
-        const TYrexIntegralBand band = of(*plot);
-        shown.append(item);
-        bands.append(QVariantMap{
-            {"labels", band.fRangeMargin}, {"curves", band.fCurveMargin}, {"curveHeight", band.fCurveMaxHeight}});
+        const TYrexIntegralBand now = of(*plot);
+        QVariantMap told;
+        if (now.fRangeMargin != before.at(i).fRangeMargin)
+            told.insert("labels", now.fRangeMargin);
+        if (now.fCurveMargin != before.at(i).fCurveMargin)
+            told.insert("curves", now.fCurveMargin);
+        if (now.fCurveMaxHeight != before.at(i).fCurveMaxHeight)
+            told.insert("curveHeight", now.fCurveMaxHeight);
+        shown.append(items.at(i));
+        bands.append(told);
     }
     return TScriptStep("placeIntegrals").on(shown).with("bands", bands);
 }

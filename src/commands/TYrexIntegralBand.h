@@ -17,6 +17,7 @@ struct TYrexIntegralBand
     static TYrexIntegralBand of(T1DYrexPlot &plot);
     /// Gives the places to a plot, held within the area. Whether that changed any.
     bool giveTo(T1DYrexPlot &plot) const;
-    /// The step that brings the plots of items to the bands that they have now; items without a plot are left out.
-    static TScriptStep scriptStep(const TCanvasItemList &items);
+    /// The step that brings the plots of items from the bands that they had to those that they have now; items without
+    /// a plot are left out.
+    static TScriptStep scriptStep(const TCanvasItemList &items, const QVector<TYrexIntegralBand> &before);
 };

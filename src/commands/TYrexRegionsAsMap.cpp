@@ -2,6 +2,7 @@
 
 #include "TYrexIntegrationRegions.h"
 #include "TYrexSpectrum.h"
+#include "TYrexStepValues.h"
 
 #include <QCoreApplication>
 
@@ -45,27 +46,18 @@ QVariantMap toldRegion(const TYrexIntegrationRegion &region, const TYrexSpectrum
     return map;
 }
 
-bool isNumber(const QVariant &value)
-{
-    return value.userType() == QMetaType::Double || value.userType() == QMetaType::Int;
-}
-
 /// False where there is a value that is no number.
 bool readNumber(const QVariantMap &map, const char *name, double &number)
 {
-    const QVariant value = map.value(name, number);
-    number = value.toDouble();
-    return isNumber(value);
+    return !map.contains(name) || YrexStepValues::readNumber(map.value(name), number);
 }
 
 bool readMode(const QVariant &given, qint32 &mode)
 {
     if (!given.isValid())
         return true;
-    if (isNumber(given)) {
-        mode = qint8(qBound(-128.0, given.toDouble(), 127.0)); // as it is stored; NaN is a bound
-        return true;
-    }
+    if (YrexStepValues::readWhole(given, mode))
+        return mode == qint8(mode); // as it is stored
     mode = given.toString() == cAutomatic ? TYrexIntegrationRegion::cAutomatic : TYrexIntegrationRegion::cManual;
     return given.toString() == cAutomatic || given.toString() == cManual;
 }

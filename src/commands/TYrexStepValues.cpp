@@ -5,6 +5,8 @@
 #include "TYrexUnits.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace {
 
@@ -23,6 +25,23 @@ QVariant YrexStepValues::unit(int code)
     const QString name = yrexUnitScriptName(code);
     int found = -1;
     return yrexUnitFromScriptName(name, found) && found == code ? QVariant(name) : QVariant(code);
+}
+
+bool YrexStepValues::readNumber(const QVariant &value, double &number)
+{
+    if (value.userType() != QMetaType::Double && value.userType() != QMetaType::Int)
+        return false;
+    number = value.toDouble();
+    return true;
+}
+
+bool YrexStepValues::readWhole(const QVariant &value, int &number)
+{
+    double given = 0.0;
+    if (!readNumber(value, given) || given != std::floor(given) || std::abs(given) > std::numeric_limits<int>::max())
+        return false;
+    number = int(given);
+    return true;
 }
 
 QVariant YrexStepValues::byItem(const QVector<QVector<int>> &lists)

@@ -13,6 +13,10 @@ namespace YrexStepValues {
 
 /// The script name of a unit; the code itself where no name leads back to it.
 QVariant unit(int code);
+/// Reads a number of a script; false, with `number` untouched, for anything else.
+bool readNumber(const QVariant &value, double &number);
+/// Reads a whole number.
+bool readWhole(const QVariant &value, int &number);
 /// Lists of numbers by item: one list where all are the same, else a list for each item.
 QVariant byItem(const QVector<QVector<int>> &lists);
 /// Adds "spectrum", the spectra that the places name, unless no item has a choice.

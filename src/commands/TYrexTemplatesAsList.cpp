@@ -1,6 +1,7 @@
 #include "TYrexTemplatesAsList.h"
 
 #include "TYrexParamEdit.h"
+#include "TYrexStepValues.h"
 #include "params/TSpectrumParamsTemplate.h"
 
 #include <QCoreApplication>
@@ -41,28 +42,55 @@ QVariantMap toldEntry(const TSpectrumParam &entry)
     return map;
 }
 
-/// A text that is there is never a null one.
-QString textOf(const QVariantMap &map, const char *name)
+bool readText(const QVariantMap &map, const char *name, QString &text)
 {
-    const QString text = map.value(name).toString();
-    return map.contains(name) && text.isNull() ? QString("") : text;
+    if (!map.contains(name))
+        return true; // null
+    text = map.value(name).toString();
+    if (text.isNull())
+        text = QString("");
+    return map.value(name).userType() == QMetaType::QString;
+}
+
+bool readWhole(const QVariantMap &map, const char *name, int &number)
+{
+    return !map.contains(name) || YrexStepValues::readWhole(map.value(name), number);
+}
+
+bool readFlag(const QVariantMap &map, const char *name, bool &flag)
+{
+    flag = map.value(name, flag).toBool();
+    return map.value(name, flag).userType() == QMetaType::Bool;
 }
 
 QString readEntry(const QVariantMap &map, TSpectrumParamsTemplate &templates)
 {
+    const QStringList known{cParameter, cExpression, cSource, cDimension, cVisible, cPrecision, cReadOnly};
     for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
-        const QStringList known{cParameter, cExpression, cSource, cDimension, cVisible, cPrecision, cReadOnly};
         if (!known.contains(it.key()))
             return tr("\"%1\" is no part of a template").arg(it.key());
     }
     const int id = YrexParamEdit::idOfName(map.value(cParameter).toString());
     if (id == 0)
         return tr("\"%1\" is no parameter").arg(map.value(cParameter).toString());
-    const QString expression = textOf(map, cExpression);
-    TSpectrumParam entry(id, expression, textOf(map, cSource), map.value(cDimension, cAllDimensions).toInt());
-    entry.setVisible(map.value(cVisible, entry.isVisible()).toBool());
-    entry.setPrecision(map.value(cPrecision, entry.precision()).toInt());
-    entry.setReadOnly(map.value(cReadOnly, entry.isReadOnly()).toBool());
+    QString expression;
+    QString source;
+    int dimension = cAllDimensions;
+    if (!readText(map, cExpression, expression) || !readText(map, cSource, source))
+        return tr("expression and source are texts");
+    if (!readWhole(map, cDimension, dimension) || dimension < cAllDimensions ||
+        dimension >= TSpectrumParam::cMaxDimensions)
+        return tr("dimension is -1 for all or a number from 0");
+    TSpectrumParam entry(id, expression, source, dimension);
+    int precision = entry.precision();
+    bool isVisible = entry.isVisible();
+    bool isReadOnly = entry.isReadOnly();
+    if (!readWhole(map, cPrecision, precision) || !readFlag(map, cVisible, isVisible) ||
+        !readFlag(map, cReadOnly, isReadOnly))
+        return tr("precision is a whole number, visible and readOnly are true or false");
+    entry.setVisible(isVisible);
+    entry.setPrecision(precision);
+    entry.setReadOnly(isReadOnly);
     templates.set(entry);
     return QString();
 }

@@ -8,12 +8,13 @@
 #include "TCmdYrexIntegralNormalize.h"
 #include "TCmdYrexManualIntegration.h"
 #include "TYrexRegionsAsMap.h"
+#include "TYrexStepValues.h"
 #include "TYrexUnits.h"
 #include "YrexStepReading.h"
 #include "YrexSteps.h"
 #include "script/TStepCall.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace {
 
@@ -33,12 +34,28 @@ TCommand *integrate(TStepCall &call)
     return YrexStepReading::withSpectra(call, items, command);
 }
 
+/// An error where none of the items has an integral at that place of its list.
+void checkIntegral(TStepCall &call, const QString &argument, int integral, const TCanvasItemList &items,
+                   const TYrexSpectrumPlaces &places)
+{
+    const bool isThere = std::any_of(items.begin(), items.end(), [&](ICanvasItem *item) {
+        const TYrexSpectrum *spectrum = places.spectrum(yrexItem(item));
+        return spectrum && integral >= 0 && integral < spectrum->integrals().count();
+    });
+    if (!isThere)
+        call.fail(argument, TStepCall::tr("there is no such integral"));
+}
+
 TCommand *deleteIntegrals(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepReading::items(call);
     const TYrexSpectrumPlaces places = YrexStepReading::places(call, items);
-    if (call.has("integrals"))
-        return new TCmdYrexDeleteIntegrals(items, call.integers("integrals"), places);
+    if (call.has("integrals")) {
+        const QVector<int> integrals = call.integers("integrals");
+        for (const int integral : integrals)
+            checkIntegral(call, "integrals", integral, items, places);
+        return new TCmdYrexDeleteIntegrals(items, integrals, places);
+    }
     if (!call.has("from") && !call.has("to"))
         return new TCmdYrexDeleteIntegrals(items, places);
     const int unit = YrexStepReading::unit(call, "xUnits", shownUnit(items));
@@ -59,7 +76,7 @@ const TYrexIntegrationRegion *integralOf(TStepCall &call, const TCanvasItemList 
 
 TCommand *moveIntegralBound(TStepCall &call)
 {
-    const TCanvasItemList items = YrexStepReading::items(call);
+    const TCanvasItemList items = YrexStepReading::oneItem(call);
     const TYrexSpectrumPlaces places = YrexStepReading::places(call, items);
     const TYrexIntegrationRegion *integral = integralOf(call, items, places);
     const QString bound = call.text("bound");
@@ -87,9 +104,7 @@ TCommand *setIntegralBounds(TStepCall &call)
 
 TCommand *setIntegrals(TStepCall &call)
 {
-    const TCanvasItemList items = YrexStepReading::items(call);
-    if (items.size() > 1)
-        call.fail(TStepCall::tr("items"), TStepCall::tr("expected one item"));
+    const TCanvasItemList items = YrexStepReading::oneItem(call);
     const QMap<int, QVariant> told = call.byIndex("spectra");
     if (items.isEmpty())
         return nullptr;
@@ -115,7 +130,9 @@ TCommand *normalizeIntegrals(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepReading::items(call);
     const TYrexSpectrumPlaces places = YrexStepReading::places(call, items);
-    return new TCmdYrexIntegralNormalize(items, call.integer("reference"), call.number("value", 0.0), places);
+    const int reference = call.integer("reference");
+    checkIntegral(call, "reference", reference, items, places);
+    return new TCmdYrexIntegralNormalize(items, reference, call.number("value", 0.0), places);
 }
 
 /// What users call the change from the plot's present band.
@@ -129,9 +146,7 @@ int elementOf(const TYrexIntegralBand &before, const TYrexIntegralBand &after)
 
 bool readFraction(const QVariantMap &map, const char *name, double &fraction)
 {
-    const QVariant given = map.value(name, fraction);
-    fraction = given.toDouble();
-    return given.userType() == QMetaType::Double || given.userType() == QMetaType::Int;
+    return !map.contains(name) || YrexStepValues::readNumber(map.value(name), fraction);
 }
 
 TCommand *placeIntegrals(TStepCall &call)

@@ -33,8 +33,12 @@ TCommand *setParameters(TStepCall &call)
     const TCanvasItemList items = YrexStepReading::items(call);
     const QVariantMap given = call.map("values");
     QMap<int, QString> values;
-    for (auto it = given.constBegin(); it != given.constEnd(); ++it)
+    for (auto it = given.constBegin(); it != given.constEnd(); ++it) {
+        if (it.value().userType() != QMetaType::QString && it.value().userType() != QMetaType::Double &&
+            it.value().userType() != QMetaType::Int)
+            call.fail("values", TStepCall::tr("expected texts"));
         values.insert(parameterOf(call, "values", it.key()), it.value().toString());
+    }
     return YrexStepReading::withSpectra(call, items, new TCmdYrexEditParameters(items, values));
 }
 

@@ -8,10 +8,13 @@
 #include "YrexSteps.h"
 #include "script/TStepCall.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace {
+
+constexpr double cFarthestPoint = 1e9; // places are whole numbers at times
 
 TCommand *deletePeaks(TStepCall &call)
 {
@@ -36,7 +39,14 @@ TCommand *annotatePeak(TStepCall &call)
     const TCanvasItemList items = YrexStepReading::items(call);
     const TYrexSpectrumPlaces places = YrexStepReading::places(call, items);
     const QString text = YrexStepReading::text(call, "text");
-    return new TCmdYrexEditPeak(call.integer("peak"), TCmdYrexEditPeak::cAnnotation, text, items, places);
+    const int peak = call.integer("peak");
+    const bool isThere = std::any_of(items.begin(), items.end(), [&](ICanvasItem *item) {
+        const TYrexSpectrum *spectrum = places.spectrum(yrexItem(item));
+        return spectrum && peak >= 0 && peak < spectrum->peaks().size();
+    });
+    if (!isThere)
+        call.fail("peak", TStepCall::tr("there is no such peak"));
+    return new TCmdYrexEditPeak(peak, TCmdYrexEditPeak::cAnnotation, text, items, places);
 }
 
 /// Picks in a range, or only deletes there.
@@ -51,9 +61,7 @@ TCommand *pick(TStepCall &call, bool deleteOnly)
 
 TCommand *addPeak(TStepCall &call)
 {
-    const TCanvasItemList items = YrexStepReading::items(call);
-    if (items.size() > 1)
-        call.fail(TStepCall::tr("items"), TStepCall::tr("expected one item"));
+    const TCanvasItemList items = YrexStepReading::oneItem(call);
     TYrexDPLib::TYrexDPPeak peak;
     peak.position = call.number("point");
     peak.width = call.number("width", peak.width);
@@ -61,13 +69,11 @@ TCommand *addPeak(TStepCall &call)
     peak.annotation = YrexStepReading::text(call, "annotation");
     const TYrexSpectrumPlaces places = YrexStepReading::places(call, items);
     const TYrexSpectrum *spectrum = items.isEmpty() ? nullptr : places.spectrum(yrexItem(items.first()));
-    if (!std::isfinite(peak.position))
-        call.fail("point", TStepCall::tr("expected a finite number"));
-    const double last = spectrum ? spectrum->pointCount() - 1 : 0.0;
-    const double height = spectrum && std::isfinite(peak.position)
-                              ? spectrum->values().value(int(qBound(0.0, peak.position, last)))
-                              : 0.0;
-    peak.intensity = call.number("height", height);
+    if (!(std::abs(peak.position) <= cFarthestPoint))
+        call.fail("point", TStepCall::tr("expected the number of a point"));
+    else if (spectrum)
+        peak.intensity = spectrum->values().value(int(peak.position));
+    peak.intensity = call.number("height", peak.intensity);
     return new TCmdYrexPeakByPeak(items, peak, TCmdYrexPeakByPeak::cAdd, false, places);
 }
 

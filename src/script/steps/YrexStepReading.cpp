@@ -2,24 +2,13 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexSpectrumListCommand.h"
+#include "TYrexStepValues.h"
 #include "TYrexUnits.h"
 #include "script/TStepCall.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace {
-
-bool wholeNumber(const QVariant &value, int &number)
-{
-    const double given = value.toDouble();
-    const bool isNumber = value.userType() == QMetaType::Double || value.userType() == QMetaType::Int;
-    if (!isNumber || given != std::floor(given) || std::abs(given) > std::numeric_limits<int>::max())
-        return false;
-    number = int(given);
-    return true;
-}
 
 bool isList(const QVariant &value)
 {
@@ -31,7 +20,7 @@ QVector<int> wholeNumbers(TStepCall &call, const QString &name, const QVariant &
     QVector<int> numbers;
     for (const QVariant &entry : list.toList()) {
         int number = 0;
-        if (!wholeNumber(entry, number))
+        if (!YrexStepValues::readWhole(entry, number))
             call.fail(name, TStepCall::tr("expected whole numbers"));
         numbers.append(number);
     }
@@ -54,11 +43,19 @@ TCanvasItemList YrexStepReading::items(TStepCall &call)
     return {};
 }
 
+TCanvasItemList YrexStepReading::oneItem(TStepCall &call)
+{
+    const TCanvasItemList items = YrexStepReading::items(call);
+    if (items.size() > 1)
+        call.fail(TStepCall::tr("items"), TStepCall::tr("expected one item"));
+    return items.isEmpty() ? TCanvasItemList() : TCanvasItemList{items.first()};
+}
+
 int YrexStepReading::unit(TStepCall &call, const QString &name, int without)
 {
     int code = without;
     const QVariant given = call.any(name);
-    if (call.has(name) && !yrexUnitFromScriptName(given.toString(), code) && !wholeNumber(given, code))
+    if (call.has(name) && !yrexUnitFromScriptName(given.toString(), code) && !YrexStepValues::readWhole(given, code))
         call.fail(name, TStepCall::tr("expected the name of a unit"));
     return code;
 }
@@ -91,7 +88,7 @@ TYrexSpectrumPlaces YrexStepReading::places(TStepCall &call, const TCanvasItemLi
     if (isList(given) && given.toList().size() != items.size())
         call.fail("spectrum", TStepCall::tr("expected one for each item"));
     for (int i = 0; i < items.size(); ++i) {
-        const bool isIndex = wholeNumber(isList(given) ? given.toList().value(i) : given, indices[i]);
+        const bool isIndex = YrexStepValues::readWhole(isList(given) ? given.toList().value(i) : given, indices[i]);
         const bool isNone = isIndex && indices.at(i) == -1 && yrexItem(items.at(i))->stack().count() == 0;
         if (!isIndex || !(isNone || hasSpectrum(items.at(i), indices.at(i))))
             call.fail("spectrum", TStepCall::tr("there is no such spectrum"));
@@ -109,6 +106,8 @@ TYrexSpectrumListCommand *YrexStepReading::withSpectra(TStepCall &call, const TC
         for (const int index : spectra.at(i)) {
             if (!hasSpectrum(items.at(i), index))
                 call.fail("spectra", TStepCall::tr("there is no such spectrum"));
+            if (spectra.at(i).count(index) > 1)
+                call.fail("spectra", TStepCall::tr("a spectrum is named twice"));
         }
     }
     command->setSpectra(spectra);

@@ -14,6 +14,8 @@ namespace YrexStepReading {
 
 /// The items of the call, which are all of this module; empty with an error.
 TCanvasItemList items(TStepCall &call);
+/// The only one of them; more are an error.
+TCanvasItemList oneItem(TStepCall &call);
 /// The code of a unit, by script name or number; `without` when it is not given.
 int unit(TStepCall &call, const QString &name, int without);
 /// A text; a null one, which documents keep apart from an empty one, when it is not given.
