@@ -1,8 +1,12 @@
 // Peaks, integrals and parameters as steps: what scripts did is told again, and calls by hand are read or refused.
 #include "../commands/TItemState.h"
+#include "T1DYrexPlot.h"
 #include "TScriptFixture.h"
 #include "YrexSteps.h"
 #include "script/TScriptWriter.h"
+
+#include <QImage>
+#include <QPainter>
 
 namespace {
 
@@ -130,6 +134,9 @@ TEST_F(MarkSteps, nothingMakesThemCrash)
             "  try { steps.%1(i % 9 ? s : [s, s], given); } catch (e) {} }";
         EXPECT_TRUE(run(loop.arg(kind.fName, QString(kind.fArguments).remove('\'')).toUtf8()))
             << kind.fName.toStdString() << fError.text().toStdString();
+        QImage image(120, 90, QImage::Format_ARGB32);
+        QPainter painter(&image);
+        item()->activeYrexPlot()->draw(painter, QRectF(0, 0, 1200, 900));
         undoAll();
     }
 }
