@@ -73,11 +73,6 @@ TCommand *anyPeakByPeak(TDice &dice, TItems items)
     const bool deletes = dice.oneIn(2);
     if (deletes && peaks.count() > 0)
         peak.position = peaks.at(dice.below(peaks.count()))->position;
-    peak.positive = dice.oneIn(2);
-    if (dice.oneIn(2)) {
-        peak.annotation = dice.oneIn(2) ? "seen \"there\"" : "";
-        peak.width = dice.real(0.1, 9.0);
-    }
     return new TCmdYrexPeakByPeak(items, peak, deletes ? 1 : 0, dice.oneIn(2));
 }
 
