@@ -13,10 +13,14 @@
 #include "canvas/TDocument.h"
 #include "canvas/TItemFragment.h"
 #include "canvas/TPage.h"
+#include "commands/TCmdCreateItem.h"
 #include "commands/TCmdDeleteItems.h"
+#include "commands/TCmdEditRegions.h"
 #include "commands/TCmdItemOrder.h"
+#include "commands/TCmdItemsToPage.h"
 #include "commands/TCmdPages.h"
 #include "commands/TCmdPasteItems.h"
+#include "contexts/IDARegionsItem.h"
 
 namespace {
 
@@ -92,6 +96,53 @@ TCommand *anyPaste(TDice &dice, TItems items, TDocument &document)
     return new TCmdPasteItems(TItemFragment::store({items.at(dice.below(items.size()))}), document.currentPage());
 }
 
+TPage *anyPage(TDice &dice, const TDocument &document)
+{
+    return document.pages().at(dice.below(document.pages().size()));
+}
+
+/// A copy, or one that lost some spectra on the way.
+TCommand *anyCopy(TDice &dice, TItems items, TDocument &document)
+{
+    if (isFull(document))
+        return nullptr;
+    const TCanvasItemList sources{items.at(dice.below(items.size()))};
+    TCanvasItem *copy = TItemFragment::load(TItemFragment::store(sources)).first();
+    QByteArray left;
+    if (dice.oneIn(2) && copy->stackedContext()->count() > 1)
+        copy->stackedContext()->take(0, left);
+    if (dice.oneIn(2))
+        copy->setRect(QRectF(dice.real(0, 500), 200, 800, 600));
+    TPage *page = dice.oneIn(2) ? anyPage(dice, document) : nullptr;
+    return new TCmdCreateItem(TCmdCreateItem::cOther, {copy}, &document, page, {},
+                              dice.oneIn(2) ? TCmdCreateItem::cLaidOut : 0);
+}
+
+TCommand *anyMoveToPage(TDice &dice, TItems items, TDocument &document)
+{
+    const QVector<QRectF> rects(items.size(), QRectF(dice.real(0, 500), 100, 700, 500));
+    return new TCmdItemsToPage(items, anyPage(dice, document), rects);
+}
+
+TCommand *anyRegions(TDice &dice, TItems items)
+{
+    QVector<TDARegion> regions = firstOf(items).regionsItem()->daRegions();
+    if (!regions.isEmpty() && dice.oneIn(3))
+        regions.remove(dice.below(regions.size()));
+    else if (!regions.isEmpty() && dice.oneIn(2))
+        regions[dice.below(regions.size())].to = dice.real(500.0, 4000.0);
+    TDARegion added;
+    added.id = QUuid::createUuidV5(QUuid(), QString::number(dice.seed()));
+    added.name = QString("R\"%1").arg(dice.below(5));
+    added.kind = dice.oneIn(2) ? TDARegion::cSum : TDARegion::cHighestPeak;
+    added.from = dice.real(500.0, 4000.0);
+    added.to = dice.real(500.0, 4000.0);
+    if (dice.oneIn(2))
+        added.color = QColor::fromHsv(dice.below(360), 200, 200);
+    regions.append(added);
+    return new TCmdEditRegions(&firstOf(items), regions);
+}
+
 TCommand *anyPages(TDice &dice, TItems, TDocument &document)
 {
     const int count = document.pages().size();
@@ -136,5 +187,8 @@ QVector<TCommandMaker> stackMakers()
                                       dice.oneIn(2) ? TCmdItemOrder::cToFront : TCmdItemOrder::cToBack);
          }},
         {"pages", anyPages},
+        {"copy", anyCopy},
+        {"to page", anyMoveToPage},
+        {"regions", anyRegions},
     };
 }

@@ -35,8 +35,10 @@ bool areCopies(const TCanvasItemList &items, const TCanvasItemList &sources, con
 {
     const QList<TCanvasItem *> copies = ItemsStep::copies(sources, rects);
     bool isEqual = copies.size() == items.size();
-    for (int i = 0; isEqual && i < copies.size(); ++i)
+    for (int i = 0; isEqual && i < copies.size(); ++i) {
+        copies.at(i)->setUniqueId(items.at(i)->uniqueId());
         isEqual = storedBytes(*copies.at(i)) == storedBytes(*canvasItem(items.at(i)));
+    }
     qDeleteAll(copies);
     return isEqual;
 }

@@ -41,6 +41,8 @@ public:
     QVariant option(const QString &key) const;
     void setOption(const QString &key, const QVariant &value);
 
+    /// All fields, as they are stored.
+    const QVariantMap &fields() const { return fFields; }
     /// Fields that are not known here go through unchanged.
     void store(TDataStream &stream) const;
     void load(TDataStream &stream);

@@ -221,12 +221,14 @@ TCommand *TYrexPlugin::splitByClassCommand(TCanvasItem *item, TDocument *documen
     if (groups.size() < 2)
         return nullptr;
     auto *list = new TCmdList(tr("Split by Class"));
+    list->setScriptStep(TScriptStep("splitByClass").on({item}));
     for (const TYrexStack::TGroup &group : groups) {
         TYrexSpectrumList clones;
         for (const TYrexSpectrum *spectrum : group.second)
             clones.append(YrexGathering::copyOf(*spectrum));
         auto *part = new TCanvasYrexSpectrum(clones, nullptr, this);
-        list->append(new TCmdCreateItem(TCmdCreateItem::cOther, {part}, document, nullptr, source->provenance(), 0));
+        list->append(new TCmdCreateItem(TCmdCreateItem::cOther, {part}, document, nullptr, source->provenance(),
+                                        TCmdCreateItem::cOnNewPage));
     }
     return list;
 }

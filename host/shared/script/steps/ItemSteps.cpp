@@ -11,6 +11,7 @@
 #include "commands/TCmdItemsToPage.h"
 #include "commands/TCmdList.h"
 #include "commands/TCmdMoveItem.h"
+#include "commands/TCmdPlaceTable.h"
 #include "contexts/IDARegionsItem.h"
 #include "exchange/TFileStacks.h"
 #include "exchange/TScratchImport.h"
@@ -18,6 +19,7 @@
 #include "script/steps/HostSteps.h"
 #include "services/IPluginHost.h"
 #include "services/IScriptHost.h"
+#include "tables/TCanvasTable.h"
 #include "utils/CommonUtils.h"
 
 namespace {
@@ -106,6 +108,16 @@ TCommand *openAsStack(TStepCall &call)
     return list;
 }
 
+TCommand *placeTable(TStepCall &call)
+{
+    TCanvasItem *source = canvasItem(call.item());
+    const QVariantMap fields = call.map("table");
+    const QRectF rect = call.rect("rect");
+    if (!source || !source->canvas())
+        return nullptr;
+    return new TCmdPlaceTable(TCmdPlaceTable::table(*source, fields, rect), source->canvas());
+}
+
 TCommand *setTitle(TStepCall &call)
 {
     TCanvasItem *item = canvasItem(call.item());
@@ -174,6 +186,8 @@ QVector<TStepKind> itemSteps()
          "Opens files as one stacked item, on the last page if that is empty, else on a new one.", openAsStack},
         {"deleteItems", "items", "Takes items off their pages.",
          [](TStepCall &call) { return new TCmdDeleteItems(call.items()); }},
+        {"placeTable", "item, {table: {table, columns, sort, filter, decimals, fontSize}, rect}",
+         "Puts a table of an item on its page, in units of 0.1 mm.", placeTable},
         {"bringToFront", "items", "Brings items to the front of their pages.",
          [](TStepCall &call) { return order(call, TCmdItemOrder::cToFront); }},
         {"sendToBack", "items", "Sends items to the back of their pages.",

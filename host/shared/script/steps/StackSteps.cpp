@@ -1,3 +1,4 @@
+#include "canvas/TCanvasItem.h"
 #include "commands/ScriptWords.h"
 #include "commands/TCmdChangeSpectraIntensity.h"
 #include "commands/TCmdEditSpectrumClass.h"
@@ -5,8 +6,11 @@
 #include "commands/TCmdSpectraColors.h"
 #include "commands/TCmdStackedItemsArrange.h"
 #include "commands/TCmdStackedItemsDeletion.h"
+#include "plugin/IPluginStacking.h"
 #include "script/TStepCall.h"
 #include "script/steps/HostSteps.h"
+#include "services/IPluginHost.h"
+#include "services/IScriptHost.h"
 
 namespace {
 
@@ -53,6 +57,17 @@ TCommand *setColors(TStepCall &call)
     return new TCmdSpectraColors(items, colors);
 }
 
+TCommand *splitByClass(TStepCall &call)
+{
+    TCanvasItem *item = canvasItem(call.item());
+    for (QObject *plugin : call.host().scripts()->plugins()) {
+        auto *stacking = qobject_cast<IPluginStacking *>(plugin);
+        if (TCommand *command = stacking && item ? stacking->splitByClassCommand(item, &call.document()) : nullptr)
+            return command;
+    }
+    return nullptr;
+}
+
 TCommand *setFactors(TStepCall &call)
 {
     const TCanvasItemList items = call.items();
@@ -80,6 +95,7 @@ QVector<TStepKind> stackSteps()
          "Files spectra under a class, with the colours and the line of its members; without a name takes it away.",
          setClass},
         {"setColors", "items, {colors: [color]}", "Gives each spectrum a colour.", setColors},
+        {"splitByClass", "item", "Makes a new item of each class of a stack's spectra, on new pages.", splitByClass},
         {"setFactors", "items, {factors: {index: factor}}", "Draws spectra of a stack higher by factors.", setFactors},
         {"setOffsets", "items, {offsets: {index: offset}}",
          "Draws spectra of a stack higher by offsets in the vertical unit.", setOffsets},
