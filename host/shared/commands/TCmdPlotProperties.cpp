@@ -6,6 +6,8 @@
 #include "history/THistoryCommand.h"
 #include "properties/TPropertiesBag.h"
 
+#include <algorithm>
+
 namespace {
 
 QVariantMap fieldsOf(const TPropertiesBag &kind, const TCanvasItem &item)
@@ -77,5 +79,16 @@ THistoryCommand *TCmdPlotProperties::itemHistoryCommand(TCanvasItem *item)
 
 TScriptStep TCmdPlotProperties::scriptStep() const
 {
-    return TScriptStep("setProperties").on(items()).with("properties", fBag->appliedFields());
+    QVariantMap fields = fBag ? fBag->appliedFields() : QVariantMap();
+    const auto isIt = [this](ICanvasItem *item) { return item && cmdItemApplicable(canvasItem(item)); };
+    const auto first = std::find_if(items().begin(), items().end(), isIt);
+    if (first == items().end())
+        return TScriptStep();
+    const QVariantMap known = fieldsOf(*fBag, *canvasItem(*first));
+    for (auto it = fields.begin(); it != fields.end();) {
+        QVariant value = it.value();
+        const bool isField = known.contains(it.key()) && value.convert(known.value(it.key()).userType());
+        it = isField ? it + 1 : fields.erase(it); // others set nothing
+    }
+    return TScriptStep("setProperties").on(items()).with("properties", fields);
 }
