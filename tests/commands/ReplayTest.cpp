@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int cTries = 60; // of each command alone; some makers find nothing to do at times
-constexpr int cSequences = 1000;
+constexpr int cTries = 6; // of each command alone; some makers find nothing to do at times
+constexpr int cSequences = 60;
 constexpr bool cAllAreTold = false; // commands that no script can tell are passed over until then
 
 } // namespace

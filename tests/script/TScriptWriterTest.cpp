@@ -170,7 +170,7 @@ TEST_F(TScriptFixture, wrongCallsSayWhatIsWrong)
         {"steps.zoomTo(s, {from: 1})", "\"to\": expected a number"},
         {"steps.zoomTo(s, {from: NaN, to: 2})", "\"from\": expected limits"},
         {"steps.zoomTo(s)", "\"from\": expected limits"},
-        {"steps.fitToHeight()", "expected an item"},
+        {"steps.fitToHeight()", "expected items of the document"},
         {"steps.fitToHeight([])", "expected an item"},
         {"steps.fitToHeight(7)", "expected items of the document"},
         {"steps.fitToHeight([s, null])", "expected items of the document"},

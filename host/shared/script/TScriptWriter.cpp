@@ -35,12 +35,6 @@ QString numeral(double value)
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
-QString keyText(const QString &key)
-{
-    static const QRegularExpression cPlain("^[A-Za-z_$][A-Za-z0-9_$]*$");
-    return cPlain.match(key).hasMatch() ? key : quoted(key);
-}
-
 bool isReserved(const QString &name)
 {
     static const QSet<QString> cWords{"break",      "case",      "catch",   "continue", "debugger", "default", "delete",
@@ -51,6 +45,12 @@ bool isReserved(const QString &name)
                                       "false",      "print",     "args",    "document", "steps",    "zarnu",   "NaN",
                                       "Infinity",   "undefined", "Math",    "JSON",     "Date"};
     return cWords.contains(name);
+}
+
+QString keyText(const QString &key)
+{
+    static const QRegularExpression cPlain("^[A-Za-z_$][A-Za-z0-9_$]*$");
+    return cPlain.match(key).hasMatch() && !isReserved(key) ? key : quoted(key);
 }
 
 } // namespace
