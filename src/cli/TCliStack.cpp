@@ -29,7 +29,7 @@ TCliStack::TCliStack(const QStringList &files, const QString &format, const TCli
         }
     }
     if (!fSpectra.isEmpty())
-        putTogether(environment);
+        putTogether(format, environment);
 }
 
 bool TCliStack::fits(const TCliInput &read) const
@@ -60,7 +60,7 @@ void TCliStack::take(TCliInput &read)
     fInput.fMd5 += read.fMd5;
 }
 
-void TCliStack::putTogether(const TCliEnvironment &environment)
+void TCliStack::putTogether(const QString &format, const TCliEnvironment &environment)
 {
     Utils::Common::setDeterministic(fInput.fMd5);
     environment.fBatch.setDocument(std::make_unique<TDocument>());
@@ -72,6 +72,7 @@ void TCliStack::putTogether(const TCliEnvironment &environment)
     auto *command = new TCmdCreateItem(TCmdCreateItem::cImport, {item}, &document, nullptr,
                                        {{"Filename", fInput.fFile}, {"md5sum", fSums}}, 0);
     command->setDescription("Import Item"); // as that of a file by itself
+    command->setStackedFiles(fTaken, format);
     document.history().push(command);
     fInput.fItems = {item};
 }

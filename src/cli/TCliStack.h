@@ -24,7 +24,7 @@ public:
 private:
     void take(TCliInput &read);
     bool fits(const TCliInput &read) const;
-    void putTogether(const TCliEnvironment &environment);
+    void putTogether(const QString &format, const TCliEnvironment &environment);
 
     TCliInput fInput;
     QList<TCliInput> fFailed;

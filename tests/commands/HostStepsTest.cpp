@@ -151,7 +151,7 @@ TEST_F(HostSteps, copiesAndWhatIsLinkedFollowTheItemsOfTheScript)
 {
     import(csv("a.csv", 2), document().pages().first());
     history().push(new TCmdPasteItems(TItemFragment::store({item(0)}), document().pages().first()));
-    EXPECT_TRUE(script().contains("steps.copyItems(a, {rects: ["));
+    EXPECT_TRUE(script().contains("steps.copyItems(a, {page: 0, rects: ["));
     const QByteArray kept = TItemFragment::store({item(0)});
     history().push(new TCmdEditTitle(item(0), 0, "another"));
     history().push(new TCmdPasteItems(kept, document().pages().first())); // no copy of what is there now
@@ -161,7 +161,7 @@ TEST_F(HostSteps, copiesAndWhatIsLinkedFollowTheItemsOfTheScript)
                                       item(1)->provenance(), TCmdCreateItem::cLaidOut));
     const QString text = script();
     EXPECT_EQ(text.count("steps.copyItems("), 1) << text.left(2000).toStdString();
-    EXPECT_EQ(text.count("steps.insertItems({links: ["), 2) << text.left(2000).toStdString();
+    EXPECT_EQ(text.count("steps.insertItems({page: 0, links: ["), 2) << text.left(2000).toStdString();
     EXPECT_EQ(replayed().toStdString(), "");
     ASSERT_EQ(document().items().size(), 4);
     EXPECT_TRUE(item(3)->isLinkedTo(item(1)->uniqueId()));

@@ -43,27 +43,37 @@ bool areCopies(const TCanvasItemList &items, const TCanvasItemList &sources, con
     return isEqual;
 }
 
-TScriptStep copying(const TCanvasItemList &items, const TDocument &document)
+void tellPage(TScriptStep &step, int page)
+{
+    if (page != ItemsStep::cNewPage)
+        step.with("page", page);
+}
+
+TScriptStep copying(const TCanvasItemList &items, const TDocument &document, int page)
 {
     const TCanvasItemList sources = sourcesOf(items, document);
     if (sources.isEmpty())
         return TScriptStep();
-    TScriptStep step("copyItems");
-    step.on(sources);
-    if (areCopies(items, sources, {}))
-        return step;
     QVector<QRectF> rects;
     QVariantList told;
-    for (ICanvasItem *item : items) {
-        rects.append(canvasItem(item)->rect());
+    bool areMoved = false;
+    for (int i = 0; i < items.size(); ++i) {
+        rects.append(canvasItem(items.at(i))->rect());
         told.append(TScriptStep::rect(rects.last()));
+        areMoved |= rects.last() != canvasItem(sources.at(i))->rect();
     }
-    return areCopies(items, sources, rects) ? step.with("rects", told) : TScriptStep();
+    if (!areCopies(items, sources, areMoved ? rects : QVector<QRectF>()))
+        return TScriptStep();
+    TScriptStep step("copyItems");
+    step.on(sources);
+    tellPage(step, page);
+    return areMoved ? step.with("rects", told) : step;
 }
 
-TScriptStep inserting(const TCanvasItemList &items, const TDocument &document)
+TScriptStep inserting(const TCanvasItemList &items, const TDocument &document, int page)
 {
     TScriptStep step("insertItems");
+    tellPage(step, page);
     QVariantList linked;
     bool isAny = false;
     for (ICanvasItem *entry : items) {
@@ -83,11 +93,9 @@ TScriptStep inserting(const TCanvasItemList &items, const TDocument &document)
 
 TScriptStep ItemsStep::insertion(const TCanvasItemList &items, const TDocument &document, int page)
 {
-    TScriptStep step = copying(items, document);
+    TScriptStep step = copying(items, document, page);
     if (step.isEmpty())
-        step = inserting(items, document);
-    if (page != cNewPage)
-        step.with("page", page);
+        step = inserting(items, document, page);
     if (!items.isEmpty())
         step.setMadeName(canvasItem(items.first())->title(false));
     return step;

@@ -81,7 +81,13 @@ void TCmdCreateItem::doHistoryCommand()
 
 void TCmdCreateItem::setFile(const QString &path, const QString &format)
 {
-    fFile = QFileInfo(path).absoluteFilePath();
+    fFile = path;
+    fFormat = format;
+}
+
+void TCmdCreateItem::setStackedFiles(const QStringList &paths, const QString &format)
+{
+    fStackedFiles = paths;
     fFormat = format;
 }
 
@@ -102,7 +108,7 @@ void TCmdCreateItem::completeScriptStep(TScriptStep &step) const
     const int place = document->pages().indexOf(fPage);
     const bool isUsual = isUsualPage(*document);
     if (!fFile.isEmpty()) {
-        QVariantList arguments{fFile};
+        QVariantList arguments{TScriptStep::path(fFile)};
         if (!fFormat.isEmpty() || !isUsual)
             arguments.append(fFormat);
         if (!isUsual)
@@ -110,7 +116,12 @@ void TCmdCreateItem::completeScriptStep(TScriptStep &step) const
         step = TScriptStep::function("openFile", arguments);
         step.setMadeName(QFileInfo(fFile).completeBaseName());
     } else if (!fStackedFiles.isEmpty()) {
-        step = TScriptStep("openAsStack").with("files", fStackedFiles);
+        QVariantList files;
+        for (const QString &path : fStackedFiles)
+            files.append(TScriptStep::path(path));
+        step = TScriptStep("openAsStack").with("files", files);
+        if (!fFormat.isEmpty())
+            step.with("format", fFormat);
         if (!isUsual)
             step.with("page", place);
         step.setMadeName("stack");

@@ -29,7 +29,7 @@ public:
     /// The file whose import makes just these items; `format` names the converter outright where one was.
     void setFile(const QString &path, const QString &format);
     /// The files whose spectra make just this stack.
-    void setStackedFiles(const QStringList &paths) { fStackedFiles = paths; }
+    void setStackedFiles(const QStringList &paths, const QString &format = QString());
 
     TScriptStep scriptStep() const override { return TScriptStep("insertItems"); }
     void completeScriptStep(TScriptStep &step) const override;

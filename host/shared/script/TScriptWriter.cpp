@@ -32,6 +32,8 @@ QString numeral(double value)
         return "NaN";
     if (std::isinf(value))
         return value > 0 ? "Infinity" : "-Infinity";
+    if (value == 0.0 && std::signbit(value))
+        return "-1 / Infinity"; // the engine takes "-0" for the whole number 0
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
@@ -44,7 +46,15 @@ bool isReserved(const QString &name)
                                       "enum",       "export",    "extends", "import",   "super",    "null",    "true",
                                       "false",      "print",     "args",    "document", "steps",    "zarnu",   "NaN",
                                       "Infinity",   "undefined", "Math",    "JSON",     "Date"};
-    return cWords.contains(name);
+    // what every script finds there already and may want to call
+    static const QSet<QString> cGlobals{
+        "openFile",    "openDocument",  "newDocument",    "saveDocument",    "exportData",   "exportPicture",
+        "readText",    "writeText",     "appendText",     "listFiles",       "fileExists",   "baseName",
+        "Array",       "Boolean",       "Error",          "Function",        "Number",       "Object",
+        "RegExp",      "String",        "decodeURI",      "encodeURI",       "escape",       "eval",
+        "isFinite",    "isNaN",         "parseFloat",     "parseInt",        "unescape",     "YREXPlugin",
+        "ZarnuDPPeak", "ZarnuIntegral", "ZarnuIntegrals", "ZarnuProcessing", "ZarnuSpectrum"};
+    return cWords.contains(name) || cGlobals.contains(name);
 }
 
 QString keyText(const QString &key)

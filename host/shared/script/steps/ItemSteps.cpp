@@ -88,9 +88,10 @@ TCommand *openAsStack(TStepCall &call)
 {
     TPage *page = pageForFiles(call);
     const IScriptHost &scripts = *call.host().scripts();
+    const QString format = call.text("format", QString());
     TFileStacks files(scripts.plugins());
     for (const QString &path : call.files("files")) {
-        auto file = std::make_unique<TScratchImport>(scripts.importDriver(), path);
+        auto file = std::make_unique<TScratchImport>(scripts.importDriver(), path, format);
         if (!file->isOk())
             call.fail("files", QString("%1: %2").arg(path, file->result().fReason));
         else
@@ -101,7 +102,7 @@ TCommand *openAsStack(TStepCall &call)
         auto *command = new TCmdCreateItem(TCmdCreateItem::cImport, stack.fItems, &call.document(), page,
                                            stack.fProvenance, TCmdCreateItem::cOnNewPage);
         if (stack.fIsWhole)
-            command->setStackedFiles(stack.fPaths);
+            command->setStackedFiles(stack.fPaths, format);
         list->append(command);
         page = nullptr;
     }
@@ -182,7 +183,7 @@ QVector<TStepKind> itemSteps()
          "Puts copies of items on a page, or on a new one.", copyItems},
         {"insertItems", "{data, page, links: [item]}",
          "Puts items on a page, or on a new one, from the bytes that a document would hold of them.", insertItems},
-        {"openAsStack", "{files: [path], page}",
+        {"openAsStack", "{files: [path], format, page}",
          "Opens files as one stacked item, on the last page if that is empty, else on a new one.", openAsStack},
         {"deleteItems", "items", "Takes items off their pages.",
          [](TStepCall &call) { return new TCmdDeleteItems(call.items()); }},
