@@ -4,6 +4,7 @@
 #include "contexts/TSpectrumItemCtx.h"
 #include "history/THistoryCommand.h"
 #include "plot/T1DStackedPlotProperties.h"
+#include "plot/TBasePlot.h"
 
 TCmdPanSpectra::TCmdPanSpectra(const TCanvasItemList &items, double dx, double dy)
     : TStackValuesCommand(tr("Panning"), items)
@@ -47,4 +48,19 @@ TScriptStep TCmdPanSpectra::scriptStep() const
     if (hasValues())
         return TScriptStep("setOffsets").on(items()).with("offsets", TScriptStep::byIndex(values()));
     return TScriptStep("pan").on(items()).with("x", fDeltaX).with("y", fDeltaY);
+}
+
+void TCmdPanSpectra::completeScriptStep(TScriptStep &step) const
+{
+    const auto *item = items().size() == 1 ? dynamic_cast<TCanvasSpectrum *>(canvasItem(items().first())) : nullptr;
+    TBasePlot *plot = item && !hasValues() ? item->activePlot() : nullptr;
+    if (!plot)
+        return;
+    step = TScriptStep("zoomTo").on(items());
+    const TRange x = plot->axis(horzDir).getScale().sorted();
+    const TRange y = plot->axis(vertDir).getScale().sorted();
+    if (fDeltaX != 0.0)
+        step.with("from", x.a).with("to", x.b);
+    if (fDeltaY != 0.0)
+        step.with("lower", y.a).with("upper", y.b);
 }

@@ -13,6 +13,8 @@ public:
     /// Vertical offsets in y units, by the index of the spectrum. They act in drawing; the data stay.
     TCmdPanSpectra(const TCanvasItemList &items, const QMap<int, double> &offsets);
     TScriptStep scriptStep() const override;
+    /// Where one item came to: how far canvas units lead depends on how the plot was laid out at that time.
+    void completeScriptStep(TScriptStep &step) const override;
 
 protected:
     void changeView(TCanvasSpectrum &item, TBasePlot &activePlot) override;
