@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int cMsPerMinute = 60 * 1000;
-constexpr int cRetryMs = 300; // while a gesture lasts
+constexpr int cRetryMs = 300; // while a gesture or a script lasts
 constexpr QSize cThumbnailSize(120, 84);
 
 } // namespace
@@ -87,7 +87,7 @@ void TAutosave::schedule(TDocument *document, int delay)
     state.fIsDue = true;
     QTimer::singleShot(delay, &state.fTimer, [this, document] {
         fStates[document].fIsDue = false;
-        if (document->history().isBusy())
+        if (document->history().isBusy() || (fIsHeld && fIsHeld()))
             schedule(document, cRetryMs);
         else if (document->isModified())
             write(document);

@@ -35,6 +35,8 @@ public:
     void takeMinutes();
     /// Tells of an edit that shows something else than the data.
     void setSession(const std::function<IEditSession *()> &session) { fSession = session; }
+    /// No copy is written while this says so.
+    void holdWhile(const std::function<bool()> &isHeld) { fIsHeld = isHeld; }
     /// Removes all copies: the program ends and the user has decided about every document.
     void end();
 
@@ -57,5 +59,6 @@ private:
     TDocumentController &fDocuments;
     QString fFolder;
     std::function<IEditSession *()> fSession;
+    std::function<bool()> fIsHeld;
     std::unordered_map<TDocument *, TState> fStates;
 };

@@ -1,5 +1,6 @@
 #include "TFileController.h"
 
+#include "RecentPaths.h"
 #include "TDocumentController.h"
 #include "WDocumentView.h"
 #include "WFileFacts.h"
@@ -354,12 +355,12 @@ void TFileController::inspect(const QString &path)
 
 QStringList TFileController::recentDocuments() const
 {
-    return TDefaultsIni().value(cRecentDocuments, QStringList()).toStringList();
+    return RecentPaths::list(cRecentDocuments);
 }
 
 QStringList TFileController::recentFiles() const
 {
-    return TDefaultsIni().value(cRecentFiles, QStringList()).toStringList();
+    return RecentPaths::list(cRecentFiles);
 }
 
 void TFileController::addRecentDocument(const QString &path)
@@ -369,20 +370,14 @@ void TFileController::addRecentDocument(const QString &path)
 
 void TFileController::addRecent(const QString &key, const QString &path)
 {
-    QStringList list = TDefaultsIni().value(key, QStringList()).toStringList();
-    list.removeAll(path);
-    list.prepend(path);
-    TDefaultsIni().setValue(key, QStringList(list.mid(0, cMaxRecent)));
+    RecentPaths::add(key, path, cMaxRecent);
     emit recentChanged();
 }
 
 void TFileController::forgetRecent(const QString &path)
 {
-    for (const char *key : {cRecentDocuments, cRecentFiles}) {
-        QStringList list = TDefaultsIni().value(key, QStringList()).toStringList();
-        list.removeAll(path);
-        TDefaultsIni().setValue(key, list);
-    }
+    for (const char *key : {cRecentDocuments, cRecentFiles})
+        RecentPaths::forget(key, path);
     emit recentChanged();
 }
 

@@ -2,59 +2,22 @@
 
 #include "TActionTable.h"
 #include "TFileController.h"
+#include "TRecentMenu.h"
 
 #include <QAction>
-#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 
 TFileMenus::TFileMenus(TActionTable &actions, TFileController &files, QObject *parent)
     : QObject(parent)
     , fFiles(files)
-    , fRecent(actions.menu("recent"))
     , fSamples(actions.menu("samples"))
 {
-    fRecent->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(fRecent, &QMenu::aboutToShow, this, &TFileMenus::fillRecent);
-    connect(fRecent, &QMenu::customContextMenuRequested, this, &TFileMenus::showRecentMenu);
+    new TRecentMenu(
+        actions.menu("recent"), [this] { return QList<QStringList>{fFiles.recentDocuments(), fFiles.recentFiles()}; },
+        [this](const QString &path) { fFiles.open({path}); },
+        [this](const QString &path) { fFiles.forgetRecent(path); });
     connect(fSamples, &QMenu::aboutToShow, this, &TFileMenus::fillSamples);
-}
-
-void TFileMenus::fillRecent()
-{
-    fRecent->clear();
-    const auto add = [this](const QStringList &paths) {
-        for (const QString &path : paths) {
-            const QFileInfo info(path);
-            QAction *action =
-                fRecent->addAction(info.fileName().replace('&', "&&"), &fFiles, [this, path] { fFiles.open({path}); });
-            const QString place = QDir::toNativeSeparators(path);
-            action->setData(path);
-            action->setEnabled(info.exists());
-            action->setToolTip(info.exists() ? place : tr("%1 is no longer there.").arg(place));
-        }
-    };
-    add(fFiles.recentDocuments());
-    fRecent->addSeparator();
-    add(fFiles.recentFiles());
-    if (fRecent->actions().size() == 1)
-        fRecent->addAction(tr("Nothing yet"))->setEnabled(false);
-}
-
-void TFileMenus::showRecentMenu(const QPoint &place)
-{
-    const QAction *action = fRecent->actionAt(place);
-    const QString path = action ? action->data().toString() : QString();
-    if (path.isEmpty())
-        return;
-    auto *menu = new QMenu(fRecent);
-    menu->setObjectName("recentContextMenu");
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(tr("Remove from List"), this, [this, path] {
-        fFiles.forgetRecent(path);
-        fRecent->close(); // its entries are others now
-    });
-    menu->popup(fRecent->mapToGlobal(place));
 }
 
 void TFileMenus::fillSamples()

@@ -3,12 +3,10 @@
 #include <QObject>
 
 class QMenu;
-class QPoint;
 class TActionTable;
 class TFileController;
 
-/// The menus of files: those opened last and the samples. A file that is gone stays in the list, grey; its context
-/// menu takes it off.
+/// The menus of files: those opened last and the samples.
 class TFileMenus : public QObject
 {
     Q_OBJECT
@@ -18,11 +16,8 @@ public:
     TFileMenus(TActionTable &actions, TFileController &files, QObject *parent);
 
 private:
-    void fillRecent();
     void fillSamples();
-    void showRecentMenu(const QPoint &place);
 
     TFileController &fFiles;
-    QMenu *fRecent;
     QMenu *fSamples;
 };

@@ -10,6 +10,7 @@
 #include "WCommandPalette.h"
 #include "WDocumentView.h"
 #include "WGuide.h"
+#include "WScriptPage.h"
 #include "WSettingsDialog.h"
 #include "WSettingsPages.h"
 #include "WShortcutsDialog.h"
@@ -97,6 +98,7 @@ void TShellController::showSettings()
     layout->addWidget(change, 0, Qt::AlignLeft);
     layout->addStretch();
     dialog.addPlainPage(tr("Keyboard"), keyboard);
+    dialog.addPage(tr("Script"), new WScriptPage);
     connect(change, &QPushButton::clicked, this, &TShellController::showKeyboard);
     connect(&dialog, &WSettingsDialog::applied, this, &TShellController::settingsChanged);
     dialog.exec();
@@ -117,6 +119,7 @@ void TShellController::settingsChanged()
     takeNumberFormat();
     if (fAutosave)
         fAutosave->takeMinutes();
+    emit settingsTaken();
     for (QWidget *shown : fWindow->findChildren<QWidget *>())
         shown->update(); // tables and labels write numbers anew
     for (WDocumentView *view : fDocuments.views())

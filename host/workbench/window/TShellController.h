@@ -35,6 +35,10 @@ public:
     /// Opens the guide at its contents, or brings it to the front as it stands.
     void showGuide();
 
+signals:
+    /// Settings were changed; what keeps some of them reads them anew.
+    void settingsTaken();
+
 private:
     void openLogFolder();
     void settingsChanged();

@@ -23,6 +23,7 @@
 #include "TPrintController.h"
 #include "TPropertiesController.h"
 #include "TRecovery.h"
+#include "TScriptController.h"
 #include "TShellController.h"
 #include "TShowController.h"
 #include "TStackController.h"
@@ -41,6 +42,7 @@
 #include "WRecoveryDialog.h"
 #include "WRegionValuesDock.h"
 #include "WRibbon.h"
+#include "WScriptConsole.h"
 #include "WStackedSpectraDock.h"
 #include "WStatusReadout.h"
 #include "canvas/TCanvasItem.h"
@@ -83,6 +85,7 @@ constexpr int cTablesHeight = 220;
 // among the docks of their area, those of plug-ins between them
 constexpr int cHistoryOrder = 7;
 constexpr int cStackOrder = 5;
+constexpr int cConsoleOrder = 8;
 constexpr int cRegionsOrder = 9;
 constexpr int cLogOrder = 20;
 
@@ -123,7 +126,9 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     new TEmptyStateController(host, *fDocuments, *fFiles, this);
     fAutosave = new TAutosave(*fDocuments, TAutosaveFile::defaultFolder(), this);
     fAutosave->setSession([this] { return fGui->editSession(); });
+    fAutosave->holdWhile([this] { return fScripts->isRunning(); });
     fShell->setAutosave(fAutosave);
+    fScripts->takeMenus();
     fShell->takeMenus();
     fDocuments->newDocument();
     fActions->updateStates();
@@ -146,6 +151,8 @@ void WMainWindow::makeDocks()
     fDocks->add(fHistory, {Qt::RightDockWidgetArea, "Ctrl+7", cHistoryOrder, false, 0});
     fStack = new WStackedSpectraDock(fHost, *fDocuments, this);
     fDocks->add(fStack, {Qt::BottomDockWidgetArea, "Ctrl+5", cStackOrder, false, cTablesHeight});
+    fConsole = new WScriptConsole(this);
+    fDocks->add(fConsole, {Qt::BottomDockWidgetArea, "Ctrl+8", cConsoleOrder, false, cTablesHeight});
     fDocks->add(new WRegionValuesDock(*fDocuments, this),
                 {Qt::BottomDockWidgetArea, "Ctrl+9", cRegionsOrder, false, cTablesHeight});
     fDocks->add(new WLogPane(this), {Qt::BottomDockWidgetArea, QString(), cLogOrder, false, cTablesHeight});
@@ -208,7 +215,9 @@ void WMainWindow::connectActions()
     auto *plugins = new TPluginActions(fHost, *fActions, *fDocuments, *fModes, this);
     connect(places, &TPlaceMenus::menuFilled, plugins, &TPluginActions::extendMenu);
     addThemes();
+    fScripts = new TScriptController(fHost, *fActions, *fDocuments, *fConsole, this);
     fShell = new TShellController(fHost, *fActions, *fDocuments, *fFiles, this);
+    connect(fShell, &TShellController::settingsTaken, fConsole, &WScriptConsole::takeSettings);
 }
 
 /// An edit under way that has steps of its own goes before the document.

@@ -13,6 +13,7 @@ class TExportController;
 class TFileController;
 class TModeController;
 class TPrintController;
+class TScriptController;
 class TShellController;
 class TShowController;
 class TStackController;
@@ -23,6 +24,7 @@ class TKelmoraHost;
 class WHistoryPane;
 class WPageNavigator;
 class WRibbon;
+class WScriptConsole;
 class WStackedSpectraDock;
 
 /// The window: menus, the documents in the middle, docks around them. What actions do stands in the controllers.
@@ -43,6 +45,7 @@ public:
     TPrintController &printing() { return *fPrinting; }
     TDockController &docks() { return *fDocks; }
     TModeController &modes() { return *fModes; }
+    TScriptController &scripts() { return *fScripts; }
     TShellController &shell() { return *fShell; }
     WRibbon &ribbon() { return *fRibbon; }
     WStatusReadout &status() { return *fStatus; }
@@ -82,6 +85,8 @@ private:
     WPageNavigator *fPages;
     WHistoryPane *fHistory;
     WStackedSpectraDock *fStack;
+    WScriptConsole *fConsole = nullptr;
+    TScriptController *fScripts = nullptr;
     TShellController *fShell = nullptr;
     TShowController *fShow = nullptr;
     TStackController *fStackActions = nullptr;

@@ -1,0 +1,158 @@
+#include "ScriptResult.h"
+
+#include "script/ScriptUtils.h"
+#include "script/TCanvasItemWrapper.h"
+
+#include <QDateTime>
+#include <QMetaObject>
+#include <QMetaProperty>
+#include <QRegularExpression>
+#include <QScriptEngine>
+#include <QScriptValueIterator>
+#include <QSet>
+
+namespace {
+
+constexpr int cMostElements = 100;
+constexpr int cMostLetters = 10000;
+constexpr int cDeepest = 3;
+
+QString quoted(const QString &text)
+{
+    QString out = text;
+    out.replace('\\', "\\\\").replace('"', "\\\"").replace('\n', "\\n").replace('\t', "\\t").replace('\r', "\\r");
+    return '"' + out + '"';
+}
+
+bool isName(const QString &text)
+{
+    static const QRegularExpression cName("^[A-Za-z_$][\\w$]*$");
+    return cName.match(text).hasMatch();
+}
+
+/// The class as scripts know it, or what is left of the name in the program.
+QString classOf(const QScriptValue &value)
+{
+    const QScriptValue known = value.property(Utils::Script::cTypeNameString);
+    if (known.isString())
+        return known.toString();
+    const QObject *object = value.toQObject();
+    if (const auto *item = qobject_cast<const TCanvasItemWrapper *>(object))
+        return item->type();
+    QString name = object ? QString(object->metaObject()->className()) : QString();
+    static const QRegularExpression cParts("^T(?:Script)?(.*?)(?:Wrapper)?$");
+    return name.replace(cParts, "\\1");
+}
+
+/// Writes values; those that hold each other in a ring are written once.
+class TWriter
+{
+public:
+    QString write(const QScriptValue &value, int depth = 0);
+
+private:
+    QString writeArray(const QScriptValue &array, int depth);
+    QString writeObject(const QScriptValue &object, int depth);
+    QString writeHostObject(const QScriptValue &value, int depth);
+
+    QSet<qint64> fOpen;
+};
+
+QString TWriter::writeArray(const QScriptValue &array, int depth)
+{
+    const quint32 length = array.property("length").toUInt32();
+    if (depth >= cDeepest && length > 0)
+        return QStringLiteral("[%1]").arg(length);
+    QStringList parts;
+    for (quint32 i = 0; i < length && i < cMostElements; ++i)
+        parts.append(array.property(i).isUndefined() ? QStringLiteral("undefined")
+                                                     : write(array.property(i), depth + 1));
+    if (length > cMostElements)
+        parts.append(QStringLiteral("... %1 more").arg(length - cMostElements));
+    return '[' + parts.join(", ") + ']';
+}
+
+QString TWriter::writeObject(const QScriptValue &object, int depth)
+{
+    QStringList parts;
+    QScriptValueIterator it(object);
+    while (it.hasNext()) {
+        it.next();
+        if (it.flags() & QScriptValue::SkipInEnumeration)
+            continue;
+        if (depth >= cDeepest || parts.size() >= cMostElements) {
+            parts.append(QStringLiteral("..."));
+            break;
+        }
+        const QString name = isName(it.name()) ? it.name() : quoted(it.name());
+        const bool isComputed = it.flags() & QScriptValue::PropertyGetter;
+        const QString shown = isComputed                 ? QStringLiteral("(computed)")
+                              : it.value().isUndefined() ? QStringLiteral("undefined")
+                                                         : write(it.value(), depth + 1);
+        parts.append(name + ": " + shown);
+    }
+    return '{' + parts.join(", ") + '}';
+}
+
+/// An item is told by its class and title, another object of the program by what it says of itself or its properties.
+QString TWriter::writeHostObject(const QScriptValue &value, int depth)
+{
+    QObject *object = value.toQObject();
+    const QString name = classOf(value);
+    if (!object)
+        return QStringLiteral("%1 (gone)").arg(name);
+    if (qobject_cast<TCanvasItemWrapper *>(object)) {
+        const QString title = object->property("title").toString();
+        return title.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, title);
+    }
+    QString own;
+    if (object->metaObject()->indexOfMethod("toString()") >= 0 &&
+        QMetaObject::invokeMethod(object, "toString", Qt::DirectConnection, Q_RETURN_ARG(QString, own)))
+        return own.simplified();
+    if (depth > 0)
+        return name;
+    QStringList parts;
+    for (int i = QObject::staticMetaObject.propertyCount(); i < object->metaObject()->propertyCount(); ++i) {
+        const QString property = object->metaObject()->property(i).name();
+        parts.append(property + ": " + write(value.property(property), depth + 1));
+    }
+    return parts.isEmpty() ? name : QStringLiteral("%1 {%2}").arg(name, parts.join(", "));
+}
+
+QString TWriter::write(const QScriptValue &value, int depth)
+{
+    if (value.isString())
+        return quoted(value.toString().left(cMostLetters + 1));
+    if (!value.isObject())
+        return value.toString();
+    if (value.isQObject())
+        return writeHostObject(value, depth);
+    if (value.isFunction())
+        return QStringLiteral("function");
+    if (value.isDate())
+        return value.toDateTime().toString(Qt::ISODate);
+    if (value.isRegExp())
+        return '/' + value.toRegExp().pattern() + '/';
+    if (value.isError())
+        return value.property("name").toString() + ": " + value.property("message").toString();
+    if (fOpen.contains(value.objectId()))
+        return QStringLiteral("...");
+    fOpen.insert(value.objectId());
+    const QString text = value.isArray() ? writeArray(value, depth) : writeObject(value, depth);
+    fOpen.remove(value.objectId());
+    return text;
+}
+
+} // namespace
+
+QString ScriptResult::text(const QScriptValue &value)
+{
+    if (!value.isValid() || value.isUndefined())
+        return QString();
+    QString text = TWriter().write(value);
+    if (text.size() > cMostLetters)
+        text = text.left(cMostLetters) + QStringLiteral("...");
+    if (value.engine())
+        value.engine()->clearExceptions();
+    return text;
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+class QLabel;
+class QMainWindow;
+class QWidget;
+class TActionTable;
+class TDocumentController;
+class TKelmoraHost;
+class TScriptGate;
+class TScriptRun;
+class WScriptConsole;
+
+/// Runs scripts for the window: inputs of the console, in an engine that is kept, and files, each in its own. One runs
+/// at a time, and only it changes anything meanwhile.
+class TScriptController : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What is named here lives as long. Before the menus are built.
+    TScriptController(TKelmoraHost &host, TActionTable &actions, TDocumentController &documents,
+                      WScriptConsole &console, QMainWindow *window);
+    ~TScriptController() override;
+
+    /// Once the menus stand, with the docks in theirs.
+    void takeMenus();
+    bool isRunning() const { return fRunning; }
+    /// Runs a file and remembers it; false when another script runs, or it failed, which the console tells.
+    bool runFile(const QString &path);
+    /// Runs an input of the console.
+    bool runInput(const QString &text, const QString &name);
+    void runAgain();
+    void stop();
+    /// Asks for a script and runs it.
+    void runFileDialog();
+
+private:
+    void connectActions();
+    void connectConsole();
+    TScriptRun *consoleRun();
+    void listen(TScriptRun &run);
+    void begin(TScriptRun &run, const QString &name);
+    void end();
+    void showConsole();
+    void askToRun(const QString &path);
+    void askToClose();
+    void showFile(const QString &path, int line);
+    void makeStatus();
+
+    TKelmoraHost &fHost;
+    TActionTable &fActions;
+    TDocumentController &fDocuments;
+    WScriptConsole &fConsole;
+    QMainWindow *fWindow;
+    TScriptGate *fGate;
+    QWidget *fStatus = nullptr; // shown while a script runs
+    QLabel *fStatusText = nullptr;
+    std::unique_ptr<TScriptRun> fConsoleRun;
+    TScriptRun *fRunning = nullptr;
+    QString fFile; // that runs; empty for inputs
+    QString fLastFile;
+    bool fIsClosing = false; // the window, once the script has ended
+};
