@@ -1,5 +1,6 @@
 #include "ScriptResult.h"
 
+#include "canvas/TCanvasItem.h"
 #include "script/ScriptUtils.h"
 #include "script/TCanvasItemWrapper.h"
 
@@ -101,8 +102,8 @@ QString TWriter::writeHostObject(const QScriptValue &value, int depth)
     const QString name = classOf(value);
     if (!object)
         return QStringLiteral("%1 (gone)").arg(name);
-    if (qobject_cast<TCanvasItemWrapper *>(object)) {
-        const QString title = object->property("title").toString();
+    if (const auto *wrapper = qobject_cast<TCanvasItemWrapper *>(object)) {
+        const QString title = wrapper->item() ? wrapper->item()->historyName() : QString();
         return title.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, title);
     }
     QString own;

@@ -211,7 +211,9 @@ void WScriptConsole::keyPressEvent(QKeyEvent *event)
 
 void WScriptConsole::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!scriptOf(*event->mimeData()).isEmpty())
+    if (scriptOf(*event->mimeData()).isEmpty())
+        event->ignore(); // other files are the window's
+    else
         event->acceptProposedAction();
 }
 
