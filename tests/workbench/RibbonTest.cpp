@@ -32,7 +32,7 @@ protected:
 
 TEST_F(RibbonTest, pagesAndGroupsAreThoseOfTheMarkUp)
 {
-    EXPECT_EQ(ribbon().shownPages(), QStringList({"pageHome", "pageLayout", "pageStack"}));
+    EXPECT_EQ(ribbon().shownPages(), QStringList({"pageHome", "pageLayout", "pageStack", "pageScript"}));
     QStringList groups;
     for (const WRibbonGroup *group : ribbon().page("pageHome")->groups())
         groups.append(group->objectName());

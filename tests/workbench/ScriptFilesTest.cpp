@@ -67,7 +67,11 @@ TEST_F(ScriptFilesTest, failedScriptLeavesTheDocumentWhole)
     EXPECT_EQ(viewer->text()->textCursor().block().text(), "fail();");
     viewer->close();
 
+    console()->hide();
+    EXPECT_TRUE(scripts().runFile(write("quiet.js", "1 + 1")));
+    EXPECT_FALSE(console()->isVisible());
     EXPECT_FALSE(scripts().runFile(fFolder.filePath("none.js")));
+    EXPECT_TRUE(console()->isVisible());
     EXPECT_TRUE(output().contains("none.js: "));
 }
 

@@ -3,6 +3,7 @@
 #include "settings/TDefaultsIni.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 
 bool ScriptHabits::isEchoing()
 {
@@ -22,6 +23,10 @@ bool ScriptHabits::keepsHistory()
 QFont ScriptHabits::font()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(font).fixedPitch()) { // the system names none
+        font.setStyleHint(QFont::TypeWriter);
+        font.setFamily(QStringLiteral("monospace"));
+    }
     const int size = TDefaultsIni().value(cFontSizeKey, 0).toInt();
     if (size > 0)
         font.setPointSize(qBound(cSmallestFont, size, cLargestFont));

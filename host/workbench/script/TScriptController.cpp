@@ -186,13 +186,12 @@ bool TScriptController::runInput(const QString &text, const QString &name)
     TScriptError error;
     begin(*consoleRun(), tr("The input"));
     const bool isOk = fConsoleRun->evaluate(text, name, result, error);
-    end();
     const QString shown = isOk ? ScriptResult::text(result) : QString();
     if (!isOk)
         fConsole.showError(error);
     else if (!shown.isEmpty())
         fConsole.output().append(WScriptOutput::cResult, shown);
-    fConsole.output().flush();
+    end();
     return isOk;
 }
 
@@ -209,10 +208,10 @@ bool TScriptController::runFile(const QString &path)
     begin(run, name);
     fFile = fLastFile;
     const bool isOk = run.runFile(fFile, error);
-    end();
     if (!isOk)
         fConsole.showError(error);
-    fConsole.output().flush();
+    end();
+    error.fFile = QFileInfo(error.fFile).fileName();
     if (IGuiHost *gui = fHost.gui())
         gui->statusMessage(isOk               ? tr("%1 has run").arg(name)
                            : error.fIsStopped ? tr("%1 was stopped").arg(name)

@@ -10,11 +10,13 @@
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QTextBlock>
+#include <QtMath>
 
 namespace {
 
 constexpr int cIndent = 4;
 constexpr int cMostLines = 8;
+constexpr int cLeastWidth = 200;
 constexpr int cMostShown = 10; // names
 constexpr int cNameRole = Qt::UserRole;
 constexpr QRgb cPartner = qRgba(0x2F, 0x9E, 0x62, 0x60);
@@ -38,7 +40,7 @@ WScriptInput::WScriptInput(QWidget *parent)
     setLineWrapMode(NoWrap);
     setAcceptDrops(false); // the console takes files
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setPlaceholderText(tr("Return runs, Shift+Return begins a line, Tab completes"));
     fCompleter->setModel(fNames);
     fCompleter->setCompletionRole(cNameRole);
@@ -47,7 +49,7 @@ WScriptInput::WScriptInput(QWidget *parent)
     fCompleter->setWidget(this);
     connect(fCompleter, QOverload<const QString &>::of(&QCompleter::activated), this, &WScriptInput::insertCompletion);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &WScriptInput::markBrackets);
-    connect(document(), &QTextDocument::blockCountChanged, this, [this] { updateGeometry(); });
+    connect(document(), &QTextDocument::blockCountChanged, this, &WScriptInput::followLines);
     takeSettings();
 }
 
@@ -58,12 +60,28 @@ void WScriptInput::takeSettings()
     updateGeometry();
 }
 
+void WScriptInput::followLines()
+{
+    setVerticalScrollBarPolicy(blockCount() > cMostLines ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    updateGeometry();
+}
+
+/// All lines are seen as long as they are few.
+void WScriptInput::resizeEvent(QResizeEvent *event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    if (blockCount() <= cMostLines)
+        verticalScrollBar()->setValue(0);
+}
+
 QSize WScriptInput::sizeHint() const
 {
     const int lines = qBound(1, blockCount(), cMostLines);
     const int margins = 2 * (int(document()->documentMargin()) + frameWidth());
     const int bar = horizontalScrollBar()->isVisible() ? horizontalScrollBar()->height() : 0;
-    return {200, lines * fontMetrics().lineSpacing() + margins + bar};
+    const double height =
+        lines * qMax(QFontMetricsF(font()).lineSpacing(), blockBoundingRect(firstVisibleBlock()).height());
+    return {cLeastWidth, qCeil(height) + margins + bar};
 }
 
 void WScriptInput::setText(const QString &text)

@@ -37,10 +37,12 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     bool takeKey(const QKeyEvent &event);
     void submit();
+    void followLines();
     void insertLine();
     bool typeClosing(const QString &bracket);
     bool recall(int key);

@@ -132,6 +132,14 @@ void WScriptOutput::recolor()
     cursor.endEditBlock();
 }
 
+void WScriptOutput::resizeEvent(QResizeEvent *event)
+{
+    const bool isAtEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+    QTextBrowser::resizeEvent(event);
+    if (isAtEnd)
+        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
 void WScriptOutput::changeEvent(QEvent *event)
 {
     QTextBrowser::changeEvent(event);

@@ -35,6 +35,8 @@ WScriptViewer::WScriptViewer(QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton *edit = buttons->addButton(tr("Open in &Editor"), QDialogButtonBox::ActionRole);
     edit->setObjectName("scriptEditButton");
+    edit->setAutoDefault(false);
+    buttons->button(QDialogButtonBox::Close)->setDefault(true);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(fText, 1);
     layout->addWidget(buttons);
