@@ -68,6 +68,7 @@ QScriptValue openFile(QScriptContext *context, QScriptEngine *engine)
         return throwError(context, cWrongCount);
     if (!context->argument(0).isString() || (count >= 2 && !context->argument(1).isString()))
         return throwError(context, cWrongType);
+    run.breathe();
     const QString path = run.absolutePath(context->argument(0).toString());
     TPage *page = nullptr;
     if (!targetPage(*run.host().document(), context->argument(2), page))
@@ -81,6 +82,8 @@ QScriptValue openFile(QScriptContext *context, QScriptEngine *engine)
     quint32 index = 0;
     for (ICanvasItem *item : result.fItems)
         array.setProperty(index++, run.wrap(canvasItem(item)));
+    if (!result.fItems.isEmpty())
+        run.select(canvasItem(result.fItems.first()));
     return array;
 }
 

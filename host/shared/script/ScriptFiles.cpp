@@ -34,7 +34,9 @@ bool takePath(QScriptContext *context, int count, QString &path, QScriptValue &e
             return false;
         }
     }
-    const TScriptRun *run = TScriptRun::of(context->engine());
+    TScriptRun *run = TScriptRun::of(context->engine());
+    if (run)
+        run->breathe();
     path = run ? run->absolutePath(context->argument(0).toString()) : context->argument(0).toString();
     return true;
 }

@@ -74,6 +74,7 @@ bool Utils::Script::doScriptHistoryCommand(TCommand *command, QScriptContext *co
     const QString place = placeOf(context);
     for (THistoryCommand *entry : command->historyCmdList())
         entry->addParam(QStringLiteral("script"), place, QString());
+    run->breathe();
     return true;
 }
 

@@ -5,7 +5,6 @@
 #include "commands/TCmdMoveItem.h"
 #include "script/ScriptUtils.h"
 #include "script/TScriptRun.h"
-#include "services/IPluginHost.h"
 
 #include <QScriptEngine>
 
@@ -69,17 +68,9 @@ void TCanvasItemWrapper::setRect(const QScriptValue &rect)
 
 void TCanvasItemWrapper::select()
 {
-    const TScriptRun *run = TScriptRun::of(engine());
-    if (!run || !isValid())
-        return;
-    TCanvasItemList &selection = run->host().itemList();
-    for (ICanvasItem *other : selection) {
-        canvasItem(other)->setSelected(false);
-        canvasItem(other)->setActive(false);
-    }
-    fItem->setSelected(true);
-    fItem->setActive(true);
-    selection = TCanvasItemList{fItem.get()};
+    TScriptRun *run = TScriptRun::of(engine());
+    if (run && isValid())
+        run->select(fItem.get());
 }
 
 void TCanvasItemWrapper::update()

@@ -1,10 +1,14 @@
 #include "script/TScriptRun.h"
 
+#include "canvas/TCanvasItem.h"
+#include "canvas/TCanvasItemList.h"
 #include "log/TLogger.h"
 #include "script/ScriptFiles.h"
 #include "script/ScriptUtils.h"
 #include "script/TCanvasItemWrapper.h"
 #include "script/TScriptDocument.h"
+#include "services/IGuiHost.h"
+#include "services/IPluginHost.h"
 #include "services/IScriptHost.h"
 
 #include <QCoreApplication>
@@ -112,6 +116,7 @@ bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue
         return false;
     }
     fIsStopped = false;
+    fSinceEvents.start();
     ++fDepth;
     result = fEngine.evaluate(text, name);
     if (--fDepth == 0)
@@ -157,6 +162,28 @@ void TScriptRun::stop()
     fEngine.abortEvaluation();
 }
 
+void TScriptRun::breathe()
+{
+    if (!isRunning() || fSinceEvents.elapsed() < cEventsInterval)
+        return;
+    QCoreApplication::processEvents();
+    fSinceEvents.restart();
+}
+
+void TScriptRun::select(TCanvasItem *item)
+{
+    TCanvasItemList &selection = fHost.itemList();
+    for (ICanvasItem *other : selection) {
+        canvasItem(other)->setSelected(false);
+        canvasItem(other)->setActive(false);
+    }
+    item->setSelected(true);
+    item->setActive(true);
+    selection = TCanvasItemList{item};
+    if (IGuiHost *gui = fHost.gui())
+        gui->showItem(item);
+}
+
 QScriptValue TScriptRun::wrap(TCanvasItem *item)
 {
     if (!item)
@@ -170,6 +197,7 @@ QScriptValue TScriptRun::wrap(TCanvasItem *item)
 void TScriptRun::print(const QString &text)
 {
     emit printed(text);
+    breathe();
 }
 
 void TScriptRun::warn(const QString &place, const QString &text)

@@ -3,6 +3,7 @@
 #include "script/TScriptError.h"
 #include "script/TScriptSteps.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QScriptEngine>
 #include <QStringList>
@@ -37,6 +38,11 @@ public:
     static bool isComplete(const QString &text);
     /// Ends the script under way as soon as it lets events pass.
     void stop();
+    /// Lets events pass when none did for a while. Calls that may take long do so: the engine counts statements to know
+    /// when, and takes long ones for short.
+    void breathe();
+    /// Makes an item the selected one, and shows it where there is a window.
+    void select(TCanvasItem *item);
     bool isRunning() const { return fDepth > 0; }
 
     IPluginHost &host() const { return fHost; }
@@ -67,6 +73,7 @@ private:
     QScriptEngine fEngine;
     TScriptSteps fSteps{*this};
     QString fFolder;
+    QElapsedTimer fSinceEvents;
     int fDepth = 0;
     bool fIsStopped = false;
 };
