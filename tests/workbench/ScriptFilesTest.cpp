@@ -1,6 +1,8 @@
 // Scripts in files, in the window.
 #include "RecentPaths.h"
 #include "ScriptHabits.h"
+#include "TAutosaveFile.h"
+#include "TItemSelection.h"
 #include "TScriptController.h"
 #include "TWindowFixture.h"
 #include "WRibbon.h"
@@ -8,11 +10,13 @@
 #include "WScriptOutput.h"
 #include "WScriptViewer.h"
 
+#include <QDir>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextBlock>
+#include <QTimer>
 
 namespace {
 
@@ -30,15 +34,15 @@ protected:
     WScriptConsole *console() { return fWindow->findChild<WScriptConsole *>("scriptConsole"); }
     QString output() { return console()->output().toPlainText(); }
     QAction *action(const char *name) { return fWindow->actionTable().action(name); }
-    void drop(const QString &path)
+    void drop(QWidget *target, const QString &path)
     {
         QMimeData mime;
         mime.setUrls({QUrl::fromLocalFile(path)});
-        const QPoint place = console()->rect().center();
+        const QPoint place = target->rect().center();
         QDragEnterEvent enter(place, Qt::CopyAction, &mime, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(console(), &enter);
+        QCoreApplication::sendEvent(target, &enter);
         QDropEvent dropped(place, Qt::CopyAction, &mime, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(console(), &dropped);
+        QCoreApplication::sendEvent(target, &dropped);
         settle();
     }
 };
@@ -113,14 +117,16 @@ TEST_F(ScriptFilesTest, droppedScriptRunsAfterAQuestion)
     fWindow->findChild<QAction *>("dock.scriptConsole")->trigger();
     const QString path = write("drop.js", "print('ran')");
     fAnswer = QMessageBox::Cancel;
-    drop(path);
+    drop(console(), path);
     EXPECT_EQ(fMessages.size(), 1);
     EXPECT_EQ(output(), "");
     fAnswer = QMessageBox::Yes;
-    drop(path);
+    drop(console(), path);
     EXPECT_EQ(output(), "ran");
-    drop(writeCsv("a.csv")); // the window takes it as anywhere
-    EXPECT_EQ(fMessages.size(), 2);
+    drop(fWindow.get(), path);
+    EXPECT_EQ(output(), "ran\nran");
+    drop(console(), writeCsv("a.csv")); // the window takes it as anywhere
+    EXPECT_EQ(fMessages.size(), 3);
     EXPECT_EQ(document()->items().size(), 1);
 }
 
@@ -139,6 +145,44 @@ TEST_F(ScriptFilesTest, documentsOfScriptsOpenBesideTheOthers)
     EXPECT_TRUE(document()->isModified());
     EXPECT_FALSE(scripts().runFile(write("bad.js", "openDocument('none.klm')")));
     EXPECT_EQ(fWindow->documents().count(), 2);
+}
+
+TEST_F(ScriptFilesTest, noCopyIsWrittenWhileAScriptRuns)
+{
+    const QDir folder(TAutosaveFile::defaultFolder());
+    const auto copies = [&folder] { return folder.entryList({"*.autosave"}, QDir::Files).size(); };
+    QTimer::singleShot(500, [&] {
+        EXPECT_EQ(document()->pages().size(), 13);
+        EXPECT_EQ(copies(), 0);
+        scripts().stop();
+    });
+    scripts().runFile(write("steps.js", "for (var i = 0; i < 12; ++i) document.newPage(); while (true) {}"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return copies() == 1; }));
+}
+
+TEST_F(ScriptFilesTest, loopOverLongCallsIsStopped)
+{
+    open(writeCsv("a.csv"));
+    QTimer::singleShot(300, [&] { QTest::keyClick(fWindow->windowHandle(), Qt::Key_F5, Qt::ShiftModifier); });
+    // a quick loop first, after which the engine asks for events seldom
+    EXPECT_FALSE(scripts().runFile(write("long.js", "for (var i = 0; i < 300000; ++i) {}\n"
+                                                    "while (true) document.items[0].process();")));
+    EXPECT_EQ(output(), "Stopped.");
+}
+
+TEST_F(ScriptFilesTest, warningsAndSelectionOfScripts)
+{
+    open(writeCsv("a.csv"));
+    const TCanvasItem *first = item();
+    EXPECT_TRUE(
+        scripts().runFile(write("warn.js", "\nvar two = openFile('a.csv')[0];\ntwo.setParam('PointCount', '7');\n"
+                                           "if (zarnu.activeSpectrum().id != two.id) fail();")))
+        << output().toStdString();
+    EXPECT_TRUE(output().startsWith("warn.js, line 3: ")) << output().toStdString();
+    EXPECT_NE(view()->selection().active(), first);
+    EXPECT_TRUE(scripts().runFile(write("back.js", "document.items[0].select()")));
+    EXPECT_EQ(view()->selection().active(), first);
+    EXPECT_EQ(view()->page(), document()->pages().first());
 }
 
 TEST_F(ScriptFilesTest, windowIsClosedOnceTheScriptWasStopped)

@@ -88,6 +88,11 @@ bool TDropTarget::accepts(const QMimeData *mime) const
     return mime && (mime->hasUrls() || isItemDrag(mime));
 }
 
+bool TDropTarget::isScript() const
+{
+    return fRunScript && fPaths.size() == 1 && fPaths.first().endsWith(QLatin1String(".js"), Qt::CaseInsensitive);
+}
+
 void TDropTarget::showLabel(const QPoint &place, const QString &text)
 {
     fLabel->setText(text);
@@ -158,6 +163,11 @@ const QMimeData *TDropTarget::looseItems()
 
 void TDropTarget::moveFiles(QDragMoveEvent *drag)
 {
+    if (isScript()) {
+        showLabel(drag->pos(), tr("Run script"));
+        drag->acceptProposedAction();
+        return;
+    }
     if (const IPluginTemplates *templates = templatesAt(drag->pos())) {
         showLabel(drag->pos(), templates->templateTitle());
         drag->acceptProposedAction();
@@ -211,6 +221,11 @@ void TDropTarget::dropItems(QDropEvent *drop)
 
 void TDropTarget::dropFiles(QDropEvent *drop)
 {
+    if (isScript()) {
+        drop->acceptProposedAction();
+        fRunScript(fPaths.first());
+        return;
+    }
     if (dropTemplate(drop))
         return;
     QStringList files = filesOf(*drop->mimeData());

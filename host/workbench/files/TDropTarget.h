@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -30,6 +31,8 @@ public:
     TDropTarget(QWidget *window, TKelmoraHost &host, TDocumentController &documents, TFileController &files);
     ~TDropTarget() override;
 
+    /// Says what runs a script that is dropped.
+    void setScripts(const std::function<void(const QString &)> &run) { fRunScript = run; }
     bool eventFilter(QObject *object, QEvent *event) override;
     /// The files of a drag; folders are walked, up to cMaxFiles and one more.
     static QStringList filesOf(const QMimeData &mime);
@@ -38,6 +41,7 @@ public:
 
 private:
     bool accepts(const QMimeData *mime) const;
+    bool isScript() const;
     static bool isItemDrag(const QMimeData *mime);
     static bool isControlHeld(const QDropEvent &drop);
     void showLabel(const QPoint &place, const QString &text);
@@ -59,6 +63,7 @@ private:
     TKelmoraHost &fHost;
     TDocumentController &fDocuments;
     TFileController &fFiles;
+    std::function<void(const QString &)> fRunScript;
     TItemDrops fDrops;
     QLabel *fLabel;
     QStringList fPaths; // of the drag under way

@@ -110,8 +110,9 @@ QString TWriter::writeHostObject(const QScriptValue &value, int depth)
     if (object->metaObject()->indexOfMethod("toString()") >= 0 &&
         QMetaObject::invokeMethod(object, "toString", Qt::DirectConnection, Q_RETURN_ARG(QString, own)))
         return own.simplified();
+    const QString title = object->property("title").toString();
     if (depth > 0)
-        return name;
+        return title.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, title);
     QStringList parts;
     for (int i = QObject::staticMetaObject.propertyCount(); i < object->metaObject()->propertyCount(); ++i) {
         const QString property = object->metaObject()->property(i).name();

@@ -87,8 +87,7 @@ void TScriptController::connectConsole()
 {
     connect(&fConsole, &WScriptConsole::runRequested, this, &TScriptController::runInput);
     connect(&fConsole, &WScriptConsole::stopRequested, this, &TScriptController::stop);
-    // later, so that the program that the file was dragged from need not wait
-    connect(&fConsole, &WScriptConsole::fileDropped, this, &TScriptController::askToRun, Qt::QueuedConnection);
+    connect(&fConsole, &WScriptConsole::fileDropped, this, &TScriptController::askToRun);
     connect(&fConsole, &WScriptConsole::fileLinkClicked, this, &TScriptController::showFile);
     connect(&fConsole, &WScriptConsole::focusReturned, this, [this] {
         if (fDocuments.view())
@@ -245,6 +244,11 @@ void TScriptController::showConsole()
 
 void TScriptController::askToRun(const QString &path)
 {
+    QTimer::singleShot(0, this, [this, path] { runDropped(path); });
+}
+
+void TScriptController::runDropped(const QString &path)
+{
     Utils::Gui::TMessage question;
     question.fIcon = QMessageBox::Question;
     question.fTitle = tr("Run Script");
@@ -253,7 +257,7 @@ void TScriptController::askToRun(const QString &path)
     question.fButtons = QMessageBox::Yes | QMessageBox::Cancel;
     question.fDefault = QMessageBox::Yes;
     question.fLabels.insert(QMessageBox::Yes, tr("Run"));
-    if (!path.isEmpty() && Utils::Gui::ask(fWindow, question) == QMessageBox::Yes)
+    if (Utils::Gui::ask(fWindow, question) == QMessageBox::Yes)
         runFile(path);
 }
 

@@ -36,6 +36,8 @@ public:
     void stop();
     /// Asks for a script and runs it.
     void runFileDialog();
+    /// Asks whether a file that was dropped is to run, soon, so that the program it was dragged from need not wait.
+    void askToRun(const QString &path);
 
 private:
     void connectActions();
@@ -45,7 +47,7 @@ private:
     void begin(TScriptRun &run, const QString &name);
     void end();
     void showConsole();
-    void askToRun(const QString &path);
+    void runDropped(const QString &path);
     void askToClose();
     void showFile(const QString &path, int line);
     void makeStatus();

@@ -219,6 +219,8 @@ void WScriptConsole::dragEnterEvent(QDragEnterEvent *event)
 
 void WScriptConsole::dropEvent(QDropEvent *event)
 {
-    event->acceptProposedAction();
-    emit fileDropped(scriptOf(*event->mimeData()));
+    const QString path = scriptOf(*event->mimeData());
+    event->setAccepted(!path.isEmpty());
+    if (!path.isEmpty())
+        emit fileDropped(path);
 }

@@ -113,7 +113,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     fActions = new TActionTable(TMarkupLoader::loadFile(":/kelmora/ui/kelmora.mui"), this);
     fDocuments = std::make_unique<TDocumentController>(host, fTabs);
     fFiles = new TFileController(host, *fDocuments, this);
-    new TDropTarget(this, host, *fDocuments, *fFiles); // before the first view is there
+    auto *drops = new TDropTarget(this, host, *fDocuments, *fFiles); // before the first view is there
     fGui = std::make_unique<TGuiHost>(*this);
     fHost.setGui(fGui.get());
     setCentralWidget(fTabs);
@@ -129,6 +129,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     fAutosave->holdWhile([this] { return fScripts->isRunning(); });
     fShell->setAutosave(fAutosave);
     fScripts->takeMenus();
+    drops->setScripts([this](const QString &path) { fScripts->askToRun(path); });
     fShell->takeMenus();
     fDocuments->newDocument();
     fActions->updateStates();
