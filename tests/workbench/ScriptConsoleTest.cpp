@@ -1,5 +1,6 @@
 // The console: typing, running, completing, stopping.
 #include "ScriptHabits.h"
+#include "ScriptText.h"
 #include "TScriptController.h"
 #include "TWindowFixture.h"
 #include "WScriptConsole.h"
@@ -85,7 +86,9 @@ TEST_F(ScriptConsoleTest, valuesAreShownAsOneReadsThem)
     EXPECT_EQ(result("print('a', 1); warnings = 3"), "a 1\n3");
     open(writeCsv("raman.csv"));
     EXPECT_EQ(result("zarnu.activeSpectrum()"), "ZarnuSpectrum (raman)");
-    EXPECT_EQ(result("document").left(18), "Document {path: \"\"");
+    EXPECT_EQ(result("document"),
+              "Document {path: \"\", isModified: true, pages: Array (1), items: Array (1), history: Array (1)}");
+    EXPECT_EQ(result("[document.pages[0], /a/]"), "[Page, /a/]");
 }
 
 TEST_F(ScriptConsoleTest, returnRunsWhatIsComplete)
@@ -176,6 +179,12 @@ TEST_F(ScriptConsoleTest, bracketsThatBelongTogetherAreMarked)
     input().clear();
     type("f(]");
     EXPECT_EQ(input().extraSelections().size(), 1);
+    const auto pair = [](const QString &text) { return ScriptText::partnerOf(text, text.indexOf('(')); };
+    EXPECT_EQ(pair("'a' / f(1) / 2"), 9); // divides
+    EXPECT_EQ(pair("g(/[)/]/)"), 8);      // does not
+    EXPECT_EQ(pair("h(1 /* ) */) // )"), 11);
+    EXPECT_EQ(pair("h('\\')')"), 7);
+    EXPECT_EQ(pair("'(' )"), -1);
 }
 
 TEST_F(ScriptConsoleTest, errorLeadsToItsLine)

@@ -63,7 +63,7 @@ QString TWriter::writeArray(const QScriptValue &array, int depth)
 {
     const quint32 length = array.property("length").toUInt32();
     if (depth >= cDeepest && length > 0)
-        return QStringLiteral("[%1]").arg(length);
+        return QStringLiteral("Array (%1)").arg(length);
     QStringList parts;
     for (quint32 i = 0; i < length && i < cMostElements; ++i)
         parts.append(array.property(i).isUndefined() ? QStringLiteral("undefined")
@@ -116,7 +116,7 @@ QString TWriter::writeHostObject(const QScriptValue &value, int depth)
     QStringList parts;
     for (int i = QObject::staticMetaObject.propertyCount(); i < object->metaObject()->propertyCount(); ++i) {
         const QString property = object->metaObject()->property(i).name();
-        parts.append(property + ": " + write(value.property(property), depth + 1));
+        parts.append(property + ": " + write(value.property(property), cDeepest));
     }
     return parts.isEmpty() ? name : QStringLiteral("%1 {%2}").arg(name, parts.join(", "));
 }
@@ -129,12 +129,12 @@ QString TWriter::write(const QScriptValue &value, int depth)
         return value.toString();
     if (value.isQObject())
         return writeHostObject(value, depth);
-    if (value.isFunction())
-        return QStringLiteral("function");
     if (value.isDate())
         return value.toDateTime().toString(Qt::ISODate);
     if (value.isRegExp())
         return '/' + value.toRegExp().pattern() + '/';
+    if (value.isFunction()) // regular expressions are callable, too
+        return QStringLiteral("function");
     if (value.isError())
         return value.property("name").toString() + ": " + value.property("message").toString();
     if (fOpen.contains(value.objectId()))

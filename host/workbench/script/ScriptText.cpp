@@ -16,7 +16,7 @@ bool beginsExpression(const QString &before)
         return true;
     static const QRegularExpression cWord("(?:^|[^\\w$.])(return|typeof|case|in|of|delete|void|new|throw)$");
     const QChar last = text.back();
-    const bool isValue = last.isLetterOrNumber() || QStringLiteral("_$)]}").contains(last);
+    const bool isValue = last.isLetterOrNumber() || QStringLiteral("_$)]}\"'").contains(last);
     return !isValue || cWord.match(text).hasMatch();
 }
 
@@ -60,7 +60,9 @@ QString ScriptText::code(const QString &text)
             end = endOfComment(text, at);
         else if (c == '"' || c == '\'' || (c == '/' && beginsExpression(code.left(at))))
             end = endOfQuoted(text, at);
-        for (int i = at; i < end; ++i) {
+        const bool isQuoted = c != '/' && end > at; // the quotes stay, so that one sees that there is a value
+        const bool isClosed = isQuoted && end > at + 1 && text.at(end - 1) == c;
+        for (int i = isQuoted ? at + 1 : at; i < (isClosed ? end - 1 : end); ++i) {
             if (text.at(i) != '\n')
                 code[i] = ' ';
         }

@@ -6,8 +6,8 @@
 /// What an editor of scripts has to know of their text.
 namespace ScriptText {
 
-/// The text with everything inside strings, comments and regular expressions blanked, so that brackets and names that
-/// are left mean something. As long as the text.
+/// The text with comments, regular expressions and what is inside strings blanked, so that brackets and names that are
+/// left mean something. As long as the text.
 QString code(const QString &text);
 /// The place of the bracket that belongs to the one at a place; -1 when there is none, or no bracket stands there.
 int partnerOf(const QString &text, int place);

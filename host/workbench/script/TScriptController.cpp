@@ -20,6 +20,7 @@
 #include "widgets/GuiUtils.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -183,7 +184,7 @@ bool TScriptController::runInput(const QString &text, const QString &name)
         return false;
     QScriptValue result;
     TScriptError error;
-    begin(*consoleRun(), tr("The input"));
+    begin(*consoleRun(), tr("A script"));
     const bool isOk = fConsoleRun->evaluate(text, name, result, error);
     const QString shown = isOk ? ScriptResult::text(result) : QString();
     if (!isOk)
@@ -263,6 +264,8 @@ void TScriptController::runDropped(const QString &path)
 
 void TScriptController::askToClose()
 {
+    if (QApplication::activeModalWidget()) // it asks already
+        return;
     if (!isRunning()) {
         fWindow->close();
         return;
