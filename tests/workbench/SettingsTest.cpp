@@ -1,10 +1,15 @@
+#include "ScriptHabits.h"
 #include "TExportController.h"
 #include "TLogFile.h"
 #include "TPrintController.h"
+#include "TScriptController.h"
 #include "TShellController.h"
 #include "TUnitMemory.h"
 #include "TWindowFixture.h"
 #include "WExportPictureDialog.h"
+#include "WScriptConsole.h"
+#include "WScriptInput.h"
+#include "WScriptOutput.h"
 #include "WSettingsDialog.h"
 #include "log/TLogger.h"
 #include "settings/TNumberFormat.h"
@@ -164,7 +169,7 @@ TEST_F(SettingsTest, thePictureDialogBeginsWithTheSettings)
         choose(dialog, "backgroundComboBox", TPictureExporter::cTransparent);
         field<QCheckBox>(dialog, "textAsTextCheckBox")->setChecked(false);
         const QString folder = qEnvironmentVariable("YREX_PICTURES");
-        for (int page = 0; page < 5 && !folder.isEmpty(); ++page) {
+        for (int page = 0; page < 6 && !folder.isEmpty(); ++page) {
             dialog.showPage(page);
             dialog.grab().save(QString("%1/settings%2.png").arg(folder).arg(page));
         }
@@ -174,6 +179,21 @@ TEST_F(SettingsTest, thePictureDialogBeginsWithTheSettings)
     EXPECT_EQ(dialog.request().fDpi, 150.0);
     EXPECT_EQ(dialog.request().fBackground, TPictureExporter::cTransparent);
     EXPECT_FALSE(dialog.request().fTextAsText);
+}
+
+TEST_F(SettingsTest, theConsoleTakesItsSettings)
+{
+    WScriptConsole &console = fWindow->scripts().console();
+    TScriptInputHistory().add("1 + 1");
+    inDialog([](WSettingsDialog &dialog) {
+        field<QSpinBox>(dialog, "scriptFontSpinBox")->setValue(19);
+        field<QCheckBox>(dialog, "scriptEchoSettingCheckBox")->setChecked(true);
+        field<QCheckBox>(dialog, "scriptHistoryCheckBox")->setChecked(false);
+    });
+    EXPECT_EQ(console.input().font().pointSize(), 19);
+    EXPECT_EQ(console.output().font().pointSize(), 19);
+    EXPECT_TRUE(console.findChild<QCheckBox *>("scriptEchoCheckBox")->isChecked());
+    EXPECT_TRUE(TDefaultsIni().value(ScriptHabits::cHistoryKey).toStringList().isEmpty());
 }
 
 TEST_F(SettingsTest, thePaperIsRememberedBetweenRuns)

@@ -140,7 +140,7 @@ QString TWriter::write(const QScriptValue &value, int depth)
     if (fOpen.contains(value.objectId()))
         return QStringLiteral("...");
     fOpen.insert(value.objectId());
-    const QString text = value.isArray() ? writeArray(value, depth) : writeObject(value, depth);
+    QString text = value.isArray() ? writeArray(value, depth) : writeObject(value, depth);
     fOpen.remove(value.objectId());
     return text;
 }

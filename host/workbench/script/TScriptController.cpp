@@ -102,6 +102,7 @@ void TScriptController::connectConsole()
 void TScriptController::takeMenus()
 {
     if (auto *dock = fWindow->findChild<QAction *>("dock.scriptConsole")) {
+        dock->setText(tr("&Console"));
         dock->setIcon(TIcons::load("::/images/console.svg"));
         fActions.menu("script")->addAction(dock);
     }

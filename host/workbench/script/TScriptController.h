@@ -27,6 +27,7 @@ public:
 
     /// Once the menus stand, with the docks in theirs.
     void takeMenus();
+    WScriptConsole &console() { return fConsole; }
     bool isRunning() const { return fRunning; }
     /// Runs a file and remembers it; false when another script runs, or it failed, which the console tells.
     bool runFile(const QString &path);

@@ -113,6 +113,7 @@ void WScriptConsole::takeSettings()
 
 void WScriptConsole::setRunning(bool isRunning)
 {
+    fIsRunning = isRunning;
     fStop->setEnabled(isRunning);
     if (!isRunning)
         fOutput->flush();
@@ -197,7 +198,7 @@ bool WScriptConsole::recallInput(int number, int line)
 
 void WScriptConsole::echo(const QString &line)
 {
-    if (ScriptHabits::isEchoing() && !line.isEmpty())
+    if (!fIsRunning && !line.isEmpty() && ScriptHabits::isEchoing())
         fOutput->append(WScriptOutput::cNote, line);
 }
 

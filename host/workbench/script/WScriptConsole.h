@@ -36,7 +36,7 @@ public:
     bool recallInput(int number, int line);
 
 public slots:
-    /// What the user did, as a line of a script; printed where the user wants it.
+    /// What the user did, as a line of a script; printed where the user wants it, and not while a script does it.
     void echo(const QString &line);
 
 signals:
@@ -66,4 +66,5 @@ private:
     QToolButton *fStop = nullptr;
     QCheckBox *fEcho = nullptr;
     QStringList fInputs; // since the start
+    bool fIsRunning = false;
 };
