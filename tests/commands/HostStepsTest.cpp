@@ -75,9 +75,17 @@ protected:
             steps.append({history().step(i).fText, history().step(i).fScript});
         return TScriptWriter::script(steps, QString());
     }
+    void deselectAll()
+    {
+        for (ICanvasItem *item : document().items()) {
+            canvasItem(item)->setSelected(false);
+            canvasItem(item)->setActive(false);
+        }
+    }
     /// Runs the script of all that was done on a new document; what differs afterwards.
     QString replayed()
     {
+        deselectAll(); // opening selects in a script, importing alone does not
         const TDocumentState expected(document(), TDocumentState::cWithoutIds);
         const QString text = script();
         newDocument();
@@ -86,6 +94,7 @@ protected:
         TScriptError error;
         if (!run.evaluate(text, "again.js", result, error))
             return error.text() + "\n" + text.left(3000);
+        deselectAll();
         const QString difference = expected.difference(TDocumentState(document(), TDocumentState::cWithoutIds));
         return difference.isEmpty() ? QString() : difference + "\n" + text.left(3000);
     }
