@@ -2,6 +2,7 @@
 
 #include "T1DYrexPlot.h"
 #include "TCanvasYrexSpectrum.h"
+#include "commands/TCmdZoomSpectra.h"
 #include "contexts/TSpectrumItemCtx.h"
 #include "history/THistoryCommand.h"
 
@@ -34,13 +35,14 @@ bool TCmdYrexSpectrumPanning::hasMoved() const
 
 TScriptStep TCmdYrexSpectrumPanning::scriptStep() const
 {
-    TScriptStep step = TScriptStep("moveView").on(items());
-    if (fKind != cPan)
-        return step.with("remember", true);
-    step.with("right", fDeltaX).with("up", fDeltaY);
-    if (fMergeable)
-        step.with("mergeable", true);
-    return step;
+    // a pan is told once it is known where it led
+    return fKind == cPan ? TScriptStep("zoomEach") : TScriptStep("rememberView").on(items());
+}
+
+void TCmdYrexSpectrumPanning::completeScriptStep(TScriptStep &step) const
+{
+    if (fKind == cPan)
+        step = TCmdZoomSpectra::stepTo(items(), fDeltaX != 0.0, fDeltaY != 0.0);
 }
 
 bool TCmdYrexSpectrumPanning::isApplicable(TCanvasYrexSpectrum *item) const

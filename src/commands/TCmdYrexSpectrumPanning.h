@@ -23,6 +23,7 @@ public:
 
     bool isViewOnly() const override { return true; }
     TScriptStep scriptStep() const override;
+    void completeScriptStep(TScriptStep &step) const override;
     void doItem(TCanvasYrexSpectrum *item, int index) override;
     void undoItem(TCanvasYrexSpectrum *item, int index) override;
     /// Items with a plot.

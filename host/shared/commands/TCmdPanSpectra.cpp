@@ -1,6 +1,7 @@
 #include "commands/TCmdPanSpectra.h"
 
 #include "canvas/TCanvasSpectrum.h"
+#include "commands/TCmdZoomSpectra.h"
 #include "contexts/TSpectrumItemCtx.h"
 #include "history/THistoryCommand.h"
 #include "plot/T1DStackedPlotProperties.h"
@@ -47,20 +48,11 @@ TScriptStep TCmdPanSpectra::scriptStep() const
 {
     if (hasValues())
         return TScriptStep("setOffsets").on(items()).with("offsets", TScriptStep::byIndex(values()));
-    return TScriptStep("pan").on(items()).with("x", fDeltaX).with("y", fDeltaY);
+    return TScriptStep("zoomEach"); // told once it is known where it led
 }
 
 void TCmdPanSpectra::completeScriptStep(TScriptStep &step) const
 {
-    const auto *item = items().size() == 1 ? dynamic_cast<TCanvasSpectrum *>(canvasItem(items().first())) : nullptr;
-    TBasePlot *plot = item && !hasValues() ? item->activePlot() : nullptr;
-    if (!plot)
-        return;
-    step = TScriptStep("zoomTo").on(items());
-    const TRange x = plot->axis(horzDir).getScale().sorted();
-    const TRange y = plot->axis(vertDir).getScale().sorted();
-    if (fDeltaX != 0.0)
-        step.with("from", x.a).with("to", x.b);
-    if (fDeltaY != 0.0)
-        step.with("lower", y.a).with("upper", y.b);
+    if (!hasValues())
+        step = TCmdZoomSpectra::stepTo(items(), fDeltaX != 0.0, fDeltaY != 0.0);
 }

@@ -1,5 +1,6 @@
 #include "THistoryScript.h"
 
+#include "ScriptHabits.h"
 #include "canvas/TDocument.h"
 #include "commands/TCommandHistory.h"
 #include "exchange/ExportFile.h"
@@ -15,7 +16,6 @@
 
 namespace {
 
-constexpr char cFolderKey[] = "Kelmora/Script/Folder";
 constexpr char cEnding[] = ".js";
 
 QString tr(const char *text)
@@ -68,7 +68,7 @@ QString THistoryScript::text(const TDocument &document, const QList<int> &steps,
 QString THistoryScript::save(const TDocument &document, const QList<int> &steps, QWidget *parent)
 {
     TDefaultsIni settings;
-    const QString folder = settings.value(cFolderKey, QDir::homePath()).toString();
+    const QString folder = settings.value(ScriptHabits::cFolderKey, QDir::homePath()).toString();
     const QString base = document.path().isEmpty() ? tr("history") : QFileInfo(document.path()).completeBaseName();
     QString path = QFileDialog::getSaveFileName(parent, tr("Save History as Script"),
                                                 QDir(folder).filePath(base + cEnding), tr("Scripts") + " (*.js)");
@@ -82,6 +82,6 @@ QString THistoryScript::save(const TDocument &document, const QList<int> &steps,
         QMessageBox::warning(parent, tr("Save History as Script"), error);
         return QString();
     }
-    settings.setValue(cFolderKey, place.absolutePath());
+    settings.setValue(ScriptHabits::cFolderKey, place.absolutePath());
     return path;
 }

@@ -5,13 +5,17 @@
 #include "ScriptResult.h"
 #include "TActionTable.h"
 #include "TDocumentController.h"
+#include "THistoryScript.h"
 #include "TRecentMenu.h"
+#include "TScriptEcho.h"
 #include "TScriptGate.h"
 #include "WDocumentView.h"
 #include "WScriptConsole.h"
 #include "WScriptInput.h"
 #include "WScriptOutput.h"
 #include "WScriptViewer.h"
+#include "canvas/TDocument.h"
+#include "commands/TCommandHistory.h"
 #include "script/TScriptRun.h"
 #include "services/IGuiHost.h"
 #include "services/TKelmoraHost.h"
@@ -49,6 +53,7 @@ TScriptController::TScriptController(TKelmoraHost &host, TActionTable &actions, 
     , fConsole(console)
     , fWindow(window)
     , fGate(new TScriptGate(window, &console, actions.action(cStopAction), this))
+    , fEcho(new TScriptEcho(documents, this))
 {
     connectActions();
     connectConsole();
@@ -80,12 +85,19 @@ void TScriptController::connectActions()
     fActions.on(
         cStopAction, [this] { stop(); }, [this] { return isRunning() ? QString() : tr("No script runs."); });
     fActions.on(
+        "scriptSaveHistory", [this] { saveHistory(); },
+        [this, whyNot] {
+            const TDocument *document = fDocuments.document();
+            return document && document->history().count() > 0 ? whyNot() : tr("Nothing was done yet.");
+        });
+    fActions.on(
         "scriptConsole", [this] { fWindow->findChild<QAction *>("dock.scriptConsole")->trigger(); }, {},
         [this] { return fConsole.isVisible(); });
 }
 
 void TScriptController::connectConsole()
 {
+    connect(fEcho, &TScriptEcho::echoed, &fConsole, &WScriptConsole::echo);
     connect(&fConsole, &WScriptConsole::runRequested, this, &TScriptController::runInput);
     connect(&fConsole, &WScriptConsole::stopRequested, this, &TScriptController::stop);
     connect(&fConsole, &WScriptConsole::fileDropped, this, &TScriptController::askToRun);
@@ -163,6 +175,7 @@ void TScriptController::begin(TScriptRun &run, const QString &name)
 void TScriptController::end()
 {
     fRunning = nullptr;
+    fEcho->passOver();
     fFile.clear();
     fGate->setClosed(false);
     fStatus->hide();
@@ -218,6 +231,13 @@ bool TScriptController::runFile(const QString &path)
                            : error.fIsStopped ? tr("%1 was stopped").arg(name)
                                               : error.text());
     return isOk;
+}
+
+void TScriptController::saveHistory()
+{
+    const QString path = THistoryScript::save(*fDocuments.document(), {}, fWindow);
+    if (!path.isEmpty() && fHost.gui())
+        fHost.gui()->statusMessage(tr("%1 is written").arg(QFileInfo(path).fileName()));
 }
 
 void TScriptController::runAgain()

@@ -9,6 +9,7 @@ class QWidget;
 class TActionTable;
 class TDocumentController;
 class TKelmoraHost;
+class TScriptEcho;
 class TScriptGate;
 class TScriptRun;
 class WScriptConsole;
@@ -48,6 +49,7 @@ private:
     void begin(TScriptRun &run, const QString &name);
     void end();
     void showConsole();
+    void saveHistory();
     void runDropped(const QString &path);
     void askToClose();
     void showFile(const QString &path, int line);
@@ -59,6 +61,7 @@ private:
     WScriptConsole &fConsole;
     QMainWindow *fWindow;
     TScriptGate *fGate;
+    TScriptEcho *fEcho;
     QWidget *fStatus = nullptr; // shown while a script runs
     QLabel *fStatusText = nullptr;
     std::unique_ptr<TScriptRun> fConsoleRun;

@@ -71,14 +71,10 @@ TCommand *setPlotProperties(TStepCall &call)
     return new TCmdYrexPlotProperties(items, bag);
 }
 
-TCommand *moveView(TStepCall &call)
+TCommand *rememberView(TStepCall &call)
 {
-    const TCanvasItemList items = YrexStepArguments::items(call);
-    if (call.flag("remember", false))
-        return new TCmdYrexSpectrumPanning(TCmdYrexSpectrumPanning::cPan + 1, items, false);
-    auto *command = new TCmdYrexSpectrumPanning(TCmdYrexSpectrumPanning::cPan, items, call.flag("mergeable", false));
-    command->addDelta(call.number("right", 0.0), call.number("up", 0.0));
-    return command;
+    constexpr int cStays = TCmdYrexSpectrumPanning::cPan + 1;
+    return new TCmdYrexSpectrumPanning(cStays, YrexStepArguments::items(call), false);
 }
 
 } // namespace
@@ -92,6 +88,6 @@ QVector<TStepKind> yrexViewSteps()
          setActiveSpectrum},
         {"setDisplayMode", "items, {mode}", "Displays stacks in another way.", setDisplayMode},
         {"setPlotProperties", "items, {properties: {name: value}}", "Changes how plots look.", setPlotProperties},
-        {"moveView", "items, {right, up}", "Moves what plots show, in units of 0.1 mm.", moveView},
+        {"rememberView", "items", "Remembers what plots show as a view to come back to.", rememberView},
     };
 }

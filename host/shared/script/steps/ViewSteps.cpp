@@ -30,6 +30,24 @@ TCommand *zoomTo(TStepCall &call)
     return new TCmdZoomSpectra(items, x, y);
 }
 
+TCommand *zoomEach(TStepCall &call)
+{
+    const TCanvasItemList items = call.items();
+    const QVariantList views = call.list("views");
+    if (views.size() != items.size())
+        call.fail("views", TStepCall::tr("expected one for each item"));
+    QVector<TCmdZoomSpectra::TBox> boxes;
+    for (const QVariant &view : views) {
+        const QVariantMap map = view.toMap();
+        const auto range = [&](const char *from, const char *to) {
+            const bool isThere = map.contains(from) && map.contains(to);
+            return isThere ? TRange(map.value(from).toDouble(), map.value(to).toDouble()) : TRange();
+        };
+        boxes.append({range("from", "to"), range("lower", "upper")});
+    }
+    return new TCmdZoomSpectra(items, boxes);
+}
+
 TCommand *fullView(TStepCall &call)
 {
     return new TCmdZoomSpectra(call.items(), QRectF(), TCmdZoomSpectra::cFullView);
@@ -97,6 +115,8 @@ QVector<TStepKind> viewSteps()
     return {
         {"zoomTo", "items, {from, to, lower, upper}",
          "Shows a stretch of the horizontal axis, of the vertical one, or of both, in the units of the axes.", zoomTo},
+        {"zoomEach", "items, {views: [{from, to, lower, upper}]}",
+         "Shows stretches of the axes, others for each item, in the units of the axes.", zoomEach},
         {"fullView", "items", "Shows spectra as a whole.", fullView},
         {"pan", "items, {x, y}", "Moves the view to the right and up, by units of 0.1 mm.", pan},
         {"fitToHeight", "items", "Fits the vertical axis to what can be seen.",
