@@ -59,7 +59,7 @@ void TCmdYrexArithmeticOp::applyToSpectrum(TCanvasYrexSpectrum *, int, TYrexSpec
 TScriptStep TCmdYrexArithmeticOp::scriptStep() const
 {
     TScriptStep step = TScriptStep("addSpectrum").on(items());
-    step.with("reference", fReferenceItem).with("spectrum", fReferenceIndex).with("factor", fFactor);
+    step.with("reference", fReferenceItem).with("referenceSpectrum", fReferenceIndex).with("factor", fFactor);
     tellTargets(step);
     return step;
 }

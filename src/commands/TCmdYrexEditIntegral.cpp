@@ -118,7 +118,7 @@ TScriptStep TCmdYrexEditIntegral::scriptStep() const
         step.with("bound", fEdge == cFirstBound ? "first" : "second").with("x", fX);
         step.with("xUnits", YrexStepValues::unit(fUnit));
     } else {
-        step.with("fromIndex", region()->boundA).with("toIndex", region()->boundB);
+        step.with("fromPoint", region()->boundA).with("toPoint", region()->boundB);
         if (region()->maximum != before->maximum)
             step.with("maximum", region()->maximum);
     }

@@ -47,5 +47,5 @@ THistoryCommand *TCmdYrexEditIntegralsNormalization::makeItemHistory(TCanvasYrex
 
 TScriptStep TCmdYrexEditIntegralsNormalization::scriptStep() const
 {
-    return TScriptStep("setIntegralNorm").on(items()).with("value", fNormValue);
+    return TScriptStep("setIntegralNorm").on(items()).with("norm", fNormValue);
 }

@@ -4,6 +4,8 @@
 #include "TYrexParamsParsers.h"
 #include "TYrexStepValues.h"
 #include "TYrexTemplatesAsList.h"
+#include "YrexStepWords.h"
+#include "commands/ScriptWords.h"
 #include "history/THistoryCommand.h"
 #include "params/TParamsParser.h"
 #include "params/TParamsParsers.h"
@@ -100,6 +102,8 @@ THistoryCommand *TCmdYrexEditParameterTemplates::makeItemHistory(TCanvasYrexSpec
 TScriptStep TCmdYrexEditParameterTemplates::scriptStep() const
 {
     TScriptStep step("setParameterTemplates");
-    step.on(items()).with("format", fFormat).with("templates", YrexTemplatesAsList::told(fTemplates));
+    step.on(items())
+        .with("format", YrexStepWords::formats().word(fFormat))
+        .with("templates", YrexTemplatesAsList::told(fTemplates));
     return YrexStepValues::withSpectra(step, targets(), items());
 }

@@ -52,6 +52,6 @@ TScriptStep TCmdYrexEditPeak::scriptStep() const
     TScriptStep step("annotatePeak");
     step.on(items()).with("peak", fPeakIndex);
     if (!fValue.first().toString().isNull())
-        step.with("text", fValue.first().toString());
+        step.with("annotation", fValue.first().toString());
     return YrexStepValues::withSpectrum(step, fPlaces, items());
 }

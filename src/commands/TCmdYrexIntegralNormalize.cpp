@@ -50,8 +50,8 @@ THistoryCommand *TCmdYrexIntegralNormalize::makeItemHistory(TCanvasYrexSpectrum 
 TScriptStep TCmdYrexIntegralNormalize::scriptStep() const
 {
     TScriptStep step("normalizeIntegrals");
-    step.on(items()).with("reference", fReference);
+    step.on(items()).with("integral", fReference);
     if (fValue != 0.0)
-        step.with("value", fValue);
+        step.with("norm", fValue);
     return YrexStepValues::withSpectrum(step, fPlaces, items());
 }

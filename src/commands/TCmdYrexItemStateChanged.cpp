@@ -66,7 +66,7 @@ TScriptStep TCmdYrexItemStateChanged::scriptStep() const
     if (fKind == cStackedMode)
         return TScriptStep("setDisplayMode")
             .on(items())
-            .with("mode", YrexStepWords::displayMode(knownMode(fValue.toInt())));
+            .with("display", YrexStepWords::displayMode(knownMode(fValue.toInt())));
     QVariantList active;
     for (int i = 0; i < items().size(); ++i)
         active.append(nextActive(*yrexItemAt(i)));

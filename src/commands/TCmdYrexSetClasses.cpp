@@ -43,7 +43,7 @@ TCmdYrexSetClasses::TClasses TCmdYrexSetClasses::fromTold(const QVariantMap &map
 
 TScriptStep TCmdYrexSetClasses::scriptStep() const
 {
-    return TScriptStep("setClasses").on(items()).with("names", QVariant(fNames)).with("classes", told(fClasses));
+    return TScriptStep("setClasses").on(items()).with("classNames", QVariant(fNames)).with("classes", told(fClasses));
 }
 
 void TCmdYrexSetClasses::doItem(TCanvasYrexSpectrum *item, int)

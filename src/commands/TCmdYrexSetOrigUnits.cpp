@@ -44,7 +44,7 @@ TCmdYrexSetOrigUnits::TCmdYrexSetOrigUnits(const TCanvasItemList &items, TAxisDi
 TScriptStep TCmdYrexSetOrigUnits::scriptStep() const
 {
     TScriptStep step = TScriptStep("setOriginalUnits").on(items());
-    step.with(fAxis == horzDir ? "x" : "y", yrexUnitScriptName(fUnit));
+    step.with(fAxis == horzDir ? "xUnits" : "yUnits", yrexUnitScriptName(fUnit));
     QVector<QVector<int>> indices;
     for (int i = 0; i < items().size(); ++i)
         indices.append(targets(*yrexItemAt(i), i));

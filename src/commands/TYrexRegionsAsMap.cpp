@@ -10,8 +10,8 @@ namespace {
 
 const char cNorm[] = "norm";
 const char cIntegrals[] = "integrals";
-const char cFrom[] = "fromIndex";
-const char cTo[] = "toIndex";
+const char cFrom[] = "fromPoint";
+const char cTo[] = "toPoint";
 const char cArea[] = "area";
 const char cMaximum[] = "maximum";
 const char cReference[] = "reference";
@@ -66,7 +66,7 @@ QString readRegion(const QVariantMap &map, const TYrexSpectrum &spectrum, TYrexI
 {
     if (!map.contains(cFrom) || !map.contains(cTo) || !readNumber(map, cFrom, region.boundA) ||
         !readNumber(map, cTo, region.boundB))
-        return tr("expected objects with fromIndex and toIndex");
+        return tr("expected objects with fromPoint and toPoint");
     region.area = computedArea(region, spectrum);
     const QVariant reference = map.value(cReference, false);
     if (!readNumber(map, cArea, region.area) || !readNumber(map, cMaximum, region.maximum))

@@ -7,7 +7,7 @@ class TYrexIntegrationRegion;
 class TYrexIntegrationRegions;
 class TYrexSpectrum;
 
-/// Lists of integration regions as scripts have them: {norm, integrals: [{fromIndex, toIndex, area, maximum, reference,
+/// Lists of integration regions as scripts have them: {norm, integrals: [{fromPoint, toPoint, area, maximum, reference,
 /// mode}]}, where all but the bounds may be missing. Bounds are fractional point indexes.
 namespace YrexRegionsAsMap {
 

@@ -35,7 +35,7 @@ TScriptStep TYrexUnitsCommand::unitsStep(const QString &name) const
         if (yrexItem(entry))
             concerned.append(entry);
     }
-    return TScriptStep(name).on(concerned).with("units", yrexUnitScriptName(fUnit));
+    return TScriptStep(name).on(concerned).with(fAxis == horzDir ? "xUnits" : "yUnits", yrexUnitScriptName(fUnit));
 }
 
 bool TYrexUnitsCommand::cmdItemApplicable(TCanvasItem *item) const

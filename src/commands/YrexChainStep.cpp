@@ -250,7 +250,8 @@ bool YrexChainStep::setActions(const QVariantList &listed, TYrexProcParams &para
     if (!TYrexChainJson::parseActions(TYrexChainJson::toJson(listed), actions, problem, warnings))
         return false;
     if (!warnings.isEmpty()) {
-        problem = warnings.first(); // a misspelt key
+        problem = warnings.first(); // a misspelt key, which chains in files may have
+        problem.remove(QStringLiteral(" is kept"));
         return false;
     }
     params.setActions(chainOf(actions, params.actions()));

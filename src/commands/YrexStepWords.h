@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+class TScriptWords;
+
 /// Words for numbers in script steps.
 namespace YrexStepWords {
 
@@ -12,5 +14,7 @@ QString displayMode(int mode);
 QStringList displayModes();
 /// The words of what TCmdShowYrexItemFeature shows, by their numbers.
 QStringList features();
+/// The names of file formats that have templates of parameters, as openFile takes them.
+const TScriptWords &formats();
 
 } // namespace YrexStepWords

@@ -58,7 +58,7 @@ TEST_F(MarkSteps, whatScriptsDidIsTold)
 TEST_F(MarkSteps, callsByHandNeedLittle)
 {
     EXPECT_EQ(value("steps.integrate(s, {from: 140, to: 160}) + ' ' + s.integrals().at(0).rangeMin()"), "true 140");
-    EXPECT_EQ(value("steps.setIntegrals(s, {spectra: {0: {integrals: [{fromIndex: 40, toIndex: 60}]}}})"), "true");
+    EXPECT_EQ(value("steps.setIntegrals(s, {spectra: {0: {integrals: [{fromPoint: 40, toPoint: 60}]}}})"), "true");
     EXPECT_EQ(value("s.integrals().at(0).rangeMin()"), "140");
     EXPECT_NEAR(value("s.integrals().at(0).integralValue(1)").toDouble(),
                 value("s.integralValueInInterval(140, 160)").toDouble(), 1e-9)
@@ -82,7 +82,7 @@ TEST_F(MarkSteps, wrongCallsAreToldAndChangeNothing)
         {"deletePeaks(s, {peaks: [0]})", "\"peaks\": there is no such peak"},
         {"deletePeaks(s, {peaks: [[0], [1]]})", "\"peaks\": expected a list for each item"},
         {"deletePeaks(s)", "\"peaks\": expected an array"},
-        {"annotatePeak(s, {peak: 3, text: ''})", "\"peak\": there is no such peak"},
+        {"annotatePeak(s, {peak: 3, annotation: ''})", "\"peak\": there is no such peak"},
         {"pickPeaks(s, {from: 1})", "\"to\": expected a number"},
         {"pickPeaks(s, {from: 1, to: 2, xUnits: 'miles'})", "\"xUnits\": expected the name of a unit"},
         {"pickStandardPeaks(s, {spectrum: 4})", "\"spectrum\": there is no such spectrum"},
@@ -95,17 +95,17 @@ TEST_F(MarkSteps, wrongCallsAreToldAndChangeNothing)
         {"moveIntegralBound(s, {integral: 0})", "\"integral\": there is no such integral"},
         {"setIntegrals(s, {spectra: {1: {}}})", "\"spectra\": there is no such spectrum"},
         {"setIntegrals(s, {spectra: {0: {}}})", "expected an object with an array \"integrals\""},
-        {"setIntegrals(s, {spectra: {0: {integrals: [{fromIndex: 1}]}}})", "expected objects with fromIndex"},
-        {"setIntegrals(s, {spectra: {0: {integrals: [{fromIndex: 1, toIndex: 2, mode: 'm'}]}}})", "mode is"},
-        {"setIntegrals(s, {spectra: {0: {integrals: [{fromIndex: 1, toIndex: 2, id: 2}]}}})", "\"id\" is no part"},
-        {"normalizeIntegrals(s, {reference: 0})", "\"reference\": there is no such integral"},
+        {"setIntegrals(s, {spectra: {0: {integrals: [{fromPoint: 1}]}}})", "expected objects with fromPoint"},
+        {"setIntegrals(s, {spectra: {0: {integrals: [{fromPoint: 1, toPoint: 2, mode: 'm'}]}}})", "mode is"},
+        {"setIntegrals(s, {spectra: {0: {integrals: [{fromPoint: 1, toPoint: 2, id: 2}]}}})", "\"id\" is no part"},
+        {"normalizeIntegrals(s, {integral: 0})", "\"integral\": there is no such integral"},
         {"placeIntegrals(s, {bands: []})", "\"bands\": expected one for each item"},
         {"placeIntegrals(s, {bands: [{labels: 'a'}]})", "expected objects with labels"},
         {"setParameter(s, {parameter: 'Nonsense', value: ''})", "\"Nonsense\" is no parameter"},
         {"setParameters(s, {values: {Title: []}})", "\"values\": expected texts"},
-        {"setParameterTemplates(s, {format: 4711, templates: []})", "\"format\": there are no templates"},
-        {"setParameterTemplates(s, {format: 37, templates: [{parameter: 'Title', dimension: 99}]})", "dimension is"},
-        {"setParameterTemplates(s, {format: 37, templates: [{parameter: 'Title', source: 5}]})", "are texts"},
+        {"setParameterTemplates(s, {format: 'xyz', templates: []})", "\"format\": expected one of \"csv"},
+        {"setParameterTemplates(s, {format: 'csv', templates: [{parameter: 'Title', dimension: 99}]})", "dimension is"},
+        {"setParameterTemplates(s, {format: 'csv', templates: [{parameter: 'Title', source: 5}]})", "are texts"},
     };
     const TItemState before = state();
     for (const auto &test : cases) {
@@ -123,10 +123,11 @@ TEST_F(MarkSteps, nothingMakesThemCrash)
     for (const TStepKind &kind : yrexMarkSteps() + yrexParameterSteps()) {
         const QString loop =
             "var values = [-1, 0, 1e300, NaN, Infinity, '', 'first', null, true, [], [0], [-1], [[0]], {}, [{}], {0: "
-            "{}}, {0: {integrals: [{fromIndex: -1e300, toIndex: NaN, mode: 77}], norm: NaN}}, "
+            "{}}, {0: {integrals: [{fromPoint: -1e300, toPoint: NaN, mode: 77}], norm: NaN}}, "
             "[{labels: NaN, curves: 1e300}]];"
-            "var names = ['peaks', 'spectrum', 'peak', 'text', 'from', 'to', 'xUnits', 'point', 'integral', 'bound', "
-            "'x', 'fromIndex', 'toIndex', 'spectra', 'value', 'reference', 'bands', 'parameter', 'values', 'format', "
+            "var names = ['peaks', 'spectrum', 'peak', 'annotation', 'from', 'to', 'xUnits', 'point', 'integral', "
+            "'bound', "
+            "'x', 'fromPoint', 'toPoint', 'spectra', 'value', 'norm', 'bands', 'parameter', 'values', 'format', "
             "'templates', 'integrals', 'areaUnits', 'threshold'];"
             "for (var i = 0; i < 400; ++i) { var given = {}; for (var k = 0; k < names.length; ++k) {"
             "  if ('%2'.indexOf(names[k]) >= 0 && (i + k) % 5) given[names[k]] = values[(i * 7 + k * i) % "

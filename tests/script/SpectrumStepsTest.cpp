@@ -105,7 +105,7 @@ TEST_F(SpectrumSteps, classesOfAScriptAreTold)
     EXPECT_TRUE(run("s.setStackedClasses({Classes: ['a', ''], Properties: {a: {Name: 'a', Color: '#ff0000', "
                     "'Color Mode': 1}}});"))
         << fError.text().toStdString();
-    EXPECT_EQ(told(), QString("steps.setClasses(item1, {names: [\"a\", \"\"], classes: {a: {color: \"#ffff0000\", "
+    EXPECT_EQ(told(), QString("steps.setClasses(item1, {classNames: [\"a\", \"\"], classes: {a: {color: \"#ffff0000\", "
                               "colors: \"tints\"}}});"));
     const QByteArray after = bytes();
     const QString line = told();
@@ -135,15 +135,15 @@ TEST_F(SpectrumSteps, wrongCallsSayWhatIsWrong)
         {"process(s, {actions: [], multipoint: {lamda: 1}})", "\"lamda\" is unknown"},
         {"process(s, {template: 'AAAA'})", "no processing template"},
         {"addSpectrum(s, {factor: 2})", "\"reference\""},
-        {"addSpectrum(s, {reference: s, spectrum: 9})", "there is no spectrum 9"},
+        {"addSpectrum(s, {reference: s, referenceSpectrum: 9})", "there is no spectrum 9"},
         {"setSeriesValues(s, {values: {a: 1}})", "\"a\" is no index"},
         {"setSeriesValues(s, {values: {0: 'x'}})", "expected numbers"},
-        {"setOriginalUnits(s, {x: 'absorbance'})", "is no unit of this axis"},
-        {"setXUnits(s, {units: 'furlongs'})", "\"furlongs\""},
-        {"setYUnits(s, {units: 'nanometers'})", "is no unit of this axis"},
+        {"setOriginalUnits(s, {xUnits: 'absorbance'})", "is no unit of this axis"},
+        {"setXUnits(s, {xUnits: 'furlongs'})", "\"furlongs\""},
+        {"setYUnits(s, {yUnits: 'nanometers'})", "is no unit of this axis"},
         {"showFeature(s, {feature: 'peaks'})", "expected one of integral labels"},
         {"setActiveSpectrum(s, {spectrum: [0, 1]})", "expected one for each item"},
-        {"setDisplayMode(s, {mode: 'sideways'})", "expected one of active only"},
+        {"setDisplayMode(s, {display: 'sideways'})", "expected one of active only"},
         {"setPlotProperties(s, {properties: {nothing: 1}})", "there is no property"},
         {"setPlotProperties(s, {properties: {'title.color': 'reddish'}})", "expected a colour"},
         {"setPlotProperties(s, {properties: {'title.visible': 'yes'}})", "expected a value like"},
@@ -154,7 +154,7 @@ TEST_F(SpectrumSteps, wrongCallsSayWhatIsWrong)
         {"insertIntoClass(s, {from: s})", "\"className\": expected a text"},
         {"stackSpectra(s, {display: 'queued'})", "expected one of stacked, overlay"},
         {"stackSpectra(s, {page: 12})", "there is no such page"},
-        {"setClasses(s, {names: ['a']})", "expected one for each spectrum"},
+        {"setClasses(s, {classNames: ['a']})", "expected one for each spectrum"},
         {"setSeriesLabel(s, {})", "\"label\": expected a text"}};
     for (const auto &[call, text] : wrong) {
         EXPECT_FALSE(run("steps." + call + ";")) << call.toStdString();

@@ -64,7 +64,7 @@ THistoryCommand *TCmdEditSpectrumClass::itemHistoryCommand(TCanvasItem *item)
 TScriptStep TCmdEditSpectrumClass::scriptStep() const
 {
     TScriptStep step("setClass");
-    step.on(items()).with("spectra", QVariant::fromValue(fIndices)).with("name", fProperties.name);
+    step.on(items()).with("spectra", QVariant::fromValue(fIndices)).with("className", fProperties.name);
     if (fProperties.baseColor.isValid())
         step.with("color", fProperties.baseColor);
     return step.with("colors", ScriptWords::colorModes().word(fProperties.colorMode))

@@ -49,9 +49,9 @@ TCommand *addSpectrum(TStepCall &call)
     TCanvasYrexSpectrum *reference = yrexItem(call.itemArgument("reference"));
     if (!reference)
         call.fail("reference", TStepCall::tr("expected an item with spectra"));
-    const int index = call.has("spectrum") ? call.integer("spectrum") : reference ? reference->stack().current() : 0;
+    const int index = call.integer("referenceSpectrum", reference ? reference->stack().current() : 0);
     if (reference && !reference->stack().contains(index))
-        call.fail("spectrum", TStepCall::tr("there is no spectrum %1").arg(index));
+        call.fail("referenceSpectrum", TStepCall::tr("there is no spectrum %1").arg(index));
     auto *command = new TCmdYrexArithmeticOp(items, reference, index, call.number("factor", 1.0));
     command->setTargets(targets);
     return command;
@@ -80,20 +80,20 @@ TCommand *setSeriesValues(TStepCall &call)
 TCommand *setOriginalUnits(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepArguments::items(call);
-    const TAxisDir axis = call.has("x") ? horzDir : vertDir;
-    const int unit = YrexStepArguments::unit(call, axis == horzDir ? "x" : "y", axis);
+    const TAxisDir axis = call.has("xUnits") ? horzDir : vertDir;
+    const int unit = YrexStepArguments::unit(call, axis == horzDir ? "xUnits" : "yUnits", axis);
     return new TCmdYrexSetOrigUnits(items, axis, unit, YrexStepArguments::targets(call, items));
 }
 
 TCommand *setXUnits(TStepCall &call)
 {
-    const int unit = YrexStepArguments::unit(call, "units", horzDir);
+    const int unit = YrexStepArguments::unit(call, "xUnits", horzDir);
     return new TCmdSetYrexSpectrumHorizontalUnits(unit, YrexStepArguments::items(call), call.flag("original", false));
 }
 
 TCommand *setYUnits(TStepCall &call)
 {
-    const int unit = YrexStepArguments::unit(call, "units", vertDir);
+    const int unit = YrexStepArguments::unit(call, "yUnits", vertDir);
     return new TCmdSetYrexSpectrumVerticalUnits(unit, YrexStepArguments::items(call));
 }
 
@@ -102,19 +102,19 @@ TCommand *setYUnits(TStepCall &call)
 QVector<TStepKind> yrexDataSteps()
 {
     return {
-        {"process", "items, {actions: [{action, ...}], multipoint, spectra, template}",
-         "Runs a processing chain. Actions are given as in chains in JSON, by their labels; what is not listed is "
-         "switched off.",
+        {"process", "items, {actions: [{action}], multipoint, template, spectra: [index]}",
+         "Runs a processing chain. Actions are given as in chains in JSON, by their labels; those that are not listed "
+         "are switched off.",
          process},
-        {"addSpectrum", "items, {reference, spectrum, factor, spectra}",
+        {"addSpectrum", "items, {reference: item, referenceSpectrum, factor, spectra: [index]}",
          "Adds a multiple of a reference spectrum; a negative factor subtracts it.", addSpectrum},
-        {"restoreOriginalData", "items, {spectra}", "Takes spectra back to the data that were read.",
+        {"restoreOriginalData", "items, {spectra: [index]}", "Takes spectra back to the data that were read.",
          restoreOriginalData},
-        {"setSeriesValues", "items, {values: {index: value}}", "Sets the values by which a series is ordered.",
+        {"setSeriesValues", "items, {values: {index: number}}", "Sets the values by which a series is ordered.",
          setSeriesValues},
-        {"setOriginalUnits", "items, {x or y, spectra}",
+        {"setOriginalUnits", "items, {xUnits or yUnits, spectra: [index]}",
          "Says what an axis is where the file did not; no value changes.", setOriginalUnits},
-        {"setXUnits", "items, {units, original}", "Shows the x axis in other units.", setXUnits},
-        {"setYUnits", "items, {units}", "Gives the spectra other y units.", setYUnits},
+        {"setXUnits", "items, {xUnits, original}", "Shows the x axis in other units.", setXUnits},
+        {"setYUnits", "items, {yUnits}", "Shows the y axis in other units.", setYUnits},
     };
 }

@@ -96,8 +96,8 @@ TCommand *setIntegralBounds(TStepCall &call)
     if (!integral)
         return nullptr;
     TYrexIntegrationRegion region = *integral;
-    region.boundA = call.number("fromIndex");
-    region.boundB = call.number("toIndex");
+    region.boundA = call.number("fromPoint");
+    region.boundB = call.number("toPoint");
     region.maximum = call.number("maximum", region.maximum);
     return new TCmdYrexEditIntegral(items, region, integral->id, places);
 }
@@ -123,16 +123,16 @@ TCommand *setIntegrals(TStepCall &call)
 TCommand *setIntegralNorm(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepReading::items(call);
-    return new TCmdYrexEditIntegralsNormalization(items, call.number("value"));
+    return new TCmdYrexEditIntegralsNormalization(items, call.number("norm"));
 }
 
 TCommand *normalizeIntegrals(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepReading::items(call);
     const TYrexSpectrumPlaces places = YrexStepReading::places(call, items);
-    const int reference = call.integer("reference");
-    checkIntegral(call, "reference", reference, items, places);
-    return new TCmdYrexIntegralNormalize(items, reference, call.number("value", 0.0), places);
+    const int reference = call.integer("integral");
+    checkIntegral(call, "integral", reference, items, places);
+    return new TCmdYrexIntegralNormalize(items, reference, call.number("norm", 0.0), places);
 }
 
 /// What users call the change from the plot's present band.
@@ -176,21 +176,21 @@ TCommand *placeIntegrals(TStepCall &call)
 QVector<TStepKind> yrexIntegralSteps()
 {
     return {
-        {"integrate", "items, {from, to, xUnits, areaUnits, spectra: [0]}",
+        {"integrate", "items, {from, to, xUnits, areaUnits, spectra: [index]}",
          "Adds an integral; without spectra to the selected ones.", integrate},
-        {"deleteIntegrals", "items, {integrals: [0], from, to, xUnits, spectrum}",
+        {"deleteIntegrals", "items, {integrals: [place], from, to, xUnits, spectrum}",
          "Deletes integrals of a spectrum, and of its class where stacks are shown in groups: those at places of its "
          "list, those that touch a range, or all.",
          deleteIntegrals},
-        {"moveIntegralBound", "item, {integral, bound: \"first\", x, xUnits, spectrum}",
+        {"moveIntegralBound", "item, {integral, bound, x, xUnits, spectrum}",
          "Moves the first or second bound of an integral.", moveIntegralBound},
-        {"setIntegralBounds", "items, {integral, fromIndex, toIndex, maximum, spectrum}",
+        {"setIntegralBounds", "items, {integral, fromPoint, toPoint, maximum, spectrum}",
          "Gives an integral other bounds, in points from 0.", setIntegralBounds},
-        {"setIntegrals", "item, {spectra: {0: {integrals: [{fromIndex, toIndex}], norm}}}",
+        {"setIntegrals", "item, {spectra: {index: {integrals: [{fromPoint, toPoint}], norm}}}",
          "Gives spectra of a stack other integrals, with bounds in points from 0.", setIntegrals},
-        {"setIntegralNorm", "items, {value}", "Sets the area that is shown as 1, in all spectra of the items.",
+        {"setIntegralNorm", "items, {norm}", "Sets the area that is shown as 1, in all spectra of the items.",
          setIntegralNorm},
-        {"normalizeIntegrals", "items, {reference, value, spectrum}",
+        {"normalizeIntegrals", "items, {integral, norm, spectrum}",
          "Makes an integral the reference, and sets the area that is shown as 1.", normalizeIntegrals},
         {"placeIntegrals", "items, {bands: [{labels, curves, curveHeight}]}",
          "Places labels and curves of integrals, in fractions of the height of the area in which curves stand.",

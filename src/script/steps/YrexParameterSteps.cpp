@@ -3,12 +3,14 @@
 #include "TCmdYrexEditParameterTemplates.h"
 #include "TCmdYrexEditParameters.h"
 #include "TYrexParamEdit.h"
-#include "TYrexParamsParsers.h"
 #include "TYrexTemplatesAsList.h"
 #include "YrexStepReading.h"
+#include "YrexStepWords.h"
 #include "YrexSteps.h"
-#include "params/TParamsParsers.h"
+#include "commands/ScriptWords.h"
+#include "params/TSpectrumParamsTemplate.h"
 #include "script/TStepCall.h"
+#include "utils/TFileFormat.h"
 
 namespace {
 
@@ -45,9 +47,9 @@ TCommand *setParameters(TStepCall &call)
 TCommand *setParameterTemplates(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepReading::items(call);
-    const int format = call.integer("format");
-    if (!yrexParamsParsers().value(format))
-        call.fail("format", TStepCall::tr("there are no templates of that format"));
+    int format = Common::Types::cFormatUnknown;
+    if (!YrexStepWords::formats().value(call.text("format"), format))
+        call.fail("format", TStepCall::tr("expected one of %1").arg(YrexStepWords::formats().list()));
     TSpectrumParamsTemplate templates;
     const QString problem = YrexTemplatesAsList::read(call.list("templates"), templates);
     if (!problem.isEmpty())
@@ -61,11 +63,11 @@ TCommand *setParameterTemplates(TStepCall &call)
 QVector<TStepKind> yrexParameterSteps()
 {
     return {
-        {"setParameter", "items, {parameter: \"Title\", value, spectra: [0]}",
+        {"setParameter", "items, {parameter, value, spectra: [index]}",
          "Sets a parameter; without spectra of the selected ones.", setParameter},
-        {"setParameters", "items, {values: {Title: \"\"}, spectra: [0]}",
+        {"setParameters", "items, {values: {name: value}, spectra: [index]}",
          "Sets parameters; without spectra of the selected ones.", setParameters},
-        {"setParameterTemplates", "items, {format, templates: [{parameter, expression, source}], spectra: [0]}",
+        {"setParameterTemplates", "items, {format, templates: [{parameter, expression, source}], spectra: [index]}",
          "Changes the recipe by which parameters of a file format are read, and reads those of spectra anew.",
          setParameterTemplates},
     };

@@ -38,7 +38,7 @@ TCommand *annotatePeak(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepReading::items(call);
     const TYrexSpectrumPlaces places = YrexStepReading::places(call, items);
-    const QString text = YrexStepReading::text(call, "text");
+    const QString text = YrexStepReading::text(call, "annotation");
     const int peak = call.integer("peak");
     const bool isThere = std::any_of(items.begin(), items.end(), [&](ICanvasItem *item) {
         const TYrexSpectrum *spectrum = places.spectrum(yrexItem(item));
@@ -82,9 +82,9 @@ TCommand *addPeak(TStepCall &call)
 QVector<TStepKind> yrexPeakSteps()
 {
     return {
-        {"deletePeaks", "items, {peaks: [0], spectrum}", "Deletes peaks of a spectrum, by their places in its list.",
-         deletePeaks},
-        {"annotatePeak", "items, {peak, text, spectrum}", "Gives a peak another annotation.", annotatePeak},
+        {"deletePeaks", "items, {peaks: [place], spectrum}",
+         "Deletes peaks of a spectrum, by their places in its list.", deletePeaks},
+        {"annotatePeak", "items, {peak, annotation, spectrum}", "Gives a peak another annotation.", annotatePeak},
         {"pickPeaks", "items, {from, to, xUnits, threshold}",
          "Picks the peaks of a range anew in all spectra of the items, above a threshold in y units.",
          [](TStepCall &call) { return pick(call, false); }},

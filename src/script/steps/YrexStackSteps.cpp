@@ -88,12 +88,12 @@ TCommand *setSeriesLabel(TStepCall &call)
 TCommand *setClasses(TStepCall &call)
 {
     TCanvasYrexSpectrum *item = YrexStepArguments::item(call);
-    const QVariantList given = call.list("names");
+    const QVariantList given = call.list("classNames");
     QStringList names;
     for (const QVariant &name : given)
         names.append(name.toString());
     if (item && names.size() != item->stack().count())
-        call.fail("names", TStepCall::tr("expected one for each spectrum"));
+        call.fail("classNames", TStepCall::tr("expected one for each spectrum"));
     const auto classes = TCmdYrexSetClasses::fromTold(call.has("classes") ? call.map("classes") : QVariantMap());
     return new TCmdYrexSetClasses(item, names, classes);
 }
@@ -111,7 +111,7 @@ QVector<TStepKind> yrexStackSteps()
          insertIntoClass},
         {"stackSpectra", "items, {display, angle, onePerYUnits, newPage, page}",
          "Makes a new stack of copies of all spectra of items.", stackSpectra},
-        {"setClasses", "item, {names, classes: {name: {color, colors}}}",
+        {"setClasses", "item, {classNames: [name], classes: {name: {color, colors}}}",
          "Gives each spectrum its class, and the classes their colours.", setClasses},
         {"setSeriesLabel", "items, {label}", "Says what orders a series of spectra.", setSeriesLabel},
     };

@@ -32,7 +32,7 @@ TCommand *setActiveSpectrum(TStepCall &call)
 TCommand *setDisplayMode(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepArguments::items(call);
-    const int mode = YrexStepArguments::word(call, "mode", YrexStepWords::displayModes());
+    const int mode = YrexStepArguments::word(call, "display", YrexStepWords::displayModes());
     return new TCmdYrexItemStateChanged(TCmdYrexItemStateChanged::cStackedMode, mode, items);
 }
 
@@ -86,7 +86,7 @@ QVector<TStepKind> yrexViewSteps()
          showFeature},
         {"setActiveSpectrum", "items, {spectrum}", "Makes another spectrum of stacks the active one.",
          setActiveSpectrum},
-        {"setDisplayMode", "items, {mode}", "Displays stacks in another way.", setDisplayMode},
+        {"setDisplayMode", "items, {display}", "Displays stacks in another way.", setDisplayMode},
         {"setPlotProperties", "items, {properties: {name: value}}", "Changes how plots look.", setPlotProperties},
         {"rememberView", "items", "Remembers what plots show as a view to come back to.", rememberView},
     };

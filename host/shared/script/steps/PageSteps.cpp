@@ -57,11 +57,11 @@ QVector<TStepKind> pageSteps()
 {
     return {
         {"newPage", "{at}", "Adds an empty page at a place, else behind the others.", newPage},
-        {"deletePages", "{pages}", "Deletes pages with all that is on them; one page stays.", deletePages},
-        {"duplicatePages", "{pages}", "Puts a copy behind each page.", duplicatePages},
-        {"movePages", "{pages, before}", "Moves pages to stand before the page that is at a place.", movePages},
+        {"deletePages", "{pages: [page]}", "Deletes pages with all that is on them; one page stays.", deletePages},
+        {"duplicatePages", "{pages: [page]}", "Puts a copy behind each page.", duplicatePages},
+        {"movePages", "{pages: [page], before}", "Moves pages to stand before the page that is at a place.", movePages},
         {"setPageTitle", "{page, title}", "Names a page.", setPageTitle},
-        {"setPageSize", "{pages, width, height, margins: {left, top, right, bottom}}",
+        {"setPageSize", "{pages: [page], width, height, margins: {left, top, right, bottom}}",
          "Sets the size of pages, in units of 0.1 mm.", setPageSize},
     };
 }

@@ -37,7 +37,7 @@ TCommand *setClass(TStepCall &call)
     const TCanvasItemList items = call.items();
     const QVector<int> spectra = call.integers("spectra");
     TStackedClassProperties properties;
-    properties.name = call.text("name");
+    properties.name = call.text("className");
     if (call.has("color"))
         properties.baseColor = call.color("color");
     properties.colorMode = call.word("colors", ScriptWords::colorModes(), properties.colorMode);
@@ -91,13 +91,13 @@ QVector<TStepKind> stackSteps()
         {"hideSpectra", "items, {spectra: [index]}", "Hides spectra of stacks; one stays visible.",
          [](TStepCall &call) { return setVisible(call, false); }},
         {"deleteSpectra", "items, {spectra: [index]}", "Takes spectra out of stacks; one stays.", deleteSpectra},
-        {"setClass", "items, {spectra: [index], name, color, colors, line}",
+        {"setClass", "items, {spectra: [index], className, color, colors, line}",
          "Files spectra under a class, with the colours and the line of its members; without a name takes it away.",
          setClass},
         {"setColors", "items, {colors: [color]}", "Gives each spectrum a colour.", setColors},
         {"splitByClass", "item", "Makes a new item of each class of a stack's spectra, on new pages.", splitByClass},
-        {"setFactors", "items, {factors: {index: factor}}", "Draws spectra of a stack higher by factors.", setFactors},
-        {"setOffsets", "items, {offsets: {index: offset}}",
+        {"setFactors", "items, {factors: {index: number}}", "Draws spectra of a stack higher by factors.", setFactors},
+        {"setOffsets", "items, {offsets: {index: number}}",
          "Draws spectra of a stack higher by offsets in the vertical unit.", setOffsets},
     };
 }

@@ -56,8 +56,8 @@ TCommand *fullView(TStepCall &call)
 TCommand *pan(TStepCall &call)
 {
     const TCanvasItemList items = call.items();
-    const double x = call.number("x", 0.0);
-    return new TCmdPanSpectra(items, x, call.number("y", 0.0));
+    const double right = call.number("right", 0.0);
+    return new TCmdPanSpectra(items, right, call.number("up", 0.0));
 }
 
 TCommand *changeIntensity(TStepCall &call, bool up)
@@ -118,7 +118,7 @@ QVector<TStepKind> viewSteps()
         {"zoomEach", "items, {views: [{from, to, lower, upper}]}",
          "Shows stretches of the axes, others for each item, in the units of the axes.", zoomEach},
         {"fullView", "items", "Shows spectra as a whole.", fullView},
-        {"pan", "items, {x, y}", "Moves the view to the right and up, by units of 0.1 mm.", pan},
+        {"pan", "items, {right, up}", "Moves the view to the right and up, by units of 0.1 mm.", pan},
         {"fitToHeight", "items", "Fits the vertical axis to what can be seen.",
          [](TStepCall &call) { return new TCmdFitSpectraIntensityToHeight(call.items()); }},
         {"increaseIntensity", "items, {factor}", "Draws spectra higher against the axis.",
