@@ -10,6 +10,7 @@
 #include "TYrexSpectrumWrapper.h"
 #include "script/TScriptDocument.h"
 #include "script/TScriptPage.h"
+#include "script/TScriptSteps.h"
 
 #include <QDir>
 #include <QMetaMethod>
@@ -90,13 +91,13 @@ TEST_F(DocsScript, everyPropertyAndCallHasAnEntryWithAnExample)
         {"chain", TYrexProcessingWrapper::staticMetaObject},  {"zarnu", TYrexPluginWrapper::staticMetaObject},
         {"document", TScriptDocument::staticMetaObject},      {"page", TScriptPage::staticMetaObject},
         {"item", TCanvasItemWrapper::staticMetaObject}};
-    const QMap<QString, QString> entries = ScriptPages::entries(YREX_SCRIPT_DOCS);
+    const QMap<QString, TScriptEntry> entries = ScriptPages::entries(YREX_SCRIPT_DOCS);
     for (const auto &one : cClasses) {
         for (const QString &name : namesOf(one.fMeta)) {
             const QString entry = QString("%1.%2").arg(one.fPrefix, name);
             EXPECT_TRUE(entries.contains(entry)) << entry.toStdString() << " has no entry";
             const QRegularExpression use(QString("\\.%1\\b").arg(name));
-            EXPECT_TRUE(entries.value(entry).contains(use)) << entry.toStdString() << " has no example";
+            EXPECT_TRUE(entries.value(entry).fExamples.contains(use)) << entry.toStdString() << " has no example";
         }
     }
 }
@@ -104,7 +105,7 @@ TEST_F(DocsScript, everyPropertyAndCallHasAnEntryWithAnExample)
 TEST_F(DocsScript, everyGlobalHasAnEntryWithAnExample)
 {
     QScriptEngine bare;
-    const QMap<QString, QString> entries = ScriptPages::entries(YREX_SCRIPT_DOCS);
+    const QMap<QString, TScriptEntry> entries = ScriptPages::entries(YREX_SCRIPT_DOCS);
     QScriptValueIterator global(fRun->engine().globalObject());
     int count = 0;
     while (global.hasNext()) {
@@ -112,15 +113,40 @@ TEST_F(DocsScript, everyGlobalHasAnEntryWithAnExample)
         const QString name = global.name();
         if (name != "print" && bare.globalObject().property(name).isValid())
             continue;
-        if (name == "steps" && !QFile::exists(QDir(YREX_SCRIPT_DOCS).filePath("steps.md")))
-            continue; // what a history is written with has a page of its own
         ++count;
         const QString entry = entries.contains("new " + name) ? "new " + name : name;
         EXPECT_TRUE(entries.contains(entry)) << name.toStdString() << " has no entry";
-        EXPECT_TRUE(entries.value(entry).contains(QRegularExpression(QString("\\b%1\\b").arg(name))))
+        EXPECT_TRUE(entries.value(entry).fExamples.contains(QRegularExpression(QString("\\b%1\\b").arg(name))))
             << name.toStdString() << " has no example";
     }
     EXPECT_GT(count, 20);
+}
+
+TEST_F(DocsScript, everyStepHasAnEntryWithAnExampleThatTellsItsArguments)
+{
+    const QMap<QString, TScriptEntry> entries = ScriptPages::entries(YREX_SCRIPT_DOCS);
+    const QString common = entries.value("steps").fText; // arguments that many steps have
+    const QRegularExpression word("[A-Za-z]+");
+    const QSet<QString> placeholders{"item", "index", "place", "name", "path", "number", "value", "or"};
+    QStringList known{"steps", "steps.begin", "steps.end"};
+    for (const TStepKind &kind : fRun->steps().kinds()) {
+        SCOPED_TRACE(kind.fName.toStdString());
+        const QString name = "steps." + kind.fName;
+        const TScriptEntry entry = entries.value(name);
+        known.append(name);
+        EXPECT_EQ(entry.fCall.toStdString(), QString("%1(%2)").arg(name, kind.fArguments).toStdString());
+        EXPECT_TRUE(entry.fExamples.contains(name + '(')) << "no example";
+        QRegularExpressionMatchIterator words = word.globalMatch(kind.fArguments.section('{', 1));
+        while (words.hasNext()) {
+            const QString argument = words.next().captured();
+            const QString shown = '`' + argument + '`';
+            EXPECT_TRUE(placeholders.contains(argument) || entry.fText.contains(shown) || common.contains(shown))
+                << argument.toStdString() << " is not explained";
+        }
+    }
+    EXPECT_GT(known.size(), 60);
+    for (const QString &name : entries.keys())
+        EXPECT_TRUE(!name.startsWith("steps") || known.contains(name)) << name.toStdString() << " is no step";
 }
 
 TEST_F(DocsScript, everyKeyOfTheLooksIsListed)

@@ -20,15 +20,15 @@ void eachLine(const QString &folder, const TLine &take)
     }
 }
 
-/// The names in backticks of a heading.
-QStringList namesOf(const QString &heading)
+/// What stands in backticks in a heading.
+QStringList callsOf(const QString &heading)
 {
-    static const QRegularExpression cName("`([^`(]+)[^`]*`");
-    QStringList names;
-    QRegularExpressionMatchIterator matches = cName.globalMatch(heading);
+    static const QRegularExpression cCall("`([^`]+)`");
+    QStringList calls;
+    QRegularExpressionMatchIterator matches = cCall.globalMatch(heading);
     while (matches.hasNext())
-        names.append(matches.next().captured(1).trimmed());
-    return names;
+        calls.append(matches.next().captured(1));
+    return calls;
 }
 
 } // namespace
@@ -71,18 +71,23 @@ QVector<TScriptExample> ScriptPages::examples(const QString &folder)
     return all;
 }
 
-QMap<QString, QString> ScriptPages::entries(const QString &folder)
+QMap<QString, TScriptEntry> ScriptPages::entries(const QString &folder)
 {
-    QMap<QString, QString> texts;
+    QMap<QString, TScriptEntry> entries;
     QStringList names;
     bool isInside = false;
     eachLine(folder, [&](const QString &, const QString &line) {
-        if (line.startsWith("```"))
+        if (line.startsWith("```")) {
             isInside = line.startsWith("```js");
-        else if (!isInside && line.startsWith('#'))
-            names = line.startsWith("### ") ? namesOf(line) : QStringList();
+        } else if (!isInside && line.startsWith('#')) {
+            names.clear();
+            for (const QString &call : line.startsWith("### ") ? callsOf(line) : QStringList()) {
+                names.append(call.section('(', 0, 0).trimmed());
+                entries[names.last()].fCall = call;
+            }
+        }
         for (const QString &name : qAsConst(names))
-            texts[name] += isInside ? line + '\n' : QString();
+            (isInside ? entries[name].fExamples : entries[name].fText) += line + '\n';
     });
-    return texts;
+    return entries;
 }

@@ -18,12 +18,20 @@ struct TScriptExample
     QString runnable() const;
 };
 
+/// What stands below a heading with a name in backticks.
+struct TScriptEntry
+{
+    QString fCall; // the name with the brackets of calls
+    QString fText; // without the examples
+    QString fExamples;
+};
+
 /// Reads the pages that tell the language of scripts: examples are blocks ```js, entries are headings of the third
 /// level with names in backticks.
 namespace ScriptPages {
 
 QVector<TScriptExample> examples(const QString &folder);
-/// The examples below each name that is in a heading, without the brackets of calls.
-QMap<QString, QString> entries(const QString &folder);
+/// By the names that are in headings, without the brackets of calls.
+QMap<QString, TScriptEntry> entries(const QString &folder);
 
 } // namespace ScriptPages
