@@ -132,6 +132,7 @@ TEST_F(DocsScript, everyStepHasAnEntryWithAnExampleThatTellsItsArguments)
     for (const TStepKind &kind : fRun->steps().kinds()) {
         SCOPED_TRACE(kind.fName.toStdString());
         const QString name = "steps." + kind.fName;
+        EXPECT_FALSE(known.contains(name)) << "listed twice";
         const TScriptEntry entry = entries.value(name);
         known.append(name);
         EXPECT_EQ(entry.fCall.toStdString(), QString("%1(%2)").arg(name, kind.fArguments).toStdString());

@@ -139,8 +139,14 @@ QScriptValue TKelmoraHost::wrapItem(QScriptEngine &engine, TCanvasItem *item)
 QVector<TStepKind> TKelmoraHost::stepKinds() const
 {
     QVector<TStepKind> kinds = hostSteps();
-    for (const auto &factory : fFactories)
-        kinds += factory->stepKinds();
+    QSet<QString> names;
+    for (const auto &factory : fFactories) {
+        for (const TStepKind &kind : factory->stepKinds()) { // a module may register several factories of one kind
+            if (!names.contains(kind.fName))
+                kinds.append(kind);
+            names.insert(kind.fName);
+        }
+    }
     return kinds;
 }
 
