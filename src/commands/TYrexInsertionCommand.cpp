@@ -36,7 +36,7 @@ TScriptStep TYrexInsertionCommand::insertionStep(const QString &name) const
 {
     TScriptStep step = TScriptStep(name).on({fItem});
     return fSources.isEmpty() ? step.with("data", YrexSpectrumBytes::store(fSpectra))
-                              : step.with("from", fSources.size() == 1 ? fSources.first() : QVariant(fSources));
+                              : step.with("sources", fSources.size() == 1 ? fSources.first() : QVariant(fSources));
 }
 
 T1DYrexPlot *TYrexInsertionCommand::plot() const

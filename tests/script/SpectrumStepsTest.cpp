@@ -79,12 +79,12 @@ TEST_F(SpectrumSteps, spectraOfOtherItemsAreNamed)
     writeCsv("a.csv");
     writeCsv("b.csv", 2);
     EXPECT_TRUE(run("var a = openFile('a.csv')[0]; var b = openFile('b.csv')[0];"
-                    "steps.insertSpectra(a, {from: b, at: 0});"))
+                    "steps.insertSpectra(a, {sources: b, at: 0});"))
         << fError.text().toStdString();
     EXPECT_EQ(item()->stack().count(), 3);
     const TCommandHistory::TStep step = fHost.history().step(undo()->index() - 1);
     const QString script = TScriptWriter::script({{step.fText, step.fScript}}, QString());
-    EXPECT_TRUE(script.contains("steps.insertSpectra(item1, {from: item2, at: 0, display: \"stacked\"});"))
+    EXPECT_TRUE(script.contains("steps.insertSpectra(item1, {sources: item2, at: 0, display: \"stacked\"});"))
         << script.toStdString();
     EXPECT_EQ(value("steps.stackSpectra([a, b], {display: 'overlay'})[0].specCount"), "5");
 }
@@ -149,9 +149,9 @@ TEST_F(SpectrumSteps, wrongCallsSayWhatIsWrong)
         {"setPlotProperties(s, {properties: {'title.visible': 'yes'}})", "expected a value like"},
         {"insertSpectra(s, {data: 'AAAA'})", "expected spectra"},
         {"insertSpectra(s, {data: '/////3ic7Q=='})", "expected spectra"},
-        {"insertSpectra(s, {from: 5})", "expected items"},
-        {"replaceSpectrum(s, {spectrum: 7, from: s})", "there is no spectrum 7"},
-        {"insertIntoClass(s, {from: s})", "\"className\": expected a text"},
+        {"insertSpectra(s, {sources: 5})", "expected items"},
+        {"replaceSpectrum(s, {spectrum: 7, sources: s})", "there is no spectrum 7"},
+        {"insertIntoClass(s, {sources: s})", "\"className\": expected a text"},
         {"stackSpectra(s, {display: 'queued'})", "expected one of stacked, overlay"},
         {"stackSpectra(s, {page: 12})", "there is no such page"},
         {"setClasses(s, {classNames: ['a']})", "expected one for each spectrum"},

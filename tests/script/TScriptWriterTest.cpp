@@ -200,6 +200,8 @@ TEST_F(TScriptFixture, wrongCallsSayWhatIsWrong)
         {"steps.setFactors(s, {factors: {a: 1}})", "\"a\" is no index"},
         {"steps.setFactors(s, {factors: {'0': 'x'}})", "expected numbers"},
         {"steps.deleteSpectra(s, {spectra: [1e99]})", "expected whole numbers"},
+        {"steps.deleteSpectra(s, {spectra: ['a']})", "expected whole numbers"},
+        {"steps.deleteSpectra(s, {spectra: [[1]]})", "expected whole numbers"},
         {"steps.arrangeSpectra(s, {order: 'abc'})", "expected an array"},
         {"steps.setProperties(s, {properties: {noSuchThing: 1}})", "no such properties"},
         {"steps.setProperties(s, {properties: 5})", "expected an object"},

@@ -239,7 +239,8 @@ QVector<int> TStepCall::integers(const QString &name)
 {
     QVector<int> numbers;
     for (const QVariant &entry : list(name)) {
-        const double number = entry.toDouble();
+        const bool isNumber = entry.userType() == QMetaType::Double || entry.userType() == QMetaType::Int;
+        const double number = isNumber ? entry.toDouble() : NAN;
         if (number != std::floor(number) || std::abs(number) > std::numeric_limits<int>::max()) {
             fail(name, tr("expected whole numbers"));
             return {};

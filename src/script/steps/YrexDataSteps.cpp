@@ -115,6 +115,6 @@ QVector<TStepKind> yrexDataSteps()
         {"setOriginalUnits", "items, {xUnits or yUnits, spectra: [index]}",
          "Says what an axis is where the file did not; no value changes.", setOriginalUnits},
         {"setXUnits", "items, {xUnits, original}", "Shows the x axis in other units.", setXUnits},
-        {"setYUnits", "items, {yUnits}", "Shows the y axis in other units.", setYUnits},
+        {"setYUnits", "items, {yUnits}", "Gives all spectra other y units.", setYUnits},
     };
 }

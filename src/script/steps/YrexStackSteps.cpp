@@ -15,21 +15,21 @@
 
 namespace {
 
-/// New spectra: copies of all that the items "from" hold, or "data".
+/// New spectra: copies of all that the items "sources" hold, or "data".
 TYrexSpectrumList givenSpectra(TStepCall &call)
 {
     TYrexSpectrumList spectra;
-    if (!call.has("from")) {
+    if (!call.has("sources")) {
         spectra = YrexSpectrumBytes::load(call.bytes("data"));
         if (spectra.isEmpty())
             call.fail("data", TStepCall::tr("expected spectra"));
         return spectra;
     }
-    for (ICanvasItem *entry : call.itemsArgument("from")) {
+    for (ICanvasItem *entry : call.itemsArgument("sources")) {
         if (const TCanvasYrexSpectrum *source = yrexItem(entry))
             spectra += YrexGathering::copiesOf(*source);
         else
-            call.fail("from", TStepCall::tr("expected items with spectra"));
+            call.fail("sources", TStepCall::tr("expected items with spectra"));
     }
     return spectra;
 }
@@ -43,8 +43,8 @@ TCommand *insertSpectra(TStepCall &call)
     const bool isAbove = call.flag("above", false);
     auto *command = new TCmdYrexInsert(item, givenSpectra(call), place, mode);
     command->setShownAbove(isAbove);
-    if (call.has("from"))
-        command->setSources(call.itemsArgument("from"));
+    if (call.has("sources"))
+        command->setSources(call.itemsArgument("sources"));
     return command;
 }
 
@@ -55,8 +55,8 @@ TCommand *replaceSpectrum(TStepCall &call)
     if (item && !item->stack().contains(place))
         call.fail("spectrum", TStepCall::tr("there is no spectrum %1").arg(place));
     auto *command = new TCmdYrexReplace(item, givenSpectra(call), place);
-    if (call.has("from"))
-        command->setSources(call.itemsArgument("from"));
+    if (call.has("sources"))
+        command->setSources(call.itemsArgument("sources"));
     return command;
 }
 
@@ -64,8 +64,8 @@ TCommand *insertIntoClass(TStepCall &call)
 {
     TCanvasYrexSpectrum *item = YrexStepArguments::item(call);
     auto *command = new TCmdZarnuInsertGroupedSpectrum(item, givenSpectra(call), call.text("className"));
-    if (call.has("from"))
-        command->setSources(call.itemsArgument("from"));
+    if (call.has("sources"))
+        command->setSources(call.itemsArgument("sources"));
     return command;
 }
 
@@ -103,11 +103,11 @@ TCommand *setClasses(TStepCall &call)
 QVector<TStepKind> yrexStackSteps()
 {
     return {
-        {"insertSpectra", "item, {from or data, at, above, display}",
+        {"insertSpectra", "item, {sources or data, at, above, display}",
          "Puts copies of the spectra of other items into an item, at its end without a place.", insertSpectra},
-        {"replaceSpectrum", "item, {spectrum, from or data}", "Puts copies of spectra in the place of one of an item.",
-         replaceSpectrum},
-        {"insertIntoClass", "item, {className, from or data}", "Puts copies of spectra into a class of an item.",
+        {"replaceSpectrum", "item, {spectrum, sources or data}",
+         "Puts copies of spectra in the place of one of an item.", replaceSpectrum},
+        {"insertIntoClass", "item, {className, sources or data}", "Puts copies of spectra into a class of an item.",
          insertIntoClass},
         {"stackSpectra", "items, {display, angle, onePerYUnits, newPage, page}",
          "Makes a new stack of copies of all spectra of items.", stackSpectra},
