@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int cEventsInterval = 100;      // ms
+constexpr int cFollowedSteps = 100;       // that are shown one by one
 constexpr qint64 cLargestFile = 16 << 20; // bytes of a script
 
 QScriptValue printArguments(QScriptContext *context, QScriptEngine *engine)
@@ -30,6 +31,12 @@ QScriptValue printArguments(QScriptContext *context, QScriptEngine *engine)
     if (TScriptRun *run = TScriptRun::of(engine))
         run->print(parts.join(' '));
     return engine->undefinedValue();
+}
+
+/// The engine has no words for some of its refusals.
+QString syntaxProblem(const QScriptSyntaxCheckResult &syntax)
+{
+    return syntax.errorMessage().isEmpty() ? QStringLiteral("Parse error") : syntax.errorMessage();
 }
 
 } // namespace
@@ -111,13 +118,15 @@ bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue
     const QScriptSyntaxCheckResult syntax = QScriptEngine::checkSyntax(text);
     if (syntax.state() != QScriptSyntaxCheckResult::Valid) {
         error.fLine = syntax.errorLineNumber();
-        error.fMessage = syntax.errorMessage().isEmpty() ? tr("The script ends within a statement.")
-                                                         : QStringLiteral("SyntaxError: ") + syntax.errorMessage();
+        error.fMessage = syntax.state() == QScriptSyntaxCheckResult::Intermediate
+                             ? tr("The script ends within a statement.")
+                             : QStringLiteral("SyntaxError: ") + syntaxProblem(syntax);
         return false;
     }
     fIsStopped = false;
     fSinceEvents.start();
-    ++fDepth;
+    if (++fDepth == 1)
+        fShownSteps = 0;
     result = fEngine.evaluate(text, name);
     if (--fDepth == 0)
         fSteps.closeGroups();
@@ -167,6 +176,14 @@ void TScriptRun::breathe()
     if (!isRunning() || fSinceEvents.elapsed() < cEventsInterval)
         return;
     QCoreApplication::processEvents();
+    fSinceEvents.restart();
+}
+
+void TScriptRun::showStep()
+{
+    if (!isRunning() || ++fShownSteps > cFollowedSteps)
+        return;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, cEventsInterval);
     fSinceEvents.restart();
 }
 

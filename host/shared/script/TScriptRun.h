@@ -41,6 +41,9 @@ public:
     /// Lets events pass when none did for a while. Calls that may take long do so: the engine counts statements to know
     /// when, and takes long ones for short.
     void breathe();
+    /// Lets the window show a step that was done, so that one can follow them; with many steps only as often as
+    /// breathe() does.
+    void showStep();
     /// Makes an item the selected one, and shows it where there is a window.
     void select(TCanvasItem *item);
     bool isRunning() const { return fDepth > 0; }
@@ -75,5 +78,6 @@ private:
     QString fFolder;
     QElapsedTimer fSinceEvents;
     int fDepth = 0;
+    int fShownSteps = 0;
     bool fIsStopped = false;
 };

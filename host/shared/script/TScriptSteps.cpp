@@ -92,5 +92,6 @@ QScriptValue TScriptSteps::run(const TStepKind &kind, QScriptContext *context)
         if (!before.contains(item))
             made.setProperty(count++, fRun.wrap(canvasItem(item)));
     }
+    fRun.showStep();
     return count > 0 ? made : QScriptValue(isDone);
 }
