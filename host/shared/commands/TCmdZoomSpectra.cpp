@@ -3,6 +3,7 @@
 #include "canvas/TCanvasSpectrum.h"
 #include "contexts/TSpectrumItemCtx.h"
 #include "history/THistoryCommand.h"
+#include "plot/TBasePlot.h"
 
 namespace {
 
