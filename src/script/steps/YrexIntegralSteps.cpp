@@ -177,7 +177,7 @@ QVector<TStepKind> yrexIntegralSteps()
 {
     return {
         {"integrate", "items, {from, to, xUnits, areaUnits, spectra: [index]}",
-         "Adds an integral; without spectra to the selected ones.", integrate},
+         "Adds an integral; without spectra to the used ones.", integrate},
         {"deleteIntegrals", "items, {integrals: [place], from, to, xUnits, spectrum}",
          "Deletes integrals of a spectrum, and of its class where stacks are shown in groups: those at places of its "
          "list, those that touch a range, or all.",

@@ -64,9 +64,9 @@ QVector<TStepKind> yrexParameterSteps()
 {
     return {
         {"setParameter", "items, {parameter, value, spectra: [index]}",
-         "Sets a parameter; without spectra of the selected ones.", setParameter},
+         "Sets a parameter; without spectra of the used ones.", setParameter},
         {"setParameters", "items, {values: {name: value}, spectra: [index]}",
-         "Sets parameters; without spectra of the selected ones.", setParameters},
+         "Sets parameters; without spectra of the used ones.", setParameters},
         {"setParameterTemplates", "items, {format, templates: [{parameter, expression, source}], spectra: [index]}",
          "Changes the recipe by which parameters of a file format are read, and reads those of spectra anew.",
          setParameterTemplates},

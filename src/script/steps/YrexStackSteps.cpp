@@ -110,7 +110,7 @@ QVector<TStepKind> yrexStackSteps()
         {"insertIntoClass", "item, {className, sources or data}", "Puts copies of spectra into a class of an item.",
          insertIntoClass},
         {"stackSpectra", "items, {display, angle, onePerYUnits, newPage, page}",
-         "Makes a new stack of copies of all spectra of items.", stackSpectra},
+         "Makes a new stack of copies of all spectra of items, the angle in degrees.", stackSpectra},
         {"setClasses", "item, {classNames: [name], classes: {name: {color, colors}}}",
          "Gives each spectrum its class, and the classes their colours.", setClasses},
         {"setSeriesLabel", "items, {label}", "Says what orders a series of spectra.", setSeriesLabel},
