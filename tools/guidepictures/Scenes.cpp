@@ -2,5 +2,5 @@
 
 QVector<TScene> Scenes::all()
 {
-    return files() + views() + processing() + marks() + stacks() + figures() + documents();
+    return files() + views() + processing() + marks() + stacks() + figures() + documents() + scripts();
 }

@@ -27,5 +27,6 @@ QVector<TScene> marks();
 QVector<TScene> stacks();
 QVector<TScene> figures();
 QVector<TScene> documents();
+QVector<TScene> scripts();
 
 } // namespace Scenes
