@@ -7,9 +7,9 @@
 #include "commands/TUndoableCommandTemplate.h"
 #include "script/ScriptUtils.h"
 
-#include <QPointer>
 #include <QScriptContext>
 #include <cmath>
+#include <memory>
 
 using namespace Utils::Script;
 
@@ -79,13 +79,14 @@ QString TYrexIntegralsWrapper::toString() const
 
 QScriptValue TYrexIntegralsWrapper::wrap(const QUuid &id) const
 {
-    const QPointer<const TYrexIntegralsWrapper> list(this);
+    // a list of its own, since this one goes with the next collection of garbage
+    const auto list = std::make_shared<TYrexIntegralsWrapper>(fSpectrum, fUnit);
     return engine()->toScriptValue(new TYrexIntegralWrapper(
         [list, id]() -> TYrexIntegrationRegion * {
-            TYrexIntegrationRegions *regions = list ? list->wrapped() : nullptr;
+            TYrexIntegrationRegions *regions = list->wrapped();
             return regions ? regions->region(id) : nullptr;
         },
-        [list] { return list ? list->normValue() : 1.0; }));
+        [list] { return list->normValue(); }));
 }
 
 QScriptValue TYrexIntegralsWrapper::at(int aIndex) const
@@ -117,6 +118,8 @@ QScriptValue TYrexIntegralsWrapper::findIntegral() const
 QScriptValue TYrexIntegralsWrapper::edit(const QString &description, const TEdit &edit,
                                          const QList<THistoryParameter> &params)
 {
+    if (!isOpenItem(fSpectrum.item(), engine()))
+        return throwError(context(), cInvalidObject);
     const TYrexSpectrumRef target = fSpectrum.fixed(); // the active one may be another at undo
     const TYrexIntegrationRegions before = *ownRegions();
     const auto doStep = [target, edit] {

@@ -19,6 +19,7 @@ using namespace Utils::Script;
 namespace {
 
 constexpr double cNoAngle = 0.0; // where nothing is stored
+constexpr quint32 cMostItems = 1000000;
 
 } // namespace
 
@@ -30,7 +31,7 @@ QScriptValue TYrexPluginWrapper::createArrayedItem()
     TCanvasItemList items;
     const QScriptValue array = argument(0);
     const quint32 length = array.isArray() ? array.property("length").toUInt32() : 0;
-    for (quint32 i = 0; i < length; ++i) {
+    for (quint32 i = 0; i < length && length <= cMostItems; ++i) {
         ICanvasItem *item = canvasItemFromScriptValue(array.property(i));
         if (item && item->rtti() == TCanvasYrexSpectrum::cRtti)
             items.append(item);
@@ -45,11 +46,12 @@ QScriptValue TYrexPluginWrapper::createArrayedItem()
     const bool isStacked = arguments == 2 && argument(1).toBool();
     auto *command = new TCmdYrexArrayedFromSelection(items, TScriptRun::of(engine())->host().document(), fPlugin,
                                                      isStacked, angle, oneStackPerYUnit, false);
-    if (!doScriptHistoryCommand(command, context(), 0)) {
-        if (command->newItems().isEmpty())
-            delete command;
+    if (command->isVoid()) {
+        delete command;
         return engine()->undefinedValue();
     }
+    if (!doScriptHistoryCommand(command, context(), 0)) // refused by the history, which deleted it
+        return engine()->undefinedValue();
     return engine()->toScriptValue(new TYrexSpectrumWrapper(command->newItems().first()));
 }
 
@@ -73,7 +75,8 @@ QScriptValue TYrexPluginWrapper::extractSpectrumFromArrayedItem()
     TDocument *document = TScriptRun::of(engine())->host().document();
     auto *command = new TCmdCreateItem(TCmdCreateItem::cOther, {copy}, document, nullptr, item->provenance(), 0);
     command->setDescription(tr("Extract Spectrum"));
-    doScriptHistoryCommand(command, context(), 1);
+    if (!doScriptHistoryCommand(command, context(), 1))
+        return engine()->undefinedValue();
     for (THistoryCommand *entry : command->historyCmdList())
         entry->addParam("context", contextToVariantList(context()), QString());
     return engine()->toScriptValue(new TYrexSpectrumWrapper(copy));

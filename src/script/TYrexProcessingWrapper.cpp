@@ -84,9 +84,11 @@ void TYrexProcessingWrapper::setActions(const QScriptValue &actions)
         return;
     QString error;
     QStringList warnings;
-    if (!actions.isArray())
+    bool isFit = false;
+    const QVariant list = plainVariant(actions, &isFit);
+    if (!isFit || !actions.isArray())
         throwError(context(), cWrongType);
-    else if (!TYrexChainJson::parse(jsonOf(actions.toVariant()), *wrapped(), error, warnings))
+    else if (!TYrexChainJson::parse(jsonOf(list), *wrapped(), error, warnings))
         throwError(context(), cWrongType, error);
     for (const QString &warning : qAsConst(warnings))
         scriptWarning(context(), warning);
@@ -142,13 +144,16 @@ QScriptValue TYrexProcessingWrapper::apply()
     const QScriptValue which = argument(0);
     if ((!which.isNumber() && !which.isString()) || (argumentCount() == 2 && !argument(1).isObject()))
         return throwError(context(), cWrongType);
+    bool isFit = false;
+    const QVariantMap values = plainVariant(argument(1), &isFit).toMap();
+    if (!isFit)
+        return throwError(context(), cWrongType);
     QVariantList chain = QJsonDocument::fromJson(TYrexChainJson::toJson(wrapped()->actions())).array().toVariantList();
     for (int i = 0; i < chain.size(); ++i) {
         const int id = wrapped()->actionId(i);
         if (which.isNumber() ? id != which.toInt32() : TYrexProcParams::label(id) != which.toString())
             continue;
         QVariantMap map = chain.at(i).toMap();
-        const QVariantMap values = argument(1).toVariant().toMap();
         for (auto it = values.constBegin(); it != values.constEnd(); ++it)
             map.insert(it.key(), it.value());
         map.insert("apply", true);

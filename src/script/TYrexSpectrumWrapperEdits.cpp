@@ -284,13 +284,16 @@ QScriptValue TYrexSpectrumWrapper::setStackedClasses()
     if (argumentCount() != 1)
         return fail(cWrongCount);
     const QScriptValue names = argument(0).property("Classes");
-    if (!names.isArray() || int(names.property("length").toUInt32()) != specCount())
+    if (!names.isArray() || names.property("length").toUInt32() != quint32(specCount()))
         return fail(cWrongType);
     QStringList texts;
     for (int i = 0; i < specCount(); ++i)
         texts.append(names.property(quint32(i)).toString());
     QMap<QString, TStackedClassProperties> classes;
-    const QVariantMap properties = argument(0).property("Properties").toVariant().toMap();
+    bool isFit = false;
+    const QVariantMap properties = plainVariant(argument(0).property("Properties"), &isFit).toMap();
+    if (!isFit)
+        return fail(cWrongType);
     for (auto it = properties.constBegin(); it != properties.constEnd(); ++it)
         classes.insert(it.key(), TStackedClassProperties::fromVariantMap(it.value().toMap()));
     doScriptHistoryCommand(new TCmdYrexSetClasses(yrex(), texts, classes), context(), 1);
@@ -393,7 +396,7 @@ QScriptValue TYrexSpectrumWrapper::setParam()
     if (!argument(0).isString())
         return fail(cWrongType);
     const TYrexSpectrum *spectrum = spectrumOf();
-    if (!spectrum)
+    if (!isValid() || !spectrum)
         return fail(cInvalidObject);
     const QString name = argument(0).toString();
     const QString value = argument(1).toString();
@@ -415,7 +418,7 @@ void TYrexSpectrumWrapper::setComment(const QString &text)
 {
     if (!context())
         return;
-    if (!spectrumOf())
+    if (!isValid() || !spectrumOf())
         fail(cInvalidObject);
     else
         doScriptHistoryCommand(new TCmdYrexEditOneParam({item()}, TSpectrumParam::cComment, text, ref().index()),

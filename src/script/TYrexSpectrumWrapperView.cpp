@@ -285,7 +285,10 @@ QScriptValue TYrexSpectrumWrapper::setProperties()
         return fail(cWrongType);
     if (!isValid())
         return fail(cInvalidObject);
-    const QVariantMap wanted = argument(0).toVariant().toMap();
+    bool isFit = false;
+    const QVariantMap wanted = plainVariant(argument(0), &isFit).toMap();
+    if (!isFit)
+        return fail(cWrongType);
     const QStringList keys = wanted.keys();
     QSet<QString> unknown(keys.begin(), keys.end());
     std::vector<std::unique_ptr<TPropertiesBag>> bags;

@@ -4,6 +4,7 @@
 #include "commands/TCommand.h"
 #include "history/THistoryCommand.h"
 
+#include <QSet>
 #include <QUndoCommand>
 #include <algorithm>
 #include <vector>
@@ -189,8 +190,9 @@ TScriptStep TCommandHistory::run(TCommand &command) const
     command.completeScriptStep(script);
     script.setPlaces(before);
     QList<QUuid> made;
+    const QSet<QUuid> known(before.begin(), before.end());
     for (const QUuid &id : itemIds()) {
-        if (!before.contains(id))
+        if (!known.contains(id))
             made.append(id);
     }
     script.setMade(made);

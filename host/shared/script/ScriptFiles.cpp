@@ -15,6 +15,7 @@ using namespace Utils::Script;
 namespace {
 
 constexpr qint64 cLargestText = 256 << 20; // bytes
+constexpr qint64 cPart = 1 << 20;
 
 QString tr(const char *text)
 {
@@ -55,9 +56,14 @@ QScriptValue readText(QScriptContext *context, QScriptEngine *)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fileError(context, path, file.errorString());
-    if (file.size() > cLargestText)
-        return fileError(context, path, tr("The file is too large to be read as text."));
-    return QString::fromUtf8(file.readAll());
+    QByteArray bytes;
+    while (bytes.size() <= cLargestText) { // devices and pipes do not know their size
+        const QByteArray part = file.read(cPart);
+        if (part.isEmpty())
+            return QString::fromUtf8(bytes);
+        bytes += part;
+    }
+    return fileError(context, path, tr("The file is too large to be read as text."));
 }
 
 QScriptValue writeText(QScriptContext *context, QScriptEngine *engine)

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QScriptContext>
 #include <QScriptContextInfo>
+#include <QScriptValueIterator>
 
 const char Consts::Script::cIncorrectNumberOfArgs[] = "Incorrect number of arguments";
 const char Consts::Script::cIncorrectArguments[] = "Incorrect arguments";
@@ -36,7 +37,45 @@ QString defaultText(int code)
     }
 }
 
+constexpr int cDeepest = 64;
+constexpr double cMostValues = 1e7;
+
+/// Whether a value may be converted: the engine does so by recursion, and takes the length of an array for the number
+/// of its values. `room` is how many may still come.
+bool isBounded(const QScriptValue &value, int depth, double &room)
+{
+    if (!value.isObject() || value.isVariant() || value.isQObject() || value.isDate() || value.isFunction())
+        return true;
+    if (value.isArray())
+        room -= value.property("length").toNumber();
+    if (depth >= cDeepest || !(room >= 0.0))
+        return false;
+    QScriptValueIterator it(value);
+    while (it.hasNext()) {
+        it.next();
+        if (--room < 0.0 || !isBounded(it.value(), depth + 1, room))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
+
+bool Utils::Script::isOpenItem(const TCanvasItem *item, const QScriptEngine *engine)
+{
+    const TScriptRun *run = TScriptRun::of(engine);
+    TPage *page = item ? item->canvas() : nullptr;
+    return page && (!run || run->host().document()->pages().contains(page));
+}
+
+QVariant Utils::Script::plainVariant(const QScriptValue &value, bool *isOk)
+{
+    double room = cMostValues;
+    const bool isFit = isBounded(value, 0, room);
+    if (isOk)
+        *isOk = isFit;
+    return isFit ? value.toVariant() : QVariant();
+}
 
 QScriptValue Utils::Script::throwError(QScriptContext *context, int code, const QString &text)
 {
@@ -82,6 +121,8 @@ ICanvasItem *Utils::Script::canvasItemFromScriptValue(const QScriptValue &value)
 {
     if (const auto *wrapper = qobject_cast<TCanvasItemWrapper *>(value.toQObject()))
         return wrapper->item();
+    if (value.isObject() && !value.isVariant()) // arrays can be too long to be converted
+        return nullptr;
     const QVariant variant = value.toVariant();
     if (variant.canConvert<TCanvasItem *>())
         return variant.value<TCanvasItem *>();
@@ -96,7 +137,7 @@ QVariantList Utils::Script::contextToVariantList(QScriptContext *context)
     for (int i = 0; i < context->argumentCount(); ++i) {
         const QScriptValue argument = context->argument(i);
         const ICanvasItem *item = canvasItemFromScriptValue(argument);
-        list.append(item ? QVariant(item->uniqueId().toString()) : argument.toVariant());
+        list.append(item ? QVariant(item->uniqueId().toString()) : plainVariant(argument));
     }
     return list;
 }

@@ -7,6 +7,7 @@
 
 class ICanvasItem;
 class QScriptContext;
+class TCanvasItem;
 class TCommand;
 
 namespace Consts {
@@ -42,6 +43,12 @@ QScriptValue scriptWarning(QScriptContext *context, const QString &text);
 bool doScriptHistoryCommand(TCommand *command, QScriptContext *context, int flag);
 /// The item of a wrapper, of a variant that holds an item, or of an id in the open document; null for others.
 ICanvasItem *canvasItemFromScriptValue(const QScriptValue &value);
+/// Whether an item stands in the open document. Others may be undone, or of another document: commands on them would
+/// stand in the wrong history and outlive them.
+bool isOpenItem(const TCanvasItem *item, const QScriptEngine *engine);
+/// An array, object or plain value as a variant; invalid, with `isOk` false, for one that is nested too deeply (as one
+/// that holds itself is) or too long to be an argument.
+QVariant plainVariant(const QScriptValue &value, bool *isOk = nullptr);
 /// The arguments of a call; items as their ids.
 QVariantList contextToVariantList(QScriptContext *context);
 /// "file:line" of the script that made the call; empty outside of scripts.

@@ -37,7 +37,7 @@ QString TCanvasItemWrapper::type() const
 
 bool TCanvasItemWrapper::isValid() const
 {
-    return fItem && fItem->canvas();
+    return Utils::Script::isOpenItem(fItem.get(), engine());
 }
 
 QScriptValue TCanvasItemWrapper::rect() const

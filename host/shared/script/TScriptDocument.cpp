@@ -15,6 +15,7 @@
 
 #include <QScriptContext>
 #include <QUndoStack>
+#include <cmath>
 
 using namespace Utils::Script;
 
@@ -95,8 +96,9 @@ QScriptValue TScriptDocument::item(const QScriptValue &which) const
     const TCanvasItemList all = document().items();
     if (!which.isNumber())
         return fRun.wrap(canvasItem(canvasItemFromScriptValue(which)));
-    const int place = which.toInt32();
-    return place >= 0 && place < all.size() ? fRun.wrap(canvasItem(all.at(place))) : QScriptValue();
+    const double place = which.toNumber();
+    const bool isPlace = place == std::floor(place) && place >= 0.0 && place < all.size();
+    return isPlace ? fRun.wrap(canvasItem(all.at(int(place)))) : QScriptValue();
 }
 
 QScriptValue TScriptDocument::newPage(const QString &title)
@@ -114,6 +116,8 @@ void TScriptDocument::removeItem(const QScriptValue &item)
     ICanvasItem *found = canvasItemFromScriptValue(item);
     if (!found)
         throwError(context(), cWrongType);
+    else if (!isOpenItem(canvasItem(found), engine()))
+        throwError(context(), cInvalidObject);
     else
         doScriptHistoryCommand(new TCmdDeleteItems({found}), context(), 1);
 }

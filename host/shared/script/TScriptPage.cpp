@@ -25,6 +25,11 @@ TScriptPage::TScriptPage(TScriptRun &run, TPage *page)
 {
 }
 
+bool TScriptPage::isValid() const
+{
+    return fPage && fRun.host().document()->pages().contains(fPage);
+}
+
 QString TScriptPage::title() const
 {
     return fPage ? fPage->title() : QString();
@@ -34,7 +39,7 @@ void TScriptPage::setTitle(const QString &title)
 {
     if (!context())
         return;
-    if (!fPage)
+    if (!isValid())
         throwError(context(), cInvalidObject);
     else
         doScriptHistoryCommand(TCmdPages::renamePage(fRun.host().document(), fPage, title), context(), 1);
@@ -62,7 +67,7 @@ double TScriptPage::height() const
 void TScriptPage::resize(double width, double height)
 {
     const auto isSide = [](double side) { return side >= cLeastSide && side <= cMostSide; };
-    if (!fPage)
+    if (!isValid())
         throwError(context(), cInvalidObject);
     else if (!isSide(width) || !isSide(height))
         throwError(context(), cOutOfRange);
@@ -74,7 +79,7 @@ void TScriptPage::resize(double width, double height)
 
 void TScriptPage::remove()
 {
-    if (!fPage)
+    if (!isValid())
         throwError(context(), cInvalidObject);
     else
         doScriptHistoryCommand(TCmdPages::deletePages(fRun.host().document(), {fPage}), context(), 1);

@@ -30,7 +30,8 @@ public:
     double height() const;
 
 public slots:
-    bool isValid() const { return fPage; }
+    /// Whether it stands in the open document.
+    bool isValid() const;
     /// Gives the page another size in millimetres.
     void resize(double width, double height);
     /// Takes the page out of the document, with its items.

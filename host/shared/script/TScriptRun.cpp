@@ -107,8 +107,11 @@ bool TScriptRun::runFile(const QString &path, TScriptError &error)
         return false;
     }
     fFolder = QFileInfo(path).absolutePath();
+    QString text = QString::fromUtf8(bytes);
+    if (text.startsWith("#!")) // for the shell; as a remark it leaves the lines their numbers
+        text.prepend("//");
     QScriptValue result;
-    return evaluate(QString::fromUtf8(bytes), path, result, error);
+    return evaluate(text, path, result, error);
 }
 
 bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue &result, TScriptError &error)

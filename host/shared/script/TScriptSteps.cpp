@@ -11,6 +11,7 @@
 
 #include <QScriptContext>
 #include <QScriptEngine>
+#include <QSet>
 
 using namespace Utils::Script;
 
@@ -86,10 +87,11 @@ QScriptValue TScriptSteps::run(const TStepKind &kind, QScriptContext *context)
         return throwError(context, cWrongType, QStringLiteral("steps.%1: %2").arg(kind.fName, problem));
     }
     const bool isDone = command && doScriptHistoryCommand(command, context, 1);
+    const QSet<ICanvasItem *> known(before.begin(), before.end());
     QScriptValue made = fRun.engine().newArray();
     quint32 count = 0;
     for (ICanvasItem *item : document.items()) {
-        if (!before.contains(item))
+        if (!known.contains(item))
             made.setProperty(count++, fRun.wrap(canvasItem(item)));
     }
     fRun.showStep();

@@ -48,12 +48,13 @@ bool isReserved(const QString &name)
                                       "Infinity",   "undefined", "Math",    "JSON",     "Date"};
     // what every script finds there already and may want to call
     static const QSet<QString> cGlobals{
-        "openFile",    "openDocument",  "newDocument",    "saveDocument",    "exportData",   "exportPicture",
-        "readText",    "writeText",     "appendText",     "listFiles",       "fileExists",   "baseName",
-        "Array",       "Boolean",       "Error",          "Function",        "Number",       "Object",
-        "RegExp",      "String",        "decodeURI",      "encodeURI",       "escape",       "eval",
-        "isFinite",    "isNaN",         "parseFloat",     "parseInt",        "unescape",     "YREXPlugin",
-        "ZarnuDPPeak", "ZarnuIntegral", "ZarnuIntegrals", "ZarnuProcessing", "ZarnuSpectrum"};
+        "openFile",     "openDocument", "newDocument", "saveDocument",  "exportData",     "exportPicture",
+        "readText",     "writeText",    "appendText",  "listFiles",     "fileExists",     "baseName",
+        "makeFolder",   "workingPath",  "Array",       "Boolean",       "Error",          "Function",
+        "Number",       "Object",       "RegExp",      "String",        "decodeURI",      "encodeURI",
+        "escape",       "eval",         "isFinite",    "isNaN",         "parseFloat",     "parseInt",
+        "unescape",     "YREXPlugin",   "ZarnuDPPeak", "ZarnuIntegral", "ZarnuIntegrals", "ZarnuProcessing",
+        "ZarnuSpectrum"};
     return cWords.contains(name) || cGlobals.contains(name);
 }
 
@@ -252,7 +253,8 @@ QString TScriptWriter::script(const QVector<TUndoStep> &steps, const QString &re
         }
     }
     QStringList lines;
-    for (const QString &line : remark.split('\n', Qt::SkipEmptyParts))
+    static const QRegularExpression cLineEnd("[\\n\\r\\x{2028}\\x{2029}]"); // each ends a remark
+    for (const QString &line : remark.split(cLineEnd, Qt::SkipEmptyParts))
         lines.append("// " + line);
     for (const TUndoStep &step : steps)
         lines += writer.add(step);

@@ -1,5 +1,6 @@
 #include "script/TStepCall.h"
 
+#include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
 #include "commands/ScriptWords.h"
 #include "script/ScriptUtils.h"
@@ -75,7 +76,7 @@ TCanvasItemList TStepCall::itemsOf(const QScriptValue &value, const QString &nam
     const quint32 count = value.isArray() ? value.property("length").toUInt32() : 1;
     for (quint32 i = 0; i < count; ++i) {
         ICanvasItem *item = Utils::Script::canvasItemFromScriptValue(value.isArray() ? value.property(i) : value);
-        if (!item || !fDocument.item(item->uniqueId())) {
+        if (!item || fDocument.item(item->uniqueId()) != canvasItem(item)) { // copies of the document may be open
             fail(name, tr("expected items of the document"));
             return {};
         }
@@ -198,7 +199,7 @@ QStringList TStepCall::files(const QString &name)
 QRectF TStepCall::rect(const QString &name)
 {
     QRectF rect;
-    if (!readRect(value(name).toVariant(), rect))
+    if (!readRect(any(name), rect))
         fail(name, tr("expected an object with x, y, width and height"));
     return rect;
 }
@@ -216,7 +217,11 @@ QVector<QRectF> TStepCall::rects(const QString &name)
 
 QVariant TStepCall::any(const QString &name)
 {
-    return value(name).toVariant();
+    bool isOk = false;
+    const QVariant given = Utils::Script::plainVariant(value(name), &isOk);
+    if (!isOk)
+        fail(name, tr("this is nested too deeply or too long"));
+    return given;
 }
 
 QVariantList TStepCall::list(const QString &name)
@@ -224,7 +229,7 @@ QVariantList TStepCall::list(const QString &name)
     const QScriptValue given = value(name);
     if (!given.isArray())
         fail(name, tr("expected an array"));
-    return given.toVariant().toList();
+    return any(name).toList();
 }
 
 QVariantMap TStepCall::map(const QString &name)
@@ -232,7 +237,7 @@ QVariantMap TStepCall::map(const QString &name)
     const QScriptValue given = value(name);
     if (!isPlainObject(given))
         fail(name, tr("expected an object"));
-    return given.toVariant().toMap();
+    return any(name).toMap();
 }
 
 QVector<int> TStepCall::integers(const QString &name)
@@ -240,7 +245,7 @@ QVector<int> TStepCall::integers(const QString &name)
     QVector<int> numbers;
     for (const QVariant &entry : list(name)) {
         const bool isNumber = entry.userType() == QMetaType::Double || entry.userType() == QMetaType::Int;
-        const double number = isNumber ? entry.toDouble() : NAN;
+        const double number = isNumber ? entry.toDouble() : NAN; // nothing and texts would be 0
         if (number != std::floor(number) || std::abs(number) > std::numeric_limits<int>::max()) {
             fail(name, tr("expected whole numbers"));
             return {};
