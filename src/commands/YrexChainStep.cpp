@@ -12,6 +12,7 @@
 #include <QSet>
 #include <QStringList>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -109,16 +110,26 @@ QVariantMap toldAction(const QVariant &action)
     return told;
 }
 
-/// The fewest actions that make the chain; false when it cannot be told.
-bool toldActions(const QVariantList &before, const QVariantList &now, QVariantList &told)
+/// The listed actions alone, with those that every chain gets.
+QVariantList chainOfOnly(const QVariantList &listed)
+{
+    TYrexProcParams params;
+    params.setActions(listed);
+    return params.actions();
+}
+
+using TChainOf = std::function<QVariantList(const QVariantList &listed)>;
+
+/// The fewest actions of which `chainOf` makes the chain; false when it cannot be told.
+bool toldActions(const TChainOf &chainOf, const QVariantList &now, QVariantList &told)
 {
     QVariantList listed = now;
-    if (!isSame(chainOf(listed, before), now))
+    if (!isSame(chainOf(listed), now))
         return false;
     for (int i = listed.size() - 1; i >= 0; --i) {
         QVariantList fewer = listed;
         fewer.removeAt(i);
-        if (!isApplied(listed.at(i)) && isSame(chainOf(fewer, before), now))
+        if (!isApplied(listed.at(i)) && isSame(chainOf(fewer), now))
             listed = fewer;
     }
     for (const QVariant &action : qAsConst(listed))
@@ -233,17 +244,21 @@ void takeCurve(TFields &fields, qint32 &algorithm)
 
 void YrexChainStep::tell(TScriptStep &step, const TYrexProcParams &before, const TYrexProcParams &now)
 {
+    const QVariantList old = before.actions();
     QVariantList actions;
-    if (!toldActions(before.actions(), now.actions(), actions)) {
+    if (toldActions([&old](const QVariantList &listed) { return chainOf(listed, old); }, now.actions(), actions)) {
+        step.with("actions", actions);
+    } else if (toldActions(chainOfOnly, now.actions(), actions)) {
+        step.with("actions", actions).with("only", true);
+    } else {
         step.with("template", templateOf(now));
         return;
     }
-    step.with("actions", actions);
     if (!isSame(before.multipoint(), now.multipoint()))
         step.with("multipoint", toldMultipoint(now.multipoint()));
 }
 
-bool YrexChainStep::setActions(const QVariantList &listed, TYrexProcParams &params, QString &problem)
+bool YrexChainStep::setActions(const QVariantList &listed, bool isOnly, TYrexProcParams &params, QString &problem)
 {
     QVariantList actions;
     QStringList warnings;
@@ -254,7 +269,7 @@ bool YrexChainStep::setActions(const QVariantList &listed, TYrexProcParams &para
         problem.remove(QStringLiteral(" is kept"));
         return false;
     }
-    params.setActions(chainOf(actions, params.actions()));
+    params.setActions(isOnly ? chainOfOnly(actions) : chainOf(actions, params.actions()));
     return true;
 }
 

@@ -12,13 +12,13 @@ class TYrexProcParams;
 namespace YrexChainStep {
 
 /// Adds the arguments that make `now` of the chain `before`: "actions", "multipoint" where the set-up of that baseline
-/// becomes another one, or "template" in their place for a chain that cannot be told like that, as the bytes of a
-/// template.
+/// becomes another one, "only" where the chain holds no other actions, or "template" in their place for a chain that
+/// cannot be told like that, as the bytes of a template.
 void tell(TScriptStep &step, const TYrexProcParams &before, const TYrexProcParams &now);
 
-/// Makes the chain of the listed actions. False, with `params` untouched and the problem in words, for actions that are
-/// none, and values of another type or out of their range.
-bool setActions(const QVariantList &listed, TYrexProcParams &params, QString &problem);
+/// Makes the chain of the listed actions, without others when `isOnly`. False, with `params` untouched and the problem
+/// in words, for actions that are none, and values of another type or out of their range.
+bool setActions(const QVariantList &listed, bool isOnly, TYrexProcParams &params, QString &problem);
 /// The set-up of the multipoint baseline: "points" (x in points from 0, y, and kind), "averaging", "curve", "lambda"
 /// and "active", all of which have defaults. False as above.
 bool setMultipoint(const QVariantMap &setup, TYrexProcParams &params, QString &problem);

@@ -21,6 +21,8 @@ TEST_F(SaveScriptTest, theScriptMakesTheSameFilesAgain)
     ASSERT_EQ(run(call.split(' ')), 0) << fErr.join('\n').toStdString();
     const QByteArray script = read("again.js");
     EXPECT_FALSE(script.contains("not to be told")) << script.toStdString();
+    EXPECT_TRUE(script.contains("{action: \"Smoothing\", sgsmoothingkerlen: 11}")) << script.toStdString();
+    EXPECT_FALSE(script.contains("template: ")) << "bytes where words would do";
     EXPECT_TRUE(script.contains("openFile(\"a.csv\")")) << "files stand beside the script: " << script.toStdString();
     QMap<QString, QByteArray> data;
     QMap<QString, QImage> pictures;

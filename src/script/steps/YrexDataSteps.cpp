@@ -32,7 +32,7 @@ TCommand *process(TStepCall &call)
         if (!YrexChainStep::setTemplate(call.bytes("template"), params, problem))
             call.fail("template", problem);
     } else {
-        if (!YrexChainStep::setActions(call.list("actions"), params, problem))
+        if (!YrexChainStep::setActions(call.list("actions"), call.flag("only", false), params, problem))
             call.fail("actions", problem);
         if (call.has("multipoint") && !YrexChainStep::setMultipoint(call.map("multipoint"), params, problem))
             call.fail("multipoint", problem);
@@ -102,7 +102,7 @@ TCommand *setYUnits(TStepCall &call)
 QVector<TStepKind> yrexDataSteps()
 {
     return {
-        {"process", "items, {actions: [{action}], multipoint, template, spectra: [index]}",
+        {"process", "items, {actions: [{action}], only, multipoint, template, spectra: [index]}",
          "Runs a processing chain. Actions are given as in chains in JSON, by their labels; those that are not listed "
          "are switched off.",
          process},
