@@ -163,11 +163,19 @@ TEST_F(ScriptFilesTest, noCopyIsWrittenWhileAScriptRuns)
 TEST_F(ScriptFilesTest, loopOverLongCallsIsStopped)
 {
     open(writeCsv("a.csv"));
-    QTimer::singleShot(300, [&] { QTest::keyClick(fWindow->windowHandle(), Qt::Key_F5, Qt::ShiftModifier); });
-    // a quick loop first, after which the engine asks for events seldom
-    EXPECT_FALSE(scripts().runFile(write("long.js", "for (var i = 0; i < 300000; ++i) {}\n"
-                                                    "while (true) document.items[0].process();")));
-    EXPECT_EQ(output(), "Stopped.");
+    const QString stored = fFolder.filePath("stored.klm");
+    ASSERT_TRUE(fWindow->documents().saveTo(stored));
+    for (const char *call :
+         {"document.items[0].process()", "exportPicture(document.items[0], 'a.svg')",
+          "exportData(document.items[0], 'b.csv')", "saveDocument('stored.klm')", "openDocument('stored.klm')"}) {
+        console()->output().clearAll();
+        QTimer::singleShot(300, [&] { QTest::keyClick(fWindow->windowHandle(), Qt::Key_F5, Qt::ShiftModifier); });
+        // a quick loop first, after which the engine asks for events seldom
+        EXPECT_FALSE(scripts().runFile(write("long.js", QByteArray("for (var i = 0; i < 300000; ++i) {}\n"
+                                                                   "while (true) ") +
+                                                            call + ';')));
+        EXPECT_EQ(output(), "Stopped.") << call;
+    }
 }
 
 TEST_F(ScriptFilesTest, warningsAndSelectionOfScripts)

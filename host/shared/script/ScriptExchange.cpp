@@ -84,6 +84,7 @@ QScriptValue openFile(QScriptContext *context, QScriptEngine *engine)
         array.setProperty(index++, run.wrap(canvasItem(item)));
     if (!result.fItems.isEmpty())
         run.select(canvasItem(result.fItems.first()));
+    run.breathe();
     return array;
 }
 
@@ -98,12 +99,15 @@ QScriptValue openDocument(QScriptContext *context, QScriptEngine *engine)
     QString error;
     if (!run.scripts().openDocument(path, &error))
         return failed(context, path, error);
+    run.breathe();
     return engine->globalObject().property("document");
 }
 
 QScriptValue newDocument(QScriptContext *, QScriptEngine *engine)
 {
-    TScriptRun::of(engine)->scripts().newDocument();
+    TScriptRun &run = *TScriptRun::of(engine);
+    run.scripts().newDocument();
+    run.breathe();
     return engine->globalObject().property("document");
 }
 
@@ -118,6 +122,7 @@ QScriptValue saveDocument(QScriptContext *context, QScriptEngine *engine)
     QString error;
     if (!run.host().document()->saveTo(path, &error))
         return failed(context, path, error);
+    run.breathe();
     return engine->undefinedValue();
 }
 
@@ -172,6 +177,7 @@ QScriptValue exportData(QScriptContext *context, QScriptEngine *engine)
         return failed(context, path, tr("No format of this ending can be written."), cWrongType);
     QString error;
     const int code = ExportFile::write(*converter, items, path, &error);
+    run.breathe();
     return code == cConverterOk ? engine->undefinedValue() : failed(context, path, error, code);
 }
 
@@ -232,6 +238,7 @@ QScriptValue exportPicture(QScriptContext *context, QScriptEngine *engine)
     QString error;
     if (!picture.save(path, TPictureExporter::formOf(path), &error))
         return failed(context, path, error);
+    run.breathe();
     return engine->undefinedValue();
 }
 
