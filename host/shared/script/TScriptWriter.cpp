@@ -3,12 +3,21 @@
 #include <QColor>
 #include <QLocale>
 #include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr int cLongestName = 24;
+constexpr int cWidth = 100; // of lines that can be broken
 const char cIndent[] = "    ";
+
+/// Between brackets, the parts on lines of their own.
+QString brokenLines(const QStringList &parts, int indent)
+{
+    const QString outer = '\n' + QString(indent, ' ');
+    return outer + cIndent + parts.join(',' + outer + cIndent) + outer;
+}
 
 QString quoted(const QString &text)
 {
@@ -150,6 +159,36 @@ void TScriptWriter::introduce(const QVariant &value, QStringList &lines)
     }
 }
 
+/// The literal of a value that begins at a column: on one line where it fits, else its parts one below the other,
+/// indented by 4 more. Rows of numbers stay whole.
+QString TScriptWriter::fitted(const QVariant &value, int indent, int column) const
+{
+    const QString line = literal(value);
+    if (column + line.size() <= cWidth)
+        return line;
+    const int inner = indent + int(sizeof cIndent) - 1;
+    QStringList parts;
+    if (value.userType() == QMetaType::QVariantMap) {
+        const QVariantMap map = value.toMap();
+        for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
+            const QString key = keyText(it.key()) + ": ";
+            parts.append(key + fitted(it.value(), inner, inner + key.size()));
+        }
+        return '{' + brokenLines(parts, indent) + '}';
+    }
+    if (value.userType() != QMetaType::QVariantList)
+        return line;
+    const QVariantList list = value.toList();
+    const auto hasParts = [](const QVariant &entry) {
+        return entry.userType() == QMetaType::QVariantMap || entry.userType() == QMetaType::QVariantList;
+    };
+    if (std::none_of(list.begin(), list.end(), hasParts))
+        return line;
+    for (const QVariant &entry : list)
+        parts.append(fitted(entry, inner, inner));
+    return '[' + brokenLines(parts, indent) + ']';
+}
+
 QString TScriptWriter::call(const TScriptStep &step) const
 {
     QStringList parts;
@@ -168,9 +207,20 @@ QString TScriptWriter::call(const TScriptStep &step) const
     QStringList named;
     for (const TScriptStep::TArgument &argument : step.arguments())
         named.append(keyText(argument.first) + ": " + literal(argument.second));
-    if (!named.isEmpty())
-        parts.append('{' + named.join(", ") + '}');
-    return "steps." + step.name() + '(' + parts.join(", ") + ')';
+    const QString begin = "steps." + step.name() + '(' + parts.join(", ");
+    if (named.isEmpty())
+        return begin + ')';
+    const QString open = begin + (parts.isEmpty() ? "{" : ", {");
+    const QString line = open + named.join(", ") + "})";
+    if (line.size() <= cWidth)
+        return line;
+    const int indent = int(sizeof cIndent) - 1;
+    named.clear();
+    for (const TScriptStep::TArgument &argument : step.arguments()) {
+        const QString key = keyText(argument.first) + ": ";
+        named.append(key + fitted(argument.second, indent, indent + key.size()));
+    }
+    return open + brokenLines(named, 0) + "})";
 }
 
 void TScriptWriter::takeMade(const TScriptStep &step, const QString &call, QStringList &lines)
@@ -220,7 +270,7 @@ QStringList TScriptWriter::add(const TUndoStep &step)
     if (step.fCommands.size() < 2)
         return lines;
     for (QString &line : lines)
-        line.prepend(cIndent);
+        line = cIndent + line.replace('\n', QLatin1Char('\n') + QLatin1String(cIndent));
     lines.prepend(QString("steps.begin(%1);").arg(quoted(step.fText)));
     lines.append("steps.end();");
     return lines;

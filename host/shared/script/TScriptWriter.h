@@ -22,8 +22,8 @@ public:
     /// The whole text; `remark` stands on top, a line of the text each line of it. Variables are made only where they
     /// are used. Files below `folder`, where the script is going to stand, are told from there.
     static QString script(const QVector<TUndoStep> &steps, const QString &remark, const QDir &folder = QDir());
-    /// The lines of one more undo step, with variables for all that it made. For a console, which hears of steps one by
-    /// one.
+    /// The lines of one more undo step, of which long ones are broken, with variables for all that it made. For a
+    /// console, which hears of steps one by one.
     QStringList add(const TUndoStep &step);
 
     /// A value as a script has it; items as the variables that they have here.
@@ -32,6 +32,7 @@ public:
 private:
     QStringList linesOf(const TScriptStep &step);
     QString call(const TScriptStep &step) const;
+    QString fitted(const QVariant &value, int indent, int column) const;
     void introduce(const QVariant &value, QStringList &lines);
     void introduce(const TScriptItem &item, QStringList &lines);
     void takeMade(const TScriptStep &step, const QString &call, QStringList &lines);

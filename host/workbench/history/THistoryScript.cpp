@@ -6,9 +6,9 @@
 #include "exchange/ExportFile.h"
 #include "script/TScriptWriter.h"
 #include "settings/TDefaultsIni.h"
+#include "utils/CommonUtils.h"
 
 #include <QCoreApplication>
-#include <QDate>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -59,7 +59,8 @@ QString THistoryScript::text(const TDocument &document, const QList<int> &steps,
     }
     if (told.isEmpty())
         return QString();
-    QString remark = tr("Steps of %1, %2").arg(nameOf(document), QDate::currentDate().toString(Qt::ISODate));
+    QString remark =
+        tr("Steps of %1, %2").arg(nameOf(document), Utils::Common::now().toLocalTime().date().toString(Qt::ISODate));
     if (needsDocument(told))
         remark += '\n' + tr("It works on the items of the open document, as they stood before these steps.");
     return TScriptWriter::script(told, remark, folder);
