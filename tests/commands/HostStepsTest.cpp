@@ -1,4 +1,5 @@
 // Files, stacks of files, tables and copies, as scripts that make the same document from nothing.
+#include "ScriptText.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TDocumentState.h"
 #include "TYrexPlugin.h"
@@ -116,7 +117,7 @@ TEST_F(HostSteps, filesAreOpenedAgainOnTheirPages)
     import(b, nullptr);
     import(a, document().pages().at(2));
     history().push(new TCmdEditTitle(item(0), 0, "of b"));
-    const QString text = script();
+    const QString text = unbroken(script());
     EXPECT_TRUE(text.contains(QString("openFile(\"%1\");").arg(a))) << text.toStdString();
     EXPECT_TRUE(text.contains(QString("var two_words = openFile(\"%1\", \"csv\", 0)[0];").arg(b)))
         << text.toStdString();
@@ -149,7 +150,7 @@ TEST_F(HostSteps, filesBecomeTheSameStack)
     }
     EXPECT_EQ(document().items().size(), 3);
     EXPECT_EQ(item(0)->provenance().value("md5sum").toMap().size(), 3);
-    const QString text = script();
+    const QString text = unbroken(script());
     EXPECT_TRUE(text.contains("steps.openAsStack({files: [")) << text.toStdString();
     EXPECT_TRUE(text.contains("line: \"dot\"")) << text.toStdString();
     EXPECT_TRUE(text.contains("steps.splitByClass(stack);")) << text.toStdString();
@@ -168,7 +169,7 @@ TEST_F(HostSteps, copiesAndWhatIsLinkedFollowTheItemsOfTheScript)
     TCanvasItem::link(part, "expansionOf", item(1)->uniqueId());
     history().push(new TCmdCreateItem(TCmdCreateItem::cOther, {part}, nullptr, document().pages().first(),
                                       item(1)->provenance(), TCmdCreateItem::cLaidOut));
-    const QString text = script();
+    const QString text = unbroken(script());
     EXPECT_EQ(text.count("steps.copyItems("), 1) << text.left(2000).toStdString();
     EXPECT_EQ(text.count("steps.insertItems({page: 0, links: ["), 2) << text.left(2000).toStdString();
     EXPECT_EQ(replayed().toStdString(), "");
@@ -200,7 +201,7 @@ TEST_F(HostSteps, tablesShowTheSameRegion)
     chart.setOption(HostTables::cDivisor, QUuid());
     chart.setOption(HostTables::cLine, 1);
     ASSERT_TRUE(TablePlacing::place(item(0), chart, history()));
-    const QString text = script();
+    const QString text = unbroken(script());
     EXPECT_TRUE(text.contains("was: 1")) << text.toStdString();
     EXPECT_TRUE(text.contains("steps.placeTable(a, {table: {")) << text.toStdString();
     const auto *before = dynamic_cast<const TCanvasTable *>(document().items().at(1));

@@ -1,4 +1,5 @@
 // How steps on spectra read, and what they refuse.
+#include "ScriptText.h"
 #include "TCmdYrexProcessing.h"
 #include "TScriptFixture.h"
 #include "TYrexProcIds.h"
@@ -15,7 +16,7 @@ protected:
     QString told()
     {
         const TCommandHistory::TStep step = fHost.history().step(undo()->index() - 1);
-        return TScriptWriter::script({{step.fText, step.fScript}}, QString()).section('\n', 1).trimmed();
+        return unbroken(TScriptWriter::script({{step.fText, step.fScript}}, QString())).section('\n', 1).trimmed();
     }
     /// The chain of the first spectrum with another value in one of its actions.
     TYrexProcParams chainWith(int action, const QString &key, const QVariant &value)
