@@ -168,6 +168,7 @@ void TScriptController::begin(TScriptRun &run, const QString &name)
     fConsole.setRunning(true);
     fActions.updateStates();
     fGate->setClosed(true);
+    fWindow->statusBar()->clearMessage(); // of the run before
     fStatusText->setText(tr("%1 runs").arg(name));
     QTimer::singleShot(cPatience, fStatus, [this] { fStatus->setVisible(isRunning()); });
 }
