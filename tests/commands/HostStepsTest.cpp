@@ -1,8 +1,8 @@
 // Files, stacks of files, tables and copies, as scripts that make the same document from nothing.
-#include "ScriptText.h"
 #include "TCanvasYrexSpectrum.h"
 #include "TDocumentState.h"
 #include "TYrexPlugin.h"
+#include "UnbrokenScript.h"
 #include "canvas/TDocument.h"
 #include "canvas/TItemFragment.h"
 #include "canvas/TPage.h"

@@ -1,9 +1,9 @@
 // How steps on spectra read, and what they refuse.
-#include "ScriptText.h"
 #include "TCmdYrexProcessing.h"
 #include "TScriptFixture.h"
 #include "TYrexProcIds.h"
 #include "TYrexProcLabels.h"
+#include "UnbrokenScript.h"
 #include "commands/TCommandHistory.h"
 #include "script/TScriptWriter.h"
 

@@ -6,6 +6,7 @@
 #include "WScriptConsole.h"
 #include "WScriptInput.h"
 #include "WScriptOutput.h"
+#include "commands/TCmdEditTitle.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -282,4 +283,34 @@ TEST_F(ScriptConsoleTest, muchOutputIsCutAndSettingsAreKept)
     console()->echo("two");
     EXPECT_EQ(output(), "two");
     EXPECT_TRUE(ScriptHabits::isEchoing());
+}
+
+TEST_F(ScriptConsoleTest, actionsAreEchoedOnceTheyAreWhole)
+{
+    open(writeCsv("a.csv"));
+    QTest::qWait(250); // over before the box is ticked
+    fWindow->findChild<QCheckBox *>("scriptEchoCheckBox")->click();
+    const auto says = [this](const QString &text) { return output().contains(text); };
+    const auto entitle = [this](const QString &title) {
+        document()->history().push(new TCmdEditTitle(item(), 0, title));
+    };
+    document()->history().beginGesture(); // held: the step is not over
+    entitle("held");
+    QTest::qWait(250);
+    EXPECT_FALSE(says("held"));
+    document()->history().endGesture();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return says("steps.setTitle(item1, {spectrum: 0, title: \"held\"});"); }));
+    EXPECT_FALSE(says("openFile")) << "what was done before the box was ticked";
+
+    console()->output().clearAll();
+    document()->history().stack()->undo();
+    document()->history().stack()->redo();
+    QTest::qWait(250);
+    EXPECT_FALSE(says("setTitle")) << "undo and redo are no actions of a script";
+    entitle("again");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return says("\"again\""); }));
+    EXPECT_FALSE(says("held"));
+    run("document.item(0).setTitle('scripted')");
+    QTest::qWait(250);
+    EXPECT_FALSE(says("steps.setTitle")) << "a script's own steps";
 }
