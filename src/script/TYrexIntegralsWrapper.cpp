@@ -172,7 +172,7 @@ QScriptValue TYrexIntegralsWrapper::removeAt(int aIndex)
 {
     if (!isValid())
         return throwError(context(), cInvalidObject);
-    if (aIndex < 0 || aIndex >= count())
+    if (argument(0).toNumber() != aIndex || aIndex < 0 || aIndex >= count()) // texts and nothing come as 0
         return throwError(context(), cOutOfRange);
     const QVariantMap map = ownRegions()->at(aIndex)->toVariantMap();
     return edit(tr("Remove Integral"),

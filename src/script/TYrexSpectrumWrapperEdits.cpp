@@ -253,7 +253,8 @@ QScriptValue TYrexSpectrumWrapper::appendSpectrum()
 
 bool TYrexSpectrumWrapper::removeSpectrum(int aIndex)
 {
-    if (!isValid() || !yrex()->isStacked() || aIndex < 0 || aIndex >= specCount())
+    const bool isIndex = argument(0).toNumber() == aIndex; // the engine makes 0 of texts and of nothing
+    if (!isValid() || !isIndex || !yrex()->isStacked() || aIndex < 0 || aIndex >= specCount())
         return false;
     commit(new TCmdStackedItemsDeletion({item()}, {aIndex}), tr("Remove Zarnu Spectrum"),
            {{tr("Zarnu Spectrum Index"), aIndex, QVariant(), QString()}});
@@ -416,7 +417,7 @@ QScriptValue TYrexSpectrumWrapper::setParam()
 
 void TYrexSpectrumWrapper::setComment(const QString &text)
 {
-    if (!context())
+    if (!context() || engine()->hasUncaughtException()) // making the text may have thrown
         return;
     if (!isValid() || !spectrumOf())
         fail(cInvalidObject);

@@ -35,6 +35,8 @@ void TCmdEditSpectrumClass::doCmdItem(TCanvasItem *item, int index)
     before.plots.capture(item);
     const bool isKnown = fProperties.name.isEmpty() || stack.classes().value(fProperties.name) == fProperties;
     for (const int each : qAsConst(fIndices)) {
+        if (before.names.contains(each)) // named twice
+            continue;
         if (each < 0 || each >= stack.count() || (isKnown && stack.className(each) == fProperties.name))
             continue;
         before.names.insert(each, stack.className(each));

@@ -201,7 +201,8 @@ bool takeLooks(const QScriptValue &options, TPictureExporter &picture)
             return false;
         picture.setResolution(dpi.toNumber());
     }
-    const QString background = options.property("background").toString();
+    const QScriptValue given = options.property("background");
+    const QString background = given.isString() ? given.toString() : QString();
     if (background == QLatin1String("transparent"))
         picture.setBackground(TPictureExporter::cTransparent);
     else if (background == QLatin1String("shown"))
@@ -213,9 +214,13 @@ bool takeLooks(const QScriptValue &options, TPictureExporter &picture)
 QSizeF layoutSize(const QScriptValue &options, const TCanvasItem &item)
 {
     const QSizeF own = item.rect().size();
-    const double width = options.property("width").toNumber() * cUnitsPerMm;
-    const double height = options.property("height").toNumber() * cUnitsPerMm;
-    return width > 0.0 && height > 0.0 ? QSizeF(width, height) : own;
+    const auto side = [&options](const char *name) {
+        const QScriptValue given = options.property(name);
+        const double length = given.isNumber() ? given.toNumber() : 0.0;
+        return length >= cLeastMm && length <= cMostMm ? length * cUnitsPerMm : 0.0; // others are refused later
+    };
+    const QSizeF wanted(side("width"), side("height"));
+    return wanted.isEmpty() ? own : wanted;
 }
 
 /// exportPicture(pageOrItem, path[, options]): PNG, SVG or PDF by the ending of the path.

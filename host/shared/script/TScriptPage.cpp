@@ -37,7 +37,7 @@ QString TScriptPage::title() const
 
 void TScriptPage::setTitle(const QString &title)
 {
-    if (!context())
+    if (!context() || engine()->hasUncaughtException()) // making the text may have thrown
         return;
     if (!isValid())
         throwError(context(), cInvalidObject);

@@ -90,6 +90,8 @@ TCanvasItemList TStepCall::items()
     const TCanvasItemList items = itemsOf(fItems, tr("items"));
     if (items.isEmpty())
         fail(tr("items"), tr("expected an item"));
+    if (QSet<ICanvasItem *>(items.begin(), items.end()).size() < items.size())
+        fail(tr("items"), tr("an item is named twice"));
     return items;
 }
 
