@@ -1,0 +1,71 @@
+// What scripts hold outlives what it speaks of: undo, other documents, collected garbage. And what scripts leave open.
+#include "TScriptFixture.h"
+
+#include <QTimer>
+
+TEST_F(TScriptFixture, objectsOfWhatIsUndoneRefuseChanges)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    ASSERT_TRUE(run("var i = s.integrals(); i.append(new ZarnuIntegral(120, 180)); var one = i.at(0);"
+                    "var p = document.newPage('p'); s.forceStdPeaks(); var peak = s.peaks()[0];"));
+    ASSERT_TRUE(run("document.undo(100);"));
+    for (const char *call : {"s.setTitle('a')", "s.setParam('Comment', 'a')", "s.comment = 'a'", "i.append(one)",
+                             "i.normValue = 3", "s.process()", "document.removeItem(s)", "p.remove()", "p.title = 'a'",
+                             "s.removePeaks(peak)", "s.rect = {x: 1, y: 1, width: 5, height: 5}"})
+        EXPECT_GT(code(call) + (value(call).startsWith("error") ? 9 : 0), 0) << call;
+    EXPECT_EQ(value("s.isValid() + ' ' + p.isValid()"), "false false");
+    EXPECT_TRUE(run("document.newPage('other');")) << "which deletes what could be done again";
+    fRun->engine().collectGarbage();
+    EXPECT_EQ(value("s.isValid() + ' ' + i.count + ' ' + one.isValid() + ' ' + s.count()"), "false 0 false 0");
+    EXPECT_EQ(code("i.append(new ZarnuIntegral(1, 2))"), 5);
+    EXPECT_TRUE(run("document.undo(100); document.redo(100); newDocument();"));
+    EXPECT_EQ(value("s.isValid() + ' ' + p.isValid() + ' ' + p.title"), "false false ");
+}
+
+TEST_F(TScriptFixture, anIntegralOutlivesTheListThatGaveIt)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    ASSERT_TRUE(run("s.integrals().append(new ZarnuIntegral(120, 180)); var one = s.integrals().at(0);"));
+    fRun->engine().collectGarbage();
+    EXPECT_EQ(value("one.isValid() + ' ' + (one.rangeMax() > one.rangeMin())"), "true true");
+}
+
+TEST_F(TScriptFixture, groupsEndWithTheScriptThatBeganThem)
+{
+    writeCsv("a.csv");
+    open("a.csv");
+    const int steps = undo()->index();
+    EXPECT_FALSE(run("steps.begin('a'); s.comment = 'a'; steps.begin('b'); s.comment = 'b'; nothing();"));
+    EXPECT_EQ(undo()->index(), steps + 1);
+    EXPECT_TRUE(run("s.comment = 'c';"));
+    EXPECT_EQ(undo()->index(), steps + 2) << "no group is open";
+    EXPECT_FALSE(run("steps.begin('a'); newDocument(); document.newPage('b'); steps.end(); steps.end();"));
+    EXPECT_TRUE(undo()->canUndo());
+}
+
+TEST_F(TScriptFixture, scriptsWithoutLoopsAndThoseThatCatchErrorsCanBeStopped)
+{
+    QTimer::singleShot(50, fRun.get(), [this] { fRun->stop(); });
+    EXPECT_FALSE(run("while (true) { try { while (true) {} } catch (e) {} }"));
+    EXPECT_TRUE(fError.fIsStopped);
+    QByteArray lines("var t = new Date().getTime(); while (new Date().getTime() < t + 150) {}\n");
+    for (int i = 0; i < 50; ++i)
+        lines += "print(" + QByteArray::number(i) + ");\n";
+    fPrinted.clear();
+    QObject::connect(fRun.get(), &TScriptRun::printed, [this](const QString &text) {
+        if (text == "3")
+            fRun->stop();
+    });
+    EXPECT_FALSE(run(lines));
+    EXPECT_TRUE(fError.fIsStopped);
+    EXPECT_LT(fPrinted.size(), 10);
+}
+
+TEST_F(TScriptFixture, theFirstLineMayNameTheProgram)
+{
+    EXPECT_TRUE(run("#!/usr/bin/env zarnu\nprint(1);\n")) << fError.text().toStdString();
+    EXPECT_FALSE(run("#!/usr/bin/env zarnu\n\nnothing();\n"));
+    EXPECT_EQ(fError.fLine, 3);
+}
