@@ -69,3 +69,19 @@ TEST_F(TScriptFixture, theFirstLineMayNameTheProgram)
     EXPECT_FALSE(run("#!/usr/bin/env zarnu\n\nnothing();\n"));
     EXPECT_EQ(fError.fLine, 3);
 }
+
+TEST_F(TScriptFixture, whatTheScriptOpenedIsNotWrittenOver)
+{
+    const QString path = writeCsv("a.csv");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+    ASSERT_TRUE(QFile::link(path, fFolder.filePath("link.csv")));
+    for (const char *call : {"exportData(t, 'a.csv')", "exportData(t, 'link.csv')", "saveDocument('a.csv')",
+                             "exportPicture(t, './a.csv')", "document.save('a.csv')"}) {
+        EXPECT_EQ(code(QByteArray("var t = openFile('a.csv')[0]; ") + call), 2) << call;
+        EXPECT_EQ(file.seek(0) ? file.readAll() : QByteArray(), before) << call;
+    }
+    EXPECT_TRUE(run("exportData(t, 'b.csv'); openFile('b.csv');")) << fError.text().toStdString();
+    EXPECT_TRUE(run("exportData(t, 'b.csv');")) << "another script";
+}

@@ -40,6 +40,14 @@ QScriptValue failed(QScriptContext *context, const QString &path, const QString 
     return throwError(context, code, QStringLiteral("%1: %2").arg(path, reason));
 }
 
+/// Throws for a file that the script itself opened for its data.
+bool mayWrite(QScriptContext *context, const TScriptRun &run, const QString &path)
+{
+    if (run.isInput(path))
+        failed(context, path, tr("This file was opened by the script and is not written over."), cWrongType);
+    return !run.isInput(path);
+}
+
 /// The page for the items of a file: the one asked for by its place, else the last one if that is empty. Null: a new
 /// one. False when there is no such page.
 bool targetPage(TDocument &document, const QScriptValue &place, TPage *&page)
@@ -78,6 +86,7 @@ QScriptValue openFile(QScriptContext *context, QScriptEngine *engine)
         path, page ? page : &elsewhere, count >= 2 ? context->argument(1).toString() : QString());
     if (!Utils::Common::has_no_error(result.fCode))
         return failed(context, path, result.fReason, result.fCode);
+    run.addInput(path);
     QScriptValue array = engine->newArray();
     quint32 index = 0;
     for (ICanvasItem *item : result.fItems)
@@ -119,6 +128,8 @@ QScriptValue saveDocument(QScriptContext *context, QScriptEngine *engine)
     if (!context->argument(0).isString())
         return throwError(context, cWrongType);
     const QString path = run.absolutePath(context->argument(0).toString());
+    if (!mayWrite(context, run, path))
+        return engine->undefinedValue();
     QString error;
     if (!run.host().document()->saveTo(path, &error))
         return failed(context, path, error);
@@ -175,6 +186,8 @@ QScriptValue exportData(QScriptContext *context, QScriptEngine *engine)
     IConverter *converter = writer(run.scripts().importDriver(), path, format);
     if (!converter)
         return failed(context, path, tr("No format of this ending can be written."), cWrongType);
+    if (!mayWrite(context, run, path))
+        return engine->undefinedValue();
     QString error;
     const int code = ExportFile::write(*converter, items, path, &error);
     run.breathe();
@@ -240,6 +253,8 @@ QScriptValue exportPicture(QScriptContext *context, QScriptEngine *engine)
     if (!takeLooks(options, picture))
         return throwError(context, cOutOfRange);
     const QString path = run.absolutePath(context->argument(1).toString());
+    if (!mayWrite(context, run, path))
+        return engine->undefinedValue();
     QString error;
     if (!picture.save(path, TPictureExporter::formOf(path), &error))
         return failed(context, path, error);

@@ -128,6 +128,9 @@ void TScriptDocument::save(const QString &path)
     QString error;
     if (target.isEmpty())
         throwError(context(), cWrongCount, tr("The document has no path yet: give one to save."));
+    else if (fRun.isInput(target))
+        throwError(context(), cWrongType,
+                   tr("%1: This file was opened by the script and is not written over.").arg(target));
     else if (!document().saveTo(target, &error))
         throwError(context(), cInvalidObject, QStringLiteral("%1: %2").arg(target, error));
 }

@@ -88,6 +88,17 @@ QString TScriptRun::absolutePath(const QString &path) const
     return QDir::cleanPath(QDir(fFolder).absoluteFilePath(path));
 }
 
+void TScriptRun::addInput(const QString &path)
+{
+    fInputs.insert(QFileInfo(path).canonicalFilePath());
+}
+
+bool TScriptRun::isInput(const QString &path) const
+{
+    const QString file = QFileInfo(path).canonicalFilePath(); // empty where there is none
+    return !file.isEmpty() && fInputs.contains(file);
+}
+
 bool TScriptRun::runFile(const QString &path, TScriptError &error)
 {
     error = TScriptError();
@@ -128,8 +139,10 @@ bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue
     }
     fIsStopped = false;
     fSinceEvents.start();
-    if (++fDepth == 1)
+    if (++fDepth == 1) {
         fShownSteps = 0;
+        fInputs.clear();
+    }
     result = fEngine.evaluate(text, name);
     if (--fDepth == 0)
         fSteps.closeGroups();

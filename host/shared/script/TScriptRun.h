@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QScriptEngine>
+#include <QSet>
 #include <QStringList>
 
 class IPluginHost;
@@ -55,6 +56,11 @@ public:
     QString folder() const { return fFolder; }
     /// A path as a script gives it: relative ones stand beside the script.
     QString absolutePath(const QString &path) const;
+    /// A file that the script under way opened for its data.
+    void addInput(const QString &path);
+    /// Whether it did so: documents, data and pictures are not written over it, since that mostly is a mistake and
+    /// measured data do not come back.
+    bool isInput(const QString &path) const;
 
     /// The script object of an item, as the plug-in makes it whose item it is.
     QScriptValue wrap(TCanvasItem *item);
@@ -76,6 +82,7 @@ private:
     QScriptEngine fEngine;
     TScriptSteps fSteps{*this};
     QString fFolder;
+    QSet<QString> fInputs; // without links
     QElapsedTimer fSinceEvents;
     int fDepth = 0;
     int fShownSteps = 0;

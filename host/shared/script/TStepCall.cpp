@@ -191,8 +191,11 @@ QColor TStepCall::color(const QString &name)
 QStringList TStepCall::files(const QString &name)
 {
     QStringList paths;
-    for (const QVariant &entry : list(name))
-        paths.append(TScriptRun::of(fArguments.engine())->absolutePath(entry.toString()));
+    TScriptRun &run = *TScriptRun::of(fArguments.engine());
+    for (const QVariant &entry : list(name)) {
+        paths.append(run.absolutePath(entry.toString()));
+        run.addInput(paths.last());
+    }
     if (paths.isEmpty())
         fail(name, tr("expected paths of files"));
     return paths;
