@@ -30,7 +30,7 @@ constexpr int cProcessingWidth = 340;
 void YrexFactories::addDocks(IGuiHost &gui, IPluginHost &host, TYrexHighlightHandler &highlights)
 {
     gui.addDock(new WYrexMultipointBaselineDock(host),
-                {Qt::RightDockWidgetArea, QString(), 1, false, cMultipointWidth, false});
+                {Qt::RightDockWidgetArea, QString(), 1, false, cMultipointWidth});
     gui.addDock(new WYrexProcessingWidget(host), {Qt::RightDockWidgetArea, "Ctrl+2", 2, true, cProcessingWidth});
     gui.addDock(new WYrexPeaksDock(host, highlights), {Qt::BottomDockWidgetArea, "Ctrl+3", 3, false, cTablesHeight});
     gui.addDock(new WYrexIntegralsDock(host, highlights),

@@ -13,5 +13,4 @@ struct TDockPlace
     int fOrder = 0;
     bool fIsShown = false; // at the first start
     int fSize = 0;         // width or height in logical pixels; 0: as Qt has it
-    bool fIsTab = true;    // false: stands beside those of its area
 };

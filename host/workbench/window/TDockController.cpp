@@ -86,14 +86,16 @@ void TDockController::toggle(QDockWidget *dock)
 
 void TDockController::setFirstLayout()
 {
-    const TDock *last = nullptr;
+    QDockWidget *last = nullptr;
+    Qt::DockWidgetArea area = Qt::NoDockWidgetArea;
     for (const TDock &dock : qAsConst(fDocks)) {
         dock.fDock->setFloating(false);
         fWindow.addDockWidget(dock.fPlace.fArea, dock.fDock);
-        const bool isBeside = last && last->fPlace.fArea == dock.fPlace.fArea;
-        if (isBeside && last->fPlace.fIsTab && dock.fPlace.fIsTab)
-            fWindow.tabifyDockWidget(last->fDock, dock.fDock);
-        last = &dock;
+        const bool isTab = last && area == dock.fPlace.fArea && area == Qt::BottomDockWidgetArea;
+        if (isTab)
+            fWindow.tabifyDockWidget(last, dock.fDock);
+        last = dock.fDock;
+        area = dock.fPlace.fArea;
         dock.fDock->setVisible(dock.fPlace.fIsShown);
     }
     for (const TDock &dock : qAsConst(fDocks)) {
