@@ -32,8 +32,9 @@ namespace {
 
 constexpr int cMargin = 6;
 constexpr int cItemLetters = 9;
-constexpr int cLeastWidth = 340; // room for descriptions beside item and time
-constexpr int cPatience = 500;   // ms until a way through many steps shows its progress
+constexpr int cRowsWithDetails = 12; // of the height of a step
+constexpr int cLeastWidth = 340;     // room for descriptions beside item and time
+constexpr int cPatience = 500;       // ms until a way through many steps shows its progress
 
 /// Draws the rule above what was done before the document was opened.
 class TRuleDelegate : public QStyledItemDelegate
@@ -173,6 +174,13 @@ void WHistoryPane::showEvent(QShowEvent *event)
 {
     WPluginDockWidget::showEvent(event);
     update();
+}
+
+/// In a low pane the steps have the room.
+void WHistoryPane::resizeEvent(QResizeEvent *event)
+{
+    WPluginDockWidget::resizeEvent(event);
+    fDetails->setVisible(height() >= cRowsWithDetails * fView->verticalHeader()->defaultSectionSize());
 }
 
 void WHistoryPane::update()

@@ -80,8 +80,29 @@ void TDockController::toggle(QDockWidget *dock)
     }
     dock->show();
     dock->raise();
+    shareColumn(dock);
     if (dock->widget())
         dock->widget()->setFocus();
+}
+
+/// A dock that opens below another one at a side gets half of the height, as far as the other can give way.
+void TDockController::shareColumn(QDockWidget *dock)
+{
+    const Qt::DockWidgetArea area = fWindow.dockWidgetArea(dock);
+    if (dock->isFloating() || (area != Qt::LeftDockWidgetArea && area != Qt::RightDockWidgetArea))
+        return;
+    QList<QDockWidget *> column;
+    for (const TDock &other : qAsConst(fDocks)) {
+        const bool isSeen = other.fDock == dock || !other.fDock->visibleRegion().isEmpty();
+        if (fWindow.dockWidgetArea(other.fDock) == area && other.fDock->isVisible() && isSeen &&
+            (other.fDock == dock || !fWindow.tabifiedDockWidgets(dock).contains(other.fDock)))
+            column.append(other.fDock);
+    }
+    QList<int> heights;
+    for (int i = 0; i < column.size(); ++i)
+        heights.append(fWindow.height() / column.size());
+    if (column.size() > 1)
+        fWindow.resizeDocks(column, heights, Qt::Vertical);
 }
 
 void TDockController::setFirstLayout()

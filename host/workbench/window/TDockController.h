@@ -43,6 +43,7 @@ private:
     };
 
     void addToMenu(const TDock &dock);
+    void shareColumn(QDockWidget *dock);
     void toggle(QDockWidget *dock);
     /// The item in use may have changed.
     void refreshItem();

@@ -25,7 +25,7 @@ WGuide::WGuide(const QString &folder, QWidget *parent)
     setWindowTitle(tr("Guide"));
     auto *bar = new QToolBar;
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const auto add = [this, bar](const QString &text, const char *icon, const QKeySequence &key) {
+    const auto add = [bar](const QString &text, const char *icon, const QKeySequence &key) {
         QAction *action = bar->addAction(TIcons::load(icon), text);
         action->setShortcut(key);
         action->setToolTip(QString("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));

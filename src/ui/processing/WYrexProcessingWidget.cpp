@@ -28,7 +28,7 @@ namespace {
 
 constexpr int cSpacing = 4;
 constexpr int cSmallButton = 32;
-constexpr int cLeastPanelRows = 10;
+constexpr int cLeastPanelRows = 6;
 constexpr int cLeastWidth = 328; // with the margins of the dock 340
 
 /// The only local file of a drag, when it is a template.
