@@ -160,7 +160,7 @@ void TYrexSpectrumWrapper::runChain(const TYrexProcParams &params, int last, con
 {
     const int active = yrex()->stack().current();
     const QVector<TStackFigures> figures = stackFigures(yrex()->spectra(), params, last);
-    for (int i = 0; i < specCount(); ++i) {
+    for (int i = 0; i < specCount() && !TScriptRun::of(engine())->isStopped(); ++i) {
         yrex()->stack().setCurrent(i);
         const TSpectrumState before(TYrexSpectrumRef(yrex(), i));
         const auto doStep = [target = before.target(), params, last, own = figures.value(i)] {

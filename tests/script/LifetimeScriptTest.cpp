@@ -85,3 +85,16 @@ TEST_F(TScriptFixture, whatTheScriptOpenedIsNotWrittenOver)
     EXPECT_TRUE(run("exportData(t, 'b.csv'); openFile('b.csv');")) << fError.text().toStdString();
     EXPECT_TRUE(run("exportData(t, 'b.csv');")) << "another script";
 }
+
+TEST_F(TScriptFixture, aChainOverManySpectraCanBeStopped)
+{
+    writeCsv("b.csv", 60, 8000);
+    open("b.csv");
+    const int steps = undo()->index();
+    QTimer::singleShot(0, fRun.get(), [this] { fRun->stop(); });
+    EXPECT_FALSE(run("var p = s.processing(); p.apply('Smoothing'); while (true) s.setProcessing(p);"));
+    EXPECT_TRUE(fError.fIsStopped);
+    EXPECT_EQ(item()->stack().current(), 0);
+    undo()->setIndex(steps);
+    EXPECT_EQ(item()->stack().count(), 60);
+}

@@ -48,6 +48,8 @@ public:
     /// Makes an item the selected one, and shows it where there is a window.
     void select(TCanvasItem *item);
     bool isRunning() const { return fDepth > 0; }
+    /// Whether the script under way is to end: calls that loop for long leave off.
+    bool isStopped() const { return fIsStopped; }
 
     IPluginHost &host() const { return fHost; }
     IScriptHost &scripts() const { return fScripts; }
