@@ -86,6 +86,13 @@ TEST_F(TScriptFixture, whatTheScriptOpenedIsNotWrittenOver)
     EXPECT_TRUE(run("exportData(t, 'b.csv');")) << "another script";
 }
 
+TEST_F(TScriptFixture, pathsAreWholeAndToldOnce)
+{
+    EXPECT_EQ(code("writeText('a\\u0000b', 'x')"), 2);
+    EXPECT_FALSE(QFile::exists(fFolder.filePath("a")));
+    EXPECT_EQ(value("writeText('none/a.txt', 'x')").count("a.txt"), 1);
+}
+
 TEST_F(TScriptFixture, aChainOverManySpectraCanBeStopped)
 {
     writeCsv("b.csv", 60, 8000);

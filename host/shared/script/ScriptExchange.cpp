@@ -37,7 +37,7 @@ QString tr(const char *text)
 
 QScriptValue failed(QScriptContext *context, const QString &path, const QString &reason, int code = cInvalidObject)
 {
-    return throwError(context, code, QStringLiteral("%1: %2").arg(path, reason));
+    return throwError(context, code, reason.startsWith(path) ? reason : QStringLiteral("%1: %2").arg(path, reason));
 }
 
 /// Throws for a file that the script itself opened for its data.

@@ -30,7 +30,8 @@ bool takePath(QScriptContext *context, int count, QString &path, QScriptValue &e
         return false;
     }
     for (int i = 0; i < count; ++i) {
-        if (!context->argument(i).isString()) {
+        const bool isPath = i == 0; // what stands behind a zero would be cut off, which may leave the name of another
+        if (!context->argument(i).isString() || (isPath && context->argument(i).toString().contains(QChar(0)))) {
             error = throwError(context, cWrongType);
             return false;
         }
@@ -44,7 +45,8 @@ bool takePath(QScriptContext *context, int count, QString &path, QScriptValue &e
 
 QScriptValue fileError(QScriptContext *context, const QString &path, const QString &reason)
 {
-    return throwError(context, cWrongType, QStringLiteral("%1: %2").arg(path, reason));
+    const bool isTold = reason.startsWith(path);
+    return throwError(context, cWrongType, isTold ? reason : QStringLiteral("%1: %2").arg(path, reason));
 }
 
 QScriptValue readText(QScriptContext *context, QScriptEngine *)
