@@ -14,7 +14,10 @@ TFileMenus::TFileMenus(TActionTable &actions, TFileController &files, QObject *p
     , fSamples(actions.menu("samples"))
 {
     new TRecentMenu(
-        actions.menu("recent"), [this] { return QList<QStringList>{fFiles.recentDocuments(), fFiles.recentFiles()}; },
+        actions.menu("recent"),
+        [this] {
+            return QList<QStringList>{fFiles.recentDocuments(), fFiles.recentFiles()};
+        },
         [this](const QString &path) { fFiles.open({path}); },
         [this](const QString &path) { fFiles.forgetRecent(path); });
     connect(fSamples, &QMenu::aboutToShow, this, &TFileMenus::fillSamples);
