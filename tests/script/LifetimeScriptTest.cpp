@@ -86,6 +86,15 @@ TEST_F(TScriptFixture, whatTheScriptOpenedIsNotWrittenOver)
     EXPECT_TRUE(run("exportData(t, 'b.csv');")) << "another script";
 }
 
+TEST_F(TScriptFixture, argumentsThatCloseTheDocumentAreReadBeforeItIsSpokenOf)
+{
+    writeCsv("a.csv");
+    ASSERT_TRUE(run("var trap = {}; trap.__defineGetter__('title', function() { newDocument(); return 'a'; });"));
+    open("a.csv");
+    EXPECT_EQ(code("steps.setTitle(s, trap)"), 2);
+    EXPECT_EQ(fHost.document()->items().size(), 0);
+}
+
 TEST_F(TScriptFixture, pathsAreWholeAndToldOnce)
 {
     EXPECT_EQ(code("writeText('a\\u0000b', 'x')"), 2);

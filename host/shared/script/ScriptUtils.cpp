@@ -59,7 +59,31 @@ bool isBounded(const QScriptValue &value, int depth, double &room)
     return true;
 }
 
+QScriptValue copyOf(const QScriptValue &value)
+{
+    const bool isLeaf = !value.isObject() || value.isVariant() || value.isQObject() || value.isDate() ||
+                        value.isFunction() || value.isRegExp();
+    if (isLeaf)
+        return value;
+    const quint32 length = value.isArray() ? value.property("length").toUInt32() : 0;
+    QScriptValue copy = value.isArray() ? value.engine()->newArray(length) : value.engine()->newObject();
+    QScriptValueIterator it(value);
+    while (it.hasNext()) {
+        it.next();
+        if (!value.isArray() || it.name() != QLatin1String("length"))
+            copy.setProperty(it.scriptName(), copyOf(it.value()));
+    }
+    return copy;
+}
+
 } // namespace
+
+QScriptValue Utils::Script::plainCopy(const QScriptValue &value, bool &isOk)
+{
+    double room = cMostValues;
+    isOk = isBounded(value, 0, room);
+    return isOk ? copyOf(value) : QScriptValue();
+}
 
 bool Utils::Script::isOpenItem(const TCanvasItem *item, const QScriptEngine *engine)
 {

@@ -49,6 +49,8 @@ bool isOpenItem(const TCanvasItem *item, const QScriptEngine *engine);
 /// An array, object or plain value as a variant; invalid, with `isOk` false, for one that is nested too deeply (as one
 /// that holds itself is) or too long to be an argument.
 QVariant plainVariant(const QScriptValue &value, bool *isOk = nullptr);
+/// The same without properties that run code of the script when they are read; within the same bounds.
+QScriptValue plainCopy(const QScriptValue &value, bool &isOk);
 /// The arguments of a call; items as their ids.
 QVariantList contextToVariantList(QScriptContext *context);
 /// "file:line" of the script that made the call; empty outside of scripts.

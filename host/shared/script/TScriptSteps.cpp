@@ -77,8 +77,8 @@ QScriptValue TScriptSteps::call(QScriptContext *context, QScriptEngine *engine)
 
 QScriptValue TScriptSteps::run(const TStepKind &kind, QScriptContext *context)
 {
-    TDocument &document = *fRun.host().document();
-    TStepCall call(context, fRun.host(), document);
+    TStepCall call(context, fRun.host());
+    TDocument &document = call.document();
     const TCanvasItemList before = document.items();
     TCommand *command = kind.fMake(call);
     const QString problem = call.problem();

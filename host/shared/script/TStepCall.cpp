@@ -5,6 +5,7 @@
 #include "commands/ScriptWords.h"
 #include "script/ScriptUtils.h"
 #include "script/TScriptRun.h"
+#include "services/IPluginHost.h"
 
 #include <QCoreApplication>
 #include <QScriptContext>
@@ -33,9 +34,8 @@ bool isPlainObject(const QScriptValue &value)
 
 } // namespace
 
-TStepCall::TStepCall(QScriptContext *context, IPluginHost &host, TDocument &document)
+TStepCall::TStepCall(QScriptContext *context, IPluginHost &host)
     : fHost(host)
-    , fDocument(document)
 {
     int next = 0;
     if (context->argumentCount() > 0 && !isPlainObject(context->argument(0)))
@@ -44,6 +44,14 @@ TStepCall::TStepCall(QScriptContext *context, IPluginHost &host, TDocument &docu
         fArguments = context->argument(next++);
     if (context->argumentCount() > next || (fArguments.isValid() && !isPlainObject(fArguments)))
         fProblem = tr("expected items, then an object with named arguments");
+    for (QScriptValue *given : {&fItems, &fArguments}) {
+        bool isOk = true;
+        if (given->isValid())
+            *given = Utils::Script::plainCopy(*given, isOk);
+        if (!isOk)
+            fProblem = tr("an argument is nested too deeply or too long");
+    }
+    fDocument = fHost.document();
 }
 
 QString TStepCall::tr(const char *text)
@@ -76,7 +84,7 @@ TCanvasItemList TStepCall::itemsOf(const QScriptValue &value, const QString &nam
     const quint32 count = value.isArray() ? value.property("length").toUInt32() : 1;
     for (quint32 i = 0; i < count; ++i) {
         ICanvasItem *item = Utils::Script::canvasItemFromScriptValue(value.isArray() ? value.property(i) : value);
-        if (!item || fDocument.item(item->uniqueId()) != canvasItem(item)) { // copies of the document may be open
+        if (!item || fDocument->item(item->uniqueId()) != canvasItem(item)) { // copies of the document may be open
             fail(name, tr("expected items of the document"));
             return {};
         }
@@ -312,7 +320,7 @@ QList<TPage *> TStepCall::pages(const QString &name)
 {
     QList<TPage *> pages;
     for (const int place : integers(name)) {
-        pages.append(fDocument.pages().value(place));
+        pages.append(fDocument->pages().value(place));
         if (!pages.last()) {
             fail(name, tr("there is no such page"));
             return {};
@@ -335,8 +343,8 @@ TCanvasItemList TStepCall::itemsArgument(const QString &name)
 TPage *TStepCall::page(const QString &name)
 {
     const int place = integer(name);
-    if (place >= 0 && place < fDocument.pages().size())
-        return fDocument.pages().at(place);
+    if (place >= 0 && place < fDocument->pages().size())
+        return fDocument->pages().at(place);
     fail(name, tr("there is no such page"));
     return nullptr;
 }

@@ -24,9 +24,10 @@ class TScriptWords;
 class TStepCall
 {
 public:
-    TStepCall(QScriptContext *context, IPluginHost &host, TDocument &document);
+    /// Reads the arguments, which may run code of the script and open another document: that is spoken of then.
+    TStepCall(QScriptContext *context, IPluginHost &host);
 
-    TDocument &document() { return fDocument; }
+    TDocument &document() { return *fDocument; }
     IPluginHost &host() { return fHost; }
     /// The items of the call, at least one; without such an error, and an empty list.
     TCanvasItemList items();
@@ -82,7 +83,7 @@ private:
     TCanvasItemList itemsOf(const QScriptValue &value, const QString &name);
 
     IPluginHost &fHost;
-    TDocument &fDocument;
+    TDocument *fDocument;
     QScriptValue fItems;
     QScriptValue fArguments;
     QSet<QString> fAsked;
