@@ -163,7 +163,7 @@ void TScriptWriter::introduce(const QVariant &value, QStringList &lines)
 /// indented by 4 more. Rows of numbers stay whole.
 QString TScriptWriter::fitted(const QVariant &value, int indent, int column) const
 {
-    const QString line = literal(value);
+    QString line = literal(value);
     if (column + line.size() <= cWidth)
         return line;
     const int inner = indent + int(sizeof cIndent) - 1;
@@ -211,7 +211,7 @@ QString TScriptWriter::call(const TScriptStep &step) const
     if (named.isEmpty())
         return begin + ')';
     const QString open = begin + (parts.isEmpty() ? "{" : ", {");
-    const QString line = open + named.join(", ") + "})";
+    QString line = open + named.join(", ") + "})";
     if (line.size() <= cWidth)
         return line;
     const int indent = int(sizeof cIndent) - 1;

@@ -95,7 +95,7 @@ TCanvasItemList TStepCall::itemsOf(const QScriptValue &value, const QString &nam
 
 TCanvasItemList TStepCall::items()
 {
-    const TCanvasItemList items = itemsOf(fItems, tr("items"));
+    TCanvasItemList items = itemsOf(fItems, tr("items"));
     if (items.isEmpty())
         fail(tr("items"), tr("expected an item"));
     if (QSet<ICanvasItem *>(items.begin(), items.end()).size() < items.size())
@@ -190,7 +190,7 @@ QByteArray TStepCall::bytes(const QString &name)
 
 QColor TStepCall::color(const QString &name)
 {
-    const QColor color(text(name));
+    QColor color(text(name));
     if (!color.isValid())
         fail(name, tr("expected a colour as \"#rrggbb\""));
     return color;
@@ -231,7 +231,7 @@ QVector<QRectF> TStepCall::rects(const QString &name)
 QVariant TStepCall::any(const QString &name)
 {
     bool isOk = false;
-    const QVariant given = Utils::Script::plainVariant(value(name), &isOk);
+    QVariant given = Utils::Script::plainVariant(value(name), &isOk);
     if (!isOk)
         fail(name, tr("this is nested too deeply or too long"));
     return given;
