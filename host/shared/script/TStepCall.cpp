@@ -199,10 +199,10 @@ QColor TStepCall::color(const QString &name)
 QStringList TStepCall::files(const QString &name)
 {
     QStringList paths;
-    TScriptRun &run = *TScriptRun::of(fArguments.engine());
-    for (const QVariant &entry : list(name)) {
-        paths.append(run.absolutePath(entry.toString()));
-        run.addInput(paths.last());
+    TScriptRun *run = TScriptRun::of(fArguments.engine()); // null where there are no arguments
+    for (const QVariant &entry : run ? list(name) : QVariantList()) {
+        paths.append(run->absolutePath(entry.toString()));
+        run->addInput(paths.last());
     }
     if (paths.isEmpty())
         fail(name, tr("expected paths of files"));
