@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -92,7 +93,7 @@ TCmdYrexDeleteIntegrals::TCmdYrexDeleteIntegrals(const TCanvasItemList &items, d
 
 void TCmdYrexDeleteIntegrals::setScript(TScriptStep step)
 {
-    fScript = YrexStepValues::withSpectrum(step, fPlaces, items());
+    fScript = YrexStepValues::withSpectrum(std::move(step), fPlaces, items());
 }
 
 void TCmdYrexDeleteIntegrals::findRegions(const TCanvasYrexSpectrum &item, int index, const QVector<QRectF> &rects,

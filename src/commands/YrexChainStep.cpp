@@ -244,7 +244,7 @@ void takeCurve(TFields &fields, qint32 &algorithm)
 
 void YrexChainStep::tell(TScriptStep &step, const TYrexProcParams &before, const TYrexProcParams &now)
 {
-    const QVariantList old = before.actions();
+    const QVariantList &old = before.actions();
     QVariantList actions;
     if (toldActions([&old](const QVariantList &listed) { return chainOf(listed, old); }, now.actions(), actions)) {
         step.with("actions", actions);

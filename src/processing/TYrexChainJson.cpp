@@ -53,7 +53,7 @@ bool toPlainVariant(const QJsonValue &value, QVariant &plain, int maxNesting = c
     bool ok = true;
     if (value.isArray()) {
         QVariantList list;
-        for (const QJsonValue &element : value.toArray()) {
+        for (const QJsonValue element : value.toArray()) {
             list.append(QVariant());
             ok = ok && toPlainVariant(element, list.last(), maxNesting - 1);
         }
