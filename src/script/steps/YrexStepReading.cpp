@@ -36,7 +36,7 @@ bool hasSpectrum(ICanvasItem *item, int index)
 
 TCanvasItemList YrexStepReading::items(TStepCall &call)
 {
-    const TCanvasItemList items = call.items();
+    TCanvasItemList items = call.items();
     if (std::all_of(items.begin(), items.end(), [](ICanvasItem *item) { return yrexItem(item); }))
         return items;
     call.fail(TStepCall::tr("items"), TStepCall::tr("expected items with spectra"));
