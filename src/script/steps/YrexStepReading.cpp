@@ -4,6 +4,7 @@
 #include "TYrexSpectrumListCommand.h"
 #include "TYrexStepValues.h"
 #include "TYrexUnits.h"
+#include "YrexStepArguments.h"
 #include "script/TStepCall.h"
 
 #include <algorithm>
@@ -36,11 +37,7 @@ bool hasSpectrum(ICanvasItem *item, int index)
 
 TCanvasItemList YrexStepReading::items(TStepCall &call)
 {
-    TCanvasItemList items = call.items();
-    if (std::all_of(items.begin(), items.end(), [](ICanvasItem *item) { return yrexItem(item); }))
-        return items;
-    call.fail(TStepCall::tr("items"), TStepCall::tr("expected items with spectra"));
-    return {};
+    return YrexStepArguments::items(call);
 }
 
 TCanvasItemList YrexStepReading::oneItem(TStepCall &call)
