@@ -1,15 +1,25 @@
-# The Qt headers that nearly every file includes are compiled once per target.
+# The Qt headers that nearly every file includes are compiled once per target:
+#   yrex_pch(TARGET [widgets] [test] [window] [FROM OTHER])
+# With FROM the target takes what was compiled for another target of the same compiler options.
 function(yrex_pch target)
   if(NOT YREX_PCH)
     return()
   endif()
+  cmake_parse_arguments(arg "widgets;test;window" "FROM" "" ${ARGN})
+  if(arg_FROM)
+    target_precompile_headers(${target} REUSE_FROM ${arg_FROM})
+    return()
+  endif()
   set(headers <QByteArray> <QHash> <QList> <QMap> <QObject> <QSet> <QString> <QStringList> <QUuid> <QVariant> <QVector>
               <cmath> <functional> <memory>)
-  if("widgets" IN_LIST ARGN)
+  if(arg_widgets)
     list(APPEND headers <QFont> <QPainter> <QPen> <QRectF> <QUndoStack>)
   endif()
-  if("test" IN_LIST ARGN)
+  if(arg_test)
     list(APPEND headers <gtest/gtest.h>)
+  endif()
+  if(arg_window)
+    list(APPEND headers <QtTest> <QtWidgets>)
   endif()
   target_precompile_headers(${target} PRIVATE ${headers})
 endfunction()

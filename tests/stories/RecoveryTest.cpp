@@ -80,6 +80,8 @@ TEST_F(RecoveryTest, theStateOfTheTenthCommandComesBack)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(cFolderKey, fFolder.path());
     environment.remove("YREX_PICTURES");
+    environment.remove("GTEST_TOTAL_SHARDS"); // it runs a test of its own, whatever the share of this program
+    environment.remove("GTEST_SHARD_INDEX");
     child.setProcessEnvironment(environment);
     child.setProcessChannelMode(QProcess::MergedChannels);
     child.start(QCoreApplication::applicationFilePath(),

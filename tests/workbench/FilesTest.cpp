@@ -120,25 +120,21 @@ TEST_F(FilesTest, factsOfAFileAreReadWithoutImportingIt)
     WFileFacts facts(fHost.importDriver());
     facts.showFile(writeCsv("one.csv"));
     EXPECT_TRUE(facts.fact("Format").isEmpty()); // a moment later
-    QTest::qWait(2 * WFileFacts::cDelay);
-    EXPECT_EQ(facts.fact("Format"), "csv");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return facts.fact("Format") == "csv"; }));
     EXPECT_EQ(facts.fact("Points"), "101");
     EXPECT_EQ(facts.fact("Range"), "100 .. 1100");
-    QTest::qWait(2 * WFileFacts::cPictureDelay);
-    EXPECT_FALSE(facts.picture().isNull());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !facts.picture().isNull(); }));
     EXPECT_EQ(facts.fact("Spectra"), "1");
     facts.showFile(write("odd.bin", QByteArray(20, '\1')));
-    QTest::qWait(2 * WFileFacts::cDelay);
-    EXPECT_EQ(facts.fact("Format"), "not known");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return facts.fact("Format") == "not known"; }));
     QTest::qWait(2 * WFileFacts::cPictureDelay);
     EXPECT_TRUE(facts.picture().isNull());
     facts.showFile(writeCsv("large.csv", 1, 60000)); // the facts alone
-    QTest::qWait(2 * (WFileFacts::cDelay + WFileFacts::cPictureDelay));
-    EXPECT_EQ(facts.fact("Points"), "60000");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return facts.fact("Points") == "60000"; }));
+    QTest::qWait(2 * WFileFacts::cPictureDelay);
     EXPECT_TRUE(facts.picture().isNull());
     facts.showFile(fFolder.path());
-    QTest::qWait(2 * WFileFacts::cDelay);
-    EXPECT_TRUE(facts.fact("Size").isEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return facts.fact("Size").isEmpty(); }));
     EXPECT_TRUE(document()->items().isEmpty());
     EXPECT_EQ(document()->history().stack()->count(), 0);
 }

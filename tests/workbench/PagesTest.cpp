@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTreeView>
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -78,28 +79,31 @@ TEST_F(PagesTest, aRowTellsNumberTitleAndItems)
 TEST_F(PagesTest, thumbnailsFollowAMomentLater)
 {
     open(writeCsv("one.csv"));
-    QTest::qWait(2 * TPageModel::cDelay);
     const TPage *page = view()->page();
-    ASSERT_TRUE(model().isFresh(page));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return model().isFresh(page); }));
     const QImage before = row(0).data(Qt::DecorationRole).value<QIcon>().pixmap(100).toImage();
     run("duplicate");
     EXPECT_FALSE(model().isFresh(page));
-    QTest::qWait(2 * TPageModel::cDelay);
-    EXPECT_TRUE(model().isFresh(page));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model().isFresh(page); }));
     EXPECT_NE(row(0).data(Qt::DecorationRole).value<QIcon>().pixmap(100).toImage(), before);
 }
 
 TEST_F(PagesTest, pagesThatAreSeenAreDrawnFirst)
 {
     makePages(12);
-    QTest::qWait(2 * TPageModel::cDelay);
+    const auto isFresh = [this](const TPage *page) { return model().isFresh(page); };
+    const auto areFresh = [&] {
+        const auto pages = document()->pages();
+        return std::all_of(pages.begin(), pages.end(), isFresh);
+    };
+    ASSERT_TRUE(QTest::qWaitFor(areFresh));
     tree()->scrollToBottom();
     QList<int> drawn;
     QObject::connect(&model(), &QAbstractItemModel::dataChanged, tree(),
                      [&drawn](const QModelIndex &index) { drawn.append(index.row()); });
     document()->pages().first()->setTitle("first");
     document()->pages().last()->setTitle("last");
-    QTest::qWait(2 * TPageModel::cDelay);
+    EXPECT_TRUE(QTest::qWaitFor(areFresh));
     EXPECT_EQ(drawn, (QList<int>{11, 0}));
 }
 
