@@ -86,11 +86,13 @@ int TCliChain::runSave(const TCliArguments &arguments, const TCliEnvironment &en
         return cCliUsageError;
     if (path == "-") {
         environment.fConsole.out(TYrexChainJson::toJson(chain.actions()));
-    } else if (!TYrexChainFile::save(path, chain)) {
-        environment.fConsole.err(QString("zarnu: %1 cannot be written").arg(path));
-        return cCliInputFailed;
+        return cCliAllDone;
     }
-    return cCliAllDone;
+    QString error;
+    if (TYrexChainFile::save(path, chain, &error))
+        return cCliAllDone;
+    environment.fConsole.err(QString("zarnu: %1 cannot be written: %2").arg(path, error));
+    return cCliInputFailed;
 }
 
 int TCliChain::runKeys(const TCliArguments &, const TCliEnvironment &environment)

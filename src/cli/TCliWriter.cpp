@@ -28,13 +28,14 @@ QByteArray exportedBytes(IConverter &converter, TCliInput &input)
 {
     const QTemporaryDir folder;
     QFile file(folder.filePath("out"));
-    const int code =
-        folder.isValid() ? converter.exportItems(input.fItems, file.fileName()) : int(cConverterFileNotOpened);
-    if (code != cConverterOk || !file.open(QIODevice::ReadOnly)) {
-        input.fail(code ? code : int(cConverterFileNotOpened), TImportDriver::reason(code));
-        return QByteArray();
-    }
-    return file.readAll();
+    QString error = folder.errorString();
+    int code = cConverterFileNotOpened;
+    if (folder.isValid())
+        code = ExportFile::write(converter, input.fItems, file.fileName(), &error);
+    if (code == cConverterOk && file.open(QIODevice::ReadOnly))
+        return file.readAll();
+    input.fail(code ? code : int(cConverterFileNotOpened), code ? error : file.errorString());
+    return QByteArray();
 }
 
 /// Source, checksums, the chain that made the data, if one did, and the program.
@@ -110,7 +111,10 @@ void TCliWriter::writeDocument(TCliInput &input, int index) const
     if (input.fIsDocument && !document.isModified()) {
         // what nothing changed is written as it came, also what a newer version put into it
         QFile source(input.fFile);
-        done = source.open(QIODevice::ReadOnly) && ExportFile::write(path, source.readAll(), &error);
+        if (source.open(QIODevice::ReadOnly))
+            done = ExportFile::write(path, source.readAll(), &error);
+        else
+            error = source.errorString();
     } else {
         done = document.saveTo(path, &error);
         error = cannotWrite(path, error);

@@ -7,6 +7,7 @@
 #include "TYrexSpectrum.h"
 #include "TYrexUnits.h"
 #include "utils/TFileFormat.h"
+#include "utils/TFileWriter.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -137,8 +138,9 @@ int TASCIIYrexConverter::exportItems(const TCanvasItemList &items, const QString
     }
     if (series.isEmpty())
         return cConverterNothingToExport;
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate))
-        return cConverterFileNotOpened;
-    return TCsvWriter::write(series, &file) && file.flush() ? cConverterOk : cConverterFileNotOpened;
+    TFileWriter file(fileName);
+    if (file.open() && TCsvWriter::write(series, file.device()) && file.commit())
+        return cConverterOk;
+    setProblem(file.error());
+    return cConverterFileNotOpened;
 }

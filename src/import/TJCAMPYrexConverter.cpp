@@ -15,9 +15,8 @@
 #include "log/TLogger.h"
 #include "utils/CommonUtils.h"
 #include "utils/TFileFormat.h"
+#include "utils/TFileWriter.h"
 
-#include <QFile>
-#include <QTextStream>
 #include <algorithm>
 #include <cmath>
 
@@ -472,14 +471,11 @@ int TJCAMPYrexConverter::numberOfItemsToExport(const TCanvasItemList &items) con
 
 int TJCAMPYrexConverter::exportItems(const TCanvasItemList &items, const QString &fileName)
 {
-    constexpr int cDigits = 20;
     fExportTypeCounts.clear();
     fPeakTables.clear();
-    fExportDataType = nullptr; // what an earlier file had says nothing of this one
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return cConverterOk; // the host finds that too, and tells
-    QTextStream(&file).setRealNumberPrecision(cDigits);
+    fExportDataType = nullptr;         // what an earlier file had says nothing of this one
+    if (!TFileWriter(fileName).open()) // nothing is written here: the host writes what the steps of the export give
+        return cConverterOk;           // and finds that too, and tells
     const IYrexExportView *view = viewOf(items.firstRtti(cSpectrumItem));
     const TYrexSpectrum *first = view ? view->exportRecord(0) : nullptr;
     const QString type = first ? first->paramText(TSpectrumParam::cDataType, 1) : QString();

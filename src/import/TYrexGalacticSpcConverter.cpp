@@ -17,8 +17,8 @@
 #include "TYrexUnits.h"
 #include "consts/Consts.h"
 #include "utils/TFileFormat.h"
+#include "utils/TFileWriter.h"
 
-#include <QFile>
 #include <algorithm>
 #include <memory>
 
@@ -258,12 +258,9 @@ int TYrexGalacticSpcConverter::exportItems(const TCanvasItemList &items, const Q
     const TYrexSpectrum *spectrum = view ? view->exportRecord(0) : nullptr;
     if (!spectrum)
         return cConverterNothingToExport;
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return fail(cConverterFileNotOpened, file.errorString());
-    const QByteArray stub = spcStub(*spectrum);
-    const bool written = file.write(stub) == stub.size() && file.flush();
-    return written ? cConverterOk : fail(cConverterFileNotOpened, file.errorString());
+    QString error;
+    return TFileWriter::write(fileName, spcStub(*spectrum), &error) ? int(cConverterOk)
+                                                                    : fail(cConverterFileNotOpened, error);
 }
 
 QVariantMap TYrexGalacticSpcConverter::metaData(const QString &fileName, const QStringList &keys)

@@ -9,8 +9,8 @@
 #include "TYrexSpectrum.h"
 #include "log/TLogger.h"
 #include "utils/TFileFormat.h"
+#include "utils/TFileWriter.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -96,8 +96,10 @@ TFileNode TYrexOpusConverter::inspect(const QString &fileName)
 
 int TYrexOpusConverter::exportItems(const TCanvasItemList &, const QString &fileName)
 {
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) ? cConverterOk : cConverterFileNotOpened;
+    QString error;
+    const bool isWritten = TFileWriter::write(fileName, QByteArray(), &error);
+    setProblem(error);
+    return isWritten ? cConverterOk : cConverterFileNotOpened;
 }
 
 int TYrexOpusConverter::readFile(const QString &fileName)

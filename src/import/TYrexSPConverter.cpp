@@ -5,8 +5,8 @@
 #include "TYrexSidecar.h"
 #include "TYrexSpectrum.h"
 #include "utils/TFileFormat.h"
+#include "utils/TFileWriter.h"
 
-#include <QFile>
 #include <memory>
 
 namespace {
@@ -56,8 +56,10 @@ TFileNode TYrexSPConverter::inspect(const QString &fileName)
 
 int TYrexSPConverter::exportItems(const TCanvasItemList &, const QString &fileName)
 {
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) ? cConverterOk : cConverterFileNotOpened;
+    QString error;
+    const bool isWritten = TFileWriter::write(fileName, QByteArray(), &error);
+    setProblem(error);
+    return isWritten ? cConverterOk : cConverterFileNotOpened;
 }
 
 int TYrexSPConverter::failed(const QString &problem)

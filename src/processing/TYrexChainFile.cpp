@@ -5,9 +5,9 @@
 #include "TYrexProcLabels.h"
 #include "TYrexProcParams.h"
 #include "stream/TDataStream.h"
+#include "utils/TFileWriter.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 namespace {
 
@@ -49,11 +49,10 @@ bool TYrexChainFile::load(const QString &path, TYrexProcParams &params, QString 
     return TYrexChainJson::parse(bytes, params, error, warnings);
 }
 
-bool TYrexChainFile::save(const QString &path, const TYrexProcParams &params)
+bool TYrexChainFile::save(const QString &path, const TYrexProcParams &params, QString *error)
 {
     if (!path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive))
-        return params.writeFile(path);
-    QSaveFile file(path);
-    const QByteArray json = TYrexChainJson::toJson(params.actions());
-    return file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.commit();
+        return params.writeFile(path, error);
+    QString why;
+    return TFileWriter::write(path, TYrexChainJson::toJson(params.actions()), error ? error : &why);
 }

@@ -15,7 +15,8 @@ constexpr qint64 cMaxSize = 64 * 1024 * 1024;
 /// error are refused in both forms. False, with `params` untouched and an error text, when the file is no chain.
 bool load(const QString &path, TYrexProcParams &params, QString &error, QStringList &warnings);
 
-/// Writes a template, or the JSON form for a name that ends in ".json". False when the file cannot be written.
-bool save(const QString &path, const TYrexProcParams &params);
+/// Writes a template, or the JSON form for a name that ends in ".json". False, with the reason where one is asked
+/// for, when the file cannot be written.
+bool save(const QString &path, const TYrexProcParams &params, QString *error = nullptr);
 
 } // namespace TYrexChainFile

@@ -5,10 +5,10 @@
 #include "settings/TDefaultsIni.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
+#include "utils/TFileWriter.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QSaveFile>
 #include <algorithm>
 #include <cstring>
 
@@ -171,17 +171,16 @@ QByteArray TYrexProcParams::templateHeader()
     return bytes;
 }
 
-bool TYrexProcParams::writeFile(const QString &path) const
+bool TYrexProcParams::writeFile(const QString &path, QString *error) const
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
+    QByteArray bytes;
     {
-        TDataStream stream(&file);
+        TDataStream stream(&bytes, QIODevice::WriteOnly);
         stream << QString::fromLatin1(cTemplateHeader);
         write(stream);
     }
-    return file.commit();
+    QString why;
+    return TFileWriter::write(path, bytes, error ? error : &why);
 }
 
 void TYrexProcParams::readActions(TDataStream &stream)

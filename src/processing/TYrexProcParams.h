@@ -74,8 +74,9 @@ public:
     /// Reads a processing template. With another result than cReadOk nothing has changed; a corrupt list behind a good
     /// header leaves the chain that the upgrade makes of an empty one.
     int readFile(const QString &path);
-    /// Writes a processing template; false, with an older file whole, when it cannot be written.
-    bool writeFile(const QString &path) const;
+    /// Writes a processing template; false, with the reason where one is asked for and an older file whole,
+    /// when it cannot be written.
+    bool writeFile(const QString &path, QString *error = nullptr) const;
     /// The same from an open stream that stands at the header.
     int readTemplate(TDataStream &stream);
     /// The first bytes of every template.

@@ -132,8 +132,9 @@ QScriptValue TYrexProcessingWrapper::save()
     if (!argument(0).isString())
         return throwError(context(), cWrongType);
     const QString path = TScriptRun::of(engine())->absolutePath(argument(0).toString());
-    if (!TYrexChainFile::save(path, *wrapped()))
-        return throwError(context(), cWrongType, tr("%1: the file cannot be written.").arg(path));
+    QString error;
+    if (!TYrexChainFile::save(path, *wrapped(), &error))
+        return throwError(context(), cWrongType, tr("%1: the file cannot be written: %2.").arg(path, error));
     return true;
 }
 

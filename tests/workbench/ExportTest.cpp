@@ -1,7 +1,11 @@
 #include "TExportController.h"
+#include "TFullDisk.h"
 #include "TPrintController.h"
+#include "TShellController.h"
 #include "TWindowFixture.h"
 #include "WExportPictureDialog.h"
+#include "WReportPreview.h"
+#include "WShortcutsDialog.h"
 #include "plugin/IConverter.h"
 #include "services/TImportDriver.h"
 
@@ -119,6 +123,43 @@ TEST_F(ExportTest, dataGoThroughTheConverter)
     EXPECT_TRUE(bytesOf(path).startsWith("100,"));
     exports().saveData(*csv, TExportScope::cOneFileEach, fFolder.filePath("none/out.csv"));
     EXPECT_EQ(fMessages.size(), 1);
+}
+
+TEST_F(ExportTest, aFullDiskIsToldAndCostsNoOlderFile)
+{
+    open(writeCsv("one.csv", 1, 3));
+    const QString path = fFolder.filePath("old");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("old") == 3);
+    file.close();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(path);
+    WShortcutsDialog keys(fWindow->shell().shortcuts());
+    const WReportPreview report("Report", "<p>html</p>", "plain");
+    const QList<std::function<void()>> writers{
+        [&] { fWindow->documents().saveTo(path); },
+        [&] { fWindow->printing().print(&printer); },
+        [&] { keys.print(&printer); },
+        [&] { keys.exportTo(path); },
+        [&] { report.saveTo(path, &fMessages.last()); },
+        [&] { exports().savePictures(exports().pictures({}), {path}, TPictureExporter::cSvg); },
+        [&] {
+            QMetaObject::invokeMethod(fWindow->findChild<QDockWidget *>("yrexProcessingWidget"), "save",
+                                      Q_ARG(QString, path));
+        },
+    };
+    fAnswer = QMessageBox::Yes; // replace it
+    for (int i = 0; i < writers.size(); ++i) {
+        fMessages = QStringList(QString());
+        {
+            const TFullDisk full;
+            writers.at(i)();
+        }
+        EXPECT_TRUE(fMessages.last().contains(TFullDisk::reason())) << i << ": " << fMessages.last().toStdString();
+        EXPECT_EQ(bytesOf(path), "old") << i;
+    }
+    EXPECT_EQ(printer.outputFileName(), path);
 }
 
 TEST_F(ExportTest, pagesPrintAtTrueSizeOrScaledToThePaper)

@@ -34,7 +34,7 @@ public:
     virtual bool canImport(const QString &fileName) = 0;
     /// Reads a file and makes items on `parent`, which may be null. Returns a TConverterCode.
     virtual int importFile(const QString &fileName, ICanvas *parent) = 0;
-    /// Writes items to a file. Returns a TConverterCode.
+    /// Writes items to a file, whole or not at all (TFileWriter). Returns a TConverterCode.
     virtual int exportItems(const TCanvasItemList &items, const QString &fileName) = 0;
     virtual bool canExport(const TCanvasItemList &items) const = 0;
     /// Facts about a file without importing it; the keys name parameters to be added.
@@ -53,7 +53,7 @@ public:
     virtual TCanvasItemList importedItems() const = 0;
     /// The short name by which the command line calls the format.
     virtual QString formatName() const { return {}; }
-    /// What the last failed read expected, and what stood there; empty when there is nothing to tell.
+    /// What the last failed read or write met with; empty when there is nothing to tell.
     virtual QString problem() const { return {}; }
     /// Why canImport refuses a file: what was expected at which offset or line, and what stood there. Empty when the
     /// file is taken, and where a converter has nothing to tell.

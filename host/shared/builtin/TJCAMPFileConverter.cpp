@@ -9,6 +9,7 @@
 #include "jcamp/TJCAMPFileMarking.h"
 #include "jcamp/TJCAMPWriter.h"
 #include "log/TLogger.h"
+#include "utils/TFileWriter.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -227,9 +228,9 @@ int TJCAMPFileConverter::exportItems(const TCanvasItemList &items, const QString
         return cConverterNothingToExport;
     for (const QString &comment : qAsConst(fExportComments))
         spectra.first().fComments.append({QString(), comment});
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return cConverterFileNotOpened;
-    return TJCAMPWriter(&file).writeFile(spectra, spectra.first().fTitle) && file.flush() ? cConverterOk
-                                                                                          : cConverterFileNotOpened;
+    TFileWriter file(fileName);
+    if (file.open() && TJCAMPWriter(file.device()).writeFile(spectra, spectra.first().fTitle) && file.commit())
+        return cConverterOk;
+    setProblem(file.error());
+    return cConverterFileNotOpened;
 }

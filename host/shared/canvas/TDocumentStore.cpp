@@ -16,10 +16,10 @@
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
 #include "utils/CommonUtils.h"
+#include "utils/TFileWriter.h"
 
 #include <QFile>
 #include <QLocale>
-#include <QSaveFile>
 #include <algorithm>
 #include <initializer_list>
 
@@ -178,16 +178,16 @@ void TDocument::store(TDataStream &stream) const
 
 bool TDocument::saveTo(const QString &path, QString *error)
 {
-    QSaveFile file(path);
-    bool good = file.open(QIODevice::WriteOnly);
+    TFileWriter file(path);
+    bool good = file.open();
     if (good) {
-        TDataStream stream(&file);
+        TDataStream stream(file.device());
         store(stream);
         good = stream.isGood() && file.commit();
     }
     if (!good) {
         if (error)
-            *error = file.errorString();
+            *error = file.error();
         return false;
     }
     fPath = path;

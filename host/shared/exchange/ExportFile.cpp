@@ -2,12 +2,9 @@
 
 #include "plugin/IConverter.h"
 #include "services/TImportDriver.h"
+#include "utils/TFileWriter.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
-#include <cstdio>
 
 namespace {
 
@@ -20,26 +17,19 @@ QString cannotWrite(const QString &path, const QString &why)
 
 bool ExportFile::write(const QString &path, const QByteArray &bytes, QString *error)
 {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    QString why;
+    if (TFileWriter::write(path, bytes, &why))
         return true;
-    *error = cannotWrite(path, file.errorString());
+    *error = cannotWrite(path, why);
     return false;
 }
 
 int ExportFile::write(IConverter &converter, const TCanvasItemList &items, const QString &path, QString *error)
 {
-    const QFileInfo info(path);
-    const QString beside =
-        QString("%1/.%2.%3.part").arg(info.path(), info.fileName()).arg(QCoreApplication::applicationPid());
-    int code = converter.exportItems(items, beside);
+    const int code = converter.exportItems(items, path);
     if (code != cConverterOk) {
-        *error = cannotWrite(path, TImportDriver::reason(code));
-    } else if (std::rename(QFile::encodeName(beside).constData(), QFile::encodeName(path).constData()) != 0) {
-        code = cConverterFileNotOpened;
-        *error = cannotWrite(path, qt_error_string());
+        const QString why = code == cConverterFileNotOpened ? converter.problem() : QString();
+        *error = cannotWrite(path, why.isEmpty() ? TImportDriver::reason(code) : why);
     }
-    if (code != cConverterOk)
-        QFile::remove(beside);
     return code;
 }

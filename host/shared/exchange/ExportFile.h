@@ -6,7 +6,7 @@ class IConverter;
 class QByteArray;
 class TCanvasItemList;
 
-/// Files that appear whole or not at all: they are written beside their place and renamed.
+/// Files that leave the program, written whole or not at all, and what to say where they cannot be.
 namespace ExportFile {
 
 /// False with the reason in words when the file cannot be written; what stood there stays then.

@@ -2,19 +2,86 @@
 
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
+#include "utils/TFileWriter.h"
 
 #include <QCoreApplication>
-#include <QFile>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QTextDocument>
 #include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <new>
+#include <thread>
+#include <unistd.h>
+#include <vector>
 
 namespace {
 
 constexpr double cUnitsPerMm = 10.0;
 constexpr double cUnitsPerInch = 254.0;
 constexpr double cSameSize = 0.005; // a paper is hardly cut better
+constexpr int cPart = 64 * 1024;
+
+/// A place in the file system that keeps in memory what is written to it. QPrinter writes to names only, and notices no
+/// write that fails.
+class TMemoryFile
+{
+public:
+    TMemoryFile()
+    {
+        if (pipe2(fEnds, O_CLOEXEC) != 0)
+            return;
+        fReader = std::thread([this] { readAll(); });
+    }
+    ~TMemoryFile() { bytes(); }
+    TMemoryFile(const TMemoryFile &) = delete;
+    TMemoryFile &operator=(const TMemoryFile &) = delete;
+
+    QString name() const { return QStringLiteral("/proc/self/fd/%1").arg(fEnds[1]); }
+    /// What was written; to be called once the writer has closed the file. Null when that did not fit into memory.
+    QByteArray bytes()
+    {
+        if (fReader.joinable()) {
+            close(fEnds[1]); // the last end to write to, so that the reader meets the end
+            fReader.join();
+            close(fEnds[0]);
+        }
+        return fBytes;
+    }
+
+private:
+    void readAll()
+    {
+        std::vector<char> part(cPart);
+        bool isWhole = true;
+        for (;;) {
+            const ssize_t size = read(fEnds[0], part.data(), part.size());
+            if (size < 0 && errno == EINTR)
+                continue;
+            if (size <= 0)
+                return;
+            try {
+                if (isWhole)
+                    fBytes.append(part.data(), int(size));
+            } catch (const std::bad_alloc &) {
+                isWhole = false; // and goes on, since the writer would wait for ever
+                fBytes = QByteArray();
+            }
+        }
+    }
+
+    int fEnds[2] = {-1, -1};
+    std::thread fReader;
+    QByteArray fBytes = QByteArray("");
+};
+
+QString noPrinter()
+{
+    return QCoreApplication::translate("PagePrinting", "The printer does not take the job.");
+}
 
 } // namespace
 
@@ -35,7 +102,34 @@ void PagePrinting::setPaper(QPrinter &printer, const TPage &page)
     printer.setPageOrientation(isLandscape ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
-bool PagePrinting::print(QPrinter &printer, const QList<TPage *> &pages)
+bool PagePrinting::run(QPrinter &printer, const std::function<bool()> &draw, QString &error)
+{
+    error = noPrinter();
+    const QString path = printer.outputFileName();
+    const bool isPreview = printer.paintEngine()->type() == QPaintEngine::Picture;
+    if (path.isEmpty() || isPreview)
+        return draw();
+    TFileWriter file(path);
+    bool isPrinted = file.open(); // a place that cannot be written needs no drawing
+    if (isPrinted) {
+        TMemoryFile memory;
+        printer.setOutputFileName(memory.name());
+        isPrinted = draw();
+        printer.setOutputFileName(path);
+        const QByteArray bytes = memory.bytes();
+        if (bytes.isNull())
+            error = QCoreApplication::translate("PagePrinting", "The pages do not fit into memory.");
+        if (!isPrinted || bytes.isEmpty())
+            return false;
+        isPrinted = file.device()->write(bytes) == bytes.size() && file.commit();
+    }
+    error = isPrinted ? QString() : QStringLiteral("%1: %2").arg(path, file.error());
+    return isPrinted;
+}
+
+namespace {
+
+bool drawPages(QPrinter &printer, const QList<TPage *> &pages)
 {
     QPainter painter;
     if (!painter.begin(&printer))
@@ -46,7 +140,7 @@ bool PagePrinting::print(QPrinter &printer, const QList<TPage *> &pages)
         if (i > 0)
             printer.newPage();
         const TPage &page = *pages.at(i);
-        const double factor = resolution * scale(printer, page);
+        const double factor = resolution * PagePrinting::scale(printer, page);
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
         painter.translate((paper.width() - page.size().width() * factor) / 2,
@@ -56,6 +150,23 @@ bool PagePrinting::print(QPrinter &printer, const QList<TPage *> &pages)
         painter.restore();
     }
     return painter.end();
+}
+
+} // namespace
+
+bool PagePrinting::print(QPrinter &printer, const QList<TPage *> &pages, QString &error)
+{
+    return run(
+        printer, [&] { return drawPages(printer, pages); }, error);
+}
+
+bool PagePrinting::printText(QPrinter &printer, const QTextDocument &text, QString &error)
+{
+    const auto draw = [&] {
+        text.print(&printer);
+        return true;
+    };
+    return run(printer, draw, error);
 }
 
 bool PagePrinting::print(const TDocument &document, const QString &printer, bool isFile, QString &error)
@@ -68,10 +179,6 @@ bool PagePrinting::print(const TDocument &document, const QString &printer, bool
         return fail(QCoreApplication::translate("PagePrinting", "The document has no pages."));
     QPrinter output(QPrinter::HighResolution);
     if (isFile) {
-        QFile place(printer); // QPrinter does not say why a file cannot be written
-        if (!place.open(QIODevice::WriteOnly))
-            return fail(QStringLiteral("%1: %2").arg(printer, place.errorString()));
-        place.close();
         output.setOutputFormat(QPrinter::PdfFormat);
         output.setOutputFileName(printer);
     } else {
@@ -84,6 +191,5 @@ bool PagePrinting::print(const TDocument &document, const QString &printer, bool
         output.setPrinterName(info.printerName());
     }
     setPaper(output, *document.pages().first());
-    return print(output, document.pages()) ||
-           fail(QCoreApplication::translate("PagePrinting", "The printer does not take the job."));
+    return print(output, document.pages(), error);
 }

@@ -88,9 +88,14 @@ QScriptValue appendText(QScriptContext *context, QScriptEngine *engine)
         return error;
     QFile file(path);
     const QByteArray bytes = context->argument(1).toString().toUtf8();
-    if (!file.open(QIODevice::Append) || file.write(bytes) != bytes.size() || !file.flush())
+    if (!file.open(QIODevice::Append))
         return fileError(context, path, file.errorString());
-    return engine->undefinedValue();
+    const qint64 before = file.size();
+    if (file.write(bytes) == bytes.size() && file.flush())
+        return engine->undefinedValue();
+    const QString reason = file.errorString();
+    file.resize(before); // half a line would be worse than none
+    return fileError(context, path, reason);
 }
 
 /// The files of a folder whose names fit a pattern with * and ?, as whole paths in the order of their names.

@@ -5,10 +5,10 @@
 #include "canvas/TLoadReport.h"
 #include "stream/TDataStream.h"
 #include "stream/TDataStreamAdaptor.h"
+#include "utils/TFileWriter.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -93,10 +93,10 @@ std::vector<std::unique_ptr<TAutosaveFile>> TAutosaveFile::abandoned(const QStri
 
 bool TAutosaveFile::write(const TDocument &document, const TAutosaveInfo &info, QString *error) const
 {
-    QSaveFile file(fPath);
-    bool good = file.open(QIODevice::WriteOnly);
+    TFileWriter file(fPath);
+    bool good = file.open();
     if (good) {
-        TDataStream stream(&file);
+        TDataStream stream(file.device());
         stream.writeRawData(cMagic, cMagicSize);
         {
             TDataStreamAdaptor block(stream);
@@ -108,7 +108,7 @@ bool TAutosaveFile::write(const TDocument &document, const TAutosaveInfo &info, 
         good = stream.isGood() && file.commit();
     }
     if (!good && error)
-        *error = file.errorString();
+        *error = file.error();
     return good;
 }
 

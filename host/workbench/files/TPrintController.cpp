@@ -90,7 +90,13 @@ bool TPrintController::print(QPrinter *printer) const
     } else if (printer->printRange() == QPrinter::CurrentPage) {
         first = last = std::max(0, pages.indexOf(fDocuments.page()));
     }
-    return PagePrinting::print(*printer, pages.mid(first, last - first + 1));
+    QString error;
+    if (PagePrinting::print(*printer, pages.mid(first, last - first + 1), error))
+        return true;
+    Utils::Gui::message(
+        fWindow, QMessageBox::Warning, tr("Print"),
+        tr("%1 could not be printed. %2").arg(TDocumentController::titleOf(*fDocuments.document()), error));
+    return false;
 }
 
 void TPrintController::setPaper(const QPageLayout &paper)
@@ -131,10 +137,6 @@ void TPrintController::printDialog()
     prepare(&printer);
     QPrintDialog dialog(&printer, fWindow);
     dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
-    if (dialog.exec() != QDialog::Accepted || print(&printer))
-        return;
-    const QString to = printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName();
-    Utils::Gui::message(fWindow, QMessageBox::Warning, tr("Print"),
-                        tr("%1 could not be printed: %2 does not take it. Choose another printer, or print to a file.")
-                            .arg(TDocumentController::titleOf(*fDocuments.document()), to));
+    if (dialog.exec() == QDialog::Accepted)
+        print(&printer);
 }

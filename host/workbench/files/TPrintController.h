@@ -18,7 +18,7 @@ public:
     TPrintController(TActionTable &actions, TDocumentController &documents, QWidget *window);
 
     /// Draws the pages that the printer's range takes in, each on a sheet of its own and in its middle.
-    /// False when the printer does not take the job.
+    /// False, with a message, when the printer does not take the job or its file cannot be written.
     bool print(QPrinter *printer) const;
     /// By how much the page with that number, from 0, is scaled on the printer's paper: 1 at true size.
     double scale(const QPrinter &printer, int page) const;

@@ -1,5 +1,7 @@
 #include "WReportPreview.h"
 
+#include "exchange/ExportFile.h"
+#include "exchange/PagePrinting.h"
 #include "widgets/GuiUtils.h"
 
 #include <QClipboard>
@@ -10,7 +12,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QVBoxLayout>
@@ -59,12 +60,10 @@ void WReportPreview::copy(const QString &html, const QString &plain)
     QGuiApplication::clipboard()->setMimeData(mime);
 }
 
-bool WReportPreview::saveTo(const QString &path) const
+bool WReportPreview::saveTo(const QString &path, QString *error) const
 {
-    QSaveFile file(path);
     const bool isPlain = path.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive);
-    const QByteArray bytes = (isPlain ? fPlain : fHtml).toUtf8();
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return ExportFile::write(path, (isPlain ? fPlain : fHtml).toUtf8(), error);
 }
 
 void WReportPreview::askForSave()
@@ -78,9 +77,10 @@ void WReportPreview::askForSave()
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString path = dialog.selectedFiles().first();
-    if (!saveTo(path))
+    QString error;
+    if (!saveTo(path, &error))
         Utils::Gui::message(this, QMessageBox::Critical, tr("Save Report"),
-                            tr("%1 cannot be written. Choose another folder.").arg(path));
+                            tr("%1. Choose another folder.").arg(error));
 }
 
 void WReportPreview::print()
@@ -93,5 +93,7 @@ void WReportPreview::print()
         return;
     QTextDocument document;
     document.setHtml(fHtml);
-    document.print(&printer);
+    QString error;
+    if (!PagePrinting::printText(printer, document, error))
+        Utils::Gui::message(this, QMessageBox::Warning, tr("Print"), error);
 }

@@ -12,8 +12,9 @@ public:
 
     /// Puts both forms on the clipboard at once.
     static void copy(const QString &html, const QString &plain);
-    /// Writes the form that the ending asks for: plain text for .txt, else html. False when it cannot be written.
-    bool saveTo(const QString &path) const;
+    /// Writes the form that the ending asks for: plain text for .txt, else html. False, with the reason, when it
+    /// cannot be written.
+    bool saveTo(const QString &path, QString *error) const;
 
 private:
     void askForSave();

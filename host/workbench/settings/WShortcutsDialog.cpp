@@ -5,6 +5,7 @@
 #include "TShortcuts.h"
 #include "WKeyEdit.h"
 #include "exchange/ExportFile.h"
+#include "exchange/PagePrinting.h"
 #include "settings/TDefaultsIni.h"
 #include "widgets/GuiUtils.h"
 #include "widgets/WProblemLabel.h"
@@ -233,11 +234,13 @@ void WShortcutsDialog::exportDialog()
     exportTo(path);
 }
 
-void WShortcutsDialog::print(QPrinter *printer) const
+void WShortcutsDialog::print(QPrinter *printer)
 {
     QTextDocument page;
     page.setHtml(fShortcuts.html());
-    page.print(printer);
+    QString error;
+    if (!PagePrinting::printText(*printer, page, error))
+        Utils::Gui::message(this, QMessageBox::Warning, tr("Print"), error);
 }
 
 void WShortcutsDialog::printDialog()

@@ -22,7 +22,7 @@ public:
     void choose(const QAction *action);
     /// Writes the page; what prevents it is told.
     bool exportTo(const QString &path);
-    void print(QPrinter *printer) const;
+    void print(QPrinter *printer);
 
 private:
     void layOut();

@@ -462,9 +462,10 @@ void WYrexProcessingWidget::open(QString aFileName)
 
 void WYrexProcessingWidget::save(QString aFileName)
 {
-    if (!fParams.writeFile(aFileName)) {
+    QString error;
+    if (!fParams.writeFile(aFileName, &error)) {
         Utils::Gui::message(this, QMessageBox::Critical, tr("Error"),
-                            tr("%1 cannot be written. Choose another folder.").arg(aFileName));
+                            tr("%1 cannot be written: %2. Choose another folder.").arg(aFileName, error));
         return;
     }
     fOpenSave->addRecentFile(aFileName);
