@@ -78,7 +78,9 @@ int TCliChain::runSave(const TCliArguments &arguments, const TCliEnvironment &en
     const QString path = arguments.value("-o");
     if (path.isEmpty())
         return environment.refuse("chain save: missing argument: -o FILE");
-    const QString obstacle = path == "-" ? QString() : TCliTarget::obstacle(path, arguments.has("--force"));
+    QString obstacle = TCliTarget::sourceObstacle(path, TCliTarget::keysOf({arguments.operands().value(1)}));
+    if (obstacle.isEmpty() && path != "-")
+        obstacle = TCliTarget::obstacle(path, arguments.has("--force"));
     if (!obstacle.isEmpty())
         return environment.refuse("chain save: " + obstacle);
     TYrexProcParams chain;

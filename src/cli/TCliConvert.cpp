@@ -19,6 +19,7 @@ bool TCliConvert::prepare(const TCliArguments &arguments, const TCliEnvironment 
 {
     if (!arguments.has("-o"))
         error = "missing argument: -o OUT";
+    fTarget.setSources(inputs());
     return error.isEmpty() && fTarget.plan(TCliTarget::cData, arguments, inputs(), error);
 }
 

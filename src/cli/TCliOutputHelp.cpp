@@ -10,7 +10,7 @@ QVector<TCliOption> TCliOutputHelp::dataOptions()
                      "standard output (-)")
                  .arg(forms)},
             {"--to", "FORM", QString("the form of files in a folder and on standard output: %1").arg(forms)},
-            {"--force", "", "replace files that exist"}};
+            {"--force", "", "replace files that exist; a file that is read is never written over"}};
 }
 
 QStringList TCliOutputHelp::dataNotes()

@@ -98,6 +98,9 @@ bool TCliProcess::prepare(const TCliArguments &arguments, const TCliEnvironment 
     fStacks = arguments.has("--stack");
     if (!fMarks.parse(arguments.values("--pick"), arguments.values("--integrate"), error))
         return false;
+    const QStringList sources = inputs() + arguments.values("--chain");
+    fData.setSources(sources);
+    fPictures.setSources(sources);
     const QStringList outputs = fStacks ? QStringList(inputs().mid(0, 1)) : inputs();
     if (!fData.plan(TCliTarget::cData, arguments, outputs, error) ||
         !fPictures.plan(TCliTarget::cPicture, arguments, outputs, error))
@@ -106,7 +109,7 @@ bool TCliProcess::prepare(const TCliArguments &arguments, const TCliEnvironment 
         error = "-o - and --json both write to standard output";
         return false;
     }
-    if (!fScript.plan(arguments.value("--save-script"), arguments.has("--force"), inputs(), error))
+    if (!fScript.plan(arguments.value("--save-script"), arguments.has("--force"), sources, error))
         return false;
     if (arguments.has("--chain") && !loadChain(arguments.value("--chain"), environment, error))
         return false;
@@ -140,7 +143,7 @@ void TCliProcess::draw(TCliInput &input, int index) const
     const QStringList paths = fPictures.itemPaths(index, input.fItems.size());
     QString error;
     for (int i = 0; i < paths.size() && error.isEmpty(); ++i)
-        error = TCliTarget::obstacle(paths.at(i), fPictures.replaces());
+        error = fPictures.obstacle(paths.at(i));
     for (int i = 0; i < paths.size() && error.isEmpty(); ++i) {
         TCanvasYrexSpectrum &item = *yrexItem(input.fItems.at(i));
         cliPicture(item, fSize, input.provenance())

@@ -24,10 +24,9 @@ bool TCliScriptLog::plan(const QString &path, bool replaces, const QStringList &
     error = TCliTarget::obstacle(path, replaces);
     if (error.isEmpty() && !place.absoluteDir().exists())
         error = QString("there is no folder %1").arg(place.path());
-    for (const QString &input : inputs) {
-        if (QFileInfo(input).absoluteFilePath() == place.absoluteFilePath())
-            error = QString("%1 is one of the files to read").arg(path);
-    }
+    const QString source = TCliTarget::sourceObstacle(path, TCliTarget::keysOf(inputs));
+    if (!source.isEmpty())
+        error = source;
     if (!error.isEmpty()) {
         error = "--save-script: " + error;
         return false;

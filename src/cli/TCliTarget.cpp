@@ -1,6 +1,7 @@
 #include "TCliTarget.h"
 
 #include "TCliArguments.h"
+#include "utils/FSUtils.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -68,6 +69,31 @@ QString TCliTarget::obstacle(const QString &path, bool force)
         return QString("%1 exists; --force replaces it").arg(path);
     // renaming over a device or a folder would not write to it
     return info.isFile() ? QString() : QString("%1 is no file that can be replaced").arg(path);
+}
+
+QSet<QByteArray> TCliTarget::keysOf(const QStringList &files)
+{
+    QSet<QByteArray> keys;
+    for (const QString &file : files)
+        keys.insert(Utils::FS::fileKey(file));
+    keys.remove(QByteArray()); // of what does not exist
+    return keys;
+}
+
+QString TCliTarget::sourceObstacle(const QString &path, const QSet<QByteArray> &sources)
+{
+    return sources.contains(Utils::FS::fileKey(path)) ? QString("%1 is one of the files to read").arg(path) : QString();
+}
+
+void TCliTarget::setSources(const QStringList &files)
+{
+    fSources = keysOf(files);
+}
+
+QString TCliTarget::obstacle(const QString &path) const
+{
+    const QString source = sourceObstacle(path, fSources);
+    return source.isEmpty() ? obstacle(path, fForce) : source;
 }
 
 bool TCliTarget::chooseForm(const QString &name, const QString &where, QString &error)
@@ -146,7 +172,7 @@ bool TCliTarget::plan(TKind kind, const TCliArguments &arguments, const QStringL
     if (isFolder ? !planFolder(out, inputs, error) : !planFile(out, inputs, error))
         return false;
     for (const QString &path : qAsConst(fPaths)) {
-        error = obstacle(path, fForce);
+        error = obstacle(path);
         if (!error.isEmpty())
             return false;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -15,6 +16,8 @@ public:
     /// The names of the forms of a kind that are written, for help texts.
     static QString formNames(TKind kind);
 
+    /// The files that are read: none of them is written over, by whatever name. To be called before the plan.
+    void setSources(const QStringList &files);
     /// Plans for the option (-o, --plot) and the option that names the form of files in a folder (--to, --plot-to).
     /// False with an error for what cannot be done; true, with nothing planned, when the option is not given.
     bool plan(TKind kind, const TCliArguments &arguments, const QStringList &inputs, QString &error);
@@ -27,12 +30,16 @@ public:
     QString path(int input) const { return fPaths.value(input); }
     /// The files of an input with several items, of which each gets one: NAME-1, NAME-2 and so on.
     QStringList itemPaths(int input, int itemCount) const;
-    /// Whether a file may be replaced.
-    bool replaces() const { return fForce; }
     /// Makes the folder of the files; false, with an error, when it cannot be made.
     bool makeFolder(QString &error) const;
     /// Why an existing file cannot be written; empty when it can.
     static QString obstacle(const QString &path, bool force);
+    /// The same, with the sources of this target.
+    QString obstacle(const QString &path) const;
+    /// The keys of files by which obstacle() knows them under every name.
+    static QSet<QByteArray> keysOf(const QStringList &files);
+    /// Why a file cannot be written over; empty where it is none of the sources.
+    static QString sourceObstacle(const QString &path, const QSet<QByteArray> &sources);
 
 private:
     bool chooseForm(const QString &name, const QString &where, QString &error);
@@ -43,6 +50,7 @@ private:
     QString fForm;
     QString fFolder; // to be made; empty for a file that was named
     QStringList fPaths;
+    QSet<QByteArray> fSources; // their keys
     bool fStandardOutput = false;
     bool fForce = false;
 };

@@ -73,7 +73,7 @@ void TCliWriter::writeThrough(const QString &format, TCliInput &input, int index
     }
     const QStringList paths = fTarget.itemPaths(index, input.fItems.size());
     for (const QString &path : paths) { // all names before the first byte
-        const QString obstacle = TCliTarget::obstacle(path, fTarget.replaces());
+        const QString obstacle = fTarget.obstacle(path);
         if (!obstacle.isEmpty())
             return input.fail(cConverterFileNotOpened, obstacle);
     }

@@ -132,7 +132,9 @@ QScriptValue TYrexProcessingWrapper::save()
     if (!argument(0).isString())
         return throwError(context(), cWrongType);
     const QString path = TScriptRun::of(engine())->absolutePath(argument(0).toString());
-    QString error;
+    QString error = TScriptRun::of(engine())->writeRefusal(path);
+    if (!error.isEmpty())
+        return throwError(context(), cWrongType, QStringLiteral("%1: %2").arg(path, error));
     if (!TYrexChainFile::save(path, *wrapped(), &error))
         return throwError(context(), cWrongType, tr("%1: the file cannot be written: %2.").arg(path, error));
     return true;

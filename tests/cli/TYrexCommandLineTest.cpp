@@ -17,6 +17,7 @@
 
 #include <QCryptographicHash>
 #include <QImage>
+#include <unistd.h>
 
 namespace {
 
@@ -525,4 +526,38 @@ TEST_F(TYrexCommandLineTest, blocksOfAJcampFileAreOneStackAndOneImport)
     EXPECT_TRUE(fHost.document()->items().isEmpty());
     fHost.history().stack()->redo();
     EXPECT_EQ(item->spectra().size(), 12);
+}
+
+TEST_F(TYrexCommandLineTest, noInputIsAnOutputUnderWhateverName)
+{
+    writeBand("a.csv", 440);
+    const QByteArray before = read("a.csv");
+    write("chain.json", "[ { \"action\": \"Invert Sign\" } ]");
+    ASSERT_EQ(run({"convert", "a.csv", "-o", "a.klm"}), 0);
+    ASSERT_TRUE(QFile::link("a.csv", "soft.csv"));
+    ASSERT_EQ(link("a.csv", "hard.csv"), 0);
+    ASSERT_TRUE(QDir().mkdir("sub"));
+    const QList<QStringList> calls{{"convert", "a.csv", "-o", "a.csv"},
+                                   {"convert", "a.csv", "-o", "sub/../a.csv"},
+                                   {"convert", "a.csv", "-o", "soft.csv"},
+                                   {"convert", "soft.csv", "-o", "a.csv"},
+                                   {"convert", "a.csv", "-o", "hard.csv"},
+                                   {"convert", "a.klm", "-o", "a.klm"},
+                                   {"process", "a.csv", "-o", "."},
+                                   {"process", "a.klm", "a.csv", "--stack", "-o", "a.csv"},
+                                   {"process", "a.csv", "--chain", "chain.json", "-o", "chain.json"},
+                                   {"process", "a.csv", "--chain", "chain.json", "--save-script", "chain.json"},
+                                   {"process", "a.csv", "--save-script", "hard.csv"},
+                                   {"chain", "save", "chain.json", "-o", "./chain.json"}};
+    for (const QStringList &call : calls) {
+        EXPECT_EQ(run(call + QStringList("--force")), 2) << call.join(' ').toStdString();
+        EXPECT_TRUE(fErr.join('\n').contains("is one of the files to read")) << fErr.join('\n').toStdString();
+    }
+    EXPECT_EQ(read("a.csv"), before);
+    EXPECT_EQ(run({"convert", "a.csv", "-o", "a.klm", "--force"}), 0) << "other files may be replaced";
+
+    writeTwoItems("two.klm"); // how many files it gives is known only when it is open
+    write("x-2.csv", read("chain.json"));
+    EXPECT_EQ(run({"process", "two.klm", "--chain", "x-2.csv", "-o", "x.csv", "--force"}), 1);
+    EXPECT_EQ(read("x-2.csv"), read("chain.json"));
 }

@@ -8,6 +8,7 @@
 #include <QMetaProperty>
 #include <QRegularExpression>
 #include <QSet>
+#include <unistd.h>
 
 namespace {
 
@@ -128,6 +129,28 @@ protected:
 };
 
 } // namespace
+
+TEST_F(WrongCalls, whatTheScriptOpenedIsWrittenOverByNoFunctionAndUnderNoName)
+{
+    const QString data = writeCsv("a.csv");
+    ASSERT_TRUE(QFile::link(data, fFolder.filePath("soft.csv")));
+    ASSERT_EQ(link(QFile::encodeName(data).constData(), QFile::encodeName(fFolder.filePath("hard.csv")).constData()),
+              0);
+    ASSERT_TRUE(run("openFile('a.csv'); document.save('own.klm'); newDocument(); openDocument('own.klm');"
+                    "document.save(); saveDocument('own.klm'); document.save('more.klm');"))
+        << fError.text().toStdString();
+    for (const char *path : {"a.csv", "soft.csv", "hard.csv", "./a.csv"}) {
+        for (const QByteArray call : {"writeText('%1', '')", "appendText('%1', '')", "saveDocument('%1')",
+                                      "exportData(document.items[0], '%1')", "new ZarnuProcessing().save('%1')"})
+            EXPECT_EQ(code("openFile('a.csv'); " + QByteArray(call).replace("%1", path)), 2)
+                << call.constData() << path;
+    }
+    EXPECT_EQ(code("openDocument('own.klm'); writeText('own.klm', '')"), 2);
+    EXPECT_EQ(code("openDocument('own.klm'); newDocument(); document.save('own.klm')"), 2);
+    writeCsv("print.pdf");
+    EXPECT_EQ(code("openFile('print.pdf', 'csv'); document.print('print.pdf')"), 2);
+    EXPECT_EQ(code("writeText('new.txt', '1'); writeText('new.txt', '2')"), 0) << "what it wrote itself it may replace";
+}
 
 TEST_F(WrongCalls, slotsAndPropertiesOfAllObjects)
 {

@@ -6,6 +6,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <sys/stat.h>
 
 namespace Utils {
 namespace FS {
@@ -32,6 +33,14 @@ QVariantMap directoryMD5Sum(const QString &path, bool recursive)
         sums.insert(dir.relativeFilePath(file), md5Sum(file));
     }
     return sums;
+}
+
+QByteArray fileKey(const QString &path)
+{
+    struct stat facts = {};
+    if (path.isEmpty() || stat(QFile::encodeName(path).constData(), &facts) != 0)
+        return QByteArray();
+    return QByteArray::number(quint64(facts.st_dev)) + ':' + QByteArray::number(quint64(facts.st_ino));
 }
 
 QString sharedFolder(const QString &name)

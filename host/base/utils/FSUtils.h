@@ -14,6 +14,10 @@ QByteArray md5Sum(const QString &path);
 /// are not followed and not listed. Empty for what is no directory.
 QVariantMap directoryMD5Sum(const QString &path, bool recursive);
 
+/// What names the file to which a path leads over all links: two paths have the same key when they are two names of one
+/// file, hard links and other spellings included. Empty where there is no file.
+QByteArray fileKey(const QString &path);
+
 /// A folder that came with the program, such as "samples" or "docs/guide": in share/kelmora of the prefix in which the
 /// running program stands. The build folder has the same shape. Empty when there is none.
 QString sharedFolder(const QString &name);

@@ -13,6 +13,7 @@
 #include "services/IScriptHost.h"
 #include "services/TImportDriver.h"
 #include "utils/CommonUtils.h"
+#include "utils/FSUtils.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -40,12 +41,13 @@ QScriptValue failed(QScriptContext *context, const QString &path, const QString 
     return throwError(context, code, reason.startsWith(path) ? reason : QStringLiteral("%1: %2").arg(path, reason));
 }
 
-/// Throws for a file that the script itself opened for its data.
+/// Throws for a file that the script itself opened.
 bool mayWrite(QScriptContext *context, const TScriptRun &run, const QString &path)
 {
-    if (run.isInput(path))
-        failed(context, path, tr("This file was opened by the script and is not written over."), cWrongType);
-    return !run.isInput(path);
+    const QString refusal = run.writeRefusal(path);
+    if (!refusal.isEmpty())
+        failed(context, path, refusal, cWrongType);
+    return refusal.isEmpty();
 }
 
 /// The page for the items of a file: the one asked for by its place, else the last one if that is empty. Null: a new
@@ -108,6 +110,7 @@ QScriptValue openDocument(QScriptContext *context, QScriptEngine *engine)
     QString error;
     if (!run.scripts().openDocument(path, &error))
         return failed(context, path, error);
+    run.addInput(path);
     run.breathe();
     return engine->globalObject().property("document");
 }
@@ -128,7 +131,8 @@ QScriptValue saveDocument(QScriptContext *context, QScriptEngine *engine)
     if (!context->argument(0).isString())
         return throwError(context, cWrongType);
     const QString path = run.absolutePath(context->argument(0).toString());
-    if (!mayWrite(context, run, path))
+    const bool isOwn = Utils::FS::fileKey(path) == Utils::FS::fileKey(run.host().document()->path());
+    if (!isOwn && !mayWrite(context, run, path))
         return engine->undefinedValue();
     QString error;
     if (!run.host().document()->saveTo(path, &error))

@@ -49,6 +49,13 @@ QScriptValue fileError(QScriptContext *context, const QString &path, const QStri
     return throwError(context, cWrongType, isTold ? reason : QStringLiteral("%1: %2").arg(path, reason));
 }
 
+/// Why the script may not write there; empty when it may.
+QString refusal(QScriptContext *context, const QString &path)
+{
+    const TScriptRun *run = TScriptRun::of(context->engine());
+    return run ? run->writeRefusal(path) : QString();
+}
+
 QScriptValue readText(QScriptContext *context, QScriptEngine *)
 {
     QString path;
@@ -74,8 +81,8 @@ QScriptValue writeText(QScriptContext *context, QScriptEngine *engine)
     QScriptValue error;
     if (!takePath(context, 2, path, error))
         return error;
-    QString reason;
-    if (!ExportFile::write(path, context->argument(1).toString().toUtf8(), &reason))
+    QString reason = refusal(context, path);
+    if (!reason.isEmpty() || !ExportFile::write(path, context->argument(1).toString().toUtf8(), &reason))
         return fileError(context, path, reason);
     return engine->undefinedValue();
 }
@@ -86,6 +93,9 @@ QScriptValue appendText(QScriptContext *context, QScriptEngine *engine)
     QScriptValue error;
     if (!takePath(context, 2, path, error))
         return error;
+    const QString refused = refusal(context, path);
+    if (!refused.isEmpty())
+        return fileError(context, path, refused);
     QFile file(path);
     const QByteArray bytes = context->argument(1).toString().toUtf8();
     if (!file.open(QIODevice::Append))

@@ -12,6 +12,7 @@
 #include "script/TScriptPage.h"
 #include "script/TScriptRun.h"
 #include "services/IPluginHost.h"
+#include "utils/FSUtils.h"
 
 #include <QScriptContext>
 #include <QUndoStack>
@@ -122,15 +123,23 @@ void TScriptDocument::removeItem(const QScriptValue &item)
         doScriptHistoryCommand(new TCmdDeleteItems({found}), context(), 1);
 }
 
+/// Throws for a file that the script opened.
+bool TScriptDocument::mayWrite(const QString &path)
+{
+    const QString refusal = fRun.writeRefusal(path);
+    if (!refusal.isEmpty())
+        throwError(context(), cWrongType, QStringLiteral("%1: %2").arg(path, refusal));
+    return refusal.isEmpty();
+}
+
 void TScriptDocument::save(const QString &path)
 {
     const QString target = path.isEmpty() ? document().path() : fRun.absolutePath(path);
     QString error;
     if (target.isEmpty())
         throwError(context(), cWrongCount, tr("The document has no path yet: give one to save."));
-    else if (fRun.isInput(target))
-        throwError(context(), cWrongType,
-                   tr("%1: This file was opened by the script and is not written over.").arg(target));
+    else if (Utils::FS::fileKey(target) != Utils::FS::fileKey(document().path()) && !mayWrite(target))
+        return;
     else if (!document().saveTo(target, &error))
         throwError(context(), cInvalidObject, QStringLiteral("%1: %2").arg(target, error));
 }
@@ -156,7 +165,8 @@ int TScriptDocument::redo(int steps)
 void TScriptDocument::print(const QString &printer)
 {
     const bool isFile = printer.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
+    const QString target = isFile ? fRun.absolutePath(printer) : printer;
     QString error;
-    if (!PagePrinting::print(document(), isFile ? fRun.absolutePath(printer) : printer, isFile, error))
+    if ((!isFile || mayWrite(target)) && !PagePrinting::print(document(), target, isFile, error))
         throwError(context(), cInvalidObject, error);
 }

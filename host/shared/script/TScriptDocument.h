@@ -53,6 +53,7 @@ public slots:
     void print(const QString &printer = QString());
 
 private:
+    bool mayWrite(const QString &path);
     TDocument &document() const;
 
     TScriptRun &fRun;

@@ -10,6 +10,7 @@
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 #include "services/IScriptHost.h"
+#include "utils/FSUtils.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -90,13 +91,17 @@ QString TScriptRun::absolutePath(const QString &path) const
 
 void TScriptRun::addInput(const QString &path)
 {
-    fInputs.insert(QFileInfo(path).canonicalFilePath());
+    const QString file = QFileInfo(path).canonicalFilePath(); // as links lead today
+    fInputs.insert(Utils::FS::fileKey(file), file);
 }
 
-bool TScriptRun::isInput(const QString &path) const
+QString TScriptRun::writeRefusal(const QString &path) const
 {
-    const QString file = QFileInfo(path).canonicalFilePath(); // empty where there is none
-    return !file.isEmpty() && fInputs.contains(file);
+    const QByteArray key = Utils::FS::fileKey(path);
+    const QString input = key.isEmpty() ? QString() : fInputs.value(key);
+    if (input.isEmpty() || Utils::FS::fileKey(input) != key) // a new file may get the key of one that is gone
+        return QString();
+    return tr("This file was opened by the script and is not written over.");
 }
 
 bool TScriptRun::runFile(const QString &path, TScriptError &error)

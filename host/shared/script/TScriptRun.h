@@ -4,9 +4,9 @@
 #include "script/TScriptSteps.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QObject>
 #include <QScriptEngine>
-#include <QSet>
 #include <QStringList>
 
 class IPluginHost;
@@ -58,11 +58,11 @@ public:
     QString folder() const { return fFolder; }
     /// A path as a script gives it: relative ones stand beside the script.
     QString absolutePath(const QString &path) const;
-    /// A file that the script under way opened for its data.
+    /// A file that the script under way opened: data or a document.
     void addInput(const QString &path);
-    /// Whether it did so: documents, data and pictures are not written over it, since that mostly is a mistake and
-    /// measured data do not come back.
-    bool isInput(const QString &path) const;
+    /// Why a path is not written: it leads to a file that the script opened, by whatever name. To write over it mostly
+    /// is a mistake, and measured data do not come back. Empty when it may be written.
+    QString writeRefusal(const QString &path) const;
 
     /// The script object of an item, as the plug-in makes it whose item it is.
     QScriptValue wrap(TCanvasItem *item);
@@ -84,7 +84,7 @@ private:
     QScriptEngine fEngine;
     TScriptSteps fSteps{*this};
     QString fFolder;
-    QSet<QString> fInputs; // without links
+    QHash<QByteArray, QString> fInputs; // path by the key of its file
     QElapsedTimer fSinceEvents;
     int fDepth = 0;
     int fShownSteps = 0;
