@@ -58,7 +58,7 @@ TEST_F(ZarnuProgram, saysWhereItLookedForPlugins)
     ASSERT_TRUE(QFile::copy(ZARNU_PROGRAM, fProgram));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("KELMORA_PLUGIN_PATH", "/no/such/folder");
-    environment.insert("LD_LIBRARY_PATH", QFileInfo(ZARNU_PROGRAM).path() + "/../lib");
+    environment.insert("LD_LIBRARY_PATH", QFileInfo(ZARNU_PROGRAM).path() + "/../lib/kelmora/libs");
     EXPECT_EQ(run({"formats"}, environment), 2);
     EXPECT_TRUE(fErr.contains("/no/such/folder")) << fErr.constData();
     EXPECT_TRUE(fErr.contains("lib/kelmora/plugins"));

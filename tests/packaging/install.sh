@@ -37,6 +37,27 @@ for program in bin/kelmora bin/zarnu lib/kelmora/plugins/libYrexPlugin.so; do
   [ -z "$others" ] || fail "$program takes$others"
 done
 
+# and none of the current folder, which an empty entry stands for, or of any other that others may write to
+check_paths() {
+  local file entry paths
+  while IFS= read -r file; do
+    paths=$(readelf -d "$file" 2>/dev/null | sed -n 's/.*(\(RUNPATH\|RPATH\)).*\[\(.*\)\]/\2/p')
+    [ -n "$paths" ] || continue
+    while IFS= read -r entry; do
+      case "$entry" in
+        "$1"*) ;;
+        *) fail "$file looks for libraries in '$entry'" ;;
+      esac
+    done < <(tr ':' '\n' <<<"$paths")
+  done < <(find "${@:2}" -type f \( -perm -u+x -o -name '*.so*' \))
+}
+has readelf || fail "there is no readelf"
+check_paths "\$ORIGIN" "$prefix"
+for program in zarnu kelmora; do
+  check_paths "\$ORIGIN" "$build/bin/$program"
+done
+check_paths "\$ORIGIN" "$build/lib/kelmora"
+
 zarnu=$prefix/bin/zarnu
 samples=$share/kelmora/samples
 expect "zarnu --version" clean "$zarnu" --version
