@@ -18,6 +18,8 @@ TCliSyntax TCliScript::syntax() const
     syntax.fSummary =
         "Runs a script. What it prints goes to standard output; it ends with status 1 when the script fails.";
     syntax.fOperands = "FILE.js [ARG...]";
+    syntax.fOptions = {
+        {"--force", "", "let documents be saved over files that another program changed since they were opened"}};
     syntax.fMinOperands = 1;
     syntax.fMaxOperands = -1;
     return syntax;
@@ -39,6 +41,7 @@ int TCliScript::run(const TCliArguments &arguments, const TCliEnvironment &envir
     QObject::connect(&run, &TScriptRun::warned, &run, [&environment](const QString &place, const QString &text) {
         environment.warn(place.isEmpty() ? text : place + ": " + text);
     });
+    run.setReplacesChanged(arguments.has("--force"));
     run.setArguments(arguments.operands().mid(1));
     TScriptError error;
     if (run.runFile(file, error))

@@ -3,6 +3,7 @@
 #include "TScriptFixture.h"
 #include "script/TScriptSteps.h"
 
+#include <QDateTime>
 #include <QImage>
 #include <QMetaMethod>
 #include <QMetaProperty>
@@ -129,6 +130,30 @@ protected:
 };
 
 } // namespace
+
+TEST_F(WrongCalls, aDocumentThatChangedOnTheDiskIsNotSavedOver)
+{
+    writeCsv("a.csv");
+    ASSERT_TRUE(run("openFile('a.csv'); document.save('a.klm');"));
+    QFile file(fFolder.filePath("a.klm"));
+    ASSERT_TRUE(file.open(QIODevice::Append) && file.write("x") == 1);
+    ASSERT_TRUE(file.flush() &&
+                file.setFileTime(QDateTime(QDate(2030, 1, 1), QTime(12, 0)), QFileDevice::FileModificationTime));
+    file.close();
+    EXPECT_EQ(code("document.save()"), 2);
+    EXPECT_EQ(code("saveDocument('a.klm')"), 2);
+    EXPECT_EQ(code("document.save('b.klm')"), 0);
+    EXPECT_EQ(code("openDocument('b.klm'); document.save()"), 0);
+    ASSERT_TRUE(QFile::rename(fFolder.filePath("a.klm"), fFolder.filePath("b2.klm")));
+    EXPECT_EQ(code("document.save()"), 0);
+    ASSERT_TRUE(QFile::remove(fFolder.filePath("b.klm")));
+    EXPECT_EQ(code("document.save()"), 0) << "nothing is there to be written over";
+    ASSERT_TRUE(QFile::remove(fFolder.filePath("b.klm")) &&
+                QFile::rename(fFolder.filePath("b2.klm"), fFolder.filePath("b.klm")));
+    EXPECT_EQ(code("document.save()"), 2);
+    fRun->setReplacesChanged(true);
+    EXPECT_EQ(code("document.save()"), 0);
+}
 
 TEST_F(WrongCalls, whatTheScriptOpenedIsWrittenOverByNoFunctionAndUnderNoName)
 {

@@ -80,6 +80,10 @@ TEST_F(AutosaveTest, everyTenthCommandIsKeptUntilTheDocumentIsSavedOrClosed)
     EXPECT_TRUE(copies().isEmpty());
     steps(1);
     EXPECT_EQ(copies(), QStringList(document()->id().toString(QUuid::WithoutBraces) + ".autosave"));
+    const QDir folder(TAutosaveFile::defaultFolder());
+    const auto permissions = [](const QString &path) { return int(QFile::permissions(path)) & 0x7077; };
+    EXPECT_EQ(permissions(folder.path()), 0x7000) << "nobody else looks into it";
+    EXPECT_EQ(permissions(folder.filePath(copies().first())), 0x6000);
     ASSERT_TRUE(fWindow->documents().saveTo(fFolder.filePath("a.klm")));
     EXPECT_TRUE(copies().isEmpty());
     steps(10);
@@ -149,10 +153,17 @@ TEST_F(AutosaveTest, aKilledProgramsDocumentIsRecoveredUnderItsOwnName)
     EXPECT_EQ(fWindow->documents().count(), 1); // in place of the untouched one
     EXPECT_EQ(bytesOf(path), before);
     EXPECT_EQ(copies().size(), 1); // until it is saved
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::Append) &&
+                file.setFileTime(QDateTime(QDate(2030, 1, 1), QTime(12, 0)), QFileDevice::FileModificationTime));
+    EXPECT_FALSE(fWindow->documents().save()) << "somebody changed it since the copy was made";
+    EXPECT_EQ(fMessages.size(), 1);
+    fMessages.clear();
+    fAnswer = QMessageBox::Save;
     ASSERT_TRUE(fWindow->documents().save());
     EXPECT_NE(bytesOf(path), before);
     EXPECT_TRUE(copies().isEmpty());
-    EXPECT_TRUE(fMessages.isEmpty());
+    EXPECT_EQ(fMessages.size(), 1);
 }
 
 TEST_F(AutosaveTest, whatIsDecidedLaterIsNeitherLostNorOverwritten)

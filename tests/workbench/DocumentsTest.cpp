@@ -84,6 +84,33 @@ TEST_F(DocumentsTest, theCommandLineWritesTheSameBytes)
     EXPECT_EQ(bytesOf(saved), bytesOf(again));
 }
 
+TEST_F(DocumentsTest, aFileThatAnotherProgramChangedIsNotWrittenOverUnasked)
+{
+    const QString path = fFolder.filePath("a.klm");
+    const auto change = [&path](int year) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("of another program") > 0 && file.flush());
+        ASSERT_TRUE(file.setFileTime(QDateTime(QDate(year, 1, 1), QTime(12, 0)), QFileDevice::FileModificationTime));
+    };
+    open(writeCsv("one.csv"));
+    ASSERT_TRUE(fWindow->documents().saveTo(path));
+    ASSERT_TRUE(fWindow->documents().save()) << "its own file is no change";
+    EXPECT_TRUE(fMessages.isEmpty());
+    change(2030);
+    EXPECT_FALSE(fWindow->documents().save());
+    EXPECT_EQ(fMessages.size(), 1);
+    EXPECT_TRUE(fMessages.value(0).contains("changed on the disk")) << fMessages.value(0).toStdString();
+    EXPECT_EQ(bytesOf(path), "of another program");
+    fAnswer = QMessageBox::Save;
+    EXPECT_TRUE(fWindow->documents().save());
+    EXPECT_NE(bytesOf(path), "of another program");
+    EXPECT_TRUE(fWindow->documents().save());
+    EXPECT_EQ(fMessages.size(), 2);
+    change(2031);
+    EXPECT_TRUE(fWindow->documents().saveTo(fFolder.filePath("b.klm"))) << "another file asks nothing";
+    EXPECT_EQ(fMessages.size(), 2);
+}
+
 TEST_F(DocumentsTest, zoomingLeavesNothingToSave)
 {
     open(writeCsv("one.csv"));

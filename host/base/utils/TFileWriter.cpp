@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <cerrno>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -73,6 +74,12 @@ bool TFileWriter::open()
     return fFile.note(isOpen, fFile.errorString());
 }
 
+bool TFileWriter::makePrivate()
+{
+    const bool isPrivate = fchmod(fFile.handle(), S_IRUSR | S_IWUSR) == 0;
+    return fFile.note(isPrivate, qt_error_string(errno));
+}
+
 bool TFileWriter::commit()
 {
     // QSaveFile::commit would not notice that what is still in its buffer cannot be written
@@ -82,7 +89,7 @@ bool TFileWriter::commit()
     if (!fFile.note(isSynced, qt_error_string(errno)))
         return false;
     const bool isInPlace = fFile.commit();
-    return fFile.note(isInPlace, fFile.errorString());
+    return fFile.note(isInPlace, qt_error_string(errno)); // Qt knows the reason of some of its steps only
 }
 
 bool TFileWriter::write(const QString &path, const QByteArray &bytes, QString *error)

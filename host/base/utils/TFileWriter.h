@@ -15,6 +15,9 @@ public:
 
     /// False, with the reason in error(), when the place cannot be written.
     bool open();
+    /// Only the user may read the file, whatever the permissions of an older one; to be called after open(). False,
+    /// with the reason in error(), when that cannot be done.
+    bool makePrivate();
     /// Where the bytes go, between open() and commit().
     QIODevice *device() { return &fFile; }
     /// Puts the file into its place. False, with the reason in error(), when a byte of it could not be written; what

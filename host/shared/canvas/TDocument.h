@@ -3,6 +3,7 @@
 #include "commands/TCommandHistory.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QList>
 #include <QMap>
 #include <QObject>
@@ -62,8 +63,14 @@ public:
 
     QString path() const { return fPath; }
     bool isModified() const;
+    /// When the file at path() was written, as it was opened or saved last; invalid without a file.
+    QDateTime fileTime() const { return fFileTime; }
+    /// Says so of a document that did not come from that file itself.
+    void setFileTime(const QDateTime &time) { fFileTime = time; }
+    /// Whether another program wrote the file at path() since: to save would write over that. False when it is gone.
+    bool isChangedOnDisk() const;
 
-    /// Writes the document beside its place and renames it, so that a failure leaves an older file whole.
+    /// Writes the document whole or not at all (TFileWriter), also over a file that changed on the disk.
     bool saveTo(const QString &path, QString *error = nullptr);
     void store(TDataStream &stream) const;
     /// Reads into this document, which must be empty. False, with the reason in the report, when it cannot be read.
@@ -112,6 +119,7 @@ private:
     QByteArray fHistoryTail;
     QList<TStoredHistoryEntry> fStoredHistory;
     QString fPath;
+    QDateTime fFileTime;
     bool fModified = false;
     TCommandHistory fHistory; // last, so that its commands go while the pages still stand
 };

@@ -19,9 +19,11 @@
 #include "utils/TFileWriter.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <algorithm>
 #include <initializer_list>
+#include <new>
 
 namespace {
 
@@ -180,19 +182,34 @@ bool TDocument::saveTo(const QString &path, QString *error)
 {
     TFileWriter file(path);
     bool good = file.open();
+    QString reason;
     if (good) {
-        TDataStream stream(file.device());
-        store(stream);
-        good = stream.isGood() && file.commit();
+        try {
+            TDataStream stream(file.device());
+            store(stream);
+            good = stream.isGood() && file.commit();
+        } catch (const std::bad_alloc &) {
+            good = false;
+            reason = tr("there is not enough memory");
+        }
     }
     if (!good) {
         if (error)
-            *error = file.error();
+            *error = reason.isEmpty() ? file.error() : reason;
         return false;
     }
     fPath = path;
+    fFileTime = QFileInfo(path).lastModified();
     fHistory.setClean();
     return true;
+}
+
+bool TDocument::isChangedOnDisk() const
+{
+    if (fPath.isEmpty() || !fFileTime.isValid())
+        return false;
+    const QDateTime time = QFileInfo(fPath).lastModified();
+    return time.isValid() && time != fFileTime;
 }
 
 bool TDocument::fail(TDataStream &stream, TLoadReport &report, const QString &where) const
@@ -384,11 +401,14 @@ bool TDocument::loadFrom(const QString &path, TLoadReport &report)
         report.fError = file.errorString();
         return false;
     }
+    const QDateTime time = QFileInfo(path).lastModified(); // before the first byte is read
     TDataStream stream(&file);
     if (!load(stream, report))
         return false;
-    if (fFormat <= cFormat)
-        fPath = path; // saving must not take from a newer program's file what this one does not know
+    if (fFormat <= cFormat) { // saving must not take from a newer program's file what this one does not know
+        fPath = path;
+        fFileTime = time;
+    }
     fHistory.setClean();
     return true;
 }

@@ -13,7 +13,6 @@
 #include "services/IScriptHost.h"
 #include "services/TImportDriver.h"
 #include "utils/CommonUtils.h"
-#include "utils/FSUtils.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -41,10 +40,9 @@ QScriptValue failed(QScriptContext *context, const QString &path, const QString 
     return throwError(context, code, reason.startsWith(path) ? reason : QStringLiteral("%1: %2").arg(path, reason));
 }
 
-/// Throws for a file that the script itself opened.
-bool mayWrite(QScriptContext *context, const TScriptRun &run, const QString &path)
+/// Throws when the run refuses to write to a path.
+bool mayWrite(QScriptContext *context, const QString &path, const QString &refusal)
 {
-    const QString refusal = run.writeRefusal(path);
     if (!refusal.isEmpty())
         failed(context, path, refusal, cWrongType);
     return refusal.isEmpty();
@@ -131,8 +129,7 @@ QScriptValue saveDocument(QScriptContext *context, QScriptEngine *engine)
     if (!context->argument(0).isString())
         return throwError(context, cWrongType);
     const QString path = run.absolutePath(context->argument(0).toString());
-    const bool isOwn = Utils::FS::fileKey(path) == Utils::FS::fileKey(run.host().document()->path());
-    if (!isOwn && !mayWrite(context, run, path))
+    if (!mayWrite(context, path, run.saveRefusal(path)))
         return engine->undefinedValue();
     QString error;
     if (!run.host().document()->saveTo(path, &error))
@@ -190,7 +187,7 @@ QScriptValue exportData(QScriptContext *context, QScriptEngine *engine)
     IConverter *converter = writer(run.scripts().importDriver(), path, format);
     if (!converter)
         return failed(context, path, tr("No format of this ending can be written."), cWrongType);
-    if (!mayWrite(context, run, path))
+    if (!mayWrite(context, path, run.writeRefusal(path)))
         return engine->undefinedValue();
     QString error;
     const int code = ExportFile::write(*converter, items, path, &error);
@@ -257,7 +254,7 @@ QScriptValue exportPicture(QScriptContext *context, QScriptEngine *engine)
     if (!takeLooks(options, picture))
         return throwError(context, cOutOfRange);
     const QString path = run.absolutePath(context->argument(1).toString());
-    if (!mayWrite(context, run, path))
+    if (!mayWrite(context, path, run.writeRefusal(path)))
         return engine->undefinedValue();
     QString error;
     if (!picture.save(path, TPictureExporter::formOf(path), &error))

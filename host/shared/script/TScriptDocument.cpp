@@ -12,7 +12,6 @@
 #include "script/TScriptPage.h"
 #include "script/TScriptRun.h"
 #include "services/IPluginHost.h"
-#include "utils/FSUtils.h"
 
 #include <QScriptContext>
 #include <QUndoStack>
@@ -123,10 +122,9 @@ void TScriptDocument::removeItem(const QScriptValue &item)
         doScriptHistoryCommand(new TCmdDeleteItems({found}), context(), 1);
 }
 
-/// Throws for a file that the script opened.
-bool TScriptDocument::mayWrite(const QString &path)
+/// Throws when the run refuses to write to a path.
+bool TScriptDocument::mayWrite(const QString &path, const QString &refusal)
 {
-    const QString refusal = fRun.writeRefusal(path);
     if (!refusal.isEmpty())
         throwError(context(), cWrongType, QStringLiteral("%1: %2").arg(path, refusal));
     return refusal.isEmpty();
@@ -138,9 +136,7 @@ void TScriptDocument::save(const QString &path)
     QString error;
     if (target.isEmpty())
         throwError(context(), cWrongCount, tr("The document has no path yet: give one to save."));
-    else if (Utils::FS::fileKey(target) != Utils::FS::fileKey(document().path()) && !mayWrite(target))
-        return;
-    else if (!document().saveTo(target, &error))
+    else if (mayWrite(target, fRun.saveRefusal(target)) && !document().saveTo(target, &error))
         throwError(context(), cInvalidObject, QStringLiteral("%1: %2").arg(target, error));
 }
 
@@ -167,6 +163,7 @@ void TScriptDocument::print(const QString &printer)
     const bool isFile = printer.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
     const QString target = isFile ? fRun.absolutePath(printer) : printer;
     QString error;
-    if ((!isFile || mayWrite(target)) && !PagePrinting::print(document(), target, isFile, error))
+    if ((!isFile || mayWrite(target, fRun.writeRefusal(target))) &&
+        !PagePrinting::print(document(), target, isFile, error))
         throwError(context(), cInvalidObject, error);
 }

@@ -53,7 +53,7 @@ public slots:
     void print(const QString &printer = QString());
 
 private:
-    bool mayWrite(const QString &path);
+    bool mayWrite(const QString &path, const QString &refusal);
     TDocument &document() const;
 
     TScriptRun &fRun;

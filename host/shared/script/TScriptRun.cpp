@@ -2,6 +2,7 @@
 
 #include "canvas/TCanvasItem.h"
 #include "canvas/TCanvasItemList.h"
+#include "canvas/TDocument.h"
 #include "log/TLogger.h"
 #include "script/ScriptFiles.h"
 #include "script/ScriptUtils.h"
@@ -102,6 +103,16 @@ QString TScriptRun::writeRefusal(const QString &path) const
     if (input.isEmpty() || Utils::FS::fileKey(input) != key) // a new file may get the key of one that is gone
         return QString();
     return tr("This file was opened by the script and is not written over.");
+}
+
+QString TScriptRun::saveRefusal(const QString &path) const
+{
+    const TDocument &document = *fHost.document();
+    if (Utils::FS::fileKey(path) != Utils::FS::fileKey(document.path()))
+        return writeRefusal(path);
+    if (fReplacesChanged || !document.isChangedOnDisk())
+        return QString();
+    return tr("Another program changed this file since it was opened. Save the document under another name.");
 }
 
 bool TScriptRun::runFile(const QString &path, TScriptError &error)

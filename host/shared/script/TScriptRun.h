@@ -63,6 +63,10 @@ public:
     /// Why a path is not written: it leads to a file that the script opened, by whatever name. To write over it mostly
     /// is a mistake, and measured data do not come back. Empty when it may be written.
     QString writeRefusal(const QString &path) const;
+    /// The same for the open document, which is saved to its own file unless another program changed that since.
+    QString saveRefusal(const QString &path) const;
+    /// Documents may be saved over files that another program changed since they were opened.
+    void setReplacesChanged(bool replaces) { fReplacesChanged = replaces; }
 
     /// The script object of an item, as the plug-in makes it whose item it is.
     QScriptValue wrap(TCanvasItem *item);
@@ -89,4 +93,5 @@ private:
     int fDepth = 0;
     int fShownSteps = 0;
     bool fIsStopped = false;
+    bool fReplacesChanged = false;
 };

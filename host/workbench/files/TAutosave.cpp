@@ -103,8 +103,7 @@ void TAutosave::write(TDocument *document)
         state.fFile = TAutosaveFile::claim(fFolder, *document);
     TAutosaveInfo info;
     info.fDocumentPath = document->path();
-    if (!info.fDocumentPath.isEmpty())
-        info.fSaved = QFileInfo(info.fDocumentPath).lastModified();
+    info.fSaved = document->fileTime();
     info.fAutosaved = QDateTime::currentDateTime();
     info.fOwner = QCoreApplication::applicationPid();
     info.fSteps = document->history().unsavedSteps();

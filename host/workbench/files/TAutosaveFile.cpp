@@ -63,6 +63,7 @@ QString TAutosaveFile::defaultFolder()
         state = QDir::home().filePath(".local/state");
     QString folder = QDir(state).filePath("kelmora");
     QDir().mkpath(folder);
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return folder;
 }
 
@@ -94,7 +95,7 @@ std::vector<std::unique_ptr<TAutosaveFile>> TAutosaveFile::abandoned(const QStri
 bool TAutosaveFile::write(const TDocument &document, const TAutosaveInfo &info, QString *error) const
 {
     TFileWriter file(fPath);
-    bool good = file.open();
+    bool good = file.open() && file.makePrivate();
     if (good) {
         TDataStream stream(file.device());
         stream.writeRawData(cMagic, cMagicSize);
@@ -133,6 +134,7 @@ std::unique_ptr<TDocument> TAutosaveFile::read(TLoadReport &report) const
     auto document = std::make_unique<TDocument>();
     if (!readHead(stream, info) || !document->restore(stream, info.fDocumentPath, report))
         return nullptr;
+    document->setFileTime(info.fSaved);
     return document;
 }
 

@@ -14,7 +14,7 @@ struct TLoadReport;
 struct TAutosaveInfo
 {
     QString fDocumentPath; // empty for a document that was never saved
-    QDateTime fSaved;      // of the document's file; invalid without one
+    QDateTime fSaved;      // of the document's file as it was opened or saved; invalid without one
     QDateTime fAutosaved;
     qint64 fOwner = 0;     // id of the process that wrote it
     int fSteps = 0;        // that the document's file does not have
@@ -26,7 +26,8 @@ struct TAutosaveInfo
 class TAutosaveFile
 {
 public:
-    /// The folder of the desktop's state, made when it is missing: "kelmora" under XDG_STATE_HOME.
+    /// The folder of the desktop's state, made when it is missing: "kelmora" under XDG_STATE_HOME. Only the user may
+    /// look into it, since it holds what he has not saved.
     static QString defaultFolder();
     /// A copy for a document. A name that is taken, by another process with the same document or by a copy that nobody
     /// has decided on yet, is passed over for the next one, so that none is overwritten. Null when the folder cannot

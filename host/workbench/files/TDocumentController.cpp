@@ -11,6 +11,7 @@
 #include "plugin/IPluginEvent.h"
 #include "services/TKelmoraHost.h"
 #include "settings/TDefaultsIni.h"
+#include "utils/FSUtils.h"
 #include "widgets/GuiUtils.h"
 
 #include <QDir>
@@ -245,11 +246,28 @@ bool TDocumentController::saveAs()
     return saveTo(path);
 }
 
+/// Asks before a file is written over that another program changed since the document was opened.
+bool TDocumentController::mayReplaceChanged(const QString &path)
+{
+    const TDocument *shown = document();
+    if (!shown || !shown->isChangedOnDisk() || Utils::FS::fileKey(path) != Utils::FS::fileKey(shown->path()))
+        return true;
+    Utils::Gui::TMessage message;
+    message.fIcon = QMessageBox::Warning;
+    message.fTitle = tr("Save Document");
+    message.fText = tr("%1 was changed on the disk by another program since it was opened here. To save writes over "
+                       "these changes; File > Save As with another name keeps both.")
+                        .arg(QDir::toNativeSeparators(path));
+    message.fButtons = QMessageBox::Save | QMessageBox::Cancel;
+    message.fDefault = QMessageBox::Cancel;
+    return Utils::Gui::ask(fTabs->window(), message) == QMessageBox::Save;
+}
+
 bool TDocumentController::saveTo(const QString &path)
 {
     TDocument *shownDocument = document();
     QString error;
-    if (!mayLeave())
+    if (!mayLeave() || !mayReplaceChanged(path))
         return false;
     if (!shownDocument || !shownDocument->saveTo(QFileInfo(path).absoluteFilePath(), &error)) {
         Utils::Gui::message(

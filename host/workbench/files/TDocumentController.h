@@ -81,6 +81,7 @@ private:
     int indexOfSame(const TDocument &document) const;
     int indexOf(const TDocument *document) const;
 
+    bool mayReplaceChanged(const QString &path);
     bool mayLeave() const { return !fLeaveGuard || fLeaveGuard(); }
 
     TKelmoraHost &fHost;
