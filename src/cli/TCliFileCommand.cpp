@@ -16,6 +16,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <new>
 
 namespace {
 
@@ -23,6 +24,11 @@ constexpr int cMaxJobs = 256;
 constexpr char cWorkerOption[] = "--worker";
 constexpr char cFollowOption[] = "--follow"; // see fIsFollowed
 constexpr int cWorkerLost = int(0x80000001); // a process ended before it was done
+
+void outOfMemory(TCliInput &input)
+{
+    input.fail(cConverterOutOfMemory, "there is not enough memory to work on it");
+}
 
 QStringList formatNames(const TImportDriver &driver)
 {
@@ -102,7 +108,13 @@ QByteArray TCliFileCommand::processInput(int index, const TCliEnvironment &envir
     if (!fKeepsSettings)
         TDefaultsIni::setStore(TDefaultsIni::memory);
     const QString file = fInputs.at(index);
-    TCliInput input = open(file, fFormat, environment);
+    TCliInput input;
+    input.fFile = file;
+    try {
+        input = open(file, fFormat, environment);
+    } catch (const std::bad_alloc &) {
+        outOfMemory(input);
+    }
     for (const QString &note : qAsConst(input.fNotes))
         environment.warn(file + ": " + note);
     return finishInput(input, index, environment, failed);
@@ -111,9 +123,13 @@ QByteArray TCliFileCommand::processInput(int index, const TCliEnvironment &envir
 QByteArray TCliFileCommand::finishInput(TCliInput &input, int index, const TCliEnvironment &environment, bool &failed)
 {
     QByteArray out;
-    if (input.isOk()) {
-        fOrigUnits.apply(input.fItems, environment.fHost.history());
-        work(input, index, environment, out);
+    try {
+        if (input.isOk()) {
+            fOrigUnits.apply(input.fItems, environment.fHost.history());
+            work(input, index, environment, out);
+        }
+    } catch (const std::bad_alloc &) { // the next input has a document of its own
+        outOfMemory(input);
     }
     if (!input.isOk())
         environment.fConsole.err(TCliEnvironment::failureLine(input.fFile, input.fReason, input.fCode));

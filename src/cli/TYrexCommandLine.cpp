@@ -16,6 +16,7 @@
 #include "settings/TDefaultsIni.h"
 
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -111,7 +112,12 @@ int TYrexCommandLine::run(const QString &name, const QStringList &arguments, ICo
         return cCliAllDone;
     }
     applyCommonOptions(parsed, console);
-    const int status = command->run(parsed, environment);
+    int status = cCliInputFailed;
+    try {
+        status = command->run(parsed, environment);
+    } catch (const std::bad_alloc &) { // of what belongs to no input, such as a chain
+        console.err("zarnu: there is not enough memory");
+    }
     if (!TDefaultsIni::sync())
         environment.warn(QString("%1: the settings could not be written").arg(parsed.value("--settings")));
     TDefaultsIni::setStore(TDefaultsIni::memory);

@@ -106,7 +106,13 @@ void TYrexSpectrumConverter::addXRange(const QString &fileName, QVariantMap &map
 ICanvasItem *TYrexSpectrumConverter::createItem(const TYrexSpectrumList &spectra, ICanvas *parent)
 {
     IYrexItemFactory *factory = IYrexItemFactory::current();
-    return factory ? factory->createSpectrumItem(spectra, parent) : nullptr;
+    if (!factory)
+        return nullptr;
+    giveAway(spectra); // also where memory ends while the item is made: its parts delete them then
+    ICanvasItem *item = factory->createSpectrumItem(spectra, parent);
+    for (TYrexSpectrum *spectrum : item ? TYrexSpectrumList() : spectra)
+        fGiven.remove(spectrum);
+    return item;
 }
 
 bool TYrexSpectrumConverter::finishSpectrum(TYrexSpectrum *spectrum, const QString &fileName,
@@ -138,7 +144,6 @@ void TYrexSpectrumConverter::adopt(const TYrexSpectrumList &spectra, ICanvas *pa
     ICanvasItem *item = createItem(spectra, parent);
     if (item) {
         items().append(item);
-        giveAway(spectra);
         return;
     }
     for (TYrexSpectrum *spectrum : spectra) {

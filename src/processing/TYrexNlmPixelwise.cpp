@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <omp.h>
 #include <vector>
 
 namespace {
@@ -176,6 +177,14 @@ void TColumnFilter::run(int x, float *out, std::size_t outStride)
             float(fValueSums[std::size_t(y)] / fWeightSums[std::size_t(y)]);
 }
 
+/// One for each thread. Whatever takes memory is made before the threads start: they cannot say that there is none.
+template <typename TFilter>
+std::vector<TFilter> filtersOf(int threads, const TFilter &filter)
+{
+    weightTable();
+    return std::vector<TFilter>(std::size_t(threads), filter);
+}
+
 void denoiseImage(const float *image, float *out, int rows, int cols, const TNlmRun &run)
 {
     const int border = run.fBorder;
@@ -186,9 +195,10 @@ void denoiseImage(const float *image, float *out, int rows, int cols, const TNlm
         for (int x = -border; x < cols + border; ++x)
             padded.push_back(row[mirrored(x, cols)]);
     }
+    std::vector<TColumnFilter> filters = filtersOf(omp_get_max_threads(), TColumnFilter(run, padded, rows, cols));
 #pragma omp parallel
     {
-        TColumnFilter filter(run, padded, rows, cols);
+        TColumnFilter &filter = filters[std::size_t(omp_get_thread_num())];
 #pragma omp for schedule(static, 1)
         for (int x = 0; x < cols; ++x)
             filter.run(x, out, std::size_t(cols));
@@ -326,9 +336,12 @@ void denoiseRow(const float *row, float *out, int cols, const TNlmRun &run)
     float *padded = scratch.data() + run.fBorder;
     for (int x = -run.fBorder; x < cols + run.fBorder; ++x)
         padded[x] = row[mirrored(x, cols)];
-#pragma omp parallel if (cols >= cColumnsWorthThreads)
+    const bool isWorthThreads = cols >= cColumnsWorthThreads;
+    std::vector<TRowFilter<cPatch>> filters =
+        filtersOf(isWorthThreads ? omp_get_max_threads() : 1, TRowFilter<cPatch>(run));
+#pragma omp parallel if (isWorthThreads)
     {
-        TRowFilter<cPatch> filter(run);
+        TRowFilter<cPatch> &filter = filters[std::size_t(omp_get_thread_num())];
 #pragma omp for schedule(static)
         for (int x = 0; x < cols; x += cBlock)
             filter.run(padded + x, std::min(cBlock, cols - x), out + x);

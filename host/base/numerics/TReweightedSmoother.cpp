@@ -39,8 +39,8 @@ void TReweightedSmoother::start(int n, const double *y, const unsigned char *exc
 {
     fCount = n;
     const auto size = size_t(n);
-    if (fY.size() < size) {
-        for (std::vector<double> *vector : {&fY, &fZ, &fWeights, &fNextWeights})
+    for (std::vector<double> *vector : {&fY, &fZ, &fWeights, &fNextWeights}) {
+        if (vector->size() < size) // each by itself: an earlier run may have ended between them, without memory
             vector->resize(size);
     }
     removeLine(y);

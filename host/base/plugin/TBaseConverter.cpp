@@ -51,20 +51,20 @@ int TBaseConverter::importFile(const QString &fileName, ICanvas *parent)
     fItems.clear();
     fProblem.clear();
     fInteractive = parent != nullptr;
-    int code = cConverterOk;
     try {
-        code = convert(fileName, parent);
-    } catch (const std::bad_alloc &) {
-        code = cConverterOutOfMemory;
-    }
-    if (!Utils::Common::has_no_error(code))
+        const int code = convert(fileName, parent);
+        if (!Utils::Common::has_no_error(code))
+            return code;
+        if (fFlags & cRecordProvenance) {
+            recordProvenance(provenance(fileName));
+            afterProvenance();
+        }
+        afterImport();
         return code;
-    if (fFlags & cRecordProvenance) {
-        recordProvenance(provenance(fileName));
-        afterProvenance();
+    } catch (const std::bad_alloc &) {
+        setProblem(QCoreApplication::translate("TBaseConverter", "there is not enough memory to read it"));
+        return cConverterOutOfMemory;
     }
-    afterImport();
-    return code;
 }
 
 QVariantMap TBaseConverter::metaData(const QString &, const QStringList &)

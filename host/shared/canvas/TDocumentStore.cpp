@@ -403,8 +403,13 @@ bool TDocument::loadFrom(const QString &path, TLoadReport &report)
     }
     const QDateTime time = QFileInfo(path).lastModified(); // before the first byte is read
     TDataStream stream(&file);
-    if (!load(stream, report))
+    try {
+        if (!load(stream, report))
+            return false;
+    } catch (const std::bad_alloc &) {
+        report.fError = tr("there is not enough memory to read it");
         return false;
+    }
     if (fFormat <= cFormat) { // saving must not take from a newer program's file what this one does not know
         fPath = path;
         fFileTime = time;

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <new>
 
 namespace {
 
@@ -58,10 +59,16 @@ TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, cons
         result.fReason = QCoreApplication::translate("TImportDriver", "there is no such file");
         return result;
     }
-    result.fConverter = format.isEmpty() ? converterFor(fileName) : converterByName(format);
-    if (!result.fConverter) {
-        result.fCode = info.isReadable() ? int(cConverterNotSupported) : int(cConverterFileNotOpened);
-        result.fReason = info.isReadable() ? refusals(fileName) : reason(result.fCode);
+    try {
+        result.fConverter = format.isEmpty() ? converterFor(fileName) : converterByName(format);
+        if (!result.fConverter) {
+            result.fCode = info.isReadable() ? int(cConverterNotSupported) : int(cConverterFileNotOpened);
+            result.fReason = info.isReadable() ? refusals(fileName) : reason(result.fCode);
+            return result;
+        }
+    } catch (const std::bad_alloc &) { // importFile has its own
+        result.fCode = cConverterOutOfMemory;
+        result.fReason = QCoreApplication::translate("TImportDriver", "there is not enough memory to look into it");
         return result;
     }
     sFormatAskedFor = format;
