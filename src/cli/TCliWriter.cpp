@@ -69,7 +69,7 @@ void TCliWriter::writeThrough(const QString &format, TCliInput &input, int index
     if (fTarget.isStandardOutput()) {
         prepare(0);
         out += exportedBytes(*converter, input);
-        return;
+        return tellRemark(*converter, QStringLiteral("standard output"));
     }
     const QStringList paths = fTarget.itemPaths(index, input.fItems.size());
     for (const QString &path : paths) { // all names before the first byte
@@ -83,7 +83,15 @@ void TCliWriter::writeThrough(const QString &format, TCliInput &input, int index
         const int code = ExportFile::write(*converter, {input.fItems.at(i)}, paths.at(i), &error);
         if (code != cConverterOk)
             return input.fail(code, error);
+        tellRemark(*converter, paths.at(i));
     }
+}
+
+void TCliWriter::tellRemark(const IConverter &converter, const QString &path) const
+{
+    const QString remark = converter.exportRemark();
+    if (!remark.isEmpty())
+        fEnvironment.warn(path + ": " + remark);
 }
 
 void TCliWriter::writeCsv(TCliInput &input, int index, QByteArray &out) const

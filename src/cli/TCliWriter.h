@@ -5,6 +5,7 @@
 #include <QVariantList>
 #include <functional>
 
+class IConverter;
 class TCliTarget;
 struct TCliEnvironment;
 struct TCliInput;
@@ -30,6 +31,8 @@ private:
     void writeJcamp(TCliInput &input, int index, QByteArray &out) const;
     void writeThrough(const QString &format, TCliInput &input, int index, QByteArray &out,
                       const std::function<void(int)> &prepare) const;
+    /// Warns of what could be misread in a file that was written.
+    void tellRemark(const IConverter &converter, const QString &path) const;
     void writeDocument(TCliInput &input, int index) const;
     void writeJson(TCliInput &input, int index, QByteArray &out) const;
 

@@ -19,7 +19,8 @@ public:
     /// Codes of the units that the plot shows now.
     virtual int shownXUnits() const = 0;
     virtual int shownYUnits() const = 0;
-    /// The visible pieces of the x axis, in the shown x unit; their ends come in any order.
+    /// The visible pieces of the x axis, in the shown x unit; their ends come in any order. With nothing hidden, one
+    /// piece over the x of all spectra.
     virtual QVector<QPair<double, double>> visibleRanges() const = 0;
     virtual int exportSpectrumCount() const = 0;
     /// The x and y values of one spectrum in the shown units, of equal length; x runs in either direction.

@@ -9,6 +9,7 @@
 #include "utils/TFileFormat.h"
 #include "utils/TFileWriter.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <cmath>
@@ -127,6 +128,7 @@ bool TASCIIYrexConverter::canExport(const TCanvasItemList &items) const
 
 int TASCIIYrexConverter::exportItems(const TCanvasItemList &items, const QString &fileName)
 {
+    fExportRemark.clear();
     QVector<TCsvSeries> series;
     const TCanvasItemList spectrumItems = items.getByRtti(cSpectrumItem);
     for (ICanvasItem *item : spectrumItems) {
@@ -139,8 +141,13 @@ int TASCIIYrexConverter::exportItems(const TCanvasItemList &items, const QString
     if (series.isEmpty())
         return cConverterNothingToExport;
     TFileWriter file(fileName);
-    if (file.open() && TCsvWriter::write(series, file.device()) && file.commit())
-        return cConverterOk;
-    setProblem(file.error());
-    return cConverterFileNotOpened;
+    bool isPadded = false;
+    if (!file.open() || !TCsvWriter::write(series, file.device(), &isPadded) || !file.commit()) {
+        setProblem(file.error());
+        return cConverterFileNotOpened;
+    }
+    if (isPadded)
+        fExportRemark = QCoreApplication::translate(
+            "TASCIIYrexConverter", "in the first or last row, 0.0 is written for spectra that have no value there");
+    return cConverterOk;
 }

@@ -20,6 +20,7 @@ public:
     /// Writes the spectra of the items with their shown units, visible ranges only: 0, 5 when there is nothing to
     /// write, 51 when the file cannot be written.
     int exportItems(const TCanvasItemList &items, const QString &fileName) override;
+    QString exportRemark() const override { return fExportRemark; }
     /// True when a spectrum item is active.
     bool canExport(const TCanvasItemList &items) const override;
 
@@ -30,4 +31,6 @@ protected:
 
 private:
     void appendSpectra(TAsciiTable *table);
+
+    QString fExportRemark;
 };

@@ -97,18 +97,23 @@ bool nextPosition(const TWalks &walks, double *position)
     return any;
 }
 
-void appendLine(QByteArray *text, TWalks *walks, double position, bool atEdge)
+/// Returns how many of the series have no value there.
+int appendLine(QByteArray *text, TWalks *walks, double position, bool atEdge)
 {
+    int missing = 0;
     TCsvWriter::appendNumber(text, position);
     for (TSeriesWalk &walk : *walks) {
         double value = 0.0;
         text->append(',');
-        if (walk.take(position, &value))
+        if (walk.take(position, &value)) {
             TCsvWriter::appendNumber(text, value);
-        else
+        } else {
             text->append(atEdge ? "0.0" : "NaN");
+            ++missing;
+        }
     }
     text->append('\n');
+    return missing;
 }
 
 } // namespace
@@ -130,7 +135,7 @@ void TCsvWriter::appendNumber(QByteArray *text, double value)
     }
 }
 
-bool TCsvWriter::write(const QVector<TCsvSeries> &series, QIODevice *device)
+bool TCsvWriter::write(const QVector<TCsvSeries> &series, QIODevice *device, bool *isPadded)
 {
     TWalks walks(series.begin(), series.end());
     double last = -INFINITY;
@@ -141,7 +146,9 @@ bool TCsvWriter::write(const QVector<TCsvSeries> &series, QIODevice *device)
     bool isFirst = true;
     double position = 0.0;
     while (nextPosition(walks, &position)) {
-        appendLine(&text, &walks, position, isFirst || position == last);
+        const bool atEdge = isFirst || position == last;
+        if (appendLine(&text, &walks, position, atEdge) > 0 && atEdge && isPadded)
+            *isPadded = true;
         isFirst = false;
         if (text.size() >= cFlushBytes) {
             if (device->write(text) != text.size())

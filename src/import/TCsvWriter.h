@@ -23,8 +23,9 @@ struct TCsvSeries
 class TCsvWriter
 {
 public:
-    /// False when the device takes no more.
-    static bool write(const QVector<TCsvSeries> &series, QIODevice *device);
+    /// False when the device takes no more. `isPadded`, where given, becomes true when "0.0" was written for a missing
+    /// value; else it is left alone.
+    static bool write(const QVector<TCsvSeries> &series, QIODevice *device, bool *isPadded = nullptr);
 
     /// Appends a number as a text stream of 17 digits writes it: the shorter of the plain and the exponent form,
     /// "nan", "inf", "-inf".

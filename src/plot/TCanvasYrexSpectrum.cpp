@@ -230,15 +230,22 @@ QVector<QPair<double, double>> TCanvasYrexSpectrum::visibleRanges() const
     const T1DYrexPlot *plot = activeYrexPlot();
     if (!plot)
         return ranges;
-    const TRange full = plot->horzAxis().getFullScale().sorted();
+    const TRange axis = plot->horzAxis().getFullScale().sorted();
     QVector<TRange> visible = plot->horzRanges().toVector();
     if (visible.isEmpty())
-        visible.append(full);
+        visible.append(axis);
+    // the axis is that of the active spectrum; what others have beyond its ends was not hidden by anybody
+    TRange full = axis;
+    for (int i = 0; i < stack().count(); ++i) {
+        const TRange own = TRange(firstXIn(plot->xUnits(), i), lastXIn(plot->xUnits(), i)).sorted();
+        if (own.isFinite())
+            full.setRange(std::min(full.a, own.a), std::max(full.b, own.b));
+    }
     // x values are sums of steps, so the last point may lie a rounding error outside the axis that it defines
     const double slack = (full.b - full.a) * cRoundingShare;
     for (const TRange &range : qAsConst(visible)) {
-        const double low = range.lo() <= full.a ? full.a - slack : range.lo();
-        const double high = range.hi() >= full.b ? full.b + slack : range.hi();
+        const double low = range.lo() <= axis.a ? full.a - slack : range.lo();
+        const double high = range.hi() >= axis.b ? full.b + slack : range.hi();
         ranges.append({low, high});
     }
     return ranges;

@@ -466,6 +466,44 @@ TEST_F(TYrexCommandLineTest, aStackGathersWhatCanBeReadAndFits)
     EXPECT_TRUE(QFile::exists("stack.klm"));
 }
 
+TEST_F(TYrexCommandLineTest, aStackOfSeparateAxesIsWrittenWholeAndItsPaddingIsNamed)
+{
+    QByteArray low, high;
+    for (int i = 0; i < 12; ++i) {
+        low += QByteArray::number(1 + i) + "," + QByteArray::number(0.5 + i) + "\n";
+        high += QByteArray::number(20 + i) + "," + QByteArray::number(100.5 + i) + "\n";
+    }
+    write("a.csv", low);
+    write("b.csv", high);
+    ASSERT_EQ(run({"process", "a.csv", "b.csv", "--stack", "-o", "out.csv"}), 0);
+    const QList<QByteArray> rows = read("out.csv").trimmed().split('\n');
+    ASSERT_EQ(rows.size(), 24);
+    EXPECT_EQ(rows.first(), "1,0.5,0.0");
+    EXPECT_EQ(rows.at(11), "12,11.5,NaN");
+    EXPECT_EQ(rows.at(12), "20,NaN,100.5");
+    EXPECT_EQ(rows.last(), "31,0.0,111.5");
+    ASSERT_EQ(fErr.size(), 1);
+    EXPECT_TRUE(fErr.first().contains("out.csv: in the first or last row, 0.0")) << fErr.first().toStdString();
+    ASSERT_EQ(run({"process", "a.csv", "-o", "alone.csv"}), 0);
+    EXPECT_TRUE(fErr.isEmpty()) << "nothing is padded";
+}
+
+TEST_F(TYrexCommandLineTest, spectraThatStackActionsLeaveAloneAreNamed)
+{
+    writeBand("a.csv", 440.0);
+    writeBand("b.csv", 450.0);
+    writeBand("short.csv", 440.0, 50);
+    for (const QByteArray action : {"64, \"msccorrmode\": 65", "73, \"normpqnreference\": 75"}) {
+        write("chain.json", "[{\"yrexProcOpId\": " + action + ", \"apply\": true}]");
+        ASSERT_EQ(run({"process", "a.csv", "b.csv", "short.csv", "--stack", "--chain", "chain.json", "--json"}), 0)
+            << fErr.join('\n').toStdString();
+        ASSERT_EQ(fErr.size(), 1);
+        EXPECT_TRUE(fErr.first().contains(
+            "1 of 3 spectra are left as they are: they do not have the 60 points of the others"))
+            << fErr.first().toStdString();
+    }
+}
+
 TEST_F(TYrexCommandLineTest, writesJcampFilesThatReadBack)
 {
     writeBand("a.csv", 450.0);

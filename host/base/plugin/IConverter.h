@@ -36,6 +36,8 @@ public:
     virtual int importFile(const QString &fileName, ICanvas *parent) = 0;
     /// Writes items to a file, whole or not at all (TFileWriter). Returns a TConverterCode.
     virtual int exportItems(const TCanvasItemList &items, const QString &fileName) = 0;
+    /// What in the file of the last good export could be taken for something else; empty when there is nothing to tell.
+    virtual QString exportRemark() const { return {}; }
     virtual bool canExport(const TCanvasItemList &items) const = 0;
     /// Facts about a file without importing it; the keys name parameters to be added.
     virtual QVariantMap metaData(const QString &, const QStringList &) { return {}; }

@@ -192,7 +192,12 @@ QScriptValue exportData(QScriptContext *context, QScriptEngine *engine)
     QString error;
     const int code = ExportFile::write(*converter, items, path, &error);
     run.breathe();
-    return code == cConverterOk ? engine->undefinedValue() : failed(context, path, error, code);
+    if (code != cConverterOk)
+        return failed(context, path, error, code);
+    if (!converter->exportRemark().isEmpty())
+        Utils::Script::scriptWarning(
+            context, QStringLiteral("%1: %2").arg(QFileInfo(path).fileName(), converter->exportRemark()));
+    return engine->undefinedValue();
 }
 
 /// Width and height in mm, dpi and background of a picture; false for values out of range.

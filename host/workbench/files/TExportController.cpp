@@ -132,7 +132,8 @@ bool TExportController::mayReplace(const QStringList &paths) const
     return Utils::Gui::ask(fWindow, message) == QMessageBox::Yes;
 }
 
-void TExportController::tell(const QStringList &written, const QStringList &failures, int firstCode)
+void TExportController::tell(const QStringList &written, const QStringList &failures, int firstCode,
+                             const QString &remark)
 {
     if (!failures.isEmpty()) {
         QString text = failures.first() + '.';
@@ -144,10 +145,11 @@ void TExportController::tell(const QStringList &written, const QStringList &fail
         Utils::Gui::message(fWindow, QMessageBox::Warning, tr("Export"), text,
                             failures.size() > 1 ? failures.join('\n') : QString());
     }
-    if (written.size() == 1)
-        emit told(tr("%1 written").arg(QFileInfo(written.first()).fileName()));
-    else if (!written.isEmpty())
-        emit told(tr("%n file(s) written", nullptr, written.size()));
+    if (written.isEmpty())
+        return;
+    const QString text = written.size() == 1 ? tr("%1 written").arg(QFileInfo(written.first()).fileName())
+                                             : tr("%n file(s) written", nullptr, written.size());
+    emit told(remark.isEmpty() ? text : text + ": " + remark);
 }
 
 QStringList TExportController::savePictures(const QList<TPictureExporter> &pictures, const QStringList &paths,
@@ -227,6 +229,7 @@ QStringList TExportController::saveData(IConverter &converter, TExportScope scop
     QStringList written;
     QStringList failures;
     int firstCode = 0;
+    QString remark;
     if (!mayReplace(paths))
         return written;
     for (int i = 0; i < parts.size(); ++i) {
@@ -234,13 +237,15 @@ QStringList TExportController::saveData(IConverter &converter, TExportScope scop
         const int code = ExportFile::write(converter, parts.at(i), paths.at(i), &error);
         if (code == cConverterOk) {
             written.append(paths.at(i));
+            if (remark.isEmpty())
+                remark = converter.exportRemark();
             continue;
         }
         if (failures.isEmpty())
             firstCode = code;
         failures.append(error);
     }
-    tell(written, failures, firstCode);
+    tell(written, failures, firstCode, remark);
     return written;
 }
 

@@ -61,7 +61,8 @@ private:
     /// Asks once whether files that are there may be replaced.
     bool mayReplace(const QStringList &paths) const;
     /// `firstCode` is that of the first failure, 0 where it has none.
-    void tell(const QStringList &written, const QStringList &failures, int firstCode = 0);
+    void tell(const QStringList &written, const QStringList &failures, int firstCode = 0,
+              const QString &remark = QString());
 
     TKelmoraHost &fHost;
     TDocumentController &fDocuments;
