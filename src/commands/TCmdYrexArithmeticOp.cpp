@@ -1,6 +1,7 @@
 #include "TCmdYrexArithmeticOp.h"
 
 #include "TCanvasYrexSpectrum.h"
+#include "YrexStepTargets.h"
 #include "history/THistoryCommand.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ TCmdYrexArithmeticOp::TCmdYrexArithmeticOp(const TCanvasItemList &items, TCanvas
     // the values and not the item: a redo gives what the first run gave, whatever became of the reference
     const TYrexSpectrum *spectrum = reference ? reference->stack().at(index) : nullptr;
     if (spectrum && spectrum->values().size() >= spectrum->pointCount()) {
-        fPointCount = spectrum->pointCount();
+        fAxis = TYrexAxis(*spectrum);
         fReference = spectrum->values();
         fReferenceTitle = reference->title(false);
     }
@@ -33,7 +34,41 @@ TCmdYrexArithmeticOp::TCmdYrexArithmeticOp(const TCanvasItemList &items, TCanvas
 bool TCmdYrexArithmeticOp::isApplicable(TCanvasYrexSpectrum *item) const
 {
     const TYrexSpectrum *spectrum = item->currentSpectrum();
-    return spectrum && fPointCount > 0 && spectrum->pointCount() == fPointCount;
+    return spectrum && fAxis.fCount > 0 && spectrum->pointCount() == fAxis.fCount;
+}
+
+/// The spectra that are changed, by item.
+QVector<QVector<int>> TCmdYrexArithmeticOp::reached() const
+{
+    QVector<QVector<int>> all;
+    for (int i = 0; i < items().size(); ++i) {
+        TCanvasYrexSpectrum *item = yrexItemAt(i);
+        QVector<int> own = cmdItemApplicable(item) ? targetsOf(item, i) : QVector<int>();
+        const auto isPassedOver = [&](int index) {
+            const TYrexSpectrum *spectrum = item->stack().at(index);
+            return !spectrum || !fits(*spectrum);
+        };
+        own.erase(std::remove_if(own.begin(), own.end(), isPassedOver), own.end());
+        all.append(own);
+    }
+    return all;
+}
+
+/// How their x differ from those of the reference; empty when they are the same.
+QString TCmdYrexArithmeticOp::axisDifference() const
+{
+    const QVector<QVector<int>> indices = reached();
+    QVector<TYrexAxis> axes;
+    for (int i = 0; i < indices.size(); ++i) {
+        for (const int index : indices.at(i))
+            axes.append(TYrexAxis(*yrexItemAt(i)->stack().at(index)));
+    }
+    return TYrexAxis::difference(axes, fAxis);
+}
+
+bool TCmdYrexArithmeticOp::fits(const TYrexSpectrum &spectrum) const
+{
+    return spectrum.pointCount() == fAxis.fCount && spectrum.values().size() >= fAxis.fCount;
 }
 
 /// A plain loop: those of BLAS libraries round otherwise where the machine has fused operations.
@@ -45,9 +80,9 @@ void TCmdYrexArithmeticOp::addMultiple(int n, double factor, const double *x, do
 
 void TCmdYrexArithmeticOp::applyToSpectrum(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)
 {
-    if (spectrum->pointCount() != fPointCount || spectrum->values().size() < fPointCount)
+    if (!fits(*spectrum))
         return; // others of the stack may be shorter
-    addMultiple(fPointCount, fFactor, fReference.constData(), spectrum->data());
+    addMultiple(fAxis.fCount, fFactor, fReference.constData(), spectrum->data());
     spectrum->copyDataToOrgData();
     spectrum->setOrgDataModified(true);
     fPreviousHistoryText = fHistoryText;
@@ -60,7 +95,9 @@ TScriptStep TCmdYrexArithmeticOp::scriptStep() const
 {
     TScriptStep step = TScriptStep("addSpectrum").on(items());
     step.with("reference", fReferenceItem).with("referenceSpectrum", fReferenceIndex).with("factor", fFactor);
-    tellTargets(step);
+    YrexStepTargets::tell(step, items(), reached()); // others would be refused
+    if (!axisDifference().isEmpty())
+        step.with("pointByPoint", true);
     return step;
 }
 
@@ -75,6 +112,7 @@ void TCmdYrexArithmeticOp::doHistoryCommand()
     for (ICanvasItem *listed : items()) {
         TCanvasItem *item = canvasItem(listed);
         if (!cmdItemApplicable(item))
+    const QString difference = axisDifference();
             continue;
         auto *entry = new THistoryCommand(description(), item, QString());
         entry->addParam(tr("Reference"), fReferenceTitle, QString());
@@ -82,3 +120,5 @@ void TCmdYrexArithmeticOp::doHistoryCommand()
         appendHistoryCommand(entry, item);
     }
 }
+        if (!difference.isEmpty())
+            entry->addParam(tr("Point by Point"), difference, QString());

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "TYrexAxis.h"
 #include "TYrexListCommand.h"
 
 #include <QVariant>
 
 /// Adds a multiple of a reference spectrum to the selected spectra of items, from now on the data that their chains
-/// start from. Spectra with another number of points than the reference are left alone.
+/// start from. It goes point by point, whatever their x: callers ask first where axes differ, and the history tells of
+/// it. Spectra with another number of points than the reference are left alone.
 class TCmdYrexArithmeticOp : public TYrexListCommand
 {
     Q_OBJECT
@@ -29,7 +31,11 @@ public:
     void doHistoryCommand() override;
 
 private:
-    int fPointCount = 0; // of the reference
+    QVector<QVector<int>> reached() const;
+    QString axisDifference() const;
+    bool fits(const TYrexSpectrum &spectrum) const;
+
+    TYrexAxis fAxis; // of the reference, which has no points when there is none
     double fFactor;
     QVariant fReferenceItem; // as steps tell it
     int fReferenceIndex;

@@ -3,6 +3,7 @@
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
 #include "canvas/TShownSeries.h"
+#include "history/THistoryCommand.h"
 #include "plot/TBasePlot.h"
 
 #include <QCheckBox>
@@ -298,6 +299,32 @@ TEST_F(PluginActionsTest, arithmeticShowsItsResultBeforeItIsDone)
     EXPECT_EQ(shown(), raw);
     trigger("undo");
     EXPECT_NEAR(shown().at(50), raw.at(50) - 0.5, 1e-9);
+}
+
+TEST_F(PluginActionsTest, arithmeticOnOtherPlacesNeedsATick)
+{
+    fWindow->files().open({writeAbsorbance("a.dx", 1.0)});
+    addToPage(writeAbsorbance("b.dx", 0.25, 450.0));
+    const QImage before = picture();
+    ASSERT_TRUE(inDialog([&](QDialog &dialog) {
+        auto *tick = dialog.findChild<QCheckBox *>("fPointByPointCheckBox");
+        EXPECT_EQ(message(dialog)->text(), "\nThe x axes differ by up to 50 cm-1.");
+        EXPECT_TRUE(tick->isVisible());
+        EXPECT_FALSE(ok(dialog)->isEnabled());
+        EXPECT_EQ(picture(), before) << "no preview of what is not agreed to";
+        tick->click();
+        EXPECT_TRUE(ok(dialog)->isEnabled());
+        EXPECT_NE(picture(), before);
+        tick->click();
+        EXPECT_FALSE(ok(dialog)->isEnabled());
+        EXPECT_EQ(picture(), before);
+        tick->click();
+        ok(dialog)->click();
+    }));
+    EXPECT_EQ(lastStep(), "Spectrum (reference) subtracted times a Factor");
+    const auto params = document()->history().entries().last()->params();
+    EXPECT_EQ(params.last().fName, "Point by Point");
+    EXPECT_EQ(params.last().fValue.toString(), "the x axes differ by up to 50 cm-1");
 }
 
 TEST_F(PluginActionsTest, arithmeticSaysWhatStandsInItsWay)

@@ -11,6 +11,8 @@
 #include "YrexSteps.h"
 #include "script/TStepCall.h"
 
+#include <algorithm>
+
 namespace {
 
 /// The chain that a call changes: that of the first spectrum that is meant.
@@ -42,6 +44,30 @@ TCommand *process(TStepCall &call)
     return command;
 }
 
+/// The axes of the spectra that are meant.
+QVector<TYrexAxis> axesOf(const TCanvasItemList &items, const QVector<QVector<int>> &targets)
+{
+    QVector<TYrexAxis> axes;
+    for (int i = 0; i < items.size(); ++i) {
+        for (const int index : targets.value(i))
+            axes.append(TYrexAxis(*yrexItem(items.at(i))->stack().at(index)));
+    }
+    return axes;
+}
+
+/// Other counts never go together; other x only when the call says so.
+void checkAxes(TStepCall &call, const QVector<TYrexAxis> &axes, const TYrexAxis &reference)
+{
+    const bool isAccepted = call.flag("pointByPoint", false);
+    const QString difference = TYrexAxis::difference(axes, reference);
+    const bool isOfOtherCount = std::any_of(
+        axes.begin(), axes.end(), [&reference](const TYrexAxis &axis) { return axis.fCount != reference.fCount; });
+    if (isOfOtherCount)
+        call.fail("reference", difference);
+    else if (!difference.isEmpty() && !isAccepted)
+        call.fail("reference", TStepCall::tr("%1; with pointByPoint: true they go point by point").arg(difference));
+}
+
 TCommand *addSpectrum(TStepCall &call)
 {
     const TCanvasItemList items = YrexStepArguments::items(call);
@@ -52,6 +78,8 @@ TCommand *addSpectrum(TStepCall &call)
     const int index = call.integer("referenceSpectrum", reference ? reference->stack().current() : 0);
     if (reference && !reference->stack().contains(index))
         call.fail("referenceSpectrum", TStepCall::tr("there is no spectrum %1").arg(index));
+    if (reference && reference->stack().contains(index))
+        checkAxes(call, axesOf(items, targets), TYrexAxis(*reference->stack().at(index)));
     auto *command = new TCmdYrexArithmeticOp(items, reference, index, call.number("factor", 1.0));
     command->setTargets(targets);
     return command;
@@ -106,7 +134,7 @@ QVector<TStepKind> yrexDataSteps()
          "Runs a processing chain. Actions are given as in chains in JSON, by their labels; those that are not listed "
          "are switched off.",
          process},
-        {"addSpectrum", "items, {reference: item, referenceSpectrum, factor, spectra: [index]}",
+        {"addSpectrum", "items, {reference: item, referenceSpectrum, factor, pointByPoint, spectra: [index]}",
          "Adds a multiple of a reference spectrum; a negative factor subtracts it.", addSpectrum},
         {"restoreOriginalData", "items, {spectra: [index]}", "Takes spectra back to the data that were read.",
          restoreOriginalData},

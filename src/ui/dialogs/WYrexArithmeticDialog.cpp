@@ -95,6 +95,7 @@ WYrexArithmeticDialog::WYrexArithmeticDialog(const TCanvasItemList &items, doubl
     connect(fSecondSpcToolButton, &QToolButton::clicked, this,
             [this] { pick(WYrexArithmeticSelectSpectrumDialog::cSpectrumB); });
     connect(fFirstToOriginalCheckBox, &QCheckBox::toggled, this, &WYrexArithmeticDialog::validate);
+    connect(fPointByPointCheckBox, &QCheckBox::toggled, this, &WYrexArithmeticDialog::validate);
     chooseFirst();
     showNames();
     validate();
@@ -178,13 +179,15 @@ void WYrexArithmeticDialog::makeLayout()
 {
     fTextLabel3 = new WProblemLabel(this);
     fTextLabel3->setObjectName("fTextLabel3");
+    fPointByPointCheckBox = new QCheckBox(tr("Point by point all the same"), this);
+    fPointByPointCheckBox->setObjectName("fPointByPointCheckBox");
     fButtonBox = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     fButtonBox->setObjectName("fButtonBox");
     fOk = fButtonBox->button(QDialogButtonBox::Ok);
     auto *layout = new QVBoxLayout(this);
     for (QWidget *widget : {static_cast<QWidget *>(fTextLabel1), static_cast<QWidget *>(fSpecAGroupBox),
                             static_cast<QWidget *>(fSpecBGroupBox), static_cast<QWidget *>(fAddFactorGroupBox),
-                            static_cast<QWidget *>(fTextLabel3)})
+                            static_cast<QWidget *>(fTextLabel3), static_cast<QWidget *>(fPointByPointCheckBox)})
         layout->addWidget(widget);
     layout->addStretch();
     layout->addWidget(fButtonBox);
@@ -237,6 +240,7 @@ void WYrexArithmeticDialog::pick(int mode)
         (mode == WPicker::cSpectrumA ? fSpectrumA : fSpectrumB) = picker.selectedItem();
         if (mode == WPicker::cSpectrumA && !isReset())
             chooseB();
+        fPointByPointCheckBox->setChecked(false); // said of the pair before
         showNames();
     }
     validate();
@@ -282,6 +286,33 @@ QString WYrexArithmeticDialog::problemOfPair() const
     return problem.isEmpty() ? problem : problem + tr("\n\nArithmetic operation cannot be performed.");
 }
 
+/// How the x of the spectra of A that are in use differ from those of B.
+QString WYrexArithmeticDialog::axisDifference() const
+{
+    QVector<TYrexAxis> axes;
+    for (const int index : fSpectrumA->stack().selectedIndices(false, true))
+        axes.append(TYrexAxis(*fSpectrumA->stack().at(index)));
+    return TYrexAxis::difference(axes, TYrexAxis(*fSpectrumB->currentSpectrum()));
+}
+
+/// A and B are there. Different x need the user's word.
+void WYrexArithmeticDialog::judgePair()
+{
+    QString message = problemOfPair();
+    const QString difference = message.isEmpty() ? axisDifference() : QString();
+    const bool isUsable = message.isEmpty() && (difference.isEmpty() || fPointByPointCheckBox->isChecked());
+    if (!difference.isEmpty())
+        message = '\n' + difference.left(1).toUpper() + difference.mid(1) + '.';
+    setVerdict(message, isUsable, isUsable);
+    fPointByPointCheckBox->setVisible(!difference.isEmpty());
+    if (isUsable) {
+        fPreviewPoints = fSpectrumA->currentSpectrum()->pointCount();
+        updatePreview();
+    } else {
+        dropPreview();
+    }
+}
+
 void WYrexArithmeticDialog::setVerdict(const QString &message, bool factorUsable, bool acceptable)
 {
     fTextLabel3->setText(message);
@@ -292,16 +323,12 @@ void WYrexArithmeticDialog::setVerdict(const QString &message, bool factorUsable
 
 void WYrexArithmeticDialog::validate()
 {
+    fPointByPointCheckBox->hide();
     const QString ofA = problemOfA();
     if (!ofA.isEmpty()) {
         setVerdict(ofA, false, false);
     } else if (fSpectrumA && fSpectrumB && !isReset()) {
-        const QString ofPair = problemOfPair();
-        setVerdict(ofPair, ofPair.isEmpty(), ofPair.isEmpty());
-        if (ofPair.isEmpty()) {
-            fPreviewPoints = fSpectrumA->currentSpectrum()->pointCount();
-            updatePreview();
-        }
+        judgePair();
     } else if (fSpectrumA && !fFirstToOriginalCheckBox->isHidden() && isReset()) {
         prepareReset();
     } else {

@@ -53,6 +53,8 @@ private:
     void validate();
     QString problemOfA() const;
     QString problemOfPair() const;
+    QString axisDifference() const;
+    void judgePair();
     void prepareReset();
     void setVerdict(const QString &message, bool factorUsable, bool acceptable);
     void updatePreview();
@@ -79,6 +81,7 @@ private:
     QSlider *fAddFactorSlider;
     QDoubleSpinBox *fAddFactorDoubleSpinBox;
     QLabel *fTextLabel3;
+    QCheckBox *fPointByPointCheckBox;
     QDialogButtonBox *fButtonBox;
     QPushButton *fOk;
 };
