@@ -32,7 +32,7 @@ TScriptStep TYrexUnitsCommand::unitsStep(const QString &name) const
 {
     TCanvasItemList concerned;
     for (ICanvasItem *entry : items()) {
-        if (yrexItem(entry))
+        if (cmdItemApplicable(canvasItem(entry)))
             concerned.append(entry);
     }
     return TScriptStep(name).on(concerned).with(fAxis == horzDir ? "xUnits" : "yUnits", yrexUnitScriptName(fUnit));

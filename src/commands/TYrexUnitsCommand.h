@@ -25,7 +25,7 @@ public:
     THistoryCommand *itemHistoryCommand(TCanvasItem *item) override;
 
 protected:
-    /// A step on those items that hold spectra.
+    /// A step on those items that are changed.
     TScriptStep unitsStep(const QString &name) const;
     int unit() const { return fUnit; }
     /// The unit of a plot before the first do step.

@@ -3,6 +3,7 @@
 #include "TYrexProcDefaults.h"
 #include "TYrexProcIds.h"
 #include "TYrexProcParams.h"
+#include "TYrexUnitConversion.h"
 #include "TYrexUnits.h"
 
 #include <QCoreApplication>
@@ -220,6 +221,23 @@ int TYrexChainRules::shownYUnit(const QVariantList &chain, int yUnit)
             return cUnitArbitrary;
         if (id == cProcUnitConversion)
             unit = cUnits.value(chain.at(row).toMap().value(QLatin1String(cKeyToYUnits)).toInt(), unit);
+    }
+    return unit;
+}
+
+int TYrexChainRules::endYUnit(const QVariantList &chain, int origYUnit)
+{
+    const int shown = shownBaseline(chain); // the walk stops there
+    int unit = origYUnit;
+    for (int row = 0; row < (shown < 0 ? chain.size() : shown); ++row) {
+        const int id = idAt(chain, row);
+        if (!isApplied(chain.at(row)))
+            continue;
+        const int target = chain.at(row).toMap().value(QLatin1String(cKeyToYUnits)).toInt();
+        if (isOneOf(cArbitraryActions, id))
+            unit = cUnitArbitrary;
+        else if (id == cProcUnitConversion && yrexConvertIntensity(nullptr, 0, origYUnit, target, 0.0))
+            unit = yrexTargetUnit(target);
     }
     return unit;
 }

@@ -44,6 +44,9 @@ bool isConvertible(int yUnit);
 /// The y unit of the axis once the chain has run on a spectrum that shows `yUnit` now: arbitrary (50) with an action
 /// whose result has no physical unit, else what the last conversion gives.
 int shownYUnit(const QVariantList &chain, int yUnit);
+/// The y unit with which a run of the whole chain ends on a spectrum that was read in `origYUnit`; conversions that
+/// there are not from that unit change nothing.
+int endYUnit(const QVariantList &chain, int origYUnit);
 
 /// The values of an action in one line, as label or key and value; empty for an action without any.
 QString summary(const QVariantMap &action);

@@ -106,7 +106,7 @@ TEST(StateCommands, verticalUnitsThatOnlyRelabelLeaveTheData)
     EXPECT_FALSE(stack.history().push(new TCmdSetYrexSpectrumVerticalUnits(cUnitArbitrary, {stack.item})));
 }
 
-TEST(StateCommands, verticalUnitsOfAnotherMeaningRunTheStartOfTheChain)
+TEST(StateCommands, verticalUnitsOfAnotherMeaningRunTheWholeChain)
 {
     TStackItem stack(2);
     for (TYrexSpectrum *spectrum : stack.item->spectra()) {
@@ -121,10 +121,47 @@ TEST(StateCommands, verticalUnitsOfAnotherMeaningRunTheStartOfTheChain)
     for (const TYrexSpectrum *spectrum : stack.item->spectra())
         EXPECT_EQ(spectrum->yUnits(), int(cUnitAbsorbance));
     EXPECT_EQ(stack.plot().vertAxis().label(), "Absorbance");
-    EXPECT_NEAR(stack.item->spectra().at(1)->values().at(1), -std::log10(before), 1e-12) << "not inverted as well";
+    EXPECT_NEAR(stack.item->spectra().at(1)->values().at(1), std::log10(before), 1e-12) << "converted and inverted";
     stack.history().stack()->undo();
     EXPECT_EQ(stack.item->spectra().at(1)->values().at(1), before);
     EXPECT_EQ(stack.plot().yUnits(), int(cUnitTransmittance));
+}
+
+TEST(StateCommands, verticalUnitsReachNoSpectrumWhoseChainEndsInAnother)
+{
+    TStackItem infrared(1);
+    TStackItem raman(1);
+    for (TStackItem *one : {&infrared, &raman}) {
+        TYrexSpectrum &spectrum = *one->item->currentSpectrum();
+        const int unit = one == &raman ? cUnitCounts : cUnitTransmittance;
+        spectrum.setOrigUnits(cUnitWavenumber, unit);
+        spectrum.setUnits(cUnitWavenumber, unit);
+        one->plot().setAxisUnits(vertDir, unit);
+        applyAction(spectrum, cProcUnitConversion);
+        applyAction(spectrum, cProcInvertSign);
+        spectrum.process(0, 0, spectrum.procParams().actionCount() - 1);
+    }
+    const QVector<double> counts = raman.item->currentSpectrum()->values();
+    const QVector<double> absorbances = infrared.item->currentSpectrum()->values();
+    const auto set = [&](int unit, const TCanvasItemList &items) {
+        return infrared.history().push(new TCmdSetYrexSpectrumVerticalUnits(unit, items));
+    };
+    EXPECT_TRUE(set(cUnitAbsorbance, {infrared.item, raman.item})) << "of the first";
+    EXPECT_EQ(infrared.plot().yUnits(), int(cUnitAbsorbance));
+    EXPECT_EQ(infrared.item->currentSpectrum()->values(), absorbances);
+    EXPECT_EQ(raman.plot().yUnits(), int(cUnitCounts));
+    EXPECT_EQ(raman.item->currentSpectrum()->yUnits(), int(cUnitCounts));
+    EXPECT_EQ(raman.item->currentSpectrum()->values(), counts) << "what its chain made of it";
+    EXPECT_FALSE(set(cUnitAbsorbance, {raman.item}));
+    EXPECT_FALSE(set(cUnitTransmittance, {infrared.item, raman.item}));
+    bool isNone = false;
+    EXPECT_EQ(TCmdSetYrexSpectrumVerticalUnits::refusal(cUnitTransmittance, {infrared.item, raman.item}, &isNone),
+              "the spectra end in Absorbance, Counts");
+    EXPECT_TRUE(isNone);
+    EXPECT_EQ(TCmdSetYrexSpectrumVerticalUnits::refusal(cUnitAbsorbance, {infrared.item, raman.item}, &isNone),
+              "items whose spectra end in Counts keep their unit");
+    EXPECT_FALSE(isNone);
+    EXPECT_EQ(TCmdSetYrexSpectrumVerticalUnits::refusal(cUnitArbitrary, {raman.item}, &isNone), "") << "neutral";
 }
 
 TEST(StateCommands, aFeatureOfSeveralItemsFollowsTheMainOne)

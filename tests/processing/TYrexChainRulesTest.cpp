@@ -89,6 +89,15 @@ TEST(TYrexChainRules, theAxisFollowsTheChain)
               cUnitAbsorbance);
     conversion.insert(cKeyToYUnits, int(cToReflectance));
     EXPECT_EQ(TYrexChainRules::shownYUnit({conversion}, cUnitTransmittance), cUnitTransmittance);
+    EXPECT_EQ(TYrexChainRules::endYUnit({conversion}, cUnitTransmittance), cUnitReflectance);
+    EXPECT_EQ(TYrexChainRules::endYUnit({conversion}, cUnitCounts), cUnitCounts) << "there is no such conversion";
+    conversion.insert(cKeyToYUnits, int(cToAbsorbance));
+    EXPECT_EQ(TYrexChainRules::endYUnit({entry(cProcDerivative, true), conversion}, cUnitTransmittance),
+              cUnitAbsorbance)
+        << "by the last one";
+    QVariantMap shown = entry(cProcAutoBaseline, true);
+    shown.insert(cKeyBaselineShowOnly, true);
+    EXPECT_EQ(TYrexChainRules::endYUnit({shown, conversion}, cUnitTransmittance), cUnitTransmittance);
     for (const int unit : {cUnitTransmittance, cUnitPercentTransmittance, cUnitAbsorbance})
         EXPECT_TRUE(TYrexChainRules::isConvertible(unit));
     for (const int unit : {cUnitReflectance, cUnitCounts, cUnitIntensity, cUnitArbitrary})

@@ -84,8 +84,10 @@ QScriptValue TScriptSteps::run(const TStepKind &kind, QScriptContext *context)
     const QString problem = call.problem();
     if (!problem.isEmpty()) {
         delete command;
-        return throwError(context, cWrongType, QStringLiteral("steps.%1: %2").arg(kind.fName, problem));
+        return throwError(context, call.problemCode(), QStringLiteral("steps.%1: %2").arg(kind.fName, problem));
     }
+    for (const QString &warning : call.warnings())
+        scriptWarning(context, QStringLiteral("steps.%1: %2").arg(kind.fName, warning));
     const bool isDone = command && doScriptHistoryCommand(command, context, 1);
     const QSet<ICanvasItem *> known(before.begin(), before.end());
     QScriptValue made = fRun.engine().newArray();

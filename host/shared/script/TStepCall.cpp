@@ -59,10 +59,12 @@ QString TStepCall::tr(const char *text)
     return QCoreApplication::translate("TStepCall", text);
 }
 
-void TStepCall::fail(const QString &argument, const QString &what)
+void TStepCall::fail(const QString &argument, const QString &what, int code)
 {
-    if (fProblem.isEmpty())
-        fProblem = QString("\"%1\": %2").arg(argument, what);
+    if (!fProblem.isEmpty())
+        return;
+    fProblem = QString("\"%1\": %2").arg(argument, what);
+    fProblemCode = code;
 }
 
 QString TStepCall::problem() const

@@ -24,6 +24,9 @@ class TScriptWords;
 class TStepCall
 {
 public:
+    static constexpr int cWrongType = 2; // code of an error
+    static constexpr int cOutOfRange = 4;
+
     /// Reads the arguments, which may run code of the script and open another document: that is spoken of then.
     TStepCall(QScriptContext *context, IPluginHost &host);
 
@@ -73,10 +76,15 @@ public:
     TPage *page(const QString &name);
 
     /// Notes an error about an argument; of several the first stays.
-    void fail(const QString &argument, const QString &what);
+    void fail(const QString &argument, const QString &what, int code = cWrongType);
+    /// Tells of something that stops nothing.
+    void warn(const QString &text) { fWarnings.append(text); }
+    const QStringList &warnings() const { return fWarnings; }
     static QString tr(const char *text);
     /// What is wrong; empty for a good call. Asked at the end, it also tells of arguments that nobody asked for.
     QString problem() const;
+    /// The code of that error.
+    int problemCode() const { return fProblemCode; }
 
 private:
     QScriptValue value(const QString &name);
@@ -88,4 +96,6 @@ private:
     QScriptValue fArguments;
     QSet<QString> fAsked;
     QString fProblem;
+    int fProblemCode = cWrongType;
+    QStringList fWarnings;
 };

@@ -122,7 +122,14 @@ TCommand *setXUnits(TStepCall &call)
 TCommand *setYUnits(TStepCall &call)
 {
     const int unit = YrexStepArguments::unit(call, "yUnits", vertDir);
-    return new TCmdSetYrexSpectrumVerticalUnits(unit, YrexStepArguments::items(call));
+    const TCanvasItemList items = YrexStepArguments::items(call);
+    bool isNone = false;
+    const QString refusal = TCmdSetYrexSpectrumVerticalUnits::refusal(unit, items, &isNone);
+    if (isNone && !refusal.isEmpty())
+        call.fail("yUnits", refusal, TStepCall::cOutOfRange);
+    else if (!refusal.isEmpty())
+        call.warn(refusal);
+    return new TCmdSetYrexSpectrumVerticalUnits(unit, items);
 }
 
 } // namespace
@@ -143,6 +150,6 @@ QVector<TStepKind> yrexDataSteps()
         {"setOriginalUnits", "items, {xUnits or yUnits, spectra: [index]}",
          "Says what an axis is where the file did not; no value changes.", setOriginalUnits},
         {"setXUnits", "items, {xUnits, original}", "Shows the x axis in other units.", setXUnits},
-        {"setYUnits", "items, {yUnits}", "Gives all spectra other y units.", setYUnits},
+        {"setYUnits", "items, {yUnits}", "Gives all spectra other y units, in which their chains end.", setYUnits},
     };
 }
