@@ -11,6 +11,7 @@ TCmdYrexEditPeak::TCmdYrexEditPeak(int peakIndex, int peakField, const QVariant 
     , fPeakIndex(peakIndex)
     , fPeakField(peakField)
     , fValue(TCanvasItemsCommand::items().size(), value)
+    , fFlags(fValue.size(), 0)
 {
 }
 
@@ -24,17 +25,31 @@ void TCmdYrexEditPeak::doItem(TCanvasYrexSpectrum *item, int index)
 {
     if (fPeakField != cAnnotation)
         return;
-    QString &annotation = fPlaces.spectrum(item)->peaks().at(fPeakIndex)->annotation;
-    const QVariant before = annotation;
-    annotation = fValue.at(index).toString();
-    fValue[index] = before;
-    if (annotation != before.toString())
+    TYrexDPLib::TYrexDPPeak &peak = *fPlaces.spectrum(item)->peaks().at(fPeakIndex);
+    fFlags[index] = peak.flags;
+    swapAnnotation(peak, index);
+    if (!peak.annotation.isEmpty())
+        peak.flags &= ~TYrexDPLib::cAutoPicked;
+    if (peak.annotation != fValue.at(index).toString())
         noteChange();
+    else
+        peak.flags = fFlags.at(index);
 }
 
 void TCmdYrexEditPeak::undoItem(TCanvasYrexSpectrum *item, int index)
 {
-    doItem(item, index);
+    if (fPeakField != cAnnotation)
+        return;
+    TYrexDPLib::TYrexDPPeak &peak = *fPlaces.spectrum(item)->peaks().at(fPeakIndex);
+    swapAnnotation(peak, index);
+    peak.flags = fFlags.at(index);
+}
+
+void TCmdYrexEditPeak::swapAnnotation(TYrexDPLib::TYrexDPPeak &peak, int index)
+{
+    const QVariant before = peak.annotation;
+    peak.annotation = fValue.at(index).toString();
+    fValue[index] = before;
 }
 
 THistoryCommand *TCmdYrexEditPeak::makeItemHistory(TCanvasYrexSpectrum *item)

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "TYrexDPLib.h"
 #include "TYrexSpectrumCommand.h"
 #include "TYrexSpectrumPlaces.h"
 #include "TYrexVoidUnlessChanged.h"
 
 #include <QVariant>
 
-/// Edits the annotation of one peak of the items' current spectra.
+/// Edits the annotation of one peak of the items' current spectra. An automatic peak that gets a text is a manual one
+/// from then on, so that runs of the chain keep it; taking the text away leaves it manual.
 class TCmdYrexEditPeak : public TYrexVoidUnlessChanged<TYrexSpectrumCommand>
 {
     Q_OBJECT
@@ -26,8 +28,11 @@ public:
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:
+    void swapAnnotation(TYrexDPLib::TYrexDPPeak &peak, int index);
+
     TYrexSpectrumPlaces fPlaces;
     qint32 fPeakIndex;
     qint32 fPeakField;
     QVector<QVariant> fValue; // by item: the new value, once done the old one
+    QVector<qint32> fFlags;   // by item: those of the peak before
 };

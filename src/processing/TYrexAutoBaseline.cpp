@@ -104,12 +104,16 @@ std::vector<unsigned char> footprints(const TYrexDPLib::TYrexDPPeakList &peaks, 
 }
 
 void pickPeaks(TYrexSpectrum &spectrum)
+/// Adds what stands out beside the peaks that are there, be they the same ones.
 {
     TYrexPeakPicking::autoPeakPicking(spectrum, {{QString::fromLatin1(cKeyApply), false},
+    TYrexDPLib::TYrexDPPeakList known;
+    known.swap(spectrum.peaks());
                                                  {QStringLiteral("yrexstdppsensitivity"), 0.8},
                                                  {QStringLiteral("yrexstdppmaxnbrpeaks"), 2000},
                                                  {QStringLiteral("yrexstdpppsign"), int(cPeaksAuto)}});
 }
+    spectrum.peaks() = known + spectrum.peaks();
 
 /// 1 / (1 + exp((d - shift) * steepness)), in three loops of which the first and the last run on several points at
 /// once.

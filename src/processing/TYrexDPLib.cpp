@@ -90,8 +90,12 @@ void TYrexDPLib::deleteAllPeaks(TYrexDPPeakList &list)
 void TYrexDPLib::deleteAutoPeaks(TYrexDPPeakList &list)
 {
     for (int i = list.size() - 1; i >= 0; --i) {
-        if (list.at(i)->flags & cAutoPicked)
+        if (!(list.at(i)->flags & cAutoPicked))
+            continue;
+        if (list.at(i)->annotation.isEmpty())
             delete list.takeAt(i);
+        else
+            list.at(i)->flags &= ~cAutoPicked;
     }
 }
 

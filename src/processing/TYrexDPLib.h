@@ -51,7 +51,8 @@ public:
     static void writePeakList(TDataStream &stream, const TYrexDPPeakList &list);
     /// Frees every peak and leaves the list empty.
     static void deleteAllPeaks(TYrexDPPeakList &list);
-    /// Frees the auto-picked peaks; the order of the others stays.
+    /// Frees the auto-picked peaks; the order of the others stays. Those with a text of the user, as documents of
+    /// before have them, stay as manual ones.
     static void deleteAutoPeaks(TYrexDPPeakList &list);
     /// The place of the peak with that id; -1 when it is not there.
     static int indexOfId(const TYrexDPPeakList &list, const QUuid &id);

@@ -1,11 +1,13 @@
 #include "TYrexPeakPicking.h"
 
 #include "TYrexPeakDetector.h"
+#include "TYrexPeakWidth.h"
 #include "TYrexProcIds.h"
 #include "TYrexSpectrum.h"
 #include "TYrexUnits.h"
 #include "numerics/Median.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -180,6 +182,23 @@ int boundIndex(double position, int n)
     return position > 0.0 ? int(roundHalfUp(qMin(position, double(n)))) : 0;
 }
 
+/// Takes away what is nearer to a peak of the spectrum than half its width, and than a point: it is that peak, which
+/// the user has kept and perhaps named.
+void dropKnown(const TYrexSpectrum &spectrum, TPeakList &peaks)
+{
+    for (const TYrexDPLib::TYrexDPPeak *known : spectrum.peaks()) {
+        const TYrexPeakWidth::TSpan span = TYrexPeakWidth::measure(spectrum.values(), known->position, known->positive);
+        const double reach = qMax(1.0, span.isValid() ? 0.5 * (span.fRight - span.fLeft) : 0.0);
+        const auto isKnown = [known, reach](TYrexDPLib::TYrexDPPeak *peak) {
+            const bool isNear = std::fabs(peak->position - known->position) < reach;
+            if (isNear)
+                delete peak;
+            return isNear;
+        };
+        peaks.erase(std::remove_if(peaks.begin(), peaks.end(), isKnown), peaks.end());
+    }
+}
+
 } // namespace
 
 float TYrexPeakPicking::blockVariance(const float *values, int length)
@@ -205,6 +224,7 @@ void TYrexPeakPicking::autoPeakPicking(TYrexSpectrum &spectrum, const QVariantMa
         TShiftedData(spectrum, true).pick(peaks, settings);
     if (which != cDownwards)
         TShiftedData(spectrum, false).pick(peaks, settings);
+    dropKnown(spectrum, peaks);
     for (TYrexDPLib::TYrexDPPeak *peak : peaks) {
         peak->flags |= TYrexDPLib::cAutoPicked;
         peak->intensity = spectrum.values().at(int(peak->position));

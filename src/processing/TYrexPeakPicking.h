@@ -12,7 +12,9 @@ namespace TYrexPeakPicking {
 
 /// The chain's step: picks maxima, minima or both over the whole spectrum, as the action's "yrexstdpppsign" and the y
 /// unit say. The noise of the data times "yrexstdppsensitivity" is the depth that separates two peaks. Each direction
-/// gives at most "yrexstdppmaxnbrpeaks", those with the lowest indices. The peaks carry the auto-picked flag.
+/// gives at most "yrexstdppmaxnbrpeaks", those with the lowest indices. The peaks carry the auto-picked flag. None is
+/// nearer to a peak that the spectrum has already, which the user made, than half its width (TYrexPeakWidth) or a
+/// point.
 void autoPeakPicking(TYrexSpectrum &spectrum, const QVariantMap &action);
 
 /// Manual picking between two positions, in points, of any order. Maxima must rise above `level`, in y units; minima

@@ -5,8 +5,11 @@
 #include "TCmdYrexManualIntegration.h"
 #include "TCmdYrexManualPeakPicking.h"
 #include "TCmdYrexPeakByPeak.h"
+#include "TCmdYrexProcessing.h"
 #include "TStackItem.h"
+#include "TYrexProcIds.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -112,6 +115,45 @@ TEST(PeakCommands, peakByPeakReachesTheMainItemOnly)
     EXPECT_EQ(positions(main).last(), 12.5);
     EXPECT_EQ(main.history().stack()->undoText(), "Add Peak");
     EXPECT_FALSE(main.history().push(new TCmdYrexPeakByPeak({}, peakAt(1.0), 0, false)));
+}
+
+TEST(PeakCommands, anAnnotatedPeakOutlivesTheRunsOfTheChain)
+{
+    constexpr int cPoints = 200;
+    TStackItem stack(1, cPoints);
+    TYrexSpectrum &spectrum = spectrumOf(stack);
+    QVector<double> y(cPoints);
+    for (int i = 0; i < cPoints; ++i)
+        y[i] = std::exp(-std::pow((i - 60) / 8.0, 2)) + std::exp(-std::pow((i - 140) / 8.0, 2)) + 1e-4 * (i % 3);
+    spectrum.setValues(y);
+    spectrum.copyDataToOrgData();
+    const auto apply = [&](int action, bool applied) {
+        TYrexProcParams params = spectrum.procParams().params();
+        const int index = params.indexOfAction(action);
+        QVariantMap map = params.action(index);
+        map["apply"] = applied;
+        params.setAction(index, map);
+        EXPECT_TRUE(stack.history().push(new TCmdYrexProcessing({stack.item}, params)));
+    };
+    const auto annotate = [&](const QString &text) {
+        return stack.history().push(new TCmdYrexEditPeak(0, TCmdYrexEditPeak::cAnnotation, text, {stack.item}));
+    };
+    apply(cProcAutoPeakPicking, true);
+    ASSERT_EQ(spectrum.peaks().size(), 2);
+    const TYrexDPLib::TYrexDPPeak second = *spectrum.peaks().last();
+    EXPECT_TRUE(annotate("ring"));
+    EXPECT_EQ(spectrum.peaks().first()->flags, 0);
+    stack.history().stack()->undo();
+    EXPECT_EQ(spectrum.peaks().first()->flags, qint32(TYrexDPLib::cAutoPicked));
+    stack.history().stack()->redo();
+    for (const bool smoothed : {true, false}) {
+        apply(cProcSmoothing, smoothed);
+        ASSERT_EQ(spectrum.peaks().size(), 2) << "the automatic one does not come back beside it";
+        EXPECT_EQ(spectrum.peaks().first()->annotation, "ring");
+    }
+    EXPECT_EQ(spectrum.peaks().last()->position, second.position);
+    EXPECT_TRUE(annotate(QString()));
+    EXPECT_EQ(spectrum.peaks().first()->flags, 0) << "the user's from then on";
 }
 
 TEST(PeakCommands, annotationsAreSwapped)

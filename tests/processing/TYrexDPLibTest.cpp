@@ -110,8 +110,10 @@ TEST_F(PeakList, dropsOnlyAutoPickedPeaks)
     add(2.0, 2);
     add(3.0, 3);
     add(4.0);
+    add(5.0, 1)->annotation = "named before that made a peak manual";
     TYrexDPLib::deleteAutoPeaks(fPeaks);
-    ASSERT_EQ(fPeaks.size(), 2);
+    ASSERT_EQ(fPeaks.size(), 3);
     EXPECT_EQ(fPeaks.at(0)->position, 2.0);
     EXPECT_EQ(fPeaks.at(1)->position, 4.0);
+    EXPECT_EQ(fPeaks.at(2)->flags, 0);
 }
