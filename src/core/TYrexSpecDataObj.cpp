@@ -3,6 +3,8 @@
 #include "TYrexUnits.h"
 
 #include <QCoreApplication>
+#include <QHash>
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 
@@ -107,6 +109,21 @@ void TYrexSpecDataObj::listChanged()
     dropForeign(fXCache, known);
     dropForeign(fYCache, known);
     dropForeign(fFlagCache, known);
+}
+
+void TYrexSpecDataObj::giveFileNumbers()
+{
+    QHash<QString, TYrexSpectrumList> byFile;
+    for (TYrexSpectrum *spectrum : fStack.items()) {
+        if (!spectrum->paramsBundle().fileName().isEmpty())
+            byFile[spectrum->paramsBundle().fileName()].append(spectrum);
+    }
+    for (const TYrexSpectrumList &spectra : qAsConst(byFile)) {
+        const bool isNumbered = std::any_of(spectra.begin(), spectra.end(),
+                                            [](const TYrexSpectrum *spectrum) { return spectrum->fileNumber() > 0; });
+        for (int i = 0; i < spectra.size() && spectra.size() > 1 && !isNumbered; ++i)
+            spectra.at(i)->setFileNumber(i + 1);
+    }
 }
 
 int TYrexSpecDataObj::cachedCount() const

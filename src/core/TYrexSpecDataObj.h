@@ -17,6 +17,9 @@ public:
     TYrexSpectrum *spectrumAt(int specIndex) const;
     /// Spectra came or went: drops what the caches hold of those that are gone.
     void listChanged();
+    /// Numbers the spectra of each file by their order here, where several are of one file and none has a number:
+    /// documents of before have none.
+    void giveFileNumbers();
     /// The number of spectra with a cached x array, y array or flag list.
     int cachedCount() const;
 

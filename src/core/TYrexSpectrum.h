@@ -138,6 +138,10 @@ public:
     void setSeriesValue(double value) { fSeriesValue = value; }
 
     // processing
+    /// The place from 1 among the spectra of its file, by which an untitled one is called wherever it goes; 0 for one
+    /// that came alone.
+    int fileNumber() const { return fFileNumber; }
+    void setFileNumber(int number) { fFileNumber = number; }
     TYrexSpectrumProcParams &procParams() { return fProcParams; }
     const TYrexSpectrumProcParams &procParams() const { return fProcParams; }
     /// Runs the actions [firstAction, lastAction] of the chain; see TYrexSpectrumProcParams::process.
@@ -176,6 +180,7 @@ private:
     QString fDateText;
     QString fTitle;
     QVector<double> fData;
+    qint32 fFileNumber = 0;
     QVector<double> fOrgData;
     QVector<double> fAbsOrgData;
     bool fOrgDataModified = false;

@@ -66,7 +66,13 @@ void TYrexSpectrum::store(TDataStream &stream) const
     stream << fReservedFlagA << fReservedA << fReservedB;
     storeEmptyBlock(stream);
     stream << fReservedFlagB << fReservedC;
-    storeEmptyBlock(stream);
+    {
+        TDataStreamAdaptor origin(stream); // empty in documents of before, and for what came alone
+        origin.startStore();
+        if (fFileNumber > 0)
+            stream << fFileNumber;
+        origin.endStore();
+    }
     stream << fSeriesValue;
     fProcParams.store(stream);
     TYrexDPLib::writePeakList(stream, fPeaks);
@@ -87,7 +93,14 @@ void TYrexSpectrum::load(TDataStream &stream)
     stream >> fReservedFlagA >> fReservedA >> fReservedB;
     TDataStreamAdaptor(stream).skipData();
     stream >> fReservedFlagB >> fReservedC;
-    TDataStreamAdaptor(stream).skipData();
+    fFileNumber = 0;
+    {
+        TDataStreamAdaptor origin(stream);
+        if (origin.hasData())
+            stream >> fFileNumber;
+        fFileNumber = qMax(0, fFileNumber);
+        origin.skipData();
+    }
     stream >> fSeriesValue;
     fProcParams.load(stream);
     TYrexDPLib::deleteAllPeaks(fPeaks);

@@ -196,6 +196,7 @@ int TYrexSERSBTConverter::convert(const QString &fileName, ICanvas *parent)
     if (code != cConverterOk)
         return code;
     const TYrexSpectrumList all = spectra();
+    giveNumbers();
     const TParamsBlob datafile = TParamsBundle::datafileBlob(fileName);
     for (TYrexSpectrum *spectrum : all)
         finishSpectrum(spectrum, fileName, datafile);

@@ -133,6 +133,12 @@ bool TYrexSpectrumConverter::finishSpectrum(TYrexSpectrum *spectrum, const QStri
     return true;
 }
 
+void TYrexSpectrumConverter::giveNumbers()
+{
+    for (int i = 0; i < fSpectra.size() && fSpectra.size() > 1; ++i)
+        fSpectra.at(i)->setFileNumber(i + 1);
+}
+
 void TYrexSpectrumConverter::giveAway(const TYrexSpectrumList &spectra)
 {
     for (TYrexSpectrum *spectrum : spectra)
@@ -163,6 +169,7 @@ int TYrexSpectrumConverter::convert(const QString &fileName, ICanvas *parent)
     int result = cConverterOk;
     const TYrexSpectrumList read = fSpectra;
     const TParamsBlob datafile = TParamsBundle::datafileBlob(fileName);
+    giveNumbers();
     for (TYrexSpectrum *spectrum : read) {
         if (!finishSpectrum(spectrum, fileName, datafile)) {
             fSpectra.removeOne(spectrum);

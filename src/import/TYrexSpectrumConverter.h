@@ -54,6 +54,8 @@ protected:
     /// What the keys name of a file, as metaData tells it, whatever canImport says.
     void addParameters(const QString &fileName, const QStringList &keys, QVariantMap &map);
     void addXRange(const QString &fileName, QVariantMap &map);
+    /// Numbers the spectra that were read, where there are several, by their places in the file.
+    void giveNumbers();
     /// Spectra that something else owns from now on.
     void giveAway(const TYrexSpectrumList &spectra);
     void appendSpectrum(TYrexSpectrum *spectrum) { fSpectra.append(spectrum); }

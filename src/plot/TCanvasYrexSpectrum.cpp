@@ -443,6 +443,7 @@ void TCanvasYrexSpectrum::load(TDataStream &stream)
                 fDataObj->stack().addNotifier(this);
             }
             fDataObj->load(stream);
+            fDataObj->giveFileNumbers();
         }
         inner.skipData();
         TDataStreamAdaptor regions(stream); // older documents have none

@@ -22,16 +22,22 @@ bool TYrexPlotTitleParser::isTypedTitle() const
     return param && param->isEdited();
 }
 
-/// Spectra of one file stand together in a stack of files; one that came alone needs no number beside its name.
-bool TYrexPlotTitleParser::isOneOfItsFile() const
+/// The number beside the name of the file; 0 for none. Copies of a spectrum that came alone are told apart by their
+/// order where they follow each other in a stack.
+int TYrexPlotTitleParser::numberInFile() const
 {
+    if (fSpectrum->fileNumber() > 0)
+        return fSpectrum->fileNumber();
     const TYrexSpectrumList &spectra = fItem.spectra();
-    for (const int neighbour : {fIndex - 1, fIndex + 1}) {
-        const TYrexSpectrum *other = spectra.value(neighbour);
-        if (other && other->paramsBundle().fileName() == fSpectrum->paramsBundle().fileName())
-            return true;
-    }
-    return false;
+    const auto isCopy = [&](int index) {
+        const TYrexSpectrum *other = spectra.value(index);
+        return other && other->fileNumber() == 0 &&
+               other->paramsBundle().fileName() == fSpectrum->paramsBundle().fileName();
+    };
+    int before = 0;
+    while (isCopy(fIndex - before - 1))
+        ++before;
+    return before > 0 || isCopy(fIndex + 1) ? before + 1 : 0;
 }
 
 QString TYrexPlotTitleParser::shownTitle() const
@@ -42,7 +48,9 @@ QString TYrexPlotTitleParser::shownTitle() const
     // an untitled spectrum goes by its file, so that a picture says what it shows
     const QFileInfo info(fSpectrum->paramsBundle().fileName());
     const QString file = TTypesetter::escaped(info.completeBaseName()); // underscores of a file name lower nothing
-    return !fWholeItem && !file.isEmpty() && isOneOfItsFile() ? QString("%1 %2").arg(file).arg(fIndex + 1) : file;
+    const bool isWholeStack = fWholeItem && fItem.isStacked();
+    const int number = isWholeStack || file.isEmpty() ? 0 : numberInFile();
+    return number > 0 ? QString("%1 %2").arg(file).arg(number) : file;
 }
 
 QString TYrexPlotTitleParser::valueOf(const QString &name) const

@@ -20,7 +20,7 @@ public:
 private:
     QString valueOf(const QString &name) const;
     bool isTypedTitle() const;
-    bool isOneOfItsFile() const;
+    int numberInFile() const;
     QString shownTitle() const;
 
     const TCanvasYrexSpectrum &fItem;

@@ -130,8 +130,10 @@ TEST_F(AsciiConverter, moreColumnsMakeAStackOfThisFileOnly)
     EXPECT_EQ(fConverter.spectra().size(), 3);
     EXPECT_EQ(fConverter.readFlags(), quint32(TYrexSpectrumConverter::cGroup));
     EXPECT_EQ(fConverter.spectra().last()->values().first(), 3.0);
+    EXPECT_EQ(fConverter.spectra().last()->fileNumber(), 3);
     ASSERT_EQ(fConverter.importFile(fileOf(rows(11, 2)), nullptr), 0);
     EXPECT_EQ(fConverter.spectra().size(), 1);
+    EXPECT_EQ(fConverter.spectra().first()->fileNumber(), 0) << "it came alone";
     EXPECT_EQ(fConverter.readFlags(), 0u);
 }
 

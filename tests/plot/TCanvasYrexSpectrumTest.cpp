@@ -72,7 +72,7 @@ TEST(TCanvasYrexSpectrum, titlesExpandPlaceholders)
     EXPECT_EQ(item.spectrumTitle(1), "a\\_2.b") << "an untitled spectrum goes by its file";
     const TCanvasYrexSpectrum same({titled("", "a.csv"), titled("", "b.csv"), titled("", "b.csv")}, nullptr, nullptr);
     EXPECT_EQ(same.spectrumTitle(0), "a");
-    EXPECT_EQ(same.spectrumTitle(2), "b 3") << "with its number beside others of the file";
+    EXPECT_EQ(same.spectrumTitle(2), "b 2") << "with its number beside others of the file";
     item.stack().setCurrent(1);
     EXPECT_EQ(item.title(true), "a_2.b");
     item.activeYrexPlot()->titleProperties().format = "{Number}/{Count} {File} [{Units}] {Title}{nonsense}";
@@ -131,6 +131,35 @@ TEST(TCanvasYrexSpectrum, mayOutliveThePageThatItWasMeantFor)
     page.reset();
     EXPECT_EQ(item.canvas(), nullptr);
     item.update();
+}
+
+TEST(TCanvasYrexSpectrum, untitledSpectraKeepTheirNumberInTheFileWhereverTheyGo)
+{
+    const auto untitled = [] { return titled("", "dye.csv"); };
+    TCanvasYrexSpectrum item({untitled(), untitled(), untitled()}, nullptr, nullptr);
+    const QByteArray older = bytesOf(item); // without numbers
+    TCanvasYrexSpectrum opened({}, nullptr, nullptr);
+    TDataStream in(older);
+    opened.load(in);
+    EXPECT_TRUE(in.isGood());
+    EXPECT_EQ(opened.stack().at(2)->fileNumber(), 3);
+    TYrexSpectrum *second = opened.stack().at(1);
+    opened.stack().removeAt(1);
+    EXPECT_EQ(opened.spectrumTitle(0), "dye 1");
+    EXPECT_EQ(opened.spectrumTitle(1), "dye 3") << "though it is the second now";
+    EXPECT_EQ(opened.title(true), "dye") << "the stack as a whole";
+    const TCanvasYrexSpectrum extracted({second}, nullptr, nullptr);
+    EXPECT_EQ(extracted.title(true), "dye 2");
+    EXPECT_EQ(second->title(), "");
+
+    const QByteArray bytes = bytesOf(opened);
+    TCanvasYrexSpectrum again({}, nullptr, nullptr);
+    TDataStream stream(bytes);
+    again.load(stream);
+    EXPECT_EQ(again.spectrumTitle(1), "dye 3");
+    EXPECT_EQ(bytesOf(again), bytes);
+    const TCanvasYrexSpectrum alone({untitled()}, nullptr, nullptr);
+    EXPECT_EQ(alone.title(true), "dye");
 }
 
 TEST(TCanvasYrexSpectrum, exportsWhatIsVisibleWithItsEnds)

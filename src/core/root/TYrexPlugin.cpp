@@ -142,10 +142,12 @@ ICanvasItem *TYrexPlugin::createSpectrumItem(const TYrexSpectrumList &spectra, I
 void TYrexPlugin::addSpectra(ICanvasItem *item, const TYrexSpectrumList &spectra)
 {
     TCanvasYrexSpectrum *spectrumItem = yrexItem(item);
-    if (spectrumItem)
-        spectrumItem->addSpectra(spectra);
-    else
+    if (!spectrumItem) {
         qDeleteAll(spectra);
+        return;
+    }
+    spectrumItem->addSpectra(spectra);
+    spectrumItem->dataObj()->giveFileNumbers(); // each block of a file was read as if it were alone
 }
 
 TPropertiesBag *TYrexPlugin::createPropertiesBag(int rtti)
