@@ -68,7 +68,7 @@ QVector<double> derivativeOf(const QVector<double> &y)
 QVector<int> crowdedMaxima(const QVector<double> &d)
 {
     QVector<int> maxima;
-    for (int k = 0; k + 2 < d.size(); ++k) {
+    for (int k = 0; k + 3 < d.size(); ++k) { // the last value is no derivative
         if (!(d.at(k) > d.at(k + 1)) && d.at(k + 1) > d.at(k + 2))
             maxima.append(k + 1);
     }

@@ -147,3 +147,20 @@ TEST(TYrexMultipointCurve, automaticPointsStandOnFlatGroundApartFromEachOther)
         TYrexMultipointCurve::addAutomaticPoints(*tiny);
     }
 }
+
+TEST(TYrexMultipointCurve, theEndOfTheDataIsNoFlatGround)
+{
+    quint32 state = 1;
+    const auto noise = [&state] { return double((state = state * 1664525u + 1013904223u) >> 8) / (1 << 24) - 0.5; };
+    for (int round = 0; round < 300; ++round) {
+        constexpr int cCount = 1200;
+        const double centre = 300.0 + 2.0 * round;
+        QVector<double> y(cCount);
+        for (int i = 0; i < cCount; ++i)
+            y[i] = 0.1 + 0.02 * noise() + std::exp(-0.5 * std::pow((i - centre) / 40.0, 2));
+        const auto spectrum = makeSpectrum(y, 4000, 400, cUnitWavenumber, cUnitAbsorbance);
+        TYrexMultipointCurve::addAutomaticPoints(*spectrum);
+        for (const TYrexBaselinePoint &point : spectrum->procParams().multipoint().points)
+            EXPECT_LT(point.x, cCount - 2) << "round " << round;
+    }
+}
