@@ -166,8 +166,13 @@ void TCliProcess::mark(TCliInput &input, const TCliEnvironment &environment) con
 
 void TCliProcess::work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out)
 {
-    if (fChain && !input.fItems.isEmpty())
-        environment.fHost.history().push(new TCmdYrexProcessing(input.fItems, *fChain));
+    if (fChain && !input.fItems.isEmpty()) {
+        auto *command = new TCmdYrexProcessing(input.fItems, *fChain);
+        if (environment.fHost.history().push(command)) {
+            for (const QString &remark : command->remarks())
+                environment.warn(input.fFile + ": " + remark);
+        }
+    }
     mark(input, environment);
     if (fData.isPlanned()) {
         TCliWriter writer(environment, fData);

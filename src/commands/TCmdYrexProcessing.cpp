@@ -6,6 +6,7 @@
 #include "TYrexScatter.h"
 #include "YrexChainStep.h"
 #include "history/THistoryCommand.h"
+#include "log/TLogger.h"
 #include "utils/VariantUtils.h"
 
 namespace {
@@ -92,6 +93,7 @@ void TCmdYrexProcessing::doCmd()
         fOldParams = mainItem()->currentSpectrum()->procParams().params();
     TYrexProcessingCommand::doCmd();
 }
+    fRemarks.clear();
 
 void TCmdYrexProcessing::setSpectrumParams(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)
 {
@@ -116,10 +118,13 @@ void TCmdYrexProcessing::runPrepass(TCanvasYrexSpectrum *item, int index, int ac
         for (TYrexSpectrum *spectrum : spectra)
             spectrum->copyOrgDataToData();
     }
-    if (fNewParams.actionId(action) == cProcScatterCorrection)
-        TYrexScatter::mscPrepass(spectra);
-    else
-        TYrexScatter::pqnPrepass(spectra, fNewParams.action(action));
+    const int id = fNewParams.actionId(action);
+    const QString remark = id == cProcScatterCorrection ? TYrexScatter::mscPrepass(spectra)
+                                                        : TYrexScatter::pqnPrepass(spectra, fNewParams.action(action));
+    if (remark.isEmpty())
+        return;
+    fRemarks.append(QStringLiteral("%1: %2").arg(TYrexProcParams::label(id), remark));
+    TLogger::printToLogger(QStringLiteral("YREX"), fRemarks.last());
 }
 
 void TCmdYrexProcessing::doItem(TCanvasYrexSpectrum *item, int index)

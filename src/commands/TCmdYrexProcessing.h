@@ -2,12 +2,13 @@
 
 #include "TYrexProcParams.h"
 #include "TYrexProcessingCommand.h"
+#include "commands/ICommandRemarks.h"
 
 #include <QList>
 
 /// Gives a chain to the selected spectra of items and runs it, section by section, with the figures that stack actions
 /// need computed in between.
-class TCmdYrexProcessing : public TYrexProcessingCommand
+class TCmdYrexProcessing : public TYrexProcessingCommand, public ICommandRemarks
 {
     Q_OBJECT
 
@@ -22,6 +23,9 @@ public:
     /// One entry, for the first item: what changed in the chain. None for a chain that is the same.
     void doHistoryCommand() override;
 
+    /// Spectra that stack actions could not compare with the others.
+    QStringList remarks() const override { return fRemarks; }
+
     /// The spectra of the first item that were meant when the command was made.
     int targetCount() const { return fTargetCount; }
     int pointCount() const { return fPointCount; }
@@ -33,5 +37,6 @@ private:
     TYrexProcParams fNewParams;
     int fTargetCount = 0;
     int fPointCount = 0;
+    QStringList fRemarks;
     TYrexProcParams fOldParams; // of the main item's current spectrum before the do step, for the history
 };

@@ -2,6 +2,7 @@
 
 #include "TYrexPeakPicking.h"
 #include "TYrexProcIds.h"
+#include "TYrexProcSteps.h"
 #include "TYrexSpectrum.h"
 #include "TYrexUnits.h"
 #include "numerics/MatrixUtils.h"
@@ -103,17 +104,17 @@ std::vector<unsigned char> footprints(const TYrexDPLib::TYrexDPPeakList &peaks, 
     return mask;
 }
 
-void pickPeaks(TYrexSpectrum &spectrum)
 /// Adds what stands out beside the peaks that are there, be they the same ones.
+void pickPeaks(TYrexSpectrum &spectrum)
 {
-    TYrexPeakPicking::autoPeakPicking(spectrum, {{QString::fromLatin1(cKeyApply), false},
     TYrexDPLib::TYrexDPPeakList known;
     known.swap(spectrum.peaks());
+    TYrexPeakPicking::autoPeakPicking(spectrum, {{QString::fromLatin1(cKeyApply), false},
                                                  {QStringLiteral("yrexstdppsensitivity"), 0.8},
                                                  {QStringLiteral("yrexstdppmaxnbrpeaks"), 2000},
                                                  {QStringLiteral("yrexstdpppsign"), int(cPeaksAuto)}});
-}
     spectrum.peaks() = known + spectrum.peaks();
+}
 
 /// 1 / (1 + exp((d - shift) * steepness)), in three loops of which the first and the last run on several points at
 /// once.
@@ -150,8 +151,13 @@ void TYrexAutoBaseline::autoBaseline(TYrexSpectrum &spectrum, const QVariantMap 
     const bool showOnly = action.value(QLatin1String(cKeyBaselineShowOnly)).toBool();
     if (!computed || !showOnly)
         spectrum.freePreview();
-    if (!computed)
+    if (!computed) {
+        TYrexProcSteps::logLeftOut(cProcAutoBaseline,
+                                   kind == cNoBaseline            ? QStringLiteral("there is none in this y unit")
+                                   : !isFinite(spectrum.values()) ? QStringLiteral("it needs finite values")
+                                                                  : QStringLiteral("there is no such algorithm"));
         return;
+    }
     if (showOnly) {
         spectrum.allocPreview(n);
         for (int i = 0; i < n; ++i)

@@ -14,9 +14,9 @@ void centeredDerivative1(double *y, int n, bool invert);
 void centeredDerivative2(double *y, int n, bool invert);
 
 /// The chain's step: the derivative of "derivativeorder" by the method of "derivativeapprox", negated for
-/// "derivativeinvertsign". A method or an order that is not offered leaves the data, but for the end points, which the
-/// robust noise method sets to 0 in any case; so does a Savitzky-Golay filter that does not exist. The y unit becomes
-/// arbitrary in every case.
+/// "derivativeinvertsign"; the y unit becomes arbitrary. A derivative that cannot be computed leaves data and unit, and
+/// a line in the log: a method or an order that is not offered, a Savitzky-Golay filter that does not exist, values
+/// that are not finite for the robust noise method.
 void derivative(TYrexSpectrum &spectrum, const QVariantMap &action);
 
 } // namespace TYrexDerivative

@@ -6,11 +6,13 @@
 #include "TYrexNormalization.h"
 #include "TYrexPeakPicking.h"
 #include "TYrexProcIds.h"
+#include "TYrexProcLabels.h"
 #include "TYrexScatter.h"
 #include "TYrexSmoothing.h"
 #include "TYrexSpectrum.h"
 #include "TYrexUnitConversion.h"
 #include "TYrexUnits.h"
+#include "log/TLogger.h"
 #include "params/TSpectrumParam.h"
 
 #include <algorithm>
@@ -33,13 +35,6 @@ void firstIntegration(TYrexSpectrum &spectrum, const QVariantMap &)
     TYrexProcSteps::integrateOnce(spectrum.data(), spectrum.pointCount());
 }
 
-/// The quotient itself was found over the whole stack before this step runs.
-void quotientNormalization(TYrexSpectrum &spectrum, const QVariantMap &)
-{
-    scale(spectrum, 1.0 / spectrum.pqnFactor());
-    TYrexProcSteps::labelArbitrary(spectrum);
-}
-
 constexpr TYrexProcStep cSteps[] = {
     {cProcDerivative, TYrexDerivative::derivative, nullptr, nullptr},
     {cProcStandardNormalVariate, TYrexScatter::snv, nullptr, nullptr},
@@ -52,7 +47,7 @@ constexpr TYrexProcStep cSteps[] = {
     {cProcUnitConversion, TYrexUnitConversion::convertUnits, nullptr, nullptr},
     {cProcFirstIntegration, firstIntegration, nullptr, nullptr},
     {cProcInvertSign, invertSign, nullptr, nullptr},
-    {cProcQuotientNormalization, quotientNormalization, nullptr, nullptr},
+    {cProcQuotientNormalization, TYrexScatter::pqnApply, nullptr, nullptr},
 };
 
 } // namespace
@@ -73,6 +68,13 @@ void TYrexProcSteps::labelArbitrary(TYrexSpectrum &spectrum)
 {
     spectrum.setParamValue(TSpectrumParam::cYUnits, 1, yrexUnitDisplayName(cUnitArbitrary));
     spectrum.setUnits(spectrum.xUnits(), cUnitArbitrary);
+}
+
+void TYrexProcSteps::logLeftOut(int action, const QString &reason)
+{
+    TLogger::printToLogger(QStringLiteral("YREX"),
+                           QStringLiteral("%1 left out: %2").arg(TYrexProcLabels::sourceLabel(action), reason),
+                           TLogger::cError);
 }
 
 void TYrexProcSteps::integrateOnce(double *y, int n)

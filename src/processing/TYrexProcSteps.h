@@ -26,6 +26,9 @@ bool isStepBuilt(int action);
 /// Gives the present data the arbitrary y unit, as the steps do that leave no physical unit.
 void labelArbitrary(TYrexSpectrum &spectrum);
 
+/// Writes into the log that an action of that id left the present data alone, and why.
+void logLeftOut(int action, const QString &reason);
+
 /// y[i] := y[0] + ... + y[i-1]; y[0] := 0. The last value is lost.
 void integrateOnce(double *y, int n);
 

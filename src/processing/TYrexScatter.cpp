@@ -4,6 +4,8 @@
 #include "TYrexProcSteps.h"
 #include "TYrexSpectrum.h"
 
+#include <QCoreApplication>
+#include <QHash>
 #include <algorithm>
 #include <cmath>
 #include <lapacke.h>
@@ -17,30 +19,73 @@ constexpr int cMeanBlock = 512;        // points summed at a time; the sums stay
 constexpr int cMedianBlock = 16;       // points gathered at a time: two cache lines of every spectrum
 constexpr int cParallelFrom = 1 << 22; // values to sum that are worth waiting for other threads
 
-/// The spectra of a stack that can be compared: those with as many points as the first.
+constexpr int cFewestPoints = 2;                                       // one value has nothing to be compared by
+constexpr double cNoFactor = std::numeric_limits<double>::quiet_NaN(); // of a spectrum that was compared with none
+
+int pointsOf(const TYrexSpectrum &spectrum)
+{
+    return qMin(spectrum.pointCount(), spectrum.values().size());
+}
+
+/// The spectra of a stack that can be compared, and the others.
 struct TStack
 {
     QVector<TYrexSpectrum *> fSpectra;
+    QVector<TYrexSpectrum *> fOthers;
     std::vector<const double *> fRows;
     int fPoints = 0;
 
     explicit TStack(const QVector<TYrexSpectrum *> &spectra);
     int count() const { return fSpectra.size(); }
+    QString remark() const;
+
+private:
+    static int usualPoints(const QVector<TYrexSpectrum *> &spectra);
 };
 
 TStack::TStack(const QVector<TYrexSpectrum *> &spectra)
+    : fPoints(usualPoints(spectra))
 {
     for (TYrexSpectrum *spectrum : spectra) {
         if (!spectrum)
             continue;
-        const int points = qMin(spectrum->pointCount(), spectrum->values().size());
-        if (fSpectra.isEmpty())
-            fPoints = points;
-        if (points != fPoints)
+        if (fPoints == 0 || pointsOf(*spectrum) != fPoints) {
+            fOthers.append(spectrum);
             continue;
+        }
         fSpectra.append(spectrum);
         fRows.push_back(spectrum->values().constData());
     }
+}
+
+/// 0 when no spectrum can be compared.
+int TStack::usualPoints(const QVector<TYrexSpectrum *> &spectra)
+{
+    QHash<int, int> frequencies;
+    for (const TYrexSpectrum *spectrum : spectra) {
+        if (spectrum && pointsOf(*spectrum) >= cFewestPoints)
+            ++frequencies[pointsOf(*spectrum)];
+    }
+    int usual = 0;
+    for (const TYrexSpectrum *spectrum : spectra) { // in their order, so that the first of equals stays
+        const int points = spectrum ? pointsOf(*spectrum) : 0;
+        if (frequencies.value(points) > frequencies.value(usual))
+            usual = points;
+    }
+    return usual;
+}
+
+QString TStack::remark() const
+{
+    if (fOthers.isEmpty())
+        return QString();
+    const QString shares =
+        QCoreApplication::translate("TYrexScatter", "%1 of %2 spectra are left as they are").arg(fOthers.size());
+    const QString why = fPoints == 0 ? QCoreApplication::translate("TYrexScatter", "they have less than two points")
+                                     : QCoreApplication::translate("TYrexScatter", "they do not have the %1 points of "
+                                                                                   "the others")
+                                           .arg(fPoints);
+    return shares.arg(fOthers.size() + count()) + ": " + why;
 }
 
 /// The mean over the stack. Every point is summed by one thread in the order of the spectra, so that the number of
@@ -175,6 +220,8 @@ void TYrexScatter::snv(TYrexSpectrum &spectrum, const QVariantMap &)
 
 void TYrexScatter::mscApply(TYrexSpectrum &spectrum, const QVariantMap &action)
 {
+    if (spectrum.mscIntercept() == 0.0 && spectrum.mscSlope() == 0.0)
+        return;
     const int mode = action.value(QStringLiteral("msccorrmode")).toInt();
     const double offset = mode == cScatterAmplification ? 0.0 : spectrum.mscIntercept();
     const double factor = mode == cScatterOffset ? 1.0 : 1.0 / spectrum.mscSlope();
@@ -186,11 +233,24 @@ void TYrexScatter::mscApply(TYrexSpectrum &spectrum, const QVariantMap &action)
     TYrexProcSteps::labelArbitrary(spectrum);
 }
 
-void TYrexScatter::mscPrepass(const QVector<TYrexSpectrum *> &spectra)
+void TYrexScatter::pqnApply(TYrexSpectrum &spectrum, const QVariantMap &)
+{
+    if (std::isnan(spectrum.pqnFactor()))
+        return;
+    const double factor = 1.0 / spectrum.pqnFactor();
+    double *y = spectrum.data();
+    for (int i = 0; i < spectrum.pointCount(); ++i)
+        y[i] *= factor;
+    TYrexProcSteps::labelArbitrary(spectrum);
+}
+
+QString TYrexScatter::mscPrepass(const QVector<TYrexSpectrum *> &spectra)
 {
     const TStack stack(spectra);
-    if (stack.fPoints < 2)
-        return;
+    for (TYrexSpectrum *other : stack.fOthers)
+        other->setMscCoefficients(0.0, 0.0);
+    if (stack.fPoints == 0)
+        return stack.remark();
     TLineFit fit(meanSpectrum(stack, false));
     const size_t points = size_t(stack.fPoints);
     std::vector<double> columns(points * size_t(qMin(cFitColumns, stack.count())));
@@ -199,22 +259,26 @@ void TYrexScatter::mscPrepass(const QVector<TYrexSpectrum *> &spectra)
         for (int s = 0; s < width; ++s)
             std::copy_n(stack.fRows[size_t(from + s)], points, columns.data() + size_t(s) * points);
         if (!fit.solve(columns.data(), width))
-            return; // the regressor decides, so already the first group fails
+            return stack.remark(); // the regressor decides, so already the first group fails
         for (int s = 0; s < width; ++s) {
             const double *line = columns.data() + size_t(s) * points;
             stack.fSpectra.at(from + s)->setMscCoefficients(line[0], line[1]);
         }
     }
+    return stack.remark();
 }
 
-void TYrexScatter::pqnPrepass(const QVector<TYrexSpectrum *> &spectra, const QVariantMap &action)
+QString TYrexScatter::pqnPrepass(const QVector<TYrexSpectrum *> &spectra, const QVariantMap &action)
 {
     const TStack stack(spectra);
+    for (TYrexSpectrum *other : stack.fOthers)
+        other->setPqnFactor(cNoFactor);
     const int mode = action.value(QStringLiteral("normpqnreference")).toInt();
-    if (stack.fPoints < 1 || (mode != cQuotientMean && mode != cQuotientMedian))
-        return;
+    if (stack.fPoints == 0 || (mode != cQuotientMean && mode != cQuotientMedian))
+        return stack.remark();
     const QVector<double> reference = mode == cQuotientMean ? meanSpectrum(stack, true) : medianSpectrum(stack);
     std::vector<double> scratch(size_t(stack.fPoints));
     for (int s = 0; s < stack.count(); ++s)
         stack.fSpectra.at(s)->setPqnFactor(quotient(stack.fRows[size_t(s)], reference, scratch));
+    return stack.remark();
 }

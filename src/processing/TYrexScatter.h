@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QVariantMap>
 #include <QVector>
 
@@ -20,20 +21,27 @@ int meanAndDeviation(int count, const double *values, double &mean, double &devi
 void snv(TYrexSpectrum &spectrum, const QVariantMap &action);
 
 /// The chain's step: takes out the intercept, the slope or both that mscPrepass left in the spectrum, as "msccorrmode"
-/// says; any other mode changes the unit only.
+/// says; any other mode changes the unit only. A spectrum that was compared with none keeps its data and its unit.
 void mscApply(TYrexSpectrum &spectrum, const QVariantMap &action);
 
-/// Fits every spectrum's present data to the mean spectrum by least squares and stores intercept and slope. Null
-/// spectra are passed over, and so are those whose point count differs from the first one's; they keep their figures.
-/// Nothing is stored below two points or when the mean spectrum has no slope to fit.
-/// Reference: P. Geladi, D. MacDougall, H. Martens, Appl. Spectrosc. 39 (1985) 491-500, doi 10.1366/0003702854248656.
-void mscPrepass(const QVector<TYrexSpectrum *> &spectra);
+/// The chain's step: divides by the factor that pqnPrepass left in the spectrum; one that was compared with none keeps
+/// its data and its unit.
+void pqnApply(TYrexSpectrum &spectrum, const QVariantMap &action);
 
-/// Stores in every spectrum the median of its quotients by the reference spectrum: the mean or the median of all, as
+/// Fits spectra's present data to their mean by least squares and stores intercept and slope. Only spectra of two or
+/// more points can be compared, and of these only such with the point count that most have, or that of the first where
+/// several counts are as frequent; all others are marked as compared with none. Null spectra are passed over.
+/// Nothing is stored when the mean spectrum has no slope to fit. Returns how many take no part and why, in words for
+/// users; empty when all do.
+/// Reference: P. Geladi, D. MacDougall, H. Martens, Appl. Spectrosc. 39 (1985) 491-500, doi 10.1366/0003702854248656.
+QString mscPrepass(const QVector<TYrexSpectrum *> &spectra);
+
+/// Stores in spectra the median of their quotients by the reference spectrum: the mean or the median of all, as
 /// "normpqnreference" says; nothing is stored for any other value. A reference of 0 gives the quotient 1, and NaNs
-/// take no part in a median. Medians are rounded to single precision. Spectra are passed over as in mscPrepass.
+/// take no part in a median. Medians are rounded to single precision. Spectra take part as in mscPrepass, and so goes
+/// what is returned.
 /// Reference: F. Dieterle, A. Ross, G. Schlotterbeck, H. Senn, Anal. Chem. 78 (2006) 4281-4290,
 /// doi 10.1021/ac051632c.
-void pqnPrepass(const QVector<TYrexSpectrum *> &spectra, const QVariantMap &action);
+QString pqnPrepass(const QVector<TYrexSpectrum *> &spectra, const QVariantMap &action);
 
 } // namespace TYrexScatter

@@ -2,9 +2,9 @@
 
 #include "TYrexNlmPixelwise.h"
 #include "TYrexProcIds.h"
+#include "TYrexProcSteps.h"
 #include "TYrexSavGol.h"
 #include "TYrexSpectrum.h"
-#include "log/TLogger.h"
 #include "numerics/ImageFilters.h"
 #include "numerics/ImageScratch.h"
 
@@ -41,11 +41,7 @@ void fromImage(const float *image, float span, double *y, int n)
     std::transform(row, row + n, y, [span](float value) { return double(value * span); });
 }
 
-void log(const QString &reason)
-{
-    TLogger::printToLogger(QStringLiteral("YREX"), QStringLiteral("Smoothing left out: %1").arg(reason),
-                           TLogger::cError);
-}
+const QString cNotFinite = QStringLiteral("it needs finite values within the range of single precision");
 
 } // namespace
 
@@ -54,18 +50,23 @@ void TYrexSmoothing::smooth(TYrexSpectrum &spectrum, const QVariantMap &action)
     const auto value = [&action](const char *key) { return action.value(QLatin1String(key)); };
     double *y = spectrum.data();
     const int n = spectrum.pointCount();
+    const auto log = [](const QString &reason) { TYrexProcSteps::logLeftOut(cProcSmoothing, reason); };
     switch (value(cKeySmoothMethod).toInt()) {
     case cSmoothExponential:
         exponentialSmooth(y, value(cKeySmoothParam).toDouble(), n);
         break;
     case cSmoothNonlocalMeans:
-        if (!nonLocalMeans(y, n, value(cKeyNlmNoiseFactor).toDouble(), value(cKeyNlmMode).toInt()))
-            log(QStringLiteral("pixelwise non-local means need %1 points, the spectrum has %2")
-                    .arg(cNlmSmallestWidth)
-                    .arg(n));
+        if (nonLocalMeans(y, n, value(cKeyNlmNoiseFactor).toDouble(), value(cKeyNlmMode).toInt()))
+            break;
+        log(value(cKeyNlmMode).toInt() != cNlmBlockwise && n < cNlmSmallestWidth
+                ? QStringLiteral("pixelwise non-local means need %1 points, the spectrum has %2")
+                      .arg(cNlmSmallestWidth)
+                      .arg(n)
+                : cNotFinite);
         break;
     case cSmoothMedianWiener:
-        medianWiener(y, n);
+        if (!medianWiener(y, n))
+            log(cNotFinite);
         break;
     case cSmoothSavitzkyGolay: {
         const int window = value(cKeySmoothWindow).toInt();
@@ -114,18 +115,19 @@ bool TYrexSmoothing::savitzkyGolay(double *y, int n, int window, int degree)
     return true;
 }
 
-void TYrexSmoothing::medianWiener(double *y, int n)
+bool TYrexSmoothing::medianWiener(double *y, int n)
 {
     if (!y || n < 1)
-        return;
+        return true;
     static thread_local std::vector<float> buffer;
     TScratch<float> scratch(buffer, 2 * imageSize(n));
     float *in = scratch.data();
     float *out = in + imageSize(n);
     if (!toImage(y, n, 1.0f, in))
-        return;
+        return false;
     Utils::Algorithm::mmwfFilter(in, out, n, cImageRows, cWienerWindow);
     fromImage(out, 1.0f, y, n);
+    return true;
 }
 
 bool TYrexSmoothing::nonLocalMeans(double *y, int n, double noiseFactor, int mode)
@@ -142,7 +144,7 @@ bool TYrexSmoothing::nonLocalMeans(double *y, int n, double noiseFactor, int mod
     TScratch<float> scratch(buffer, 2 * imageSize(n));
     float *image = scratch.data();
     if (!std::isfinite(span) || !toImage(y, n, span, image))
-        return true;
+        return false;
     if (mode == cNlmBlockwise) {
         Utils::Algorithm::nonLocalMeansDenoising(image, cImageRows, n, noiseFactor);
     } else {

@@ -26,14 +26,14 @@ void exponentialSmooth(double *y, double lambda, int n);
 /// range of double.
 bool savitzkyGolay(double *y, int n, int window, int degree);
 
-/// The median-modified Wiener filter over 7 points; see Utils::Algorithm::mmwfFilter. Single precision. Values that are
-/// no finite floats leave y untouched.
-void medianWiener(double *y, int n);
+/// The median-modified Wiener filter over 7 points; see Utils::Algorithm::mmwfFilter. Single precision. False, with y
+/// untouched, for values that are no finite floats.
+bool medianWiener(double *y, int n);
 
 /// Non-local means of the values over their span, `mode` of cNlmBlockwise, cNlmFastPixelwise or, for any other number,
 /// pixelwise; see Utils::Algorithm::nonLocalMeansDenoising and nlmPixelwise. The noise factor steers blockwise alone,
-/// but 0 switches every mode off. Single precision. Without a span, and for values that are no finite floats, y stays
-/// to the bit. False, with y untouched, for fewer than cNlmSmallestWidth points in a pixelwise mode.
+/// but 0 switches every mode off. Single precision. Without a span y stays to the bit. False, with y untouched, for
+/// fewer than cNlmSmallestWidth points in a pixelwise mode, and for values that are no finite floats.
 bool nonLocalMeans(double *y, int n, double noiseFactor, int mode);
 
 } // namespace TYrexSmoothing

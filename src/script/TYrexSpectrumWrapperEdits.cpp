@@ -107,7 +107,8 @@ private:
 
 /// The figures of all spectra, from a run on copies of them, since a run of one spectrum alone does not see the others.
 /// Empty for a chain without such actions.
-QVector<TStackFigures> stackFigures(const TYrexSpectrumList &spectra, const TYrexProcParams &params, int last)
+QVector<TStackFigures> stackFigures(const TYrexSpectrumList &spectra, const TYrexProcParams &params, int last,
+                                    QStringList &remarks)
 {
     const QVector<TYrexChainSection> sections = yrexChainSections(params.actions());
     const auto comparesIn = [last](const TYrexChainSection &one) { return one.fPrepass >= 0 && one.fPrepass <= last; };
@@ -124,10 +125,14 @@ QVector<TStackFigures> stackFigures(const TYrexSpectrumList &spectra, const TYre
     for (const TYrexChainSection &section : sections) {
         if (section.fFrom > last)
             break;
-        if (comparesIn(section) && params.actionId(section.fPrepass) == cProcScatterCorrection)
-            TYrexScatter::mscPrepass(targets);
-        else if (comparesIn(section))
-            TYrexScatter::pqnPrepass(targets, params.action(section.fPrepass));
+        const int id = comparesIn(section) ? params.actionId(section.fPrepass) : -1;
+        QString remark;
+        if (id == cProcScatterCorrection)
+            remark = TYrexScatter::mscPrepass(targets);
+        else if (id >= 0)
+            remark = TYrexScatter::pqnPrepass(targets, params.action(section.fPrepass));
+        if (!remark.isEmpty())
+            remarks.append(QStringLiteral("%1: %2").arg(TYrexProcParams::label(id), remark));
         for (TYrexSpectrum *target : qAsConst(targets))
             target->process(0, section.fFrom, qMin(section.fTo, last));
     }
@@ -159,7 +164,10 @@ TScriptStep chainStep(TCanvasYrexSpectrum *item, int index, const TYrexProcParam
 void TYrexSpectrumWrapper::runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history)
 {
     const int active = yrex()->stack().current();
-    const QVector<TStackFigures> figures = stackFigures(yrex()->spectra(), params, last);
+    QStringList remarks;
+    const QVector<TStackFigures> figures = stackFigures(yrex()->spectra(), params, last, remarks);
+    for (const QString &remark : qAsConst(remarks))
+        scriptWarning(context(), remark);
     for (int i = 0; i < specCount() && !TScriptRun::of(engine())->isStopped(); ++i) {
         yrex()->stack().setCurrent(i);
         const TSpectrumState before(TYrexSpectrumRef(yrex(), i));

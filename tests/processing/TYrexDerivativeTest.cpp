@@ -1,9 +1,11 @@
 #include "TYrexDerivative.h"
 
 #include "ChainHelpers.h"
+#include "log/TLogger.h"
 #include "numerics/RobustDerivative.h"
 
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -28,6 +30,23 @@ protected:
         EXPECT_EQ(fSpectrum.yUnits(), 50);
         EXPECT_EQ(fSpectrum.paramText(2002, 1), "Arbitrary");
         return fSpectrum.values();
+    }
+    /// Whether data and unit stay, with a line in the log.
+    bool isLeftAlone(const QVector<double> &y, const QVariantMap &action)
+    {
+        int lines = 0;
+        const int level = TLogger::stderrLevel();
+        TLogger::setStderrLevel(-1);
+        const int sink = TLogger::addSink([&lines](const TLogEntry &entry) {
+            if (entry.fText.startsWith("Derivative left out: "))
+                ++lines;
+        });
+        fill(fSpectrum, y, 12);
+        TYrexDerivative::derivative(fSpectrum, action);
+        TLogger::removeSink(sink);
+        TLogger::setStderrLevel(level);
+        return std::memcmp(fSpectrum.values().constData(), y.constData(), size_t(y.size()) * sizeof(double)) == 0 &&
+               fSpectrum.yUnits() == 12 && lines == 1;
     }
     static QVariantMap savitzkyGolay(int order, int width, int degree, bool invert = false)
     {
@@ -95,11 +114,11 @@ TEST_F(Derivative, robustNoiseZeroesTheEnds)
     QVector<double> y;
     for (int i = 0; i < 30; ++i)
         y.append(std::sin(0.3 * i));
-    for (const int order : {1, 2, 3}) {
+    for (const int order : {1, 2}) {
         QVector<double> expected = y;
         if (order == 1)
             Utils::Algorithm::robustNoiseDerivative(expected.data(), 30, 25, true);
-        else if (order == 2)
+        else
             Utils::Algorithm::robustNoiseSecondDerivative(expected.data(), 30, 25, true);
         expected.first() = expected.last() = 0.0;
         EXPECT_EQ(derivative(y, {{"derivativeapprox", 2},
@@ -111,15 +130,21 @@ TEST_F(Derivative, robustNoiseZeroesTheEnds)
     }
 }
 
-TEST_F(Derivative, ofAnUnknownMethodOrOrderOnlyRelabels)
+TEST_F(Derivative, whatCannotBeComputedKeepsDataAndUnit)
 {
     const QVector<double> y = {1.0, 5.0, 2.0, 8.0, 3.0, 9.0};
-    EXPECT_EQ(derivative(y, {{"derivativeapprox", 77}, {"derivativeorder", 1}}), y);
-    EXPECT_EQ(derivative(y, {{"derivativeapprox", 1}, {"derivativeorder", 3}}), y);
-    EXPECT_EQ(derivative(y, {}), y);
-    EXPECT_EQ(derivative(y, savitzkyGolay(1, 3, 4)), y); // four coefficients from three points
-    EXPECT_EQ(derivative(y, savitzkyGolay(5, 9, 4)), y);
-    EXPECT_EQ(derivative(y, savitzkyGolay(1, -9, 4)), y);
-    EXPECT_EQ(derivative(y, savitzkyGolay(1, 2147483647, 4)), y);
+    EXPECT_TRUE(isLeftAlone(y, {{"derivativeapprox", 77}, {"derivativeorder", 1}}));
+    EXPECT_TRUE(isLeftAlone(y, {{"derivativeapprox", 1}, {"derivativeorder", 3}}));
+    EXPECT_TRUE(isLeftAlone(y, {{"derivativeapprox", 2}, {"derivativeorder", 3}}));
+    EXPECT_TRUE(isLeftAlone(y, {}));
+    EXPECT_TRUE(isLeftAlone(y, savitzkyGolay(1, 3, 6))); // seven coefficients from three points
+    EXPECT_TRUE(isLeftAlone(y, savitzkyGolay(5, 9, 4)));
+    EXPECT_TRUE(isLeftAlone(y, savitzkyGolay(1, -9, 4)));
+    EXPECT_TRUE(isLeftAlone(y, savitzkyGolay(1, 2147483647, 4)));
+    for (const double odd : {std::nan(""), -double(INFINITY)}) {
+        QVector<double> broken = y;
+        broken[3] = odd;
+        EXPECT_TRUE(isLeftAlone(broken, {{"derivativeapprox", 2}, {"derivativeorder", 1}}));
+    }
     EXPECT_EQ(derivative(y, {{"derivativeapprox", 1}, {"derivativeorder", 1}}), centered(y, 1, false));
 }

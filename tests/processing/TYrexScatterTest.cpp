@@ -2,6 +2,7 @@
 
 #include "ChainHelpers.h"
 #include "SpectrumBuilder.h"
+#include "TYrexUnits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -38,9 +39,9 @@ protected:
         fOwned.push_back(makeSpectrum(y, 0.0, 1.0));
         fStack.append(fOwned.back().get());
     }
-    void quotients(int reference)
+    QString quotients(int reference)
     {
-        TYrexScatter::pqnPrepass(fStack, actionMap(73, true, {{"normpqnreference", reference}}));
+        return TYrexScatter::pqnPrepass(fStack, actionMap(73, true, {{"normpqnreference", reference}}));
     }
     QVector<double> corrected(TYrexSpectrum &spectrum, int mode)
     {
@@ -132,35 +133,42 @@ TEST_F(Scatter, correctionTakesOutWhatTheModeSays)
     }
 }
 
-TEST_F(Scatter, prepassesLeaveSpectraThatCannotBeCompared)
+TEST_F(Scatter, spectraThatCannotBeComparedKeepDataAndUnit)
 {
-    add(bands(20));
     add(bands(19));
+    add(bands(20));
     fStack.append(nullptr);
     add(affine(bands(20), 0.0, 3.0));
-    fStack[1]->setMscCoefficients(7.0, 8.0);
-    fStack[1]->setPqnFactor(9.0);
-    TYrexScatter::mscPrepass(fStack);
-    quotients(75);
-    EXPECT_EQ(fStack[1]->mscIntercept(), 7.0);
-    EXPECT_EQ(fStack[1]->mscSlope(), 8.0);
-    EXPECT_EQ(fStack[1]->pqnFactor(), 9.0);
-    EXPECT_NEAR(fStack[0]->mscSlope(), 0.5, 1e-13); // the mean is of the two that can be
+    fStack[0]->setMscCoefficients(7.0, 8.0); // of an earlier run
+    fStack[0]->setPqnFactor(9.0);
+    fStack[0]->setUnits(cUnitWavenumber, cUnitAbsorbance);
+    const QString remark = "1 of 3 spectra are left as they are: they do not have the 20 points of the others";
+    EXPECT_EQ(TYrexScatter::mscPrepass(fStack), remark) << "most have 20, though the first has not";
+    EXPECT_EQ(quotients(75), remark);
+    EXPECT_EQ(corrected(*fStack[0], 65), bands(19));
+    TYrexScatter::pqnApply(*fStack[0], {});
+    EXPECT_EQ(fStack[0]->values(), bands(19));
+    EXPECT_EQ(fStack[0]->yUnits(), cUnitAbsorbance);
+    EXPECT_NEAR(fStack[1]->mscSlope(), 0.5, 1e-13); // the mean is of the two that can be
     EXPECT_NEAR(fStack[3]->mscSlope(), 1.5, 1e-13);
     EXPECT_EQ(fStack[3]->pqnFactor(), 1.5);
+    fStack.removeAt(1);
+    EXPECT_EQ(TYrexScatter::mscPrepass(fStack),
+              "1 of 2 spectra are left as they are: they do not have the 19 points of the others")
+        << "of equally frequent counts that of the first";
 
-    TYrexScatter::mscPrepass({});
-    TYrexScatter::pqnPrepass({}, {});
-    fStack.clear();
-    add({4.0});
-    fStack[0]->setMscCoefficients(7.0, 8.0);
-    TYrexScatter::mscPrepass(fStack); // one point carries no line
-    EXPECT_EQ(fStack[0]->mscSlope(), 8.0);
-    fStack.clear();
-    add({});
-    TYrexScatter::mscPrepass(fStack);
-    quotients(76);
-    EXPECT_EQ(fStack[0]->pqnFactor(), 1.0);
+    EXPECT_EQ(TYrexScatter::mscPrepass({}), "");
+    EXPECT_EQ(TYrexScatter::pqnPrepass({}, {}), "");
+    for (const QVector<double> &few : {QVector<double>{4.0}, QVector<double>()}) {
+        fStack.clear();
+        add(few);
+        add(few);
+        fStack[0]->setMscCoefficients(7.0, 8.0);
+        EXPECT_EQ(TYrexScatter::mscPrepass(fStack),
+                  "2 of 2 spectra are left as they are: they have less than two points");
+        EXPECT_FALSE(quotients(76).isEmpty());
+        EXPECT_EQ(corrected(*fStack[0], 65), few);
+    }
 }
 
 TEST_F(Scatter, fitOfNaNsEndsInNaNs)

@@ -143,12 +143,12 @@ TEST(ImageSmoothing, leavesToTheBitWhatItCannotSmooth)
     for (const QVector<double> &before : data) {
         for (const int mode : {12, 13, 14}) {
             QVector<double> y = before;
-            EXPECT_TRUE(TYrexSmoothing::nonLocalMeans(y.data(), y.size(), 0.5, mode));
+            EXPECT_EQ(TYrexSmoothing::nonLocalMeans(y.data(), y.size(), 0.5, mode), before == data.first());
             EXPECT_TRUE(hasSameBits(y, before)) << mode;
         }
         if (before != data.first()) {
             QVector<double> y = before;
-            TYrexSmoothing::medianWiener(y.data(), y.size());
+            EXPECT_FALSE(TYrexSmoothing::medianWiener(y.data(), y.size()));
             EXPECT_TRUE(hasSameBits(y, before));
         }
     }

@@ -2,6 +2,7 @@
 
 #include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
+#include "commands/ICommandRemarks.h"
 #include "commands/TCommand.h"
 #include "commands/TCommandHistory.h"
 #include "history/THistoryCommand.h"
@@ -137,6 +138,10 @@ bool Utils::Script::doScriptHistoryCommand(TCommand *command, QScriptContext *co
     const QString place = placeOf(context);
     for (THistoryCommand *entry : command->historyCmdList())
         entry->addParam(QStringLiteral("script"), place, QString());
+    if (const auto *partial = dynamic_cast<const ICommandRemarks *>(command)) {
+        for (const QString &remark : partial->remarks())
+            run->warn(place, remark);
+    }
     run->breathe();
     return true;
 }

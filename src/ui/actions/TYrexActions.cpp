@@ -15,6 +15,7 @@
 #include "TYrexUnits.h"
 #include "WYrexArithmeticDialog.h"
 #include "YrexActionTables.h"
+#include "commands/ICommandRemarks.h"
 #include "commands/TCommandHistory.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
@@ -195,8 +196,12 @@ TCanvasItemList TYrexActions::items() const
 bool TYrexActions::push(TCommand *command) const
 {
     const bool isDone = fHost.history().push(command);
-    if (fHost.gui())
+    const auto *partial = isDone ? dynamic_cast<const ICommandRemarks *>(command) : nullptr;
+    if (fHost.gui()) {
         fHost.gui()->updateActions();
+        if (partial && !partial->remarks().isEmpty())
+            fHost.gui()->statusMessage(partial->remarks().join(QStringLiteral("; ")));
+    }
     return isDone;
 }
 

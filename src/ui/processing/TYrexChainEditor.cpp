@@ -131,11 +131,30 @@ void TYrexChainEditor::push(const TYrexProcParams &params, const TCanvasItemList
     const int unit = spectrum ? spectrum->yUnits() : int(cUnitArbitrary);
     const int target = TYrexChainRules::shownYUnit(params.actions(), unit);
     if (unit == cUnitArbitrary || !plot || plot->yUnits() == target) {
-        history.push(command);
+        if (history.push(command))
+            tell(command->remarks());
         return;
     }
     history.beginMerged(command->description());
-    history.push(command);
-    history.push(new TCmdSetYrexSpectrumVerticalUnits(target, items));
+    QStringList remarks;
+    if (history.push(command))
+        remarks = command->remarks();
+    const TYrexSpectrum *after = first->currentSpectrum(); // a run of edits has made the records anew
+    const int end = after ? TYrexChainRules::endYUnit(params.actions(), after->origYUnits()) : target;
+    const bool isLeftOut = after && end == cUnitArbitrary && after->yUnits() != end; // it could not be computed
+    if (!isLeftOut) {
+        bool isNone = false;
+        const QString refusal = TCmdSetYrexSpectrumVerticalUnits::refusal(target, items, &isNone);
+        history.push(new TCmdSetYrexSpectrumVerticalUnits(target, items));
+        if (isNone && !refusal.isEmpty())
+            remarks.append(tr("No axis in %1: %2").arg(yrexUnitDisplayName(target), refusal));
+    }
     history.endMerged();
+    tell(remarks);
+}
+
+void TYrexChainEditor::tell(const QStringList &remarks)
+{
+    if (!remarks.isEmpty())
+        fHost.gui()->statusMessage(remarks.join(QStringLiteral("; ")));
 }

@@ -45,6 +45,7 @@ signals:
 private:
     void run(const TYrexProcParams &params, const TCanvasItemList &items);
     void push(const TYrexProcParams &params, const TCanvasItemList &items);
+    void tell(const QStringList &remarks);
     void startRun(const QObject *run);
     void endRun();
 
