@@ -34,6 +34,10 @@ public:
 
     // data
     int pointCount() const { return fPointCount; }
+    /// Whether something beside the chain changed current values, so that the next run has to start from the original
+    /// even when no action is applied.
+    bool isTouched() const { return fTouched; }
+    void setTouched(bool touched) { fTouched = touched; }
     /// Sets the number of points; resizes nothing.
     void setPointCount(int count) { fPointCount = count; }
     /// Gives data and original the length of the point count; a new tail is zero.
@@ -134,14 +138,14 @@ public:
 
     int fileFormat() const { return fFileFormat; }
     void setFileFormat(int format) { fFileFormat = format; }
-    double seriesValue() const { return fSeriesValue; }
-    void setSeriesValue(double value) { fSeriesValue = value; }
-
-    // processing
     /// The place from 1 among the spectra of its file, by which an untitled one is called wherever it goes; 0 for one
     /// that came alone.
     int fileNumber() const { return fFileNumber; }
     void setFileNumber(int number) { fFileNumber = number; }
+    double seriesValue() const { return fSeriesValue; }
+    void setSeriesValue(double value) { fSeriesValue = value; }
+
+    // processing
     TYrexSpectrumProcParams &procParams() { return fProcParams; }
     const TYrexSpectrumProcParams &procParams() const { return fProcParams; }
     /// Runs the actions [firstAction, lastAction] of the chain; see TYrexSpectrumProcParams::process.
@@ -176,14 +180,15 @@ private:
     TParamsBundle fParamsBundle;
     TSpectrumParams fParams;
     qint32 fFileFormat = cNoFormat;
+    qint32 fFileNumber = 0;
     QString fParam1007Text;
     QString fDateText;
     QString fTitle;
     QVector<double> fData;
-    qint32 fFileNumber = 0;
     QVector<double> fOrgData;
     QVector<double> fAbsOrgData;
     bool fOrgDataModified = false;
+    bool fTouched = false;
     std::unique_ptr<double[]> fPreviewData;
     int fPreviewSize = 0;
     std::unique_ptr<TYrexMultipointSetup> fMultiPointBaseline;

@@ -46,9 +46,11 @@ void TYrexSpectrum::loadGenerations(TDataStream &stream)
         stream.readDoubles(fData);
         stream >> fFirstX >> fLastX >> fXFactor >> fFirstY >> fYFactor;
         stream >> fOrigXUnits >> fOrigYUnits >> fXUnits >> fYUnits >> fPointCount;
-        // every step of a chain walks up to the point count, so it never exceeds what is there
-        if (fPointCount < 0 || fPointCount > fData.size())
-            fPointCount = fData.size();
+        // every step of a chain walks up to the point count, so it never exceeds what is there; data that were cleared
+        // come back with a run, from the original
+        const int held = fData.isEmpty() ? fOrgData.size() : fData.size();
+        if (fPointCount < 0 || fPointCount > held)
+            fPointCount = held;
         if (!fOrgData.isEmpty() && fOrgData.size() < fPointCount)
             fOrgData.resize(fPointCount);
         shareEqual(fData, fOrgData);
@@ -64,14 +66,20 @@ void TYrexSpectrum::store(TDataStream &stream) const
     stream << fParam1007Text << fFileFormat << fDateText;
     fParams.store(stream);
     stream << fReservedFlagA << fReservedA << fReservedB;
-    storeEmptyBlock(stream);
-    stream << fReservedFlagB << fReservedC;
     {
         TDataStreamAdaptor origin(stream); // empty in documents of before, and for what came alone
         origin.startStore();
         if (fFileNumber > 0)
             stream << fFileNumber;
         origin.endStore();
+    }
+    stream << fReservedFlagB << fReservedC;
+    {
+        TDataStreamAdaptor touch(stream); // empty in documents of before, and for data that are those of the chain
+        touch.startStore();
+        if (fTouched)
+            stream << fTouched;
+        touch.endStore();
     }
     stream << fSeriesValue;
     fProcParams.store(stream);
@@ -87,12 +95,13 @@ void TYrexSpectrum::load(TDataStream &stream)
 {
     loadGenerations(stream);
     stream >> fParamsBundle;
-    stream >> fParam1007Text >> fFileFormat >> fDateText;
+    stream >> fParam1007Text >> fFileFormat;
+    if (!stream.isGood()) // a stream that ends here gives 0
+        fFileFormat = cNoFormat;
+    stream >> fDateText;
     fParamsBundle.setFileFormat(fFileFormat);
     fParams.load(stream);
     stream >> fReservedFlagA >> fReservedA >> fReservedB;
-    TDataStreamAdaptor(stream).skipData();
-    stream >> fReservedFlagB >> fReservedC;
     fFileNumber = 0;
     {
         TDataStreamAdaptor origin(stream);
@@ -100,6 +109,16 @@ void TYrexSpectrum::load(TDataStream &stream)
             stream >> fFileNumber;
         fFileNumber = qMax(0, fFileNumber);
         origin.skipData();
+    }
+    stream >> fReservedFlagB >> fReservedC;
+    if (!stream.isGood())
+        fReservedC = 1.0;
+    fTouched = false;
+    {
+        TDataStreamAdaptor touch(stream);
+        if (touch.hasData())
+            stream >> fTouched;
+        touch.skipData();
     }
     stream >> fSeriesValue;
     fProcParams.load(stream);

@@ -68,7 +68,8 @@ void TYrexSpectrumProcParams::process(int flags, int from, int to)
     const bool previewing = multipoint.contains(QLatin1String(cKeyMultipointPreview));
     const bool editing = multipoint.contains(QLatin1String(cKeyMultipointSetup));
     // what was applied before counts too: switching the last action off takes the data back to the original
-    const bool needed = isAnyApplied() || fLastApplied.isAnyApplied() || previewing || editing;
+    const bool needed =
+        isAnyApplied() || fLastApplied.isAnyApplied() || previewing || editing || fSpectrum->isTouched();
     if ((!needed && !(flags & cProcessForced)) || (flags & cProcessOnlyAccept)) {
         fLastApplied = params();
         return;
@@ -111,6 +112,7 @@ void TYrexSpectrumProcParams::resetData()
 {
     fFactorScores.clear();
     fSpectrum->copyOrgDataToData();
+    fSpectrum->setTouched(false);
     const int unit = fSpectrum->origYUnits();
     fSpectrum->setUnits(fSpectrum->xUnits(), unit);
     if (!isIntensityUnit(unit))

@@ -313,3 +313,4 @@ QScriptValue TYrexSpectrumWrapper::setDataPoint()
     spectrumOf()->data()[int(index)] = argument(1).toNumber();
     return engine()->undefinedValue();
 }
+    spectrumOf()->setTouched(true);

@@ -117,6 +117,44 @@ TEST(TYrexSpectrum, everyCutOfTheStreamLoadsWithoutMoreThanItHolds)
     }
 }
 
+TEST(TYrexSpectrum, clearedDataAndDamageKeepWhatIsLeft)
+{
+    const auto cleared = makeSpectrum({1, 2, 3}, 0, 2);
+    cleared->setFileFormat(36);
+    cleared->clearData();
+    const auto copy = cleared->clone();
+    EXPECT_EQ(copy->pointCount(), 3);
+    copy->process(cProcessForced, 0, 0);
+    EXPECT_EQ(copy->values(), QVector<double>({1, 2, 3}));
+
+    QByteArray bytes;
+    {
+        TDataStream out(&bytes, QIODevice::WriteOnly);
+        cleared->store(out);
+    }
+    for (int length = 0; length < bytes.size(); ++length) {
+        TDataStream in(bytes.left(length));
+        TYrexSpectrum read;
+        read.load(in);
+        EXPECT_TRUE(read.fileFormat() == TYrexSpectrum::cNoFormat || read.fileFormat() == 36) << length;
+    }
+}
+
+TEST(TYrexSpectrum, whatIsTouchedStartsAnewWithTheNextRun)
+{
+    const auto spectrum = makeSpectrum({1, 2, 3}, 0, 2);
+    spectrum->process(0, 0, 0);
+    spectrum->data()[1] = 9.0;
+    spectrum->setTouched(true);
+    const auto saved = spectrum->clone();
+    EXPECT_EQ(saved->values().at(1), 9.0);
+    for (TYrexSpectrum *one : {spectrum.get(), saved.get()}) {
+        one->process(0, 0, 0);
+        EXPECT_EQ(one->values().at(1), 2.0);
+        EXPECT_FALSE(one->isTouched());
+    }
+}
+
 TEST(TYrexSpectrum, aPointCountBeyondTheDataIsCut)
 {
     const auto spectrum = makeSpectrum({1, 2, 3}, 0, 2);
