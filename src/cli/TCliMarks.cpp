@@ -78,11 +78,8 @@ TCommand *TCliMarks::pickCommand(TCanvasYrexSpectrum &item, const TMark &mark)
 
 TCommand *TCliMarks::integrateCommand(TCanvasYrexSpectrum &item, const TMark &mark)
 {
-    const TYrexSpectrum &spectrum = *item.currentSpectrum();
-    const int unit = spectrum.xUnits();
-    const bool isDown = spectrum.xIndexOf(unit, mark.fFrom) > spectrum.xIndexOf(unit, mark.fTo);
-    return new TCmdYrexManualIntegration({&item}, 0, isDown ? mark.fTo : mark.fFrom, isDown ? mark.fFrom : mark.fTo,
-                                         unit, cUnitArbitrary);
+    return new TCmdYrexManualIntegration({&item}, 0, mark.fFrom, mark.fTo, item.currentSpectrum()->xUnits(),
+                                         cUnitArbitrary);
 }
 
 void TCliMarks::apply(TCanvasYrexSpectrum &item, TCommandHistory &history, QStringList &notes) const
