@@ -4,12 +4,29 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
 
+#include <algorithm>
+
 TCmdSetYrexSpectrumHorizontalUnits::TCmdSetYrexSpectrumHorizontalUnits(int unit, const TCanvasItemList &items,
                                                                        bool useOriginal)
     : TYrexUnitsCommand(tr("Set Zarnu Spec Horz Units to "), horzDir, unit, items)
     , fBefore(items.size())
     , fUseOriginal(useOriginal)
 {
+}
+
+bool TCmdSetYrexSpectrumHorizontalUnits::spansZero(const TCanvasYrexSpectrum &item, int unit)
+{
+    const TYrexSpectrumList &spectra = item.spectra();
+    return std::any_of(spectra.begin(), spectra.end(), [unit](const TYrexSpectrum *spectrum) {
+        constexpr double cProbe = 7.0; // any place that a conversion moves
+        return yrexConvertX(cProbe, spectrum->origXUnits(), unit) != cProbe &&
+               spectrum->firstX() * spectrum->lastX() < 0.0;
+    });
+}
+
+bool TCmdSetYrexSpectrumHorizontalUnits::cmdItemApplicable(TCanvasItem *item) const
+{
+    return TYrexUnitsCommand::cmdItemApplicable(item) && !spansZero(*yrexItem(item), unit());
 }
 
 TScriptStep TCmdSetYrexSpectrumHorizontalUnits::scriptStep() const

@@ -4,7 +4,8 @@
 
 #include <QString>
 
-/// Shows plots along x in another unit. The values of the spectra stay; the current spectrum is told the unit.
+/// Shows plots along x in another unit. The values of the spectra stay; the current spectrum is told the unit. Items
+/// with a spectrum whose range spans zero are passed over where the units are converted: zero is at no place then.
 class TCmdSetYrexSpectrumHorizontalUnits : public TYrexUnitsCommand
 {
     Q_OBJECT
@@ -13,6 +14,10 @@ public:
     /// `unit` is a unit code; `useOriginal` takes the axis' limits from the data as they were read.
     TCmdSetYrexSpectrumHorizontalUnits(int unit, const TCanvasItemList &items, bool useOriginal = false);
 
+    /// Whether an item is passed over for that unit.
+    static bool spansZero(const TCanvasYrexSpectrum &item, int unit);
+
+    bool cmdItemApplicable(TCanvasItem *item) const override;
     TScriptStep scriptStep() const override;
     void doCommand(TCanvasItem *item, TBasePlot *plot) override;
     void undoCommand(TCanvasItem *item, TBasePlot *plot, int itemIndex, int plotIndex) override;

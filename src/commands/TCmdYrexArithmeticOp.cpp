@@ -3,6 +3,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "YrexStepTargets.h"
 #include "history/THistoryCommand.h"
+#include "plot/TTypesetter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +26,8 @@ TCmdYrexArithmeticOp::TCmdYrexArithmeticOp(const TCanvasItemList &items, TCanvas
         fAxis = TYrexAxis(*spectrum);
         fReference = spectrum->values();
         fReferenceTitle = reference->title(false);
+        if (fReferenceTitle.trimmed().isEmpty()) // an untitled one goes by its file
+            fReferenceTitle = TTypesetter::plainText(reference->spectrumTitle(index));
     }
     const TCanvasItemList &own = TCanvasItemsCommand::items();
     setVoidFlag(
@@ -109,16 +112,16 @@ void TCmdYrexArithmeticOp::undoItem(TCanvasYrexSpectrum *item, int index)
 
 void TCmdYrexArithmeticOp::doHistoryCommand()
 {
+    const QString difference = axisDifference();
     for (ICanvasItem *listed : items()) {
         TCanvasItem *item = canvasItem(listed);
         if (!cmdItemApplicable(item))
-    const QString difference = axisDifference();
             continue;
         auto *entry = new THistoryCommand(description(), item, QString());
         entry->addParam(tr("Reference"), fReferenceTitle, QString());
         entry->addParam(tr("Factor"), QString("%1").arg(std::abs(fFactor), 0, 'g', -1, QLatin1Char(' ')), QString());
+        if (!difference.isEmpty())
+            entry->addParam(tr("Point by Point"), difference, QString());
         appendHistoryCommand(entry, item);
     }
 }
-        if (!difference.isEmpty())
-            entry->addParam(tr("Point by Point"), difference, QString());

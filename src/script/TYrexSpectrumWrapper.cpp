@@ -184,20 +184,21 @@ bool TYrexSpectrumWrapper::activeSpectrumHasPeaks() const
     return yrex() && yrex()->dataObj() && yrex()->dataObj()->hasPeaks();
 }
 
-int TYrexSpectrumWrapper::unitOfPeaks() const
+QScriptValue TYrexSpectrumWrapper::peaks() const
 {
-    const bool isGiven = argumentCount() == 2 && argument(0).isNumber() && argument(1).isNumber();
-    return isGiven ? argument(0).toInt32() : ref().shownXUnits();
+    if (!yrex() || !yrex()->dataObj() || !spectrumOf())
+        return engine()->undefinedValue();
+    int unit = cUnitArbitrary;
+    return takeXUnit(argument(0), unit) ? peaksIn(unit) : fail(cWrongType);
 }
 
-QScriptValue TYrexSpectrumWrapper::peaks() const
+QScriptValue TYrexSpectrumWrapper::peaksIn(int unit) const
 {
     IYrexPlotData *data = yrex() ? yrex()->dataObj() : nullptr;
     if (!data || !spectrumOf())
         return engine()->undefinedValue();
     QScriptValue array = engine()->newArray();
     quint32 index = 0;
-    const int unit = unitOfPeaks();
     for (const TYrexDPLib::TYrexDPPeak &peak : data->peaks(unit, ref().index())) {
         const double width = widthOf(*spectrumOf(), peak.id, unit);
         array.setProperty(index++, engine()->toScriptValue(new TYrexDPPeakWrapper(peak, width)));
@@ -209,7 +210,9 @@ QScriptValue TYrexSpectrumWrapper::integrals() const
 {
     if (!spectrumOf())
         return engine()->undefinedValue();
-    const int unit = argument(0).isNumber() ? argument(0).toInt32() : ref().shownXUnits();
+    int unit = cUnitArbitrary;
+    if (!takeXUnit(argument(0), unit))
+        return fail(cWrongType);
     return engine()->toScriptValue(new TYrexIntegralsWrapper(ref().fixed(), unit));
 }
 
@@ -311,6 +314,6 @@ QScriptValue TYrexSpectrumWrapper::setDataPoint()
     if (!argument(1).isNumber())
         return fail(cWrongType);
     spectrumOf()->data()[int(index)] = argument(1).toNumber();
+    spectrumOf()->setTouched(true);
     return engine()->undefinedValue();
 }
-    spectrumOf()->setTouched(true);

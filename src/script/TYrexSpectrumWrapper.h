@@ -57,11 +57,11 @@ public slots:
     int count() const;
     int count(int aDim) const;
     bool activeSpectrumHasPeaks() const;
-    /// An array of ZarnuDPPeak, in the unit that is shown, or in the first of two numbers.
+    /// An array of ZarnuDPPeak, in the unit that is shown or the x unit that is given first, by name or number.
     QScriptValue peaks() const;
     /// Picks peaks with standard settings where there are none.
     QScriptValue forceStdPeaks();
-    /// The ZarnuIntegrals, in the unit that is shown or the one given.
+    /// The ZarnuIntegrals, in the unit that is shown or the x unit given, by name or number.
     QScriptValue integrals() const;
     QScriptValue setIntegrals();
     QScriptValue integralValueInInterval() const;
@@ -119,7 +119,7 @@ private:
     QScriptValue fail(int code, const QString &text = QString()) const;
     QScriptValue getSetOrigUnits(bool isX, const QString &units, bool isGet);
     void runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history);
-    int unitOfPeaks() const;
+    QScriptValue peaksIn(int unit) const;
     /// Commands on peaks speak of the active spectrum: throws for another one. False then.
     bool isActiveOrThrows() const;
     /// The one or two names of units that were given; throws for others, and is empty then.

@@ -237,7 +237,7 @@ QScriptValue TYrexSpectrumWrapper::forceStdPeaks()
         return engine()->undefinedValue();
     const TYrexSpectrumPlaces place({item()}, {ref().index()});
     doScriptHistoryCommand(new TCmdYrexStandardPeaks({item()}, place), context(), 1);
-    return peaks();
+    return peaksIn(ref().shownXUnits());
 }
 
 QScriptValue TYrexSpectrumWrapper::appendSpectrum()
@@ -317,7 +317,9 @@ QScriptValue TYrexSpectrumWrapper::getSetOrigUnits(bool isX, const QString &unit
     if (isGet)
         return yrexUnitScriptName(isX ? spectrum.origXUnits() : spectrum.origYUnits());
     int unit = cUnitArbitrary;
-    yrexUnitFromScriptName(units, unit);
+    const bool isKnown = yrexUnitFromScriptName(units, unit);
+    if (!isKnown || (unit != cUnitArbitrary && yrexIsHorizontalUnit(unit) != isX))
+        return fail(cWrongType);
     doScriptHistoryCommand(
         new TCmdYrexSetOrigUnits({item()}, isX ? horzDir : vertDir, unit, TCmdYrexSetOrigUnits::cCurrentSpectrum),
         context(), 1);

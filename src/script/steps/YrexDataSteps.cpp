@@ -116,7 +116,16 @@ TCommand *setOriginalUnits(TStepCall &call)
 TCommand *setXUnits(TStepCall &call)
 {
     const int unit = YrexStepArguments::unit(call, "xUnits", horzDir);
-    return new TCmdSetYrexSpectrumHorizontalUnits(unit, YrexStepArguments::items(call), call.flag("original", false));
+    const TCanvasItemList items = YrexStepArguments::items(call);
+    const int refused = int(std::count_if(items.begin(), items.end(), [unit](ICanvasItem *item) {
+        return TCmdSetYrexSpectrumHorizontalUnits::spansZero(*yrexItem(item), unit);
+    }));
+    if (refused > 0 && refused == items.size())
+        call.fail("xUnits", TStepCall::tr("the x range spans zero, which has no place in this unit"),
+                  TStepCall::cOutOfRange);
+    else if (refused > 0)
+        call.warn(TStepCall::tr("items whose x range spans zero keep their unit"));
+    return new TCmdSetYrexSpectrumHorizontalUnits(unit, items, call.flag("original", false));
 }
 
 TCommand *setYUnits(TStepCall &call)

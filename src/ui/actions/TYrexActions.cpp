@@ -286,8 +286,7 @@ bool TYrexActions::setHorizontalUnits(int unit) const
     const T1DYrexPlot *plot = active ? active->activeYrexPlot() : nullptr;
     if (!plot || plot->kind() != T1DYrexPlot::cSpectrumKind || plot->xUnits() == unit)
         return false;
-    const int index = active->stack().current();
-    if (active->firstXIn(cUnitWavenumber, index) * active->lastXIn(cUnitWavenumber, index) < 0.0) {
+    if (TCmdSetYrexSpectrumHorizontalUnits::spansZero(*active, unit)) {
         Utils::Gui::message(fHost.gui()->mainWindow(), QMessageBox::Warning, tr("X Range Contains Value Zero"),
                             tr("X units cannot be converted from/to Wavenumber/Wavelength as value zero is within X "
                                "spectrum bounds."));
