@@ -4,6 +4,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
 #include "YrexGathering.h"
+#include "YrexStepTargets.h"
 #include "YrexStepWords.h"
 #include "canvas/TDocument.h"
 #include "canvas/TPage.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <new>
+#include <numeric>
 
 namespace {
 
@@ -29,16 +31,25 @@ QColor colorOf(const TCanvasYrexSpectrum &item, int index)
     return own.isValid() || !plot ? own : plot->properties().curvePen.color();
 }
 
-QVector<TCopy> copiesOf(const TCanvasItemList &items, TCmdYrexArrayedFromSelection::TLinks *links)
+QVector<int> everyIndex(const TCanvasYrexSpectrum &item)
+{
+    QVector<int> indices(item.stack().count());
+    std::iota(indices.begin(), indices.end(), 0);
+    return indices;
+}
+
+QVector<TCopy> copiesOf(const TCanvasItemList &items, const TYrexStackSelection &selection,
+                        TCmdYrexArrayedFromSelection::TLinks *links)
 {
     QVector<TCopy> copies;
-    for (ICanvasItem *entry : items) {
-        const TCanvasYrexSpectrum *item = yrexItem(entry);
+    for (int place = 0; place < items.size(); ++place) {
+        const TCanvasYrexSpectrum *item = yrexItem(items.at(place));
         if (!item)
             continue;
-        const TYrexSpectrumList spectra = YrexGathering::copiesOf(*item);
-        for (int i = 0; i < spectra.size(); ++i)
-            copies.append({spectra.at(i), item->uniqueId(), colorOf(*item, i)});
+        for (const int i : selection.fSpectra.isEmpty() ? everyIndex(*item) : selection.fSpectra.value(place)) {
+            if (const TYrexSpectrum *spectrum = item->stack().at(i))
+                copies.append({YrexGathering::copyOf(*spectrum), item->uniqueId(), colorOf(*item, i)});
+        }
         if (!links)
             continue;
         for (const QByteArray &role : item->roles()) {
@@ -52,14 +63,38 @@ QVector<TCopy> copiesOf(const TCanvasItemList &items, TCmdYrexArrayedFromSelecti
     return copies;
 }
 
-QVector<int> unitsOf(const QVector<TCopy> &copies)
+/// The copies apart by unit, in the order in which the units appear.
+QVector<QVector<TCopy>> byUnit(const QVector<TCopy> &copies, int (TYrexSpectrum::*unitOf)() const)
 {
     QVector<int> units;
+    QVector<QVector<TCopy>> groups;
     for (const TCopy &copy : copies) {
-        if (!units.contains(copy.fSpectrum->yUnits()))
-            units.append(copy.fSpectrum->yUnits());
+        const int unit = (copy.fSpectrum->*unitOf)();
+        if (!units.contains(unit)) {
+            units.append(unit);
+            groups.append(QVector<TCopy>());
+        }
+        groups[units.indexOf(unit)].append(copy);
     }
-    return units;
+    return groups;
+}
+
+/// The copies of each new item.
+QVector<QVector<TCopy>> groupsOf(const QVector<TCopy> &copies, bool oneStackPerYUnit, bool onePerXUnits)
+{
+    QVector<QVector<TCopy>> groups;
+    for (const QVector<TCopy> &alike :
+         onePerXUnits ? byUnit(copies, &TYrexSpectrum::xUnits) : QVector<QVector<TCopy>>{copies}) {
+        const QVector<QVector<TCopy>> apart = byUnit(alike, &TYrexSpectrum::yUnits);
+        if (apart.size() < 2 || oneStackPerYUnit) {
+            groups += apart;
+            continue;
+        }
+        for (const TCopy &copy : alike)
+            copy.fSpectrum->setUnits(copy.fSpectrum->xUnits(), cUnitArbitrary);
+        groups.append(alike);
+    }
+    return groups;
 }
 
 /// Null when there is no memory for it; the spectra are gone then.
@@ -109,29 +144,12 @@ QVariantMap numbered(const QList<QUuid> &ids)
 
 } // namespace
 
-QVector<TCanvasYrexSpectrum *> TCmdYrexArrayedFromSelection::stackFromCanvasItemsList(const TCanvasItemList &items,
-                                                                                      IProgress *progress,
-                                                                                      bool oneStackPerYUnit,
-                                                                                      TLinks *links,
-                                                                                      QVector<QList<QUuid>> *sourceIds)
+QVector<TCanvasYrexSpectrum *> TCmdYrexArrayedFromSelection::stackFromCanvasItemsList(
+    const TCanvasItemList &items, IProgress *progress, bool oneStackPerYUnit, TLinks *links,
+    QVector<QList<QUuid>> *sourceIds, const TYrexStackSelection &selection)
 {
-    const QVector<TCopy> copies = copiesOf(items, links);
-    const QVector<int> units = unitsOf(copies);
-    QVector<QVector<TCopy>> groups;
-    if (units.size() > 1 && oneStackPerYUnit) {
-        for (const int unit : units) {
-            QVector<TCopy> group;
-            std::copy_if(copies.begin(), copies.end(), std::back_inserter(group),
-                         [unit](const TCopy &copy) { return copy.fSpectrum->yUnits() == unit; });
-            groups.append(group);
-        }
-    } else if (!copies.isEmpty()) {
-        for (const TCopy &copy : copies) {
-            if (units.size() > 1)
-                copy.fSpectrum->setUnits(copy.fSpectrum->xUnits(), cUnitArbitrary);
-        }
-        groups.append(copies);
-    }
+    const QVector<QVector<TCopy>> groups =
+        groupsOf(copiesOf(items, selection, links), oneStackPerYUnit, selection.fOnePerXUnits);
     QVector<TCanvasYrexSpectrum *> made;
     bool isOutOfMemory = false;
     for (const QVector<TCopy> &group : qAsConst(groups)) {
@@ -153,7 +171,8 @@ QVector<TCanvasYrexSpectrum *> TCmdYrexArrayedFromSelection::stackFromCanvasItem
 
 TCmdYrexArrayedFromSelection::TCmdYrexArrayedFromSelection(const TCanvasItemList &items, TDocument *host,
                                                            IProgress *progress, bool stacked, double angle,
-                                                           bool oneStackPerYUnit, bool forceNewPage, TPage *current)
+                                                           bool oneStackPerYUnit, bool forceNewPage, TPage *current,
+                                                           const TYrexStackSelection &selection)
     : TCommand(stacked ? tr("Stack Spectra") : tr("Superimpose Spectra"))
     , fHost(host)
     , fAngle(angle)
@@ -163,10 +182,10 @@ TCmdYrexArrayedFromSelection::TCmdYrexArrayedFromSelection(const TCanvasItemList
         return;
     if (!current)
         current = host->currentPage();
-    tell(items, stacked, forceNewPage, current);
+    tell(items, stacked, forceNewPage, current, selection);
     TLinks links;
     QVector<QList<QUuid>> sourceIds;
-    fNewItems = stackFromCanvasItemsList(items, progress, fOneStackPerYUnit, &links, &sourceIds);
+    fNewItems = stackFromCanvasItemsList(items, progress, fOneStackPerYUnit, &links, &sourceIds, selection);
     const bool forceNew = fNewItems.size() >= 2 || forceNewPage || !current;
     for (TCanvasYrexSpectrum *item : qAsConst(fNewItems)) {
         TPage *page = current;
@@ -188,7 +207,8 @@ TCmdYrexArrayedFromSelection::TCmdYrexArrayedFromSelection(const TCanvasItemList
         fHistoryMaps.append(numbered(ids));
 }
 
-void TCmdYrexArrayedFromSelection::tell(const TCanvasItemList &items, bool stacked, bool forceNewPage, TPage *current)
+void TCmdYrexArrayedFromSelection::tell(const TCanvasItemList &items, bool stacked, bool forceNewPage, TPage *current,
+                                        const TYrexStackSelection &selection)
 {
     fStep = TScriptStep("stackSpectra").on(items.getByRtti(TCanvasYrexSpectrum::cRtti));
     fStep.setMadeName("stack");
@@ -197,6 +217,10 @@ void TCmdYrexArrayedFromSelection::tell(const TCanvasItemList &items, bool stack
         fStep.with("angle", fAngle);
     if (!fOneStackPerYUnit)
         fStep.with("onePerYUnits", false);
+    if (selection.fOnePerXUnits)
+        fStep.with("onePerXUnits", true);
+    if (!selection.fSpectra.isEmpty())
+        YrexStepTargets::tell(fStep, items, selection.fSpectra);
     if (current)
         fStep.with("page", fHost->pages().indexOf(current));
     if (forceNewPage)

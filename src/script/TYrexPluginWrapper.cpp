@@ -4,6 +4,7 @@
 #include "TCmdYrexArrayedFromSelection.h"
 #include "TYrexPlugin.h"
 #include "TYrexSpectrumWrapper.h"
+#include "TYrexUnits.h"
 #include "canvas/TDocument.h"
 #include "commands/TCmdCreateItem.h"
 #include "history/THistoryCommand.h"
@@ -13,6 +14,7 @@
 #include "settings/TDefaultsIni.h"
 
 #include <QScriptContext>
+#include <QSet>
 
 using namespace Utils::Script;
 
@@ -20,6 +22,37 @@ namespace {
 
 constexpr double cNoAngle = 0.0; // where nothing is stored
 constexpr quint32 cMostItems = 1000000;
+
+/// A spectrum of an item is taken alone, an item with all its spectra. What is none of them is passed over.
+void addTo(const QScriptValue &value, TCanvasItemList &items, TYrexStackSelection &selection)
+{
+    TCanvasYrexSpectrum *item = yrexItem(canvasItemFromScriptValue(value));
+    if (!item)
+        return;
+    const auto *wrapper = qobject_cast<const TYrexSpectrumWrapper *>(value.toQObject());
+    QVector<int> indices;
+    if (wrapper && wrapper->isOneOfStack())
+        indices.append(wrapper->ref().index());
+    for (int i = 0; i < item->stack().count() && indices.isEmpty(); ++i)
+        indices.append(i);
+    if (!items.isEmpty() && items.last() == item && wrapper && wrapper->isOneOfStack()) {
+        selection.fSpectra.last() += indices; // a step names an item once
+        return;
+    }
+    items.append(item);
+    selection.fSpectra.append(indices);
+}
+
+/// By what the items differ: the names of their x units, or of their y units where the former are the same.
+QStringList unitNames(const QVector<TCanvasYrexSpectrum *> &items)
+{
+    QStringList x, y;
+    for (const TCanvasYrexSpectrum *item : items) {
+        x.append(yrexUnitDisplayName(item->currentSpectrum()->xUnits()));
+        y.append(yrexUnitDisplayName(item->currentSpectrum()->yUnits()));
+    }
+    return QSet<QString>(x.begin(), x.end()).size() > 1 ? x : y;
+}
 
 } // namespace
 
@@ -29,13 +62,12 @@ QScriptValue TYrexPluginWrapper::createArrayedItem()
     if (!isValid() || arguments < 1 || arguments > 2)
         return throwError(context(), cWrongCount);
     TCanvasItemList items;
+    TYrexStackSelection selection;
+    selection.fOnePerXUnits = true;
     const QScriptValue array = argument(0);
     const quint32 length = array.isArray() ? array.property("length").toUInt32() : 0;
-    for (quint32 i = 0; i < length && length <= cMostItems; ++i) {
-        ICanvasItem *item = canvasItemFromScriptValue(array.property(i));
-        if (item && item->rtti() == TCanvasYrexSpectrum::cRtti)
-            items.append(item);
-    }
+    for (quint32 i = 0; i < length && length <= cMostItems; ++i)
+        addTo(array.property(i), items, selection);
     if (items.isEmpty())
         return throwError(context(), cWrongType, tr("The argument must be an Zarnu Spectrum array"));
     if (arguments == 2 && !argument(1).isBool())
@@ -45,13 +77,17 @@ QScriptValue TYrexPluginWrapper::createArrayedItem()
     const bool oneStackPerYUnit = settings.value("Zarnu/Stack/OneStackPerYUnit", true).toBool();
     const bool isStacked = arguments == 2 && argument(1).toBool();
     auto *command = new TCmdYrexArrayedFromSelection(items, TScriptRun::of(engine())->host().document(), fPlugin,
-                                                     isStacked, angle, oneStackPerYUnit, false);
+                                                     isStacked, angle, oneStackPerYUnit, false, nullptr, selection);
     if (command->isVoid()) {
         delete command;
         return engine()->undefinedValue();
     }
     if (!doScriptHistoryCommand(command, context(), 0)) // refused by the history, which deleted it
         return engine()->undefinedValue();
+    if (command->newItems().size() > 1)
+        scriptWarning(context(), tr("made %1 items: %2")
+                                     .arg(command->newItems().size())
+                                     .arg(unitNames(command->newItems()).join(QStringLiteral(", "))));
     return engine()->toScriptValue(new TYrexSpectrumWrapper(command->newItems().first()));
 }
 

@@ -34,6 +34,8 @@ public:
     static void install(QScriptEngine *engine);
 
     TYrexSpectrumRef ref() const;
+    /// Whether it was made for one spectrum of the stack, as those of `spectra` are.
+    bool isOneOfStack() const { return fSpectrumIndex >= 0; }
     TCanvasYrexSpectrum *yrex() const;
     TYrexSpectrum *spectrumOf() const { return ref().spectrum(); }
 

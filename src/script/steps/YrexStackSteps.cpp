@@ -75,8 +75,13 @@ TCommand *stackSpectra(TStepCall &call)
     const TCanvasItemList items = YrexStepArguments::items(call);
     const bool isStacked = !call.has("display") || YrexStepArguments::word(call, "display", modes) == 0;
     TPage *page = call.has("page") ? call.page("page") : nullptr;
+    TYrexStackSelection selection;
+    selection.fOnePerXUnits = call.flag("onePerXUnits", false);
+    if (call.has("spectra"))
+        selection.fSpectra = YrexStepArguments::targets(call, items);
     return new TCmdYrexArrayedFromSelection(items, &call.document(), nullptr, isStacked, call.number("angle", 0.0),
-                                            call.flag("onePerYUnits", true), call.flag("newPage", false), page);
+                                            call.flag("onePerYUnits", true), call.flag("newPage", false), page,
+                                            selection);
 }
 
 TCommand *setSeriesLabel(TStepCall &call)
@@ -109,8 +114,8 @@ QVector<TStepKind> yrexStackSteps()
          "Puts copies of spectra in the place of one of an item.", replaceSpectrum},
         {"insertIntoClass", "item, {className, sources or data}", "Puts copies of spectra into a class of an item.",
          insertIntoClass},
-        {"stackSpectra", "items, {display, angle, onePerYUnits, newPage, page}",
-         "Makes a new stack of copies of all spectra of items, the angle in degrees.", stackSpectra},
+        {"stackSpectra", "items, {display, angle, onePerYUnits, onePerXUnits, newPage, page, spectra: [index]}",
+         "Makes a new stack of copies of spectra of items, the angle in degrees.", stackSpectra},
         {"setClasses", "item, {classNames: [name], classes: {name: {color, colors}}}",
          "Gives each spectrum its class, and the classes their colours.", setClasses},
         {"setSeriesLabel", "items, {label}", "Says what orders a series of spectra.", setSeriesLabel},
