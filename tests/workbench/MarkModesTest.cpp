@@ -201,7 +201,7 @@ TEST_F(MarkModesTest, theBoxPicksBeyondItsThresholdAndAltDeletes)
     const QByteArray before = bytes();
     const int stepsBefore = steps();
     key(Qt::Key_K);
-    EXPECT_EQ(hint(), "Drag a box: its free edge is the threshold.");
+    EXPECT_EQ(hint(), "Drag a box: its free edge is the threshold. Takes maxima.");
     double row = 0.0;
     ASSERT_TRUE(plot()->plotter()->scale2Canvas(vertDir, 0.55, row)); // the lowest peak ends at 0.46
     const QRectF curves = plot()->plotter()->getPlotCurvesRect();

@@ -93,13 +93,26 @@ QString TMMActYrexManualPeakPicking::rangeText(const TYrexModePlot &plot, const 
     return fIsCounted && fSample ? text + QStringLiteral(": ") + countText(fSample->peaks().size()) : text;
 }
 
+/// The direction is said because it is not that of automatic picking in every unit.
+QString TMMActYrexManualPeakPicking::restHint() const
+{
+    QString text = tr("Drag a box: its free edge is the threshold.");
+    if (!view())
+        return text;
+    const TYrexModePlot pointed = shownPlot();
+    const TYrexModePlot plot(pointed.isValid() ? pointed.item() : activeItem(), *view());
+    if (plot.isValid())
+        text += ' ' + (isUp(plot) ? tr("Takes maxima.") : tr("Takes minima."));
+    return text + spectraText();
+}
+
 QString TMMActYrexManualPeakPicking::hint() const
 {
     if (!isDragging())
-        return tr("Drag a box: its free edge is the threshold.") + spectraText();
+        return restHint();
     const TYrexModePlot plot = shownPlot();
     if (!plot.isValid() || !isBand(plot, drag(plot)))
-        return tr("Drag a box: its free edge is the threshold.") + spectraText();
+        return restHint();
     const bool deletes = keys() & Qt::AltModifier;
     return rangeText(plot, drag(plot)) + QStringLiteral(". ") +
            (deletes ? tr("Release to delete.") : tr("Release to pick."));

@@ -33,6 +33,7 @@ private:
     static bool isUp(const TYrexModePlot &plot);
     TCanvasItemList reached(const TYrexModePlot &plot, bool deletes) const;
     QVector<const TYrexDPLib::TYrexDPPeak *> peaksIn(const TYrexModePlot &plot, const TYrexModeDrag &drag) const;
+    QString restHint() const;
     QString spectraText() const;
     QString rangeText(const TYrexModePlot &plot, const TYrexModeDrag &drag) const;
     static QString countText(int count);
