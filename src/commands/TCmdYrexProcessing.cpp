@@ -55,15 +55,17 @@ void addMove(THistoryCommand &entry, const QVariantList &now, int from, const QV
 void addDifferences(THistoryCommand &entry, const QVariantList &old, const QVariantList &now, const QVariantMap &diff)
 {
     const QStringList keys = Utils::Variant::diffKeys(diff);
-    const QVariant first = diff.value(keys.first());
-    const QVariant last = diff.value(keys.last());
     const int place = keys.first().toInt() - 1;
+    const int other = keys.last().toInt() - 1;
+    const bool isMove = idOf(old.value(place)) == idOf(now.value(other)) &&
+                        idOf(old.value(other)) == idOf(now.value(place)) &&
+                        idOf(now.value(place)) != idOf(now.value(other));
     if (old.size() > now.size()) {
         entry.addParam(TCmdYrexProcessing::tr("Zarnu Proc. Action Removed"), labelOf(old.value(place)), QString());
     } else if (old.size() < now.size()) {
         entry.addParam(TCmdYrexProcessing::tr("Zarnu Proc. Action Duplicated"), labelOf(now.value(place)), QString());
-    } else if (idOf(first) != idOf(last)) {
-        addMove(entry, now, place, first, last);
+    } else if (isMove) {
+        addMove(entry, now, place, now.value(place), now.value(other));
     } else {
         for (int i = 0; i < now.size(); ++i) {
             if (now.at(i) != old.at(i))
@@ -91,9 +93,9 @@ void TCmdYrexProcessing::doCmd()
     // not when it is made: within an edit run its predecessor is undone first
     if (mainItem() && mainItem()->currentSpectrum())
         fOldParams = mainItem()->currentSpectrum()->procParams().params();
+    fRemarks.clear();
     TYrexProcessingCommand::doCmd();
 }
-    fRemarks.clear();
 
 void TCmdYrexProcessing::setSpectrumParams(TCanvasYrexSpectrum *, int, TYrexSpectrum *spectrum, int)
 {

@@ -12,11 +12,17 @@ struct TYrexDataView
     quint64 stamp = 0;       // not 0: no other values ever get that number
 
     TYrexDataView() = default;
+    /// The view of an x array.
+    static TYrexDataView ofAxis(const QVector<double> &array)
+    {
+        TYrexDataView view(array);
+        view.descending = !array.isEmpty() && array.first() > array.last();
+        return view;
+    }
     explicit TYrexDataView(const QVector<double> &array)
         : values(array.constData())
         , step(1)
         , count(array.size())
-        , descending(!array.isEmpty() && array.first() > array.last())
     {
     }
     bool isValid() const { return step > 0; }

@@ -303,7 +303,7 @@ TYrexDataView TYrexSpecDataObj::xData(int unit, int specIndex)
         for (int i = 0; i < count; ++i, x += step)
             values[i] = yrexConvertX(x, from, unit);
     }
-    TYrexDataView view(cached.fValues);
+    TYrexDataView view = TYrexDataView::ofAxis(cached.fValues);
     view.stamp = cached.fStamp;
     return view;
 }
@@ -347,7 +347,7 @@ TYrexDataView TYrexSpecDataObj::baselineXData(int unit, int specIndex)
     for (const TYrexBaselinePoint &point : spectrum->procParams().multipoint().points)
         cached.fValues.append(
             yrexConvertX(point.x * spectrum->xStep() + spectrum->firstX(), spectrum->origXUnits(), unit));
-    return TYrexDataView(cached.fValues);
+    return TYrexDataView::ofAxis(cached.fValues);
 }
 
 TYrexDataView TYrexSpecDataObj::baselineYData(int, int specIndex)

@@ -46,9 +46,10 @@ TYrexIntegralPainter::TYrexIntegralPainter(const T1DYrexPlotter &plotter, const 
     fPen.setColor(plotter.ink(fPen.color()));
 }
 
+/// Without curves the labels go to the row of segments.
 bool TYrexIntegralPainter::isOnCurve() const
 {
-    return fProperties.labelPosition == 1;
+    return fProperties.labelPosition == 1 && shows(TYrexIntegralPlotProperties::cShowCurve);
 }
 
 bool TYrexIntegralPainter::isHorizontal() const

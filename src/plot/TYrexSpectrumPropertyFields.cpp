@@ -10,7 +10,8 @@ namespace {
 
 using TFields = QVector<TYrexSpectrumPropertyField>;
 
-constexpr double cMaxMargin = 500.0; // canvas units, 50 mm
+constexpr double cMaxStackMargin = 0.45; // of the height, as the properties hold it
+constexpr double cMaxMargin = 500.0;     // canvas units, 50 mm
 constexpr double cMaxFontSize = 100.0;
 constexpr double cMinFontSize = 10.0;
 constexpr double cMaxCurveWidth = 30.0;
@@ -327,8 +328,8 @@ TFields stackFields()
     return {stackNumber("stack.displayMode", activeOnlyMode, groupedMode, &S::displayMode, &S::setDisplayMode),
             stackNumber("stack.angle", 0.0, S::cMaxAngle, &S::angle, &S::setAngle),
             stackNumber("stack.spacing", S::cMinSpacing, S::cMaxSpacing, &S::spacing, &S::setSpacing),
-            stackNumber("stack.topMargin", 0.0, 0.5, &S::topMargin, &S::setTopMargin),
-            stackNumber("stack.bottomMargin", 0.0, 0.5, &S::bottomMargin, &S::setBottomMargin),
+            stackNumber("stack.topMargin", 0.0, cMaxStackMargin, &S::topMargin, &S::setTopMargin),
+            stackNumber("stack.bottomMargin", 0.0, cMaxStackMargin, &S::bottomMargin, &S::setBottomMargin),
             stackNumber("stack.colorSetting", singleColorSetting, hueSetting, &S::colorSetting, &S::setColorSetting),
             stackNumber("stack.colorMode", oneColor, paletteColors, &S::colorMode, &S::setColorMode),
             {"stack.baseColor", [](P &p) { return QVariant(p.stackedProperties().baseColor()); },

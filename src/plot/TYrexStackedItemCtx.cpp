@@ -105,9 +105,11 @@ bool TYrexStackedItemCtx::insert(int index, const QByteArray &bytes)
         return false;
     const int place = qBound(0, index, stack().count());
     const int active = stack().current();
+    const int anchor = stack().anchor();
     stack().insertAt(place, {read.release()});
     if (active >= 0)
         stack().setCurrent(active >= place ? active + 1 : active);
+    stack().setAnchor(anchor >= place ? anchor + 1 : anchor);
     if (T1DStackedPlotProperties *own = properties()) {
         QVector<QColor> all = own->colors();
         if (place < all.size())

@@ -125,6 +125,7 @@ TEST(TJCAMPWriter, writesTheRecordsOfASpectrum)
     EXPECT_EQ(block->getString("MAXY", found), "4");
     EXPECT_EQ(block->getString("$Zarnu_Chain", found), "##not a record\n# #nor this $ $ kept");
     EXPECT_TRUE(file.endsWith("\r\n4B147483647\r\n##END=\r\n")) << file.constData();
+    EXPECT_FALSE(written({dataOf({-0.0, -1.0}, -0.0, 1.0)}).contains("-0\r")) << "zero has no sign";
 }
 
 TEST(TJCAMPWriter, textsAreAsciiAndBroken)

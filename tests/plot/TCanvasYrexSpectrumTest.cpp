@@ -174,6 +174,28 @@ TEST(TCanvasYrexSpectrum, exportsWhatIsVisibleWithItsEnds)
     EXPECT_EQ(y.size(), x.size());
 }
 
+TEST(TCanvasYrexSpectrum, exportsAllSpectraOfAStackButWhatIsHidden)
+{
+    TCanvasYrexSpectrum item({newSpectrum(QVector<double>(12, 1.0), 1.0, 12.0), newSpectrum({1, 2, 3}, 20.0, 32.0),
+                              newSpectrum({1, 2, 3}, -4.0, 6.0)},
+                             nullptr, nullptr);
+    const auto isVisible = [&item](double x) {
+        const auto ranges = item.visibleRanges();
+        return std::any_of(ranges.begin(), ranges.end(),
+                           [x](const QPair<double, double> &range) { return x >= range.first && x <= range.second; });
+    };
+    for (const double x : {-4.0, 1.0, 12.0, 20.0, 32.0})
+        EXPECT_TRUE(isVisible(x)) << x;
+    EXPECT_EQ(item.shownSeries().at(1).fX.size(), 3);
+    ASSERT_TRUE(item.activeYrexPlot()->hideRange(horzDir, TRange(3.0, 5.0)));
+    for (const double x : {-4.0, 1.0, 12.0, 32.0})
+        EXPECT_TRUE(isVisible(x)) << x;
+    EXPECT_FALSE(isVisible(4.0));
+    ASSERT_TRUE(item.activeYrexPlot()->hideRange(horzDir, TRange(9.0, 12.0)));
+    EXPECT_FALSE(isVisible(20.0)) << "beyond an end that is hidden";
+    EXPECT_TRUE(isVisible(-4.0));
+}
+
 TEST(TCmdYrexProcessing, appliesTheChainToTheSelectionAndUndoes)
 {
     TDocument document;
@@ -203,29 +225,30 @@ TEST(TCmdYrexProcessing, appliesTheChainToTheSelectionAndUndoes)
     TCanvasYrexSpectrum original({}, nullptr, nullptr);
     TDataStream in(before);
     original.load(in);
-TEST(TCanvasYrexSpectrum, exportsAllSpectraOfAStackButWhatIsHidden)
-{
-    TCanvasYrexSpectrum item({newSpectrum(QVector<double>(12, 1.0), 1.0, 12.0), newSpectrum({1, 2, 3}, 20.0, 32.0),
-                              newSpectrum({1, 2, 3}, -4.0, 6.0)},
-                             nullptr, nullptr);
-    const auto isVisible = [&item](double x) {
-        const auto ranges = item.visibleRanges();
-        return std::any_of(ranges.begin(), ranges.end(),
-                           [x](const QPair<double, double> &range) { return x >= range.first && x <= range.second; });
-    };
-    for (const double x : {-4.0, 1.0, 12.0, 20.0, 32.0})
-        EXPECT_TRUE(isVisible(x)) << x;
-    EXPECT_EQ(item.shownSeries().at(1).fX.size(), 3);
-    ASSERT_TRUE(item.activeYrexPlot()->hideRange(horzDir, TRange(3.0, 5.0)));
-    for (const double x : {-4.0, 1.0, 12.0, 32.0})
-        EXPECT_TRUE(isVisible(x)) << x;
-    EXPECT_FALSE(isVisible(4.0));
-    ASSERT_TRUE(item.activeYrexPlot()->hideRange(horzDir, TRange(9.0, 12.0)));
-    EXPECT_FALSE(isVisible(20.0)) << "beyond an end that is hidden";
-    EXPECT_TRUE(isVisible(-4.0));
+    EXPECT_EQ(original.stack().at(0)->values(), item->stack().at(0)->values());
 }
 
-    EXPECT_EQ(original.stack().at(0)->values(), item->stack().at(0)->values());
+TEST(TCmdYrexProcessing, onlyActionsThatChangePlacesAreMoved)
+{
+    TDocument document;
+    TPage *page = document.appendPage();
+    page->insertItem(new TCanvasYrexSpectrum({titled("A", "a.csv")}, page, nullptr));
+    const auto told = [&](const TYrexProcParams &params) {
+        document.history().push(new TCmdYrexProcessing(document.items(), params));
+        QStringList names;
+        for (const auto &param : document.history().entries().last()->params())
+            names.append(param.fName);
+        return names.join('|');
+    };
+    TYrexProcParams params = inverted();
+    QVariantMap smoothing = params.action(params.indexOfAction(3));
+    smoothing["apply"] = true;
+    params.setAction(params.indexOfAction(3), smoothing);
+    EXPECT_FALSE(told(params).contains("Moved")) << "two at once are switched on";
+    const QVariantMap first = params.action(1);
+    params.setAction(1, params.action(2));
+    params.setAction(2, first);
+    EXPECT_TRUE(told(params).contains("Moved"));
 }
 
 TEST(TCmdYrexProcessing, aChangeOfNothingLeavesNoHistoryEntry)

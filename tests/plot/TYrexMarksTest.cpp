@@ -169,6 +169,12 @@ TEST_F(TMarksTest, theCurveIsTheRunningSumInItsBand)
     const TTypesetter text(Utils::Painter::fontSizeInPixels(plot.integralProperties().font));
     expectNear(rectsOf(large, T1DYrexPlot::cLabelArea).value(0),
                QRectF(place(900), curve.top() - text.height() / 2, text.width("3.97"), text.height()));
+
+    plot.integralProperties().flags &= ~quint32(TYrexIntegralPlotProperties::cShowCurve);
+    draw();
+    const QRectF label = rectsOf(large, T1DYrexPlot::cLabelArea).value(0);
+    EXPECT_FALSE(label.isEmpty()) << "without a curve the label goes to the row";
+    EXPECT_GT(label.top(), r.center().y());
 }
 
 TEST_F(TMarksTest, anIntegralWithoutEnoughSamplesOrRoomShowsNoCurve)

@@ -59,6 +59,7 @@ public:
     const QSet<quint32> &deselected() const { return fDeselected; }
     int grouped() const { return fGrouped; }
     int anchor() const { return fAnchor; }
+    void setAnchor(int anchor) { fAnchor = anchor; }
 
     /// Takes ownership; the new spectrum stands last and becomes current if there was none.
     void append(TPointer spectrum)

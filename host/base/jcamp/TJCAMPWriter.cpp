@@ -22,7 +22,8 @@ const char cVersion[] = "5.01";
 QByteArray numberText(double value)
 {
     char text[32];
-    const std::to_chars_result result = std::to_chars(text, text + sizeof text, std::isfinite(value) ? value : 0.0);
+    const double signless = std::isfinite(value) && value != 0.0 ? value : 0.0; // no "-0"
+    const std::to_chars_result result = std::to_chars(text, text + sizeof text, signless);
     return QByteArray(text, int(result.ptr - text)).toUpper();
 }
 

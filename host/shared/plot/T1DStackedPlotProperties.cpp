@@ -66,7 +66,7 @@ T1DStackedPlotProperties::T1DStackedPlotProperties()
 void T1DStackedPlotProperties::setDisplayMode(int mode)
 {
     if (mode >= activeOnlyMode && mode <= groupedMode)
-        fDisplayMode = mode;
+        fDisplayMode = mode == noStackMode ? int(activeOnlyMode) : mode; // nothing draws the former
 }
 
 bool T1DStackedPlotProperties::isStackedMode() const
