@@ -394,7 +394,7 @@ TEST_F(TYrexCommandLineTest, namedUnitsPeaksAndIntegralsStandInTheJson)
 {
     writeBand("a.csv", 450.0);
     ASSERT_EQ(run({"process", "a.csv", "--json", "--orig-units", "cm-1:absorbance", "--pick", "500:410:0.5",
-                   "--integrate", "440:460", "--integrate", "400:410"}),
+                   "--integrate", "440:460", "--integrate", "410:400"}),
               0);
     const QJsonObject first = spectrum();
     EXPECT_EQ(first.value("origXUnits").toInt(), 0);
@@ -406,6 +406,8 @@ TEST_F(TYrexCommandLineTest, namedUnitsPeaksAndIntegralsStandInTheJson)
     EXPECT_EQ(regions.first().toObject().value("from").toDouble(), 440.0);
     EXPECT_TRUE(regions.first().toObject().value("reference").toBool());
     EXPECT_EQ(regions.first().toObject().value("value").toDouble(), 1.0);
+    EXPECT_EQ(regions.last().toObject().value("from").toDouble(), 410.0) << "the order of bounds is kept";
+    EXPECT_EQ(regions.last().toObject().value("to").toDouble(), 400.0);
     QStringList steps;
     for (const QJsonValue &step : parsed(fOut).at(0).toObject().value("history").toArray())
         steps.append(step.toObject().value("description").toString());
@@ -498,8 +500,8 @@ TEST_F(TYrexCommandLineTest, spectraThatStackActionsLeaveAloneAreNamed)
         ASSERT_EQ(run({"process", "a.csv", "b.csv", "short.csv", "--stack", "--chain", "chain.json", "--json"}), 0)
             << fErr.join('\n').toStdString();
         ASSERT_EQ(fErr.size(), 1);
-        EXPECT_TRUE(fErr.first().contains(
-            "1 of 3 spectra are left as they are: they do not have the 60 points of the others"))
+        EXPECT_TRUE(
+            fErr.first().contains("1 of 3 spectra are left as they are: they do not have the 60 points of the others"))
             << fErr.first().toStdString();
     }
 }

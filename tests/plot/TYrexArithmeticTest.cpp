@@ -8,6 +8,7 @@
 #include "commands/TCommandHistory.h"
 #include "history/THistoryCommand.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -68,6 +69,26 @@ TEST_F(TYrexArithmetic, everySelectedSpectrumGetsTheReferenceAdded)
     EXPECT_EQ(steps()->undoText(), "Spectrum (reference) added times a Factor");
     ASSERT_TRUE(add(0.0));
     EXPECT_EQ(steps()->undoText(), "Spectrum (reference) subtracted times a Factor");
+}
+
+TEST_F(TYrexArithmetic, anUntitledReferenceIsNamedByItsFile)
+{
+    fReference->currentSpectrum()->paramsBundle().setFileName("folder/solvent.csv");
+    ASSERT_TRUE(add(-1.0));
+    const THistoryCommand *entry = fDocument.history().entries().last();
+    EXPECT_EQ(entry->params().at(0).fValue.toString(), "solvent");
+    EXPECT_EQ(entry->params().size(), 2) << "the axes are the same";
+}
+
+TEST_F(TYrexArithmetic, otherPlacesAreToldInHistoryAndScript)
+{
+    fReference->currentSpectrum()->setAxis(4000, 1000, 1.0, 0.0, 1.0);
+    const TScriptStep step = TCmdYrexArithmeticOp({fSample}, fReference, -1.0).scriptStep();
+    EXPECT_TRUE(std::any_of(step.arguments().begin(), step.arguments().end(),
+                            [](const auto &argument) { return argument.first == "pointByPoint"; }));
+    ASSERT_TRUE(add(-1.0));
+    EXPECT_EQ(fDocument.history().entries().last()->params().last().fValue.toString(),
+              "the x axes differ by up to 600");
 }
 
 TEST_F(TYrexArithmetic, theResetGivesBackWhatWasReadAndUndoTheDifference)

@@ -103,6 +103,11 @@ TEST(TYrexStackedItemCtx, takeAndInsertKeepTheActiveSpectrum)
     EXPECT_EQ(stack.plot().stackedProperties().colors().size(), 4);
     EXPECT_FALSE(ctx.insert(0, bytes.left(bytes.size() / 2)));
     EXPECT_EQ(ctx.count(), 4);
+    stack.item->stack().setAnchor(1);
+    ASSERT_TRUE(ctx.insert(2, bytes));
+    EXPECT_EQ(ctx.anchor(), 1) << "before the place";
+    ASSERT_TRUE(ctx.insert(1, bytes));
+    EXPECT_EQ(ctx.anchor(), 2);
 }
 
 TEST(TYrexStackedItemCtx, rowsAreClassesWhenGrouped)

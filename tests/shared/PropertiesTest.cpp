@@ -126,6 +126,7 @@ TEST(StackedProperties, holdTheirValuesWithinBounds)
     EXPECT_TRUE(properties.stackedClasses().isEmpty());
     for (int mode = activeOnlyMode; mode <= groupedMode; ++mode) {
         properties.setDisplayMode(mode);
+        EXPECT_EQ(properties.displayMode(), mode == noStackMode ? int(activeOnlyMode) : mode) << "one that is drawn";
         EXPECT_EQ(properties.isStackedMode(), mode == 1 || mode == 3 || mode == 4) << mode;
         EXPECT_EQ(properties.isQueued(), mode == 5);
         EXPECT_EQ(properties.isGrouped(), mode == 7);

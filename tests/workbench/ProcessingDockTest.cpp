@@ -1,5 +1,7 @@
 // The dock in which the chain of the active spectrum is edited.
 #include "TWindowFixture.h"
+#include "canvas/TDocument.h"
+#include "canvas/TPage.h"
 #include "canvas/TShownSeries.h"
 #include "contexts/IStackedItemCtx.h"
 #include "services/IGuiHost.h"
@@ -19,6 +21,7 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
+#include <QStatusBar>
 
 namespace {
 
@@ -68,12 +71,14 @@ protected:
         settle();
     }
     /// A spectrum with a y unit from which there are conversions.
-    QString writeTransmittance()
+    QString writeTransmittance(const QByteArray &yUnits = "TRANSMITTANCE")
     {
-        QFile file(fFolder.filePath("t.dx"));
+        QFile file(fFolder.filePath(yUnits.left(1).toLower() + ".dx"));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("##TITLE= t\n##JCAMP-DX= 4.24\n##DATA TYPE= INFRARED SPECTRUM\n##XUNITS= 1/CM\n"
-                   "##YUNITS= TRANSMITTANCE\n##XFACTOR= 1\n##YFACTOR= 0.0001\n##FIRSTX= 4000\n##LASTX= 3000\n"
+                   "##YUNITS= " +
+                   yUnits +
+                   "\n##XFACTOR= 1\n##YFACTOR= 0.0001\n##FIRSTX= 4000\n##LASTX= 3000\n"
                    "##NPOINTS= 101\n##XYDATA= (X++(Y..Y))\n");
         for (int i = 0; i < 101; ++i)
             file.write(QByteArray::number(4000 - 10 * i) + ' ' + QByteArray::number(1000 + 50 * i) + '\n');
@@ -150,6 +155,47 @@ TEST_F(ProcessingDockTest, theYAxisFollowsTheChain)
     check(cNormalization, false);
     EXPECT_EQ(unit(), first);
     EXPECT_TRUE(fMessages.isEmpty());
+}
+
+TEST_F(ProcessingDockTest, aConversionLeavesTheProcessingOfOtherSelectedSpectra)
+{
+    const QString infrared = writeTransmittance();
+    fWindow->files().open({writeTransmittance("COUNTS")});
+    settle();
+    auto *raman = dynamic_cast<TCanvasSpectrum *>(canvasItem(document()->items().first()));
+    TPage *page = document()->pages().first();
+    fWindow->files().open({infrared});
+    settle();
+    TCanvasItem *added = canvasItem(document()->items().last());
+    added->setActive(false); // it was on its own page
+    page->insertItem(added);
+    fWindow->documents().document()->setCurrentPage(page);
+    settle();
+    view()->selection().select(raman);
+    view()->selection().select(added, true);
+    settle();
+    const auto values = [raman] { return raman->shownSeries().first().fY; };
+    check(cSmoothing);
+    the<QSpinBox>("sgsmoothingkerlenSpinBox")->setValue(31);
+    check(cNormalization);
+    check(cNormalization, false);
+    const QVector<double> smoothed = values();
+    check(cConversion);
+    EXPECT_EQ(values(), smoothed) << "the chain says that it is smoothed";
+    EXPECT_EQ(static_cast<TCanvasSpectrum *>(added)->activePlot()->vertAxis().label(), "Absorbance");
+    EXPECT_EQ(raman->activePlot()->vertAxis().label(), "Counts");
+}
+
+TEST_F(ProcessingDockTest, spectraThatStackActionsLeaveAloneAreNamedInTheStatusBar)
+{
+    fWindow->files().openAsStack({writeCsv("a.csv"), writeCsv("b.csv"), writeCsv("short.csv", 1, 60)});
+    settle();
+    const QVector<double> before = item()->shownSeries().at(2).fY;
+    check(cScatter);
+    EXPECT_TRUE(fWindow->statusBar()->currentMessage().contains(
+        "1 of 3 spectra are left as they are: they do not have the 101 points of the others"))
+        << fWindow->statusBar()->currentMessage().toStdString();
+    EXPECT_EQ(item()->shownSeries().at(2).fY, before);
 }
 
 TEST_F(ProcessingDockTest, aConversionNeedsAUnitThatCanBeConverted)
