@@ -18,6 +18,7 @@ class TYrexDPPeakWrapper : public TWrapperTemplate<TYrexDPLib::TYrexDPPeak>, pro
     Q_PROPERTY(bool isAuto READ isAuto)
     Q_PROPERTY(QString annotation READ annotation)
     Q_PROPERTY(QString id READ id)
+    Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
     /// `width` in the unit of the position.

@@ -15,6 +15,7 @@ class TYrexIntegralWrapper : public TWrapperTemplate<TYrexIntegrationRegion>, pr
     Q_PROPERTY(QString id READ id)
     Q_PROPERTY(double area READ area)
     Q_PROPERTY(bool isReference READ isReference)
+    Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
     using TNorm = std::function<double()>;

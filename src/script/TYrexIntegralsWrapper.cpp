@@ -32,7 +32,6 @@ TYrexIntegralsWrapper::TYrexIntegralsWrapper(const TYrexSpectrumRef &spectrum, i
     , fSpectrum(spectrum)
     , fUnit(unit)
 {
-    setProperty("historyItem", QVariant::fromValue<THistoryItem *>(spectrum.item()));
 }
 
 void TYrexIntegralsWrapper::install(QScriptEngine *engine)
@@ -49,6 +48,11 @@ TYrexIntegrationRegions *TYrexIntegralsWrapper::wrapped() const
         return nullptr;
     fShown = data->integrals(fUnit, fSpectrum.index());
     return &fShown;
+}
+
+THistoryItem *TYrexIntegralsWrapper::historyItem() const
+{
+    return fSpectrum.item();
 }
 
 TYrexIntegrationRegions *TYrexIntegralsWrapper::ownRegions() const

@@ -18,6 +18,8 @@ class TYrexIntegralsWrapper : public TWrapperTemplate<TYrexIntegrationRegions>, 
     Q_OBJECT
     Q_PROPERTY(int count READ count)
     Q_PROPERTY(double normValue READ normValue WRITE setNormValue)
+    Q_PROPERTY(THistoryItem *historyItem READ historyItem SCRIPTABLE false)
+    Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
     TYrexIntegralsWrapper(const TYrexSpectrumRef &spectrum, int unit);
@@ -28,6 +30,7 @@ public:
     /// The regions as they are now; null once the spectrum has gone.
     TYrexIntegrationRegions *wrapped() const override;
     int unit() const { return fUnit; }
+    THistoryItem *historyItem() const;
     int count() const;
     double normValue() const;
     void setNormValue(double value);

@@ -3,7 +3,6 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexArrayedFromSelection.h"
 #include "TYrexPlugin.h"
-#include "TYrexSpectrumWrapper.h"
 #include "TYrexUnits.h"
 #include "canvas/TDocument.h"
 #include "commands/TCmdCreateItem.h"
@@ -88,7 +87,7 @@ QScriptValue TYrexPluginWrapper::createArrayedItem()
         scriptWarning(context(), tr("made %1 items: %2")
                                      .arg(command->newItems().size())
                                      .arg(unitNames(command->newItems()).join(QStringLiteral(", "))));
-    return engine()->toScriptValue(new TYrexSpectrumWrapper(command->newItems().first()));
+    return TScriptRun::of(engine())->wrap(command->newItems().first());
 }
 
 QScriptValue TYrexPluginWrapper::extractSpectrumFromArrayedItem()
@@ -115,7 +114,7 @@ QScriptValue TYrexPluginWrapper::extractSpectrumFromArrayedItem()
         return engine()->undefinedValue();
     for (THistoryCommand *entry : command->historyCmdList())
         entry->addParam("context", contextToVariantList(context()), QString());
-    return engine()->toScriptValue(new TYrexSpectrumWrapper(copy));
+    return TScriptRun::of(engine())->wrap(copy);
 }
 
 QScriptValue TYrexPluginWrapper::activeSpectrum() const
@@ -127,7 +126,7 @@ QScriptValue TYrexPluginWrapper::activeSpectrum() const
         item = selected.firstRtti(TCanvasYrexSpectrum::cRtti);
     if (!item && host.document())
         item = host.document()->items().firstRtti(TCanvasYrexSpectrum::cRtti);
-    return item ? engine()->toScriptValue(new TYrexSpectrumWrapper(yrexItem(item))) : engine()->undefinedValue();
+    return TScriptRun::of(engine())->wrap(canvasItem(item));
 }
 
 QString TYrexPluginWrapper::toString() const

@@ -15,6 +15,7 @@ class TYrexProcessingWrapper : public TWrapperTemplate<TYrexProcParams>, protect
     Q_PROPERTY(bool isValid READ isValid)
     Q_PROPERTY(QScriptValue stopProc READ stopProc WRITE setStopProc)
     Q_PROPERTY(QScriptValue actions READ actions WRITE setActions)
+    Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
     explicit TYrexProcessingWrapper(const TYrexProcParams &params);

@@ -133,10 +133,14 @@ void TYrexSpectrumWrapper::setCurSpecIndex(int index)
 
 QScriptValue TYrexSpectrumWrapper::spectra() const
 {
-    QScriptValue array = engine()->newArray();
+    QVector<TScriptObjects::TKey> keys;
     for (int i = 0; i < specCount(); ++i)
-        array.setProperty(quint32(i), engine()->toScriptValue(new TYrexSpectrumWrapper(yrex(), i)));
-    return array;
+        keys.append({thing(), i});
+    TScriptObjects &known = TScriptRun::of(engine())->objects();
+    return known.list(*engine(), thing(), keys, [&](int place) {
+        return known.one(keys.at(place),
+                         [&] { return engine()->toScriptValue(new TYrexSpectrumWrapper(yrex(), place)); });
+    });
 }
 
 QScriptValue TYrexSpectrumWrapper::realMax() const

@@ -33,6 +33,7 @@ public:
     /// Publishes the class; its constructor takes an item with spectra.
     static void install(QScriptEngine *engine);
 
+    int part() const override { return fSpectrumIndex; }
     TYrexSpectrumRef ref() const;
     /// Whether it was made for one spectrum of the stack, as those of `spectra` are.
     bool isOneOfStack() const { return fSpectrumIndex >= 0; }
@@ -90,6 +91,8 @@ public slots:
     QScriptValue setParam();
 
     QString toString() const;
+    /// What JSON.stringify writes: an object with id, title, units as shown, counts and range.
+    QScriptValue toJSON() const override;
     /// Takes a text: the title of the spectrum.
     QScriptValue setTitle();
     /// Takes the names of the x unit and, if wanted, of the y unit: says what the axes of all spectra of the item are.

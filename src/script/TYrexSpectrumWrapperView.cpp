@@ -45,6 +45,24 @@ QString TYrexSpectrumWrapper::toString() const
     return QStringLiteral("Spectrum (%1, points = %2)").arg(title()).arg(count());
 }
 
+QScriptValue TYrexSpectrumWrapper::toJSON() const
+{
+    QScriptValue object = TCanvasItemWrapper::toJSON();
+    object.setProperty("title", title());
+    const TYrexSpectrum *spectrum = spectrumOf();
+    if (!spectrum)
+        return object;
+    const int unit = ref().shownXUnits();
+    const auto shown = [&](double x) { return yrexConvertX(x, spectrum->origXUnits(), unit); };
+    object.setProperty("spectra", specCount());
+    object.setProperty("count", count());
+    object.setProperty("xUnits", yrexUnitScriptName(unit));
+    object.setProperty("yUnits", yrexUnitScriptName(spectrum->yUnits()));
+    object.setProperty("firstX", shown(spectrum->firstX()));
+    object.setProperty("lastX", shown(spectrum->lastX()));
+    return object;
+}
+
 QScriptValue TYrexSpectrumWrapper::setTitle()
 {
     if (argumentCount() != 1)

@@ -54,8 +54,10 @@ protected:
     static QStringList namesOf(const QMetaObject &meta)
     {
         QStringList names;
-        for (int i = QObject::staticMetaObject.propertyCount(); i < meta.propertyCount(); ++i)
-            names.append(meta.property(i).name());
+        for (int i = QObject::staticMetaObject.propertyCount(); i < meta.propertyCount(); ++i) {
+            if (meta.property(i).isScriptable())
+                names.append(meta.property(i).name());
+        }
         for (int i = QObject::staticMetaObject.methodCount(); i < meta.methodCount(); ++i) {
             if (meta.method(i).methodType() == QMetaMethod::Slot && meta.method(i).access() == QMetaMethod::Public)
                 names.append(meta.method(i).name());

@@ -133,6 +133,48 @@ TEST_F(SpectrumScript, peaksAreForcedOnceAndRead)
     EXPECT_EQ(value("s.peaks().length"), value("found.length"));
 }
 
+TEST_F(SpectrumScript, objectsAreWrittenAsJsonWithoutEnd)
+{
+    writeCsv("b.csv", 3);
+    open("b.csv");
+    ASSERT_TRUE(run("s.forceStdPeaks(); s.integrals().append(new ZarnuIntegral(120, 180));"));
+    for (const char *object : {"s", "s.spectra", "document", "document.pages", "document.items", "zarnu", "s.peaks()",
+                               "s.integrals()", "s.integrals().at(0)", "[s, {a: document}]"}) {
+        EXPECT_EQ(value(QByteArray("JSON.stringify(") + object + ").length < 2000"), "true") << object;
+        const QStringList names = value(QByteArray("(function() { var names = []; for (var name in ") + object +
+                                        ") names.push(name); return names; })()")
+                                      .split(',');
+        EXPECT_FALSE(names.contains("objectName") || names.contains("historyItem")) << names.join(',').toStdString();
+    }
+    EXPECT_EQ(value("JSON.stringify(s.spectra[1], ['title', 'spectra', 'count', 'xUnits', 'firstX', 'lastX'])"),
+              "{\"title\":\"b 2\",\"spectra\":3,\"count\":200,\"xUnits\":\"arbitrary\",\"firstX\":100,\"lastX\":299}");
+    ASSERT_TRUE(run("document.removeItem(s);"));
+    EXPECT_TRUE(value("JSON.stringify(s)").contains("\"type\":\"Zarnu\"")) << "an item that went";
+}
+
+TEST_F(SpectrumScript, oneThingIsOneObject)
+{
+    writeCsv("b.csv", 3);
+    open("b.csv");
+    EXPECT_EQ(value("[document.items[0] === s, document.pages[0] === document.pages[0], s.spectra[1] === s.spectra[1],"
+                    " s.spectra[1] === s.spectra[2], document.pages[0].items[0] === zarnu.activeSpectrum(),"
+                    " document.items === document.items]"),
+              "true,true,true,false,true,false");
+    EXPECT_EQ(value("(s.mark = 5, document.items.reverse().push(1), document.items[0].mark + document.items.length)"),
+              "6");
+    // objects of other things never take the place of one that went
+    ASSERT_TRUE(run("var t = s; for (var i = 0; i < 200; ++i) {"
+                    "    newDocument(); t = openFile('b.csv')[0];"
+                    "    if (t === s || t.mark || !t.isValid() || document.items[0] !== t || t.spectra.length !== 3)"
+                    "        throw i;"
+                    "    if (i % 50 === 0) gc();"
+                    "}"))
+        << fError.text().toStdString();
+    EXPECT_EQ(value("s.mark + ' ' + s.isValid()"), "5 false");
+    // an object of a place that was made to speak of another one is no longer that of its place
+    EXPECT_EQ(value("(t.spectra[2].curSpecIndex = 0, t.spectra[2].curSpecIndex)"), "2");
+}
+
 TEST_F(SpectrumScript, stepsTellTheirPlaceInTheScript)
 {
     writeCsv("a.csv");

@@ -13,6 +13,19 @@ QString shape(const QString &text)
     return parts.join('|');
 }
 
+/// The longest part of a text that fits with an ellipsis, found by trying all of them.
+QString elidedSlowly(const TTypesetter &typesetter, const QString &text, double width)
+{
+    if (typesetter.width(text) <= width)
+        return text;
+    for (int length = text.size() - 1; length > 0; --length) {
+        const QString shorter = text.left(length).trimmed() + QChar(0x2026);
+        if (typesetter.width(shorter) <= width)
+            return shorter;
+    }
+    return QString(QChar(0x2026));
+}
+
 } // namespace
 
 TEST(TTypesetter, findsRaisedAndLoweredParts)
@@ -52,4 +65,31 @@ TEST(TTypesetter, wrapsToTwoLinesAndThenElides)
     EXPECT_EQ(typesetter.wrapped("unbreakable", 30.0, 2).size(), 1);
     EXPECT_TRUE(typesetter.wrapped("  ", 100.0, 2).isEmpty());
     EXPECT_TRUE(typesetter.wrapped(text, 100.0, 0).isEmpty());
+}
+
+TEST(TTypesetter, cutsWhereTryingAllPlacesWouldCut)
+{
+    const TTypesetter typesetter(Utils::Painter::fontSizeInPixels(Utils::Painter::plotFont(28)));
+    const QStringList texts{"Polystyrene film 0.05 mm, baseline AV To WA fi ffl",
+                            "SO_4^{2-} and SO_3^{2-} in H_2O at 10^-3 mol/l, 10^{-3 or less} and ^{open",
+                            "  blanks   between   and behind   ",
+                            "e\u0301a\u0300 i\u0302 \u05d0\u05d1\u05d2 \u4e00\u4e8c", "i"};
+    for (const QString &text : texts) {
+        for (double width = 1.0; width < typesetter.width(text) + 20.0; width += 3.7)
+            EXPECT_EQ(typesetter.wrapped(text, width, 1).value(0), elidedSlowly(typesetter, text.simplified(), width))
+                << text.toStdString() << " in " << width;
+    }
+}
+
+TEST(TTypesetter, textsOfAnyLengthAreSetAtOnce)
+{
+    const TTypesetter typesetter(Utils::Painter::fontSizeInPixels(Utils::Painter::plotFont(28)));
+    for (const QString &text : {QString(1000000, 'x'), QString("word ").repeated(200000)}) {
+        EXPECT_LT(typesetter.width(text), 1e6) << "a part of it is drawn";
+        const QStringList lines = typesetter.wrapped(text, 400.0, 3);
+        for (const QString &line : lines)
+            EXPECT_LE(typesetter.width(line), 400.0);
+        EXPECT_TRUE(lines.last().endsWith(QChar(0x2026)));
+        EXPECT_EQ(TTypesetter::plainText(text).size(), text.size()) << "what is told of it is whole";
+    }
 }

@@ -1,14 +1,19 @@
 #include "plot/TTypesetter.h"
 #include "plot/PainterUtils.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QRectF>
+#include <algorithm>
+#include <functional>
 
 namespace {
 
 constexpr double cSmallSize = 0.7; // of the font
 constexpr double cRaise = 0.4;     // of the ascent
 constexpr double cLower = 0.25;    // of the ascent; 0.4 would leave the line
+constexpr int cMostLetters = 2000; // that are drawn of a text; more than a line of any page holds
+constexpr int cLookAhead = 32;     // as long as raised parts are
 const QChar cMinus(0x2212);
 const QChar cEllipsis(0x2026);
 
@@ -56,6 +61,29 @@ QFont smallFont(const QFont &font)
     QFont result(font);
     result.setPixelSize(std::max(1, qRound(font.pixelSize() * cSmallSize)));
     return result;
+}
+
+/// As much of a text as is drawn: files may bring titles of any length, and each letter takes its time.
+QString bounded(const QString &text)
+{
+    return text.size() <= cMostLetters ? text : text.left(cMostLetters - 1) + cEllipsis;
+}
+
+/// The last of 0..count-1 that fits, -1 for none. What comes later fits less, but for texts that are cut within a
+/// raised part, which is larger then.
+int lastFit(int count, const std::function<bool(int)> &fits)
+{
+    int low = -1;
+    int high = count;
+    while (high - low > 1) {
+        const int middle = low + (high - low) / 2;
+        (fits(middle) ? low : high) = middle;
+    }
+    for (int later = std::min(low + cLookAhead, count - 1); later > low; --later) {
+        if (fits(later))
+            return later;
+    }
+    return low;
 }
 
 } // namespace
@@ -115,21 +143,19 @@ QString TTypesetter::plainText(const QString &text)
 double TTypesetter::width(const QString &text) const
 {
     double sum = 0.0;
-    for (const TRun &run : parsed(text))
+    for (const TRun &run : parsed(bounded(text)))
         sum += (run.level == 0 ? fMetrics : fSmallMetrics).horizontalAdvance(run.text);
     return sum;
 }
 
 QString TTypesetter::elided(const QString &text, double width) const
 {
-    if (this->width(text) <= width)
-        return text;
-    for (int length = text.size() - 1; length > 0; --length) {
-        const QString shorter = text.left(length).trimmed() + cEllipsis;
-        if (this->width(shorter) <= width)
-            return shorter;
-    }
-    return QString(cEllipsis);
+    const QString whole = bounded(text);
+    if (this->width(whole) <= width)
+        return whole;
+    const auto shorter = [&whole](int length) { return whole.left(length).trimmed() + cEllipsis; };
+    const int fitting = lastFit(whole.size(), [&](int length) { return this->width(shorter(length)) <= width; });
+    return shorter(std::max(0, fitting));
 }
 
 QStringList TTypesetter::wrapped(const QString &text, double width, int maxLines) const
@@ -139,14 +165,14 @@ QStringList TTypesetter::wrapped(const QString &text, double width, int maxLines
         return lines;
     QString rest = text.simplified();
     while (!rest.isEmpty() && lines.size() + 1 < maxLines && this->width(rest) > width) {
-        int cut = rest.size();
-        do {
-            cut = rest.lastIndexOf(' ', cut - 1);
-        } while (cut > 0 && this->width(rest.left(cut)) > width);
-        if (cut <= 0)
+        QVector<int> blanks;
+        for (int at = rest.indexOf(' '); at >= 0 && at < cMostLetters; at = rest.indexOf(' ', at + 1))
+            blanks.append(at);
+        const int last = lastFit(blanks.size(), [&](int i) { return this->width(rest.left(blanks.at(i))) <= width; });
+        if (last < 0)
             break;
-        lines.append(rest.left(cut));
-        rest = rest.mid(cut + 1);
+        lines.append(rest.left(blanks.at(last)));
+        rest = rest.mid(blanks.at(last) + 1);
     }
     if (!rest.isEmpty())
         lines.append(elided(rest, width));
@@ -157,7 +183,7 @@ void TTypesetter::draw(QPainter &painter, const QPointF &pos, const QString &tex
 {
     const QFont before = painter.font();
     double x = pos.x();
-    for (const TRun &run : parsed(text)) {
+    for (const TRun &run : parsed(bounded(text))) {
         const double shift = run.level > 0 ? -cRaise * ascent() : run.level < 0 ? cLower * ascent() : 0.0;
         painter.setFont(run.level == 0 ? fFont : fSmallFont);
         const QPointF start(x, pos.y() + shift);

@@ -17,7 +17,6 @@ constexpr double cUnitsPerMm = 10.0;
 TCanvasItemWrapper::TCanvasItemWrapper(TCanvasItem *item)
     : fItem(item)
 {
-    setProperty("historyItem", QVariant::fromValue<THistoryItem *>(item));
 }
 
 TCanvasItem *TCanvasItemWrapper::item() const
@@ -77,4 +76,13 @@ void TCanvasItemWrapper::update()
 {
     if (fItem)
         fItem->update();
+}
+
+QScriptValue TCanvasItemWrapper::toJSON() const
+{
+    QScriptValue object = engine()->newObject();
+    object.setProperty("id", id());
+    object.setProperty("type", type());
+    object.setProperty("title", fItem ? fItem->historyName() : QString());
+    return object;
 }

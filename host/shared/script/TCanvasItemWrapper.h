@@ -2,6 +2,7 @@
 
 #include "canvas/TCanvasItem.h"
 #include "canvas/TSecurePtr.h"
+#include "script/TScriptObjects.h"
 
 #include <QObject>
 #include <QRectF>
@@ -10,18 +11,23 @@
 
 /// An item of a document, as scripts see it. It does not keep the item alive; one that is no longer in a document is
 /// not valid, but comes back with an undo.
-class TCanvasItemWrapper : public QObject, protected QScriptable
+class TCanvasItemWrapper : public QObject, public IScriptHandle, protected QScriptable
 {
     Q_OBJECT
     Q_PROPERTY(QString id READ id)
     Q_PROPERTY(QString type READ type)
     Q_PROPERTY(QScriptValue rect READ rect WRITE setRect)
+    Q_PROPERTY(THistoryItem *historyItem READ historyItem SCRIPTABLE false)
+    Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
     explicit TCanvasItemWrapper(TCanvasItem *item);
 
     /// Null once the item is deleted.
     TCanvasItem *item() const;
+    /// The same for the history.
+    THistoryItem *historyItem() const { return item(); }
+    const void *thing() const override { return item(); }
     QString id() const;
     QString type() const;
     /// Place on the page: an object with x, y, width and height in millimetres; undefined without an item.
@@ -35,6 +41,8 @@ public slots:
     void select();
     /// Draws it anew.
     virtual void update();
+    /// What JSON.stringify writes: an object with id, type and title.
+    virtual QScriptValue toJSON() const;
 
 private:
     TSecurePtr<TCanvasItem> fItem;

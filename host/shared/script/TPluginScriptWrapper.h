@@ -6,6 +6,7 @@
 class TPluginScriptWrapper : public QObject
 {
     Q_OBJECT
+    Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
     using QObject::QObject;

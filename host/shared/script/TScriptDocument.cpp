@@ -50,21 +50,15 @@ bool TScriptDocument::isModified() const
 
 QScriptValue TScriptDocument::pages() const
 {
-    QScriptValue array = fRun.engine().newArray();
-    quint32 count = 0;
-    for (TPage *page : document().pages())
-        array.setProperty(
-            count++, fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership, cPublished));
-    return array;
+    return fRun.wrapAll(&document().pages(), document().pages());
 }
 
 QScriptValue TScriptDocument::items() const
 {
-    QScriptValue array = fRun.engine().newArray();
-    quint32 count = 0;
+    QList<TCanvasItem *> all;
     for (ICanvasItem *item : document().items())
-        array.setProperty(count++, fRun.wrap(canvasItem(item)));
-    return array;
+        all.append(canvasItem(item));
+    return fRun.wrapAll(&document(), all);
 }
 
 QScriptValue TScriptDocument::history() const
@@ -108,7 +102,7 @@ QScriptValue TScriptDocument::newPage(const QString &title)
     TPage *page = target.pages().isEmpty() ? nullptr : target.pages().last();
     if (page && !title.isEmpty())
         doScriptHistoryCommand(TCmdPages::renamePage(&target, page, title), context(), 1);
-    return fRun.engine().newQObject(new TScriptPage(fRun, page), QScriptEngine::ScriptOwnership, cPublished);
+    return fRun.wrap(page);
 }
 
 void TScriptDocument::removeItem(const QScriptValue &item)
@@ -166,4 +160,13 @@ void TScriptDocument::print(const QString &printer)
     if ((!isFile || mayWrite(target, fRun.writeRefusal(target))) &&
         !PagePrinting::print(document(), target, isFile, error))
         throwError(context(), cInvalidObject, error);
+}
+
+QScriptValue TScriptDocument::toJSON() const
+{
+    QScriptValue object = fRun.engine().newObject();
+    object.setProperty("path", path());
+    object.setProperty("isModified", isModified());
+    object.setProperty("pages", pages());
+    return object;
 }

@@ -19,6 +19,7 @@ class TScriptDocument : public QObject, protected QScriptable
     Q_PROPERTY(QScriptValue pages READ pages)
     Q_PROPERTY(QScriptValue items READ items)
     Q_PROPERTY(QScriptValue history READ history)
+    Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
     explicit TScriptDocument(TScriptRun &run);
@@ -51,6 +52,8 @@ public slots:
     int redo(int steps = 1);
     /// Prints all pages on the printer with that name, or the standard one; a name ending in .pdf is a file.
     void print(const QString &printer = QString());
+    /// What JSON.stringify writes: an object with path, isModified and pages.
+    QScriptValue toJSON() const;
 
 private:
     bool mayWrite(const QString &path, const QString &refusal);

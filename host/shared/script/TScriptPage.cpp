@@ -47,11 +47,7 @@ void TScriptPage::setTitle(const QString &title)
 
 QScriptValue TScriptPage::items() const
 {
-    QScriptValue array = fRun.engine().newArray();
-    quint32 count = 0;
-    for (TCanvasItem *item : fPage ? fPage->items() : QList<TCanvasItem *>())
-        array.setProperty(count++, fRun.wrap(item));
-    return array;
+    return fRun.wrapAll(fPage, fPage ? fPage->items() : QList<TCanvasItem *>());
 }
 
 double TScriptPage::width() const
@@ -83,4 +79,14 @@ void TScriptPage::remove()
         throwError(context(), cInvalidObject);
     else
         doScriptHistoryCommand(TCmdPages::deletePages(fRun.host().document(), {fPage}), context(), 1);
+}
+
+QScriptValue TScriptPage::toJSON() const
+{
+    QScriptValue object = fRun.engine().newObject();
+    object.setProperty("title", title());
+    object.setProperty("width", width());
+    object.setProperty("height", height());
+    object.setProperty("items", items());
+    return object;
 }

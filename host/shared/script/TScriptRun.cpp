@@ -8,6 +8,7 @@
 #include "script/ScriptUtils.h"
 #include "script/TCanvasItemWrapper.h"
 #include "script/TScriptDocument.h"
+#include "script/TScriptPage.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
 #include "services/IScriptHost.h"
@@ -24,6 +25,16 @@ namespace {
 constexpr int cEventsInterval = 100;      // ms
 constexpr int cFollowedSteps = 100;       // that are shown one by one
 constexpr qint64 cLargestFile = 16 << 20; // bytes of a script
+constexpr int cWhole = -1;
+
+template <class T>
+QVector<TScriptObjects::TKey> keysOf(const QList<T *> &things)
+{
+    QVector<TScriptObjects::TKey> keys;
+    for (T *thing : things)
+        keys.append({thing, cWhole});
+    return keys;
+}
 
 QScriptValue printArguments(QScriptContext *context, QScriptEngine *engine)
 {
@@ -237,10 +248,32 @@ QScriptValue TScriptRun::wrap(TCanvasItem *item)
 {
     if (!item)
         return fEngine.undefinedValue();
-    const QScriptValue special = fScripts.wrapItem(fEngine, item);
-    return special.isObject() ? special
-                              : fEngine.newQObject(new TCanvasItemWrapper(item), QScriptEngine::ScriptOwnership,
-                                                   Utils::Script::cPublished);
+    return fObjects.one({item, cWhole}, [this, item] {
+        const QScriptValue special = fScripts.wrapItem(fEngine, item);
+        return special.isObject() ? special
+                                  : fEngine.newQObject(new TCanvasItemWrapper(item), QScriptEngine::ScriptOwnership,
+                                                       Utils::Script::cPublished);
+    });
+}
+
+QScriptValue TScriptRun::wrapAll(const void *owner, const QList<TCanvasItem *> &items)
+{
+    return fObjects.list(fEngine, owner, keysOf(items), [&](int place) { return wrap(items.at(place)); });
+}
+
+QScriptValue TScriptRun::wrapAll(const void *owner, const QList<TPage *> &pages)
+{
+    return fObjects.list(fEngine, owner, keysOf(pages), [&](int place) { return wrap(pages.at(place)); });
+}
+
+QScriptValue TScriptRun::wrap(TPage *page)
+{
+    if (!page)
+        return fEngine.undefinedValue();
+    return fObjects.one({page, cWhole}, [this, page] {
+        return fEngine.newQObject(new TScriptPage(*this, page), QScriptEngine::ScriptOwnership,
+                                  Utils::Script::cPublished);
+    });
 }
 
 void TScriptRun::print(const QString &text)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "script/TScriptError.h"
+#include "script/TScriptObjects.h"
 #include "script/TScriptSteps.h"
 
 #include <QElapsedTimer>
@@ -12,6 +13,7 @@
 class IPluginHost;
 class IScriptHost;
 class TCanvasItem;
+class TPage;
 
 /// An engine with what scripts of this program may reach: the plug-ins' classes and objects, the open document, files
 /// beside the script, and print. A console keeps one, a file gets its own. Runs on the thread of the windows and lets
@@ -68,8 +70,14 @@ public:
     /// Documents may be saved over files that another program changed since they were opened.
     void setReplacesChanged(bool replaces) { fReplacesChanged = replaces; }
 
-    /// The script object of an item, as the plug-in makes it whose item it is.
+    /// The script object of an item, as the plug-in makes it whose item it is, or of a page: the same one each time.
+    /// Undefined for null.
     QScriptValue wrap(TCanvasItem *item);
+    QScriptValue wrap(TPage *page);
+    /// A new array of the objects of all that `owner` holds.
+    QScriptValue wrapAll(const void *owner, const QList<TCanvasItem *> &items);
+    QScriptValue wrapAll(const void *owner, const QList<TPage *> &pages);
+    TScriptObjects &objects() { return fObjects; }
 
     void print(const QString &text);
     /// `place` is "file:line".
@@ -86,6 +94,7 @@ private:
     IPluginHost &fHost;
     IScriptHost &fScripts;
     QScriptEngine fEngine;
+    TScriptObjects fObjects;
     TScriptSteps fSteps{*this};
     QString fFolder;
     QHash<QByteArray, QString> fInputs; // path by the key of its file

@@ -26,8 +26,10 @@ void addWords(TFound &found)
 void addHostMembers(const QObject &object, TFound &found)
 {
     const QMetaObject *meta = object.metaObject();
-    for (int i = QObject::staticMetaObject.propertyCount(); i < meta->propertyCount(); ++i)
-        found.insert(meta->property(i).name(), false);
+    for (int i = QObject::staticMetaObject.propertyCount(); i < meta->propertyCount(); ++i) {
+        if (meta->property(i).isScriptable())
+            found.insert(meta->property(i).name(), false);
+    }
     for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
         const QMetaMethod method = meta->method(i);
         if (method.access() == QMetaMethod::Public && method.methodType() != QMetaMethod::Signal)

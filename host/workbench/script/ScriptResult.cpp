@@ -115,6 +115,8 @@ QString TWriter::writeHostObject(const QScriptValue &value, int depth)
         return title.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, title);
     QStringList parts;
     for (int i = QObject::staticMetaObject.propertyCount(); i < object->metaObject()->propertyCount(); ++i) {
+        if (!object->metaObject()->property(i).isScriptable())
+            continue;
         const QString property = object->metaObject()->property(i).name();
         parts.append(property + ": " + write(value.property(property), cDeepest));
     }
