@@ -1,6 +1,7 @@
 #include "tables/TRegionValuesModel.h"
 
 #include "settings/TNumberFormat.h"
+#include "widgets/GuiUtils.h"
 #include "widgets/TTableProxy.h"
 
 #include <cmath>
@@ -61,7 +62,9 @@ QVariant TRegionValuesModel::data(const QModelIndex &place, int role) const
         return number(row.fValues.value(place.column() - cFirstRegion), role);
     if (role == Qt::DecorationRole)
         return row.fColor;
-    return role == Qt::DisplayRole || role == Qt::ToolTipRole ? QVariant(row.fTitle) : QVariant();
+    if (role == Qt::ToolTipRole)
+        return Utils::Gui::dataTip(row.fTitle);
+    return role == Qt::DisplayRole ? QVariant(row.fTitle) : QVariant();
 }
 
 QVariant TRegionValuesModel::headerData(int section, Qt::Orientation orientation, int role) const

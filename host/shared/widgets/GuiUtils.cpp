@@ -1,11 +1,14 @@
 #include "widgets/GuiUtils.h"
 
 #include <QAbstractButton>
+#include <QTextDocument>
 
 namespace Utils {
 namespace Gui {
 
 namespace {
+
+constexpr int cMostLetters = 2000; // of a tool tip
 
 TMessageHook gHook;
 
@@ -21,6 +24,7 @@ QMessageBox::StandardButton ask(QWidget *parent, const TMessage &message)
     if (gHook)
         return gHook(message);
     QMessageBox box(message.fIcon, message.fTitle, message.fText, message.fButtons, parent);
+    box.setTextFormat(Qt::PlainText); // names and titles of files are in it
     box.setDetailedText(message.fDetails);
     box.setDefaultButton(message.fDefault);
     for (auto label = message.fLabels.begin(); label != message.fLabels.end(); ++label) {
@@ -38,6 +42,12 @@ void message(QWidget *parent, QMessageBox::Icon icon, const QString &title, cons
     plain.fText = text;
     plain.fDetails = details;
     ask(parent, plain);
+}
+
+QString dataTip(const QString &text)
+{
+    const QString shown = text.size() > cMostLetters ? text.left(cMostLetters) + QChar(0x2026) : text;
+    return Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal) : shown;
 }
 
 } // namespace Gui

@@ -29,5 +29,8 @@ QMessageBox::StandardButton ask(QWidget *parent, const TMessage &message);
 void message(QWidget *parent, QMessageBox::Icon icon, const QString &title, const QString &text,
              const QString &details = QString());
 
+/// A tool tip that shows a text from a file or a path as it is: markup in it is no markup, and a long one is cut.
+QString dataTip(const QString &text);
+
 } // namespace Gui
 } // namespace Utils

@@ -1,5 +1,6 @@
 #include "widgets/TBaseTable.h"
 
+#include "widgets/GuiUtils.h"
 #include "widgets/TBaseTableViewModel.h"
 #include "widgets/TColumnMemory.h"
 #include "widgets/TOwnKeys.h"
@@ -249,7 +250,8 @@ void TBaseTable::refuse(const QModelIndex &place, const QString &reason)
 {
     const QModelIndex shown = fProxy->mapFromSource(place);
     const QRect cell = fView->visualRect(shown);
-    QToolTip::showText(fView->viewport()->mapToGlobal(cell.bottomLeft()), reason, fView->viewport(), cell);
+    QToolTip::showText(fView->viewport()->mapToGlobal(cell.bottomLeft()), Utils::Gui::dataTip(reason),
+                       fView->viewport(), cell);
     shake();
 }
 

@@ -1,6 +1,7 @@
 #include "widgets/TBaseTableViewModel.h"
 
 #include "settings/TNumberFormat.h"
+#include "widgets/GuiUtils.h"
 #include "widgets/TTableProxy.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ QVariant TBaseTableViewModel::headerData(int section, Qt::Orientation orientatio
     case TTableProxy::cKeyRole:
         return column.fKey;
     case Qt::ToolTipRole:
-        return column.fTip.isEmpty() ? QVariant() : column.fTip;
+        return column.fTip.isEmpty() ? QVariant() : Utils::Gui::dataTip(column.fTip);
     case Qt::TextAlignmentRole:
         return int((column.fKind == TTableColumn::cNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     default:
@@ -86,7 +87,7 @@ QVariant TBaseTableViewModel::data(const QModelIndex &place, int role) const
         return kind == TTableColumn::cRadio ? QVariant() : shownText(row, column);
     case Qt::ToolTipRole: {
         const QString tip = toolTip(row, column);
-        return tip.isEmpty() ? QVariant() : tip;
+        return tip.isEmpty() ? QVariant() : Utils::Gui::dataTip(tip);
     }
     case Qt::TextAlignmentRole:
         return int((kind == TTableColumn::cNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);

@@ -1,4 +1,5 @@
 #include "widgets/WOpenSaveWidget.h"
+#include "widgets/GuiUtils.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -70,7 +71,7 @@ void WOpenSaveWidget::addButton(QToolButton *button)
 void WOpenSaveWidget::showName()
 {
     fName->setText(QFileInfo(fFileName).fileName());
-    fName->setToolTip(QDir::toNativeSeparators(fFileName));
+    fName->setToolTip(Utils::Gui::dataTip(QDir::toNativeSeparators(fFileName)));
 }
 
 QString WOpenSaveWidget::filter() const
@@ -106,7 +107,7 @@ void WOpenSaveWidget::fillMenu()
     for (const QString &path : qAsConst(fRecent)) {
         QAction *action =
             menu->addAction(QFileInfo(path).fileName().replace('&', "&&"), this, [this, path] { emit loadFile(path); });
-        action->setToolTip(QDir::toNativeSeparators(path));
+        action->setToolTip(Utils::Gui::dataTip(QDir::toNativeSeparators(path)));
         action->setEnabled(QFileInfo::exists(path));
     }
     if (fRecent.isEmpty())

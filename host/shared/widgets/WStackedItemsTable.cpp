@@ -2,6 +2,7 @@
 
 #include "plot/T1DStackedPlotProperties.h"
 #include "settings/TNumberFormat.h"
+#include "widgets/GuiUtils.h"
 #include "widgets/IStackedItemsEdits.h"
 #include "widgets/TColumnMemory.h"
 #include "widgets/TOwnKeys.h"
@@ -381,5 +382,6 @@ void WStackedItemsTable::pasteValues()
 void WStackedItemsTable::refuse(const QString &reason)
 {
     const QRect cell = fView->visualRect(fView->currentIndex());
-    QToolTip::showText(fView->viewport()->mapToGlobal(cell.bottomLeft()), reason, fView->viewport(), cell);
+    QToolTip::showText(fView->viewport()->mapToGlobal(cell.bottomLeft()), Utils::Gui::dataTip(reason),
+                       fView->viewport(), cell);
 }

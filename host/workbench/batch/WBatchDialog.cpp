@@ -1,6 +1,7 @@
 #include "WBatchDialog.h"
 
 #include "settings/TDefaultsIni.h"
+#include "widgets/GuiUtils.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -246,7 +247,7 @@ void WBatchDialog::connectAll()
             [this](int row, const QString &reason) { setRow(row, cFailed, reason); });
     connect(&fRunner, &TBatchRunner::warned, this, [this](int row, const QString &text) {
         if (QTreeWidgetItem *item = fFiles->topLevelItem(row))
-            item->setToolTip(cStateColumn, text);
+            item->setToolTip(cStateColumn, Utils::Gui::dataTip(text));
         else
             tell(text, false);
     });
@@ -292,7 +293,7 @@ void WBatchDialog::addPaths(const QStringList &paths)
             continue;
         present.insert(file);
         auto *row = new QTreeWidgetItem(fFiles, {QFileInfo(file).fileName()});
-        row->setToolTip(cFileColumn, QDir::toNativeSeparators(file));
+        row->setToolTip(cFileColumn, Utils::Gui::dataTip(QDir::toNativeSeparators(file)));
         row->setData(cFileColumn, Qt::UserRole, file);
         setRow(fFiles->topLevelItemCount() - 1, cWaiting);
     }
@@ -332,7 +333,7 @@ void WBatchDialog::setRow(int row, TState state, const QString &note)
     item->setText(cStateColumn, texts[state]);
     item->setData(cStateColumn, cStateRole, int(state));
     if (state != cDone) // a warning of one that is done stays
-        item->setToolTip(cStateColumn, note);
+        item->setToolTip(cStateColumn, Utils::Gui::dataTip(note));
     item->setForeground(cStateColumn, state == cFailed    ? QBrush(red(palette()))
                                       : state == cWaiting ? palette().brush(QPalette::Disabled, QPalette::Text)
                                                           : palette().brush(QPalette::Text));

@@ -1,4 +1,5 @@
 #include "TRecentMenu.h"
+#include "widgets/GuiUtils.h"
 
 #include <QAction>
 #include <QDir>
@@ -38,7 +39,7 @@ void TRecentMenu::addPath(const QString &path)
     const QString place = QDir::toNativeSeparators(path);
     action->setData(path);
     action->setEnabled(info.exists());
-    action->setToolTip(info.exists() ? place : tr("%1 is no longer there.").arg(place));
+    action->setToolTip(Utils::Gui::dataTip(info.exists() ? place : tr("%1 is no longer there.").arg(place)));
 }
 
 void TRecentMenu::showContextMenu(const QPoint &place)

@@ -1,4 +1,5 @@
 #include "WInspectDialog.h"
+#include "widgets/GuiUtils.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -38,7 +39,7 @@ QTreeWidgetItem *makeRow(const TFileNode &node, const QPalette &palette)
     for (const TColumn column : {cPlace, cSize})
         row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     for (int column = 0; column < cColumnCount; ++column) {
-        row->setToolTip(column, row->text(column));
+        row->setToolTip(column, Utils::Gui::dataTip(row->text(column)));
         if (node.fState == TFileNode::cBroken)
             row->setForeground(column, cBroken);
         if (node.fState == TFileNode::cSkipped)

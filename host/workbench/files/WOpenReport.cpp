@@ -1,6 +1,7 @@
 #include "WOpenReport.h"
 
 #include "services/TImportDriver.h"
+#include "widgets/GuiUtils.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -83,7 +84,7 @@ void WOpenReport::fillRow(int row, const TOpenResult &result)
 {
     const auto set = [this, row, &result](int column, const QString &text) {
         auto *cell = new QTableWidgetItem(text);
-        cell->setToolTip(column == cFile ? QDir::toNativeSeparators(result.fPath) : text);
+        cell->setToolTip(Utils::Gui::dataTip(column == cFile ? QDir::toNativeSeparators(result.fPath) : text));
         fTable->setItem(row, column, cell);
     };
     set(cFile, QFileInfo(result.fPath).fileName());

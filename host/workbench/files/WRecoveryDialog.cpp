@@ -95,7 +95,7 @@ void WRecoveryDialog::fillRow(int row)
     QPixmap thumbnail;
     if (thumbnail.loadFromData(info.fThumbnail, "PNG"))
         name->setIcon(thumbnail);
-    name->setToolTip(QDir::toNativeSeparators(info.fDocumentPath));
+    name->setToolTip(Utils::Gui::dataTip(QDir::toNativeSeparators(info.fDocumentPath)));
     fTable->setItem(row, cDocument, name);
     fTable->setItem(row, cLastSaved, new QTableWidgetItem(timeText(info.fSaved)));
     fTable->setItem(row, cAutosaved, new QTableWidgetItem(timeText(info.fAutosaved)));

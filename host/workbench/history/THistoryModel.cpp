@@ -4,6 +4,7 @@
 #include "canvas/TDocument.h"
 #include "commands/TCommandHistory.h"
 #include "history/THistoryCommand.h"
+#include "widgets/GuiUtils.h"
 
 #include <QFont>
 #include <QLocale>
@@ -206,7 +207,8 @@ QVariant THistoryModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         if (index.column() == cTime)
             return timeText(row.fTime, true);
-        return row.fKind == cEarlier ? tr("Done before the document was opened; it cannot be undone.") : row.fText;
+        return row.fKind == cEarlier ? tr("Done before the document was opened; it cannot be undone.")
+                                     : Utils::Gui::dataTip(row.fText);
     case Qt::FontRole: {
         QFont font;
         font.setBold(isPresent(row));

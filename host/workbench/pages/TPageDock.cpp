@@ -7,6 +7,7 @@
 #include "WPageNavigator.h"
 #include "canvas/TCanvasItem.h"
 #include "commands/TCmdPages.h"
+#include "widgets/GuiUtils.h"
 
 #include <QAction>
 #include <QMenu>
@@ -84,6 +85,6 @@ void TPageDock::addStacking(QMenu *menu)
         menu->addAction(tr("&Compare"), this, [this, items] { fStacks.compare(items); })};
     for (QAction *action : actions) {
         action->setEnabled(whyNot.isEmpty());
-        action->setToolTip(whyNot);
+        action->setToolTip(Utils::Gui::dataTip(whyNot));
     }
 }

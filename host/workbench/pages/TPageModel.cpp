@@ -6,6 +6,7 @@
 #include "canvas/TPage.h"
 #include "consts/Consts.h"
 #include "ui/TDragAndDropHandler.h"
+#include "widgets/GuiUtils.h"
 
 #include <QIcon>
 #include <QMimeData>
@@ -212,7 +213,7 @@ QVariant TPageModel::pageData(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return title.isEmpty() ? number : QString("%1  %2").arg(number, title);
     case Qt::ToolTipRole:
-        return title;
+        return Utils::Gui::dataTip(title);
     case Qt::EditRole:
         return one->title();
     case Qt::DecorationRole: {
@@ -235,7 +236,8 @@ QVariant TPageModel::itemFacts(const QModelIndex &index, int role) const
         return QVariant();
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
         const QString title = firstLine(one->title(true));
-        return title.isEmpty() ? one->type() : title;
+        const QString shown = title.isEmpty() ? one->type() : title;
+        return role == Qt::ToolTipRole ? Utils::Gui::dataTip(shown) : shown;
     }
     if (role != Qt::DecorationRole)
         return QVariant();

@@ -1,6 +1,7 @@
 #include "TPaletteDelegate.h"
 
 #include "TPaletteEntries.h"
+#include "widgets/GuiUtils.h"
 
 #include <QListWidgetItem>
 #include <QPainter>
@@ -26,7 +27,7 @@ void TPaletteDelegate::fill(QListWidgetItem &row, const TPaletteEntry &entry, co
     row.setData(cPlacesRole, letters);
     row.setData(cEnabledRole, entry.fIsEnabled);
     row.setData(cCheckRole, entry.fIsCheckable && entry.fIsChecked);
-    row.setToolTip(entry.fReason.isEmpty() ? entry.fPath : entry.fReason);
+    row.setToolTip(Utils::Gui::dataTip(entry.fReason.isEmpty() ? entry.fPath : entry.fReason));
     // for screen readers, which do not see what is drawn
     row.setData(Qt::AccessibleTextRole,
                 QStringList{entry.fTitle, entry.fPath, entry.fShortcut, entry.fReason}.join(' ').simplified());

@@ -2,6 +2,7 @@
 
 #include "log/TLogger.h"
 #include "ui/TIcons.h"
+#include "widgets/GuiUtils.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -261,7 +262,7 @@ void TActionTable::updateStates()
     for (const TEntry &entry : qAsConst(fEntries)) {
         const QString why = entry.fWhyNot ? entry.fWhyNot() : QString();
         entry.fAction->setEnabled(why.isEmpty());
-        entry.fAction->setToolTip(why.isEmpty() ? entry.fToolTip : why);
+        entry.fAction->setToolTip(why.isEmpty() ? entry.fToolTip : Utils::Gui::dataTip(why));
         entry.fAction->setStatusTip(why);
         if (entry.fIsChecked)
             entry.fAction->setChecked(entry.fIsChecked());

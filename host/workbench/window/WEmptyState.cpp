@@ -1,4 +1,5 @@
 #include "WEmptyState.h"
+#include "widgets/GuiUtils.h"
 
 #include <QFileInfo>
 #include <QMouseEvent>
@@ -225,7 +226,7 @@ void WEmptyState::mouseMoveEvent(QMouseEvent *event)
 {
     fHovered = pathAt(event->pos());
     setCursor(fHovered.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
-    setToolTip(fHovered);
+    setToolTip(Utils::Gui::dataTip(fHovered));
     update();
 }
 

@@ -18,6 +18,7 @@
 #include "TPageController.h"
 #include "TPageDock.h"
 #include "TPlaceMenus.h"
+#include "TPlainLabels.h"
 #include "TPlotController.h"
 #include "TPluginActions.h"
 #include "TPrintController.h"
@@ -110,6 +111,7 @@ WMainWindow::WMainWindow(TKelmoraHost &host, QWidget *parent)
     setObjectName("kelmora");
     setMinimumSize(640, 480);
     new TDialogHabits(this);
+    new TPlainLabels(this);
     fActions = new TActionTable(TMarkupLoader::loadFile(":/kelmora/ui/kelmora.mui"), this);
     fDocuments = std::make_unique<TDocumentController>(host, fTabs);
     fFiles = new TFileController(host, *fDocuments, this);

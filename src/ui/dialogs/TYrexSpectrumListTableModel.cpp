@@ -2,6 +2,7 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TYrexUnits.h"
+#include "widgets/GuiUtils.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -65,7 +66,9 @@ QVariant TYrexSpectrumListTableModel::data(const QModelIndex &index, int role) c
     }
     if (role == Qt::TextAlignmentRole && index.column() == cPoints)
         return int(Qt::AlignRight | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
+    if (role == Qt::ToolTipRole)
+        return Utils::Gui::dataTip(data(index, Qt::DisplayRole).toString());
+    if (role != Qt::DisplayRole)
         return QVariant();
     switch (index.column()) {
     case cName:

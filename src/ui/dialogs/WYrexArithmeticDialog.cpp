@@ -87,6 +87,7 @@ WYrexArithmeticDialog::WYrexArithmeticDialog(const TCanvasItemList &items, doubl
                                 "A → A - k · B</span></p></body></html>"),
                              this);
     fTextLabel1->setObjectName("fTextLabel1");
+    fTextLabel1->setTextFormat(Qt::RichText);
     makeOperands();
     makeFactor();
     makeLayout();

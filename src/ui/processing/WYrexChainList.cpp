@@ -3,6 +3,7 @@
 #include "TYrexChainRules.h"
 #include "TYrexProcIds.h"
 #include "TYrexProcParams.h"
+#include "widgets/GuiUtils.h"
 #include "widgets/TOwnKeys.h"
 
 #include <QApplication>
@@ -125,7 +126,7 @@ void WYrexChainList::showRow(QListWidgetItem *item, const QVariantMap &action, c
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled);
         item->setCheckState(action.value(cKeyApply).toBool() ? Qt::Checked : Qt::Unchecked);
         const QString values = TYrexChainRules::summary(action);
-        item->setToolTip(values.isEmpty() ? item->text() : values);
+        item->setToolTip(Utils::Gui::dataTip(values.isEmpty() ? item->text() : values));
     }
     item->setFont(font);
 }

@@ -3,6 +3,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "services/IGuiHost.h"
 #include "services/IPluginHost.h"
+#include "widgets/GuiUtils.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -64,7 +65,7 @@ void WYrexPluginDockWidget::showHeader(int itemCount)
     const QString name = shown->title(true).section('\n', 0, 0).trimmed();
     const QString both = name.isEmpty() || name == active ? active : tr("%1: %2").arg(name, active);
     fHeader->setText(itemCount > 1 ? tr("Applies to %1 items").arg(itemCount) : both);
-    fHeader->setToolTip(both);
+    fHeader->setToolTip(Utils::Gui::dataTip(both));
 }
 
 void WYrexPluginDockWidget::keyPressEvent(QKeyEvent *event)

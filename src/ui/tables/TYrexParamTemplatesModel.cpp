@@ -4,6 +4,7 @@
 #include "TYrexSpectrum.h"
 #include "params/TParamsParser.h"
 #include "params/TParamsParsers.h"
+#include "widgets/GuiUtils.h"
 
 #include <algorithm>
 
@@ -172,6 +173,10 @@ QVariant TYrexParamTemplatesModel::data(const QModelIndex &place, int role) cons
         return entry.isVisible() ? Qt::Checked : Qt::Unchecked;
     if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole)
         return QVariant();
+    if (role == Qt::ToolTipRole) {
+        const QString shown = data(place, Qt::DisplayRole).toString();
+        return place.column() == cPrecision ? QVariant() : Utils::Gui::dataTip(shown);
+    }
     switch (place.column()) {
     case cParameter:
         return role == Qt::EditRole ? QVariant(entry.id()) : QVariant(entry.translated_paramName());
@@ -180,7 +185,7 @@ QVariant TYrexParamTemplatesModel::data(const QModelIndex &place, int role) cons
     case cSource:
         return entry.source();
     case cPrecision:
-        return role == Qt::ToolTipRole ? QVariant() : QVariant(entry.precision());
+        return entry.precision();
     case cPreview:
         return QString(fTexts.value(place.row())).replace('\n', ' ');
     default:
