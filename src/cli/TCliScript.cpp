@@ -18,10 +18,12 @@ TCliSyntax TCliScript::syntax() const
     syntax.fSummary =
         "Runs a script. What it prints goes to standard output; it ends with status 1 when the script fails.";
     syntax.fOperands = "FILE.js [ARG...]";
-    syntax.fOptions = {
-        {"--force", "", "let documents be saved over files that another program changed since they were opened"}};
     syntax.fMinOperands = 1;
     syntax.fMaxOperands = -1;
+    syntax.fOptions = {
+        {"--force", "", "let documents be saved over files that another program changed since they were opened"},
+        {"--read-only", "", "the script reads files, and writes none"},
+        {"--folder", "DIR", "the script reads and writes files below DIR only; links are followed before"}};
     return syntax;
 }
 
@@ -42,6 +44,11 @@ int TCliScript::run(const TCliArguments &arguments, const TCliEnvironment &envir
         environment.warn(place.isEmpty() ? text : place + ": " + text);
     });
     run.setReplacesChanged(arguments.has("--force"));
+    TScriptReach reach;
+    reach.setReadOnly(arguments.has("--read-only"));
+    if (arguments.has("--folder") && !reach.setFolder(arguments.value("--folder")))
+        return environment.refuse(QString("script: %1 is no folder").arg(arguments.value("--folder")));
+    run.setReach(reach);
     run.setArguments(arguments.operands().mid(1));
     TScriptError error;
     if (run.runFile(file, error))

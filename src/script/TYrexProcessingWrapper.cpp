@@ -24,6 +24,8 @@ QScriptValue construct(QScriptContext *context, QScriptEngine *engine)
         QString error;
         QStringList warnings;
         const QString path = TScriptRun::of(engine)->absolutePath(context->argument(0).toString());
+        if (!mayRead(context, path))
+            return engine->undefinedValue();
         if (!TYrexChainFile::load(path, params, error, warnings))
             return throwError(context, cWrongType, QStringLiteral("%1: %2").arg(path, error));
     }
@@ -118,6 +120,8 @@ QScriptValue TYrexProcessingWrapper::open()
     const QString path = TScriptRun::of(engine())->absolutePath(argument(0).toString());
     QString error;
     QStringList warnings;
+    if (!mayRead(context(), path))
+        return false;
     if (!TYrexChainFile::load(path, *wrapped(), error, warnings))
         return throwError(context(), cWrongType, QStringLiteral("%1: %2").arg(path, error));
     for (const QString &warning : qAsConst(warnings))
@@ -132,9 +136,9 @@ QScriptValue TYrexProcessingWrapper::save()
     if (!argument(0).isString())
         return throwError(context(), cWrongType);
     const QString path = TScriptRun::of(engine())->absolutePath(argument(0).toString());
-    QString error = TScriptRun::of(engine())->writeRefusal(path);
-    if (!error.isEmpty())
-        return throwError(context(), cWrongType, QStringLiteral("%1: %2").arg(path, error));
+    if (!mayWrite(context(), path))
+        return false;
+    QString error;
     if (!TYrexChainFile::save(path, *wrapped(), &error))
         return throwError(context(), cWrongType, tr("%1: the file cannot be written: %2.").arg(path, error));
     return true;

@@ -211,7 +211,10 @@ QScriptValue TYrexSpectrumWrapper::process(const QString &aProcFile)
         return context()->throwError(QLatin1String(Consts::Script::cIncorrectArguments));
     TYrexProcParams params = spectrumOf()->procParams().params();
     if (!aProcFile.isEmpty()) {
-        switch (params.readFile(TScriptRun::of(engine())->absolutePath(aProcFile))) {
+        const QString path = TScriptRun::of(engine())->absolutePath(aProcFile);
+        if (!mayRead(context(), path))
+            return engine()->undefinedValue();
+        switch (params.readFile(path)) {
         case TYrexProcParams::cNotOpened:
             return context()->throwError(tr("Unable to open the file."));
         case TYrexProcParams::cDimensionMismatch:

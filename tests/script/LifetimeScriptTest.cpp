@@ -1,6 +1,7 @@
 // What scripts hold outlives what it speaks of: undo, other documents, collected garbage. And what scripts leave open.
 #include "TScriptFixture.h"
 
+#include <QDir>
 #include <QTimer>
 
 TEST_F(TScriptFixture, objectsOfWhatIsUndoneRefuseChanges)
@@ -84,6 +85,62 @@ TEST_F(TScriptFixture, whatTheScriptOpenedIsNotWrittenOver)
     }
     EXPECT_TRUE(run("exportData(t, 'b.csv'); openFile('b.csv');")) << fError.text().toStdString();
     EXPECT_TRUE(run("exportData(t, 'b.csv');")) << "another script";
+}
+
+TEST_F(TScriptFixture, nothingIsWrittenByAScriptThatMayOnlyRead)
+{
+    writeCsv("a.csv");
+    ASSERT_TRUE(run("writeText('old.txt', 'old'); var p = new ZarnuProcessing();"));
+    const QStringList before = QDir(fFolder.path()).entryList(QDir::Files);
+    TScriptReach reach;
+    reach.setReadOnly(true);
+    fRun->setReach(reach);
+    open("a.csv");
+    for (const char *call :
+         {"writeText('b.txt', 'b')", "writeText('old.txt', 'new')", "appendText('old.txt', 'b')", "makeFolder('sub')",
+          "saveDocument('b.klm')", "document.save('b.klm')", "exportData(s, 'b.csv')", "exportPicture(s, 'b.png')",
+          "document.print('b.pdf')", "document.print('printer')", "p.save('b.kzp')"})
+        EXPECT_EQ(code(call), 2) << call;
+    EXPECT_EQ(value("readText('old.txt') + fileExists('/') + listFiles('.').length"), "oldtrue3");
+    EXPECT_EQ(QDir(fFolder.path()).entryList(QDir::Files), before);
+    EXPECT_FALSE(QFileInfo::exists(fFolder.filePath("sub")));
+}
+
+TEST_F(TScriptFixture, noPathLeadsOutOfTheFolderOfAScript)
+{
+    writeCsv("a.csv");
+    const QString inner = fFolder.filePath("in/deep");
+    ASSERT_TRUE(QDir().mkpath(inner) && QDir().mkpath(fFolder.filePath("inner")));
+    ASSERT_TRUE(QFile::copy(fFolder.filePath("a.csv"), inner + "/a.csv"));
+    ASSERT_TRUE(run("var p = new ZarnuProcessing(); p.save('c.json'); p.save('in/deep/c.json');"
+                    "openFile('a.csv'); saveDocument('d.klm'); saveDocument('in/d.klm'); var s = document.items[0];"));
+    ASSERT_TRUE(QFile::link(fFolder.path(), fFolder.filePath("in/up")));
+    ASSERT_TRUE(QFile::link(fFolder.filePath("a.csv"), fFolder.filePath("in/a.csv")));
+    ASSERT_TRUE(QFile::link(fFolder.filePath("none.txt"), fFolder.filePath("in/dangling.txt")));
+    ASSERT_TRUE(QFile::link(inner, fFolder.filePath("link")));
+    const QStringList before = QDir(fFolder.path()).entryList(QDir::Files);
+    TScriptReach reach;
+    EXPECT_FALSE(reach.setFolder(fFolder.filePath("nowhere")));
+    ASSERT_TRUE(reach.setFolder(fFolder.filePath("in")));
+    fRun->setReach(reach);
+    for (const char *path : {"a.csv", "in/../a.csv", "in/up/a.csv", "in/a.csv", "inner/b.txt", "in/dangling.txt", "/",
+                             "in/up/none/b.txt"}) {
+        for (const char *call :
+             {"openFile(f)", "readText(f)", "writeText(f, '')", "appendText(f, '')", "listFiles(f)", "fileExists(f)",
+              "makeFolder(f)", "exportData(s, f, 'csv')", "exportPicture(s, f)", "saveDocument(f)", "p.save(f)",
+              "p.open(f)", "new ZarnuProcessing(f)", "s.process(f)", "openDocument(f)"}) {
+            EXPECT_EQ(code(QByteArray("var f = '") + path + "'; " + call), 2) << path << ' ' << call;
+        }
+    }
+    EXPECT_EQ(code("document.print('out.pdf')"), 2);
+    EXPECT_EQ(code("document.print()"), 2);
+    EXPECT_TRUE(value("steps.import({files: ['a.csv']})").startsWith("error"));
+    EXPECT_EQ(QDir(fFolder.path()).entryList(QDir::Files), before);
+    EXPECT_TRUE(
+        run("openFile('in/deep/a.csv'); openFile('link/a.csv'); writeText('in/new.txt', 'x');"
+            "makeFolder('in/x/y'); writeText('in/x/y/z.txt', readText('in/new.txt')); p.open('in/deep/c.json');"
+            "saveDocument('in/e.klm'); openDocument('in/d.klm'); exportPicture(document.items[0], 'in/x.png');"))
+        << fError.text().toStdString();
 }
 
 TEST_F(TScriptFixture, argumentsThatCloseTheDocumentAreReadBeforeItIsSpokenOf)

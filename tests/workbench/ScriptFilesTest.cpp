@@ -23,6 +23,7 @@ namespace {
 class ScriptFilesTest : public TWindowFixture
 {
 protected:
+    void SetUp() override { fAnswer = QMessageBox::Yes; } // run what was not run before
     QString write(const QString &name, const QByteArray &text)
     {
         QFile file(fFolder.filePath(name));
@@ -79,6 +80,26 @@ TEST_F(ScriptFilesTest, failedScriptLeavesTheDocumentWhole)
     EXPECT_TRUE(output().contains("none.js: "));
 }
 
+TEST_F(ScriptFilesTest, filesThatTheProgramDoesNotKnowAskOnce)
+{
+    const QString path = write("new.js", "print('ran')");
+    fAnswer = QMessageBox::Cancel;
+    EXPECT_FALSE(scripts().runFile(path));
+    EXPECT_EQ(fMessages.size(), 1);
+    EXPECT_EQ(output(), "");
+    EXPECT_FALSE(action("scriptRunAgain")->isEnabled());
+    fAnswer = QMessageBox::Yes;
+    EXPECT_TRUE(scripts().runFile(path));
+    EXPECT_EQ(fMessages.size(), 2);
+    fAnswer = QMessageBox::Cancel;
+    EXPECT_TRUE(scripts().runFile(path));
+    EXPECT_TRUE(scripts().runFile(write("copy.js", "print('ran')"))) << "the bytes count, not the name";
+    EXPECT_EQ(fMessages.size(), 2);
+    EXPECT_FALSE(scripts().runFile(write("new.js", "print('another')")));
+    EXPECT_EQ(fMessages.size(), 3);
+    EXPECT_EQ(output(), "ran\nran\nran");
+}
+
 TEST_F(ScriptFilesTest, runAgainTakesTheLastFileInANewEngine)
 {
     EXPECT_FALSE(action("scriptRunAgain")->isEnabled());
@@ -124,7 +145,7 @@ TEST_F(ScriptFilesTest, droppedScriptRunsAfterAQuestion)
     drop(console(), path);
     EXPECT_EQ(output(), "ran");
     drop(fWindow.get(), path);
-    EXPECT_EQ(output(), "ran\nran");
+    EXPECT_EQ(output(), "ran\nran");    // a drop may be a slip: it asks each time, and once
     drop(console(), writeCsv("a.csv")); // the window takes it as anywhere
     EXPECT_EQ(fMessages.size(), 3);
     EXPECT_EQ(document()->items().size(), 1);

@@ -40,14 +40,6 @@ QScriptValue failed(QScriptContext *context, const QString &path, const QString 
     return throwError(context, code, reason.startsWith(path) ? reason : QStringLiteral("%1: %2").arg(path, reason));
 }
 
-/// Throws when the run refuses to write to a path.
-bool mayWrite(QScriptContext *context, const QString &path, const QString &refusal)
-{
-    if (!refusal.isEmpty())
-        failed(context, path, refusal, cWrongType);
-    return refusal.isEmpty();
-}
-
 /// The page for the items of a file: the one asked for by its place, else the last one if that is empty. Null: a new
 /// one. False when there is no such page.
 bool targetPage(TDocument &document, const QScriptValue &place, TPage *&page)
@@ -78,6 +70,8 @@ QScriptValue openFile(QScriptContext *context, QScriptEngine *engine)
         return throwError(context, cWrongType);
     run.breathe();
     const QString path = run.absolutePath(context->argument(0).toString());
+    if (!mayRead(context, path))
+        return engine->undefinedValue();
     TPage *page = nullptr;
     if (!targetPage(*run.host().document(), context->argument(2), page))
         return throwError(context, cOutOfRange);
@@ -105,6 +99,8 @@ QScriptValue openDocument(QScriptContext *context, QScriptEngine *engine)
     if (!context->argument(0).isString())
         return throwError(context, cWrongType);
     const QString path = run.absolutePath(context->argument(0).toString());
+    if (!mayRead(context, path))
+        return engine->undefinedValue();
     QString error;
     if (!run.scripts().openDocument(path, &error))
         return failed(context, path, error);
@@ -129,7 +125,7 @@ QScriptValue saveDocument(QScriptContext *context, QScriptEngine *engine)
     if (!context->argument(0).isString())
         return throwError(context, cWrongType);
     const QString path = run.absolutePath(context->argument(0).toString());
-    if (!mayWrite(context, path, run.saveRefusal(path)))
+    if (!maySave(context, path))
         return engine->undefinedValue();
     QString error;
     if (!run.host().document()->saveTo(path, &error))
@@ -187,7 +183,7 @@ QScriptValue exportData(QScriptContext *context, QScriptEngine *engine)
     IConverter *converter = writer(run.scripts().importDriver(), path, format);
     if (!converter)
         return failed(context, path, tr("No format of this ending can be written."), cWrongType);
-    if (!mayWrite(context, path, run.writeRefusal(path)))
+    if (!mayWrite(context, path))
         return engine->undefinedValue();
     QString error;
     const int code = ExportFile::write(*converter, items, path, &error);
@@ -259,7 +255,7 @@ QScriptValue exportPicture(QScriptContext *context, QScriptEngine *engine)
     if (!takeLooks(options, picture))
         return throwError(context, cOutOfRange);
     const QString path = run.absolutePath(context->argument(1).toString());
-    if (!mayWrite(context, path, run.writeRefusal(path)))
+    if (!mayWrite(context, path))
         return engine->undefinedValue();
     QString error;
     if (!picture.save(path, TPictureExporter::formOf(path), &error))

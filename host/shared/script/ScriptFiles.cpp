@@ -22,7 +22,8 @@ QString tr(const char *text)
     return QCoreApplication::translate("ScriptFiles", text);
 }
 
-/// Checks that there are so many arguments and that all are texts, and makes the first a whole path.
+/// Checks that there are so many arguments, that all are texts, and that the script may reach the first, which becomes
+/// a whole path.
 bool takePath(QScriptContext *context, int count, QString &path, QScriptValue &error)
 {
     if (context->argumentCount() != count) {
@@ -40,20 +41,13 @@ bool takePath(QScriptContext *context, int count, QString &path, QScriptValue &e
     if (run)
         run->breathe();
     path = run ? run->absolutePath(context->argument(0).toString()) : context->argument(0).toString();
-    return true;
+    return mayRead(context, path);
 }
 
 QScriptValue fileError(QScriptContext *context, const QString &path, const QString &reason)
 {
     const bool isTold = reason.startsWith(path);
     return throwError(context, cWrongType, isTold ? reason : QStringLiteral("%1: %2").arg(path, reason));
-}
-
-/// Why the script may not write there; empty when it may.
-QString refusal(QScriptContext *context, const QString &path)
-{
-    const TScriptRun *run = TScriptRun::of(context->engine());
-    return run ? run->writeRefusal(path) : QString();
 }
 
 QScriptValue readText(QScriptContext *context, QScriptEngine *)
@@ -79,7 +73,7 @@ QScriptValue writeText(QScriptContext *context, QScriptEngine *engine)
 {
     QString path;
     QScriptValue error;
-    if (!takePath(context, 2, path, error))
+    if (!takePath(context, 2, path, error) || !mayWrite(context, path))
         return error;
     QString reason = refusal(context, path);
     if (!reason.isEmpty() || !ExportFile::write(path, context->argument(1).toString().toUtf8(), &reason))
@@ -91,7 +85,7 @@ QScriptValue appendText(QScriptContext *context, QScriptEngine *engine)
 {
     QString path;
     QScriptValue error;
-    if (!takePath(context, 2, path, error))
+    if (!takePath(context, 2, path, error) || !mayWrite(context, path))
         return error;
     const QString refused = refusal(context, path);
     if (!refused.isEmpty())
@@ -138,7 +132,7 @@ QScriptValue makeFolder(QScriptContext *context, QScriptEngine *engine)
 {
     QString path;
     QScriptValue error;
-    if (!takePath(context, 1, path, error))
+    if (!takePath(context, 1, path, error) || !mayWrite(context, path))
         return error;
     return QDir().mkpath(path) ? engine->undefinedValue() : fileError(context, path, tr("The folder cannot be made."));
 }

@@ -109,6 +109,35 @@ QScriptValue Utils::Script::throwError(QScriptContext *context, int code, const 
     return error;
 }
 
+namespace {
+
+bool isAllowed(QScriptContext *context, const QString &path, const QString &whyNot)
+{
+    if (!whyNot.isEmpty())
+        Utils::Script::throwError(context, Utils::Script::cWrongType, QStringLiteral("%1: %2").arg(path, whyNot));
+    return whyNot.isEmpty();
+}
+
+} // namespace
+
+bool Utils::Script::mayRead(QScriptContext *context, const QString &path)
+{
+    const TScriptRun *run = TScriptRun::of(context->engine());
+    return !run || isAllowed(context, path, run->reach().whyNotRead(path));
+}
+
+bool Utils::Script::mayWrite(QScriptContext *context, const QString &path)
+{
+    const TScriptRun *run = TScriptRun::of(context->engine());
+    return !run || isAllowed(context, path, run->writeRefusal(path));
+}
+
+bool Utils::Script::maySave(QScriptContext *context, const QString &path)
+{
+    const TScriptRun *run = TScriptRun::of(context->engine());
+    return !run || isAllowed(context, path, run->saveRefusal(path));
+}
+
 QString Utils::Script::placeOf(QScriptContext *context)
 {
     // the context of a native function knows no line, that of its caller does

@@ -53,6 +53,11 @@ QVariant plainVariant(const QScriptValue &value, bool *isOk = nullptr);
 QScriptValue plainCopy(const QScriptValue &value, bool &isOk);
 /// The arguments of a call; items as their ids.
 QVariantList contextToVariantList(QScriptContext *context);
+/// Whether the script may read the file at a whole path, write it, or save the open document to it: not where the run's
+/// reach ends, and not for the reasons of TScriptRun::writeRefusal and saveRefusal. Throws otherwise.
+bool mayRead(QScriptContext *context, const QString &path);
+bool mayWrite(QScriptContext *context, const QString &path);
+bool maySave(QScriptContext *context, const QString &path);
 /// "file:line" of the script that made the call; empty outside of scripts.
 QString placeOf(QScriptContext *context);
 

@@ -116,21 +116,13 @@ void TScriptDocument::removeItem(const QScriptValue &item)
         doScriptHistoryCommand(new TCmdDeleteItems({found}), context(), 1);
 }
 
-/// Throws when the run refuses to write to a path.
-bool TScriptDocument::mayWrite(const QString &path, const QString &refusal)
-{
-    if (!refusal.isEmpty())
-        throwError(context(), cWrongType, QStringLiteral("%1: %2").arg(path, refusal));
-    return refusal.isEmpty();
-}
-
 void TScriptDocument::save(const QString &path)
 {
     const QString target = path.isEmpty() ? document().path() : fRun.absolutePath(path);
     QString error;
     if (target.isEmpty())
         throwError(context(), cWrongCount, tr("The document has no path yet: give one to save."));
-    else if (mayWrite(target, fRun.saveRefusal(target)) && !document().saveTo(target, &error))
+    else if (maySave(context(), target) && !document().saveTo(target, &error))
         throwError(context(), cInvalidObject, QStringLiteral("%1: %2").arg(target, error));
 }
 
@@ -157,8 +149,9 @@ void TScriptDocument::print(const QString &printer)
     const bool isFile = printer.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
     const QString target = isFile ? fRun.absolutePath(printer) : printer;
     QString error;
-    if ((!isFile || mayWrite(target, fRun.writeRefusal(target))) &&
-        !PagePrinting::print(document(), target, isFile, error))
+    if (!isFile && fRun.reach().isLimited())
+        throwError(context(), cWrongType, tr("The script may not print."));
+    else if ((!isFile || mayWrite(context(), target)) && !PagePrinting::print(document(), target, isFile, error))
         throwError(context(), cInvalidObject, error);
 }
 

@@ -56,7 +56,6 @@ public slots:
     QScriptValue toJSON() const;
 
 private:
-    bool mayWrite(const QString &path, const QString &refusal);
     TDocument &document() const;
 
     TScriptRun &fRun;

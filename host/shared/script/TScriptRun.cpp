@@ -109,6 +109,9 @@ void TScriptRun::addInput(const QString &path)
 
 QString TScriptRun::writeRefusal(const QString &path) const
 {
+    const QString whyNot = fReach.whyNotWrite(path);
+    if (!whyNot.isEmpty())
+        return whyNot;
     const QByteArray key = Utils::FS::fileKey(path);
     const QString input = key.isEmpty() ? QString() : fInputs.value(key);
     if (input.isEmpty() || Utils::FS::fileKey(input) != key) // a new file may get the key of one that is gone
@@ -121,12 +124,19 @@ QString TScriptRun::saveRefusal(const QString &path) const
     const TDocument &document = *fHost.document();
     if (Utils::FS::fileKey(path) != Utils::FS::fileKey(document.path()))
         return writeRefusal(path);
-    if (fReplacesChanged || !document.isChangedOnDisk())
-        return QString();
+    const QString whyNot = fReach.whyNotWrite(path);
+    if (!whyNot.isEmpty() || fReplacesChanged || !document.isChangedOnDisk())
+        return whyNot;
     return tr("Another program changed this file since it was opened. Save the document under another name.");
 }
 
 bool TScriptRun::runFile(const QString &path, TScriptError &error)
+{
+    QByteArray bytes;
+    return readFile(path, bytes, error) && runBytes(bytes, path, error);
+}
+
+bool TScriptRun::readFile(const QString &path, QByteArray &bytes, TScriptError &error)
 {
     error = TScriptError();
     error.fFile = path;
@@ -139,11 +149,16 @@ bool TScriptRun::runFile(const QString &path, TScriptError &error)
         error.fMessage = tr("This is too large for a script.");
         return false;
     }
-    const QByteArray bytes = file.readAll();
+    bytes = file.readAll();
     if (bytes.contains('\0')) {
         error.fMessage = tr("This is no text.");
         return false;
     }
+    return true;
+}
+
+bool TScriptRun::runBytes(const QByteArray &bytes, const QString &path, TScriptError &error)
+{
     fFolder = QFileInfo(path).absolutePath();
     QString text = QString::fromUtf8(bytes);
     if (text.startsWith("#!")) // for the shell; as a remark it leaves the lines their numbers

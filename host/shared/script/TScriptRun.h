@@ -2,6 +2,7 @@
 
 #include "script/TScriptError.h"
 #include "script/TScriptObjects.h"
+#include "script/TScriptReach.h"
 #include "script/TScriptSteps.h"
 
 #include <QElapsedTimer>
@@ -35,6 +36,12 @@ public:
     /// Runs a file, whose folder becomes that of relative paths. False with the error when it cannot be read, fails or
     /// is stopped.
     bool runFile(const QString &path, TScriptError &error);
+    /// The same in two steps, for those who look at a file before they run it.
+    static bool readFile(const QString &path, QByteArray &bytes, TScriptError &error);
+    bool runBytes(const QByteArray &bytes, const QString &path, TScriptError &error);
+    /// Limits what the script reaches; those of files that are read and written are held by all its calls.
+    void setReach(const TScriptReach &reach) { fReach = reach; }
+    const TScriptReach &reach() const { return fReach; }
     /// Runs a text; `name` stands for the file in messages. The result is that of the last statement.
     bool evaluate(const QString &text, const QString &name, QScriptValue &result, TScriptError &error);
     /// Whether the text is a whole; not when brackets or strings are open at its end.
@@ -62,8 +69,8 @@ public:
     QString absolutePath(const QString &path) const;
     /// A file that the script under way opened: data or a document.
     void addInput(const QString &path);
-    /// Why a path is not written: it leads to a file that the script opened, by whatever name. To write over it mostly
-    /// is a mistake, and measured data do not come back. Empty when it may be written.
+    /// Why a path is not written: it is out of reach, or leads to a file that the script opened, by whatever name. To
+    /// write over that mostly is a mistake, and measured data do not come back. Empty when it may be written.
     QString writeRefusal(const QString &path) const;
     /// The same for the open document, which is saved to its own file unless another program changed that since.
     QString saveRefusal(const QString &path) const;
@@ -95,6 +102,7 @@ private:
     IScriptHost &fScripts;
     QScriptEngine fEngine;
     TScriptObjects fObjects;
+    TScriptReach fReach;
     TScriptSteps fSteps{*this};
     QString fFolder;
     QHash<QByteArray, QString> fInputs; // path by the key of its file

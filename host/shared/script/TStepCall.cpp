@@ -205,6 +205,9 @@ QStringList TStepCall::files(const QString &name)
     for (const QVariant &entry : run ? list(name) : QVariantList()) {
         paths.append(run->absolutePath(entry.toString()));
         run->addInput(paths.last());
+        const QString whyNot = run->reach().whyNotRead(paths.last());
+        if (!whyNot.isEmpty())
+            fail(name, QStringLiteral("%1: %2").arg(paths.last(), whyNot));
     }
     if (paths.isEmpty())
         fail(name, tr("expected paths of files"));

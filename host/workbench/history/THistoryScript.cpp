@@ -7,11 +7,11 @@
 #include "script/TScriptWriter.h"
 #include "settings/TDefaultsIni.h"
 #include "utils/CommonUtils.h"
+#include "widgets/GuiUtils.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <algorithm>
 
 namespace {
@@ -79,10 +79,12 @@ QString THistoryScript::save(const TDocument &document, const QList<int> &steps,
         path += cEnding;
     const QDir place = QFileInfo(path).absoluteDir();
     QString error;
-    if (!ExportFile::write(path, text(document, steps, place).toUtf8(), &error)) {
-        QMessageBox::warning(parent, tr("Save History as Script"), error);
+    const QByteArray script = text(document, steps, place).toUtf8();
+    if (!ExportFile::write(path, script, &error)) {
+        Utils::Gui::message(parent, QMessageBox::Warning, tr("Save History as Script"), error);
         return QString();
     }
+    ScriptHabits::remember(script);
     settings.setValue(ScriptHabits::cFolderKey, place.absolutePath());
     return path;
 }

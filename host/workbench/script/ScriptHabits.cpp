@@ -2,8 +2,19 @@
 
 #include "settings/TDefaultsIni.h"
 
+#include <QCryptographicHash>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QStringList>
+
+namespace {
+
+QString sumOf(const QByteArray &script)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(script, QCryptographicHash::Sha256).toHex());
+}
+
+} // namespace
 
 bool ScriptHabits::isEchoing()
 {
@@ -18,6 +29,20 @@ void ScriptHabits::setEchoing(bool isEchoing)
 bool ScriptHabits::keepsHistory()
 {
     return TDefaultsIni().value(cKeepHistoryKey, true).toBool();
+}
+
+bool ScriptHabits::isKnown(const QByteArray &script)
+{
+    return TDefaultsIni().value(cKnownKey, QStringList()).toStringList().contains(sumOf(script));
+}
+
+void ScriptHabits::remember(const QByteArray &script)
+{
+    QStringList known = TDefaultsIni().value(cKnownKey, QStringList()).toStringList();
+    const QString sum = sumOf(script);
+    known.removeAll(sum);
+    known.prepend(sum);
+    TDefaultsIni().setValue(cKnownKey, QStringList(known.mid(0, cMostKnown)));
 }
 
 QFont ScriptHabits::font()

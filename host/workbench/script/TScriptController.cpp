@@ -214,15 +214,22 @@ bool TScriptController::runFile(const QString &path)
 {
     if (isRunning())
         return false;
+    QByteArray script;
+    TScriptError error;
+    const bool isRead = TScriptRun::readFile(path, script, error);
+    if (isRead && !ScriptHabits::isKnown(script) &&
+        !isWanted(path, tr("This program neither saved nor ran it before."), false))
+        return false;
+    if (isRead)
+        ScriptHabits::remember(script);
     fLastFile = QFileInfo(path).absoluteFilePath();
     const QString name = QFileInfo(path).fileName();
     RecentPaths::add(ScriptHabits::cRecentKey, fLastFile, ScriptHabits::cMostRecent);
     TScriptRun run(fHost, fHost);
     listen(run);
-    TScriptError error;
     begin(run, name);
     fFile = fLastFile;
-    const bool isOk = run.runFile(fFile, error);
+    const bool isOk = isRead && run.runBytes(script, fFile, error);
     if (!isOk)
         fConsole.showError(error);
     end();
@@ -272,16 +279,25 @@ void TScriptController::askToRun(const QString &path)
 
 void TScriptController::runDropped(const QString &path)
 {
+    QByteArray script;
+    TScriptError error;
+    const bool isKnown = TScriptRun::readFile(path, script, error) && ScriptHabits::isKnown(script);
+    if (!isKnown || isWanted(path, QString(), true)) // of others it asks by itself
+        runFile(path);
+}
+
+bool TScriptController::isWanted(const QString &path, const QString &facts, bool isUsual)
+{
     Utils::Gui::TMessage question;
     question.fIcon = QMessageBox::Question;
     question.fTitle = tr("Run Script");
-    question.fText =
-        tr("Run %1? A script can change the open document and write files.").arg(QDir::toNativeSeparators(path));
+    const QStringList parts{tr("Run %1?").arg(QDir::toNativeSeparators(path)), facts,
+                            tr("A script can change the open document, and read and write files.")};
+    question.fText = parts.join(' ').simplified();
     question.fButtons = QMessageBox::Yes | QMessageBox::Cancel;
-    question.fDefault = QMessageBox::Yes;
+    question.fDefault = isUsual ? QMessageBox::Yes : QMessageBox::Cancel;
     question.fLabels.insert(QMessageBox::Yes, tr("Run"));
-    if (Utils::Gui::ask(fWindow, question) == QMessageBox::Yes)
-        runFile(path);
+    return Utils::Gui::ask(fWindow, question) == QMessageBox::Yes;
 }
 
 void TScriptController::askToClose()

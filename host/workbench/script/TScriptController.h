@@ -30,7 +30,8 @@ public:
     void takeMenus();
     WScriptConsole &console() { return fConsole; }
     bool isRunning() const { return fRunning; }
-    /// Runs a file and remembers it; false when another script runs, or it failed, which the console tells.
+    /// Runs a file and remembers it; false when another script runs, or it failed, which the console tells. Asks before
+    /// it runs a file whose bytes this program neither saved nor ran before; false when the user does not want it.
     bool runFile(const QString &path);
     /// Runs an input of the console.
     bool runInput(const QString &text, const QString &name);
@@ -51,6 +52,8 @@ private:
     void showConsole();
     void saveHistory();
     void runDropped(const QString &path);
+    /// Whether the user wants a script to run, which `facts` are said of; Enter says so where it is usual.
+    bool isWanted(const QString &path, const QString &facts, bool isUsual);
     void askToClose();
     void showFile(const QString &path, int line);
     void makeStatus();
