@@ -1,5 +1,6 @@
 #include "TCliArguments.h"
 
+#include "TCliFileList.h"
 #include "TCliSyntax.h"
 
 bool TCliArguments::takeOption(const TCliSyntax &syntax, const QStringList &arguments, int &index, QString &error)
@@ -48,7 +49,7 @@ bool TCliArguments::parse(const TCliSyntax &syntax, const QStringList &arguments
     }
     if (has("--help"))
         return true;
-    if (fOperands.size() < syntax.fMinOperands)
+    if (fOperands.size() < syntax.fMinOperands && !has(TCliFileList::cOption))
         error = QString("missing argument: %1").arg(syntax.fOperands);
     else if (syntax.fMaxOperands >= 0 && fOperands.size() > syntax.fMaxOperands)
         error = QString("too many arguments: %1").arg(fOperands.at(syntax.fMaxOperands));
@@ -83,17 +84,4 @@ QStringList TCliArguments::values(const QString &option) const
             values.append(entry.second);
     }
     return values;
-}
-
-QStringList TCliArguments::optionsExcept(const QStringList &names) const
-{
-    QStringList arguments;
-    for (const auto &entry : fOptions) {
-        if (names.contains(entry.first))
-            continue;
-        arguments.append(entry.first);
-        if (!entry.second.isNull())
-            arguments.append(entry.second);
-    }
-    return arguments;
 }

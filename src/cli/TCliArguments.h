@@ -22,8 +22,6 @@ public:
     /// All values of an option that may be given more than once, in order.
     QStringList values(const QString &option) const;
     const QStringList &operands() const { return fOperands; }
-    /// The arguments again, without operands and without the named options.
-    QStringList optionsExcept(const QStringList &names) const;
 
 private:
     bool takeOption(const TCliSyntax &syntax, const QStringList &arguments, int &index, QString &error);

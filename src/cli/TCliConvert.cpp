@@ -23,11 +23,6 @@ bool TCliConvert::prepare(const TCliArguments &arguments, const TCliEnvironment 
     return error.isEmpty() && fTarget.plan(TCliTarget::cData, arguments, inputs(), error);
 }
 
-QStringList TCliConvert::outputOptions(int index) const
-{
-    return {"-o", fTarget.path(index)};
-}
-
 void TCliConvert::work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out)
 {
     TCliWriter(environment, fTarget).write(input, index, out);

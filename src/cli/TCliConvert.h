@@ -14,7 +14,6 @@ protected:
     bool makeFolders(QString &error) override { return fTarget.makeFolder(error); }
     void work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out) override;
     int jsonParts() const override { return 0; }
-    QStringList outputOptions(int index) const override;
 
 private:
     TCliTarget fTarget;

@@ -19,6 +19,7 @@ struct TCliEnvironment
     IPluginHost &fHost;
     IBatchHost &fBatch;
     IConsole &fConsole;
+    qint64 fSpoolLimit = 0; // bytes of an input that can be read only once
 
     /// The line of an input that failed: "zarnu: FILE: REASON (code N)".
     static QString failureLine(const QString &file, const QString &reason, int code);

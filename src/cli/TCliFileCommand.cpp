@@ -2,10 +2,12 @@
 
 #include "TCliArguments.h"
 #include "TCliEnvironment.h"
+#include "TCliFileList.h"
 #include "TCliInput.h"
 #include "TCliJobs.h"
 #include "TCliResultJson.h"
 #include "TCliStack.h"
+#include "TCliTaskConsole.h"
 #include "plugin/IConsole.h"
 #include "plugin/IConverter.h"
 #include "services/IBatchHost.h"
@@ -14,14 +16,12 @@
 #include "settings/TDefaultsIni.h"
 #include "utils/CommonUtils.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <new>
 
 namespace {
 
 constexpr int cMaxJobs = 256;
-constexpr char cWorkerOption[] = "--worker";
 constexpr char cFollowOption[] = "--follow"; // see fIsFollowed
 constexpr int cWorkerLost = int(0x80000001); // a process ended before it was done
 
@@ -43,21 +43,22 @@ QStringList formatNames(const TImportDriver &driver)
 
 QVector<TCliOption> TCliFileCommand::fileOptions()
 {
-    return {{"--format", "NAME", "read the files in this format, whatever they look like; see zarnu formats"},
-            {"--orig-units", "X:Y", "say what the axes of the files are, by script names; either may be empty",
-             TCliOption::cOffered},
-            {"--jobs", "N", "work on N files at once, in processes of their own (default 1)"},
-            {cWorkerOption, "MSECS", "work on one file for another process", TCliOption::cHidden},
-            {cFollowOption, "", "tell of each file that is done, and stop when standard input says so",
-             TCliOption::cHidden}};
+    return QVector<TCliOption>{
+               {"--format", "NAME", "read the files in this format, whatever they look like; see zarnu formats"},
+               {"--orig-units", "X:Y", "say what the axes of the files are, by script names; either may be empty",
+                TCliOption::cOffered},
+               {"--jobs", "N", "work on N files at once, in processes of their own (default 1)"},
+               {cFollowOption, "", "tell of each file that is done, and stop when standard input says so",
+                TCliOption::cHidden}} +
+           TCliFileList::options();
 }
 
 bool TCliFileCommand::checkOptions(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error)
 {
-    fInputs = arguments.operands();
+    if (!TCliFileList::read(arguments, fInputs, error))
+        return false;
     fJson = arguments.has("--json");
     fFormat = arguments.value("--format");
-    fIsWorker = arguments.has(cWorkerOption);
     fIsFollowed = arguments.has(cFollowOption) && !fJson; // which a stop would leave without its end
     fKeepsSettings = arguments.has("--settings");
     const QStringList known = formatNames(environment.fBatch.importDriver());
@@ -88,7 +89,7 @@ bool TCliFileCommand::checkOptions(const TCliArguments &arguments, const TCliEnv
 
 void TCliFileCommand::printOutput(int index, const QByteArray &output, const TCliEnvironment &environment) const
 {
-    if (!fJson || fIsWorker) {
+    if (!fJson) {
         environment.fConsole.out(output);
         return;
     }
@@ -167,8 +168,6 @@ int TCliFileCommand::runHere(const TCliEnvironment &environment)
             tellDone(fInputs.at(i), environment);
     }
     environment.fConsole.progress(QString(), fInputs.size(), fInputs.size());
-    if (fIsWorker)
-        environment.fConsole.out(TCliJobs::endMark());
     return status;
 }
 
@@ -195,15 +194,13 @@ int TCliFileCommand::runGathered(const TCliEnvironment &environment)
 
 bool TCliFileCommand::takeJob(int index, const TCliJobResult &job, const TCliEnvironment &environment)
 {
-    for (const QByteArray &line : job.fErrors.split('\n')) {
-        if (!line.isEmpty())
-            environment.fConsole.err(QString::fromLocal8Bit(line));
-    }
+    for (const QString &line : job.fErrors)
+        environment.fConsole.err(line);
     if (job.fIsWhole) {
         printOutput(index, job.fOutput, environment);
-        if (job.fStatus == cCliAllDone)
+        if (!job.fHasFailed)
             tellDone(fInputs.at(index), environment);
-        return job.fStatus == cCliAllDone;
+        return !job.fHasFailed;
     }
     TCliInput input;
     input.fFile = fInputs.at(index);
@@ -214,21 +211,26 @@ bool TCliFileCommand::takeJob(int index, const TCliJobResult &job, const TCliEnv
     return false;
 }
 
-int TCliFileCommand::runJobs(const TCliArguments &arguments, const TCliEnvironment &environment)
+TCliJobResult TCliFileCommand::doJob(int index, const TCliEnvironment &environment)
 {
-    const QDateTime time = TCliInputs::newestTime(fInputs);
-    const QString msecs = QString::number(time.isValid() ? time.toMSecsSinceEpoch() : 0);
-    const QStringList options = arguments.optionsExcept({cFollowOption, "--jobs", "-o", "--to", "--plot", "--plot-to"});
-    QList<QStringList> calls;
-    for (int i = 0; i < fInputs.size(); ++i)
-        calls.append(QStringList{syntax().fName} + options + outputOptions(i) +
-                     QStringList{cWorkerOption, msecs, "--", fInputs.at(i)});
+    TCliTaskConsole console;
+    TCliJobResult result;
+    const TCliEnvironment own{environment.fHost, environment.fBatch, console, environment.fSpoolLimit};
+    const QByteArray out = processInput(index, own, result.fHasFailed);
+    result.fOutput = console.output() + out;
+    result.fErrors = console.errors();
+    result.fIsWhole = true;
+    return result;
+}
 
+int TCliFileCommand::runJobs(const TCliEnvironment &environment)
+{
     int status = cCliAllDone;
-    TCliJobs jobs(QCoreApplication::applicationFilePath(), fJobs);
+    TCliJobs jobs(qMin(fJobs, fInputs.size()));
     jobs.setStopCheck([&] { return isStopWanted(environment); });
     int handedOver = 0;
-    jobs.run(calls, [&](int index, const TCliJobResult &job) {
+    const auto work = [&](int index) { return doJob(index, environment); };
+    jobs.run(fInputs.size(), work, [&](int index, const TCliJobResult &job) {
         if (!takeJob(index, job, environment))
             status = cCliInputFailed;
         environment.fConsole.progress(fInputs.at(index), index + 1, fInputs.size());
@@ -242,14 +244,11 @@ int TCliFileCommand::run(const TCliArguments &arguments, const TCliEnvironment &
     QString error;
     if (!checkOptions(arguments, environment, error) || !prepare(arguments, environment, error) || !makeFolders(error))
         return environment.refuse(QString("%1: %2").arg(syntax().fName, error));
-    if (fJobs > 1 && fInputs.size() > 1 && !gathers())
-        return runJobs(arguments, environment);
     // sets and hashes in a fixed order, and times in results that a second run has too
     qSetGlobalQHashSeed(0);
-    Utils::Common::setFixedTime(
-        fIsWorker ? QDateTime::fromMSecsSinceEpoch(arguments.value(cWorkerOption).toLongLong(), Qt::UTC)
-                  : TCliInputs::newestTime(fInputs));
-    int status = gathers() ? runGathered(environment) : runHere(environment);
+    Utils::Common::setFixedTime(TCliInputs::newestTime(fInputs));
+    const bool isShared = fJobs > 1 && fInputs.size() > 1;
+    int status = gathers() ? runGathered(environment) : isShared ? runJobs(environment) : runHere(environment);
     if (!finish(error)) {
         environment.fConsole.err("zarnu: " + error);
         status = cCliInputFailed;

@@ -35,16 +35,12 @@ protected:
     virtual int jsonParts() const = 0;
     /// The chain for the provenance of --json.
     virtual QVariantList chain() const { return {}; }
-    /// The outputs of one input as options, for a process that works on it alone.
-    virtual QStringList outputOptions(int) const { return {}; }
     /// Called once all inputs are done; false, with an error, when something could not be finished.
     virtual bool finish(QString &) { return true; }
     /// Whether all inputs are gathered into one stack, so that the work is done once.
     virtual bool gathers() const { return false; }
 
     const QStringList &inputs() const { return fInputs; }
-    /// Whether this is a process that works on one input for another one, which has told the warnings already.
-    bool isWorker() const { return fIsWorker; }
 
 private:
     bool checkOptions(const TCliArguments &arguments, const TCliEnvironment &environment, QString &error);
@@ -52,7 +48,8 @@ private:
     QByteArray finishInput(TCliInput &input, int index, const TCliEnvironment &environment, bool &failed);
     int runHere(const TCliEnvironment &environment);
     int runGathered(const TCliEnvironment &environment);
-    int runJobs(const TCliArguments &arguments, const TCliEnvironment &environment);
+    TCliJobResult doJob(int index, const TCliEnvironment &environment);
+    int runJobs(const TCliEnvironment &environment);
     bool isStopWanted(const TCliEnvironment &environment) const;
     void tellDone(const QString &file, const TCliEnvironment &environment) const;
     bool takeJob(int index, const TCliJobResult &job, const TCliEnvironment &environment);
@@ -63,7 +60,6 @@ private:
     TCliOrigUnits fOrigUnits;
     int fJobs = 1;
     bool fJson = false;
-    bool fIsWorker = false;
     bool fIsFollowed = false; // by the program that started this one, through both of its streams
     bool fKeepsSettings = false;
 };

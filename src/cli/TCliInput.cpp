@@ -2,6 +2,7 @@
 
 #include "TCanvasYrexSpectrum.h"
 #include "TCliEnvironment.h"
+#include "TCliSpool.h"
 #include "canvas/TDocument.h"
 #include "canvas/TLoadReport.h"
 #include "canvas/TPage.h"
@@ -28,19 +29,31 @@ void loadDocument(TCliInput &input, TDocument &document)
     input.fIsDocument = true;
     input.fFormatName = "Kelmora";
     TLoadReport report;
-    if (!document.loadFrom(input.fFile, report))
+    if (!document.loadFrom(input.path(), report))
         return input.fail(cConverterContentUnusable, report.fError);
     input.fNotes += report.fWarnings;
     if (report.fTruncated)
         input.fNotes += "the document ends early; what stands before is read";
 }
 
+/// What was read from a copy says nothing of where that is.
+void nameAsStream(const TCanvasItemList &items)
+{
+    for (ICanvasItem *item : items) {
+        if (TCanvasYrexSpectrum *spectra = yrexItem(item)) {
+            for (TYrexSpectrum *spectrum : spectra->spectra())
+                spectrum->paramsBundle().setFileName(TCliSpool::cName);
+        }
+    }
+}
+
 void importFile(TCliInput &input, TDocument &document, const QString &format, const TCliEnvironment &environment)
 {
     TPage *page = document.appendPage();
-    const TImportResult result = environment.fBatch.importDriver().import(input.fFile, page, format);
+    const TImportResult result =
+        environment.fBatch.importDriver().import(input.path(), page, format, input.fSpool ? input.fFile : QString());
     if (Utils::Common::has_no_error(result.fCode))
-        return;
+        return input.fSpool ? nameAsStream(result.fItems) : void();
     input.fail(result.fCode, result.fReason);
     // after a failure the items pass to the caller without a place on the page
     for (ICanvasItem *item : result.fItems) {
@@ -71,6 +84,11 @@ void TCliInput::fail(int code, const QString &reason)
     fReason = reason;
 }
 
+QString TCliInput::path() const
+{
+    return fSpool ? fSpool->path() : fFile;
+}
+
 QVariantMap TCliInput::provenance() const
 {
     QVariantMap map{{"Filename", fFile}, {"version", TCliEnvironment::version()}};
@@ -84,11 +102,19 @@ QVariantMap TCliInput::provenance() const
 TCliInput TCliInputs::open(const QString &file, const QString &format, const TCliEnvironment &environment)
 {
     TCliInput input;
-    input.fFile = file;
-    input.fMd5 = Utils::FS::md5Sum(file);
+    input.fFile = TCliSpool::shownName(file);
+    if (TCliSpool::isStream(file)) {
+        QString error;
+        input.fSpool = std::make_shared<TCliSpool>();
+        if (!input.fSpool->take(file, environment.fSpoolLimit, error))
+            input.fail(cConverterFileNotOpened, error);
+    }
+    input.fMd5 = Utils::FS::md5Sum(input.path());
     Utils::Common::setDeterministic(input.fMd5.isEmpty() ? file.toUtf8() : input.fMd5);
     TDocument &document = freshDocument(environment);
-    if (format.isEmpty() && TDocument::isDocument(file))
+    if (!input.isOk())
+        return input;
+    if (format.isEmpty() && TDocument::isDocument(input.path()))
         loadDocument(input, document);
     else
         importFile(input, document, format, environment);
@@ -99,10 +125,12 @@ TCliInput TCliInputs::open(const QString &file, const QString &format, const TCl
 
 QDateTime TCliInputs::newestTime(const QStringList &files)
 {
-    QDateTime newest;
+    QDateTime newest = QDateTime::fromMSecsSinceEpoch(0, Qt::UTC);
     for (const QString &file : files) {
+        if (TCliSpool::isStream(file))
+            continue;
         const QDateTime time = QFileInfo(file).lastModified();
-        if (time.isValid() && (!newest.isValid() || time > newest))
+        if (time.isValid() && time > newest)
             newest = time;
     }
     return newest;

@@ -7,13 +7,15 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
+#include <memory>
 
+class TCliSpool;
 struct TCliEnvironment;
 
 /// One input of a command, opened into the host's document.
 struct TCliInput
 {
-    QString fFile; // as it was given
+    QString fFile; // as it was given, or TCliSpool::cName
     int fCode = 0; // 0, or the code of what failed
     QString fReason;
     int fFormat = 0; // number of the file format; 0 for a document
@@ -21,10 +23,13 @@ struct TCliInput
     QByteArray fMd5;   // empty for a file that cannot be read
     QVariantMap fSums; // md5 by file name, where several files were gathered
     bool fIsDocument = false;
-    TCanvasItemList fItems; // the spectrum items, in the order of the document, which owns them
-    QStringList fNotes;     // about what was left out
+    TCanvasItemList fItems;            // the spectrum items, in the order of the document, which owns them
+    QStringList fNotes;                // about what was left out
+    std::shared_ptr<TCliSpool> fSpool; // the copy of what can be read only once
 
     bool isOk() const { return fCode == 0; }
+    /// Where it is read.
+    QString path() const;
     void fail(int code, const QString &reason);
     /// "Filename", "md5sum" and the program's "version".
     QVariantMap provenance() const;
@@ -38,7 +43,7 @@ namespace TCliInputs {
 /// determines.
 TCliInput open(const QString &file, const QString &format, const TCliEnvironment &environment);
 
-/// The newest modification time of files; invalid when none can be looked up.
+/// The newest modification time of files; that of 1970 when none has one, as streams.
 QDateTime newestTime(const QStringList &files);
 
 } // namespace TCliInputs

@@ -1,77 +1,187 @@
 #include "TCliJobs.h"
 
-#include <QEventLoop>
-#include <QProcess>
+#include <QDataStream>
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
-TCliJobResult resultOf(QProcess &process)
+constexpr int cPart = 1 << 16;
+constexpr int cHead = int(sizeof(qint64));
+
+/// Sends or receives all bytes; false at the end of the other side.
+template <class TBytes, class TCall>
+bool passAll(TBytes bytes, qint64 size, const TCall &call)
+{
+    while (size > 0) {
+        const ssize_t passed = call(bytes, size_t(size));
+        if (passed < 0 && errno == EINTR)
+            continue;
+        if (passed <= 0)
+            return false;
+        bytes += passed;
+        size -= passed;
+    }
+    return true;
+}
+
+bool sendAll(int socket, const void *bytes, qint64 size)
+{
+    return passAll(static_cast<const char *>(bytes), size, [socket](const char *part, size_t count) {
+        return send(socket, part, count, MSG_NOSIGNAL); // one that ended is no reason to end
+    });
+}
+
+bool receiveAll(int socket, void *bytes, qint64 size)
+{
+    return passAll(static_cast<char *>(bytes), size,
+                   [socket](char *part, size_t count) { return recv(socket, part, count, 0); });
+}
+
+/// The size of what follows, and a result.
+QByteArray packed(const TCliJobResult &result)
+{
+    QByteArray body;
+    QDataStream stream(&body, QIODevice::WriteOnly);
+    stream << result.fOutput << result.fErrors << result.fHasFailed;
+    const qint64 size = body.size();
+    return QByteArray(reinterpret_cast<const char *>(&size), cHead) + body;
+}
+
+TCliJobResult unpacked(const QByteArray &body)
 {
     TCliJobResult result;
-    result.fOutput = process.readAllStandardOutput();
-    result.fErrors = process.readAllStandardError();
-    result.fStatus = process.exitCode();
-    result.fIsWhole = process.exitStatus() == QProcess::NormalExit && result.fOutput.endsWith(TCliJobs::endMark());
-    if (result.fIsWhole)
-        result.fOutput.chop(TCliJobs::endMark().size());
+    QDataStream stream(body);
+    stream >> result.fOutput >> result.fErrors >> result.fHasFailed;
+    result.fIsWhole = stream.status() == QDataStream::Ok;
     return result;
 }
 
 } // namespace
 
-QByteArray TCliJobs::endMark()
+/// The life of a copy: it leaves what it shares with this program as it is.
+void TCliJobs::serve(int socket, const TWorker &work)
 {
-    return QByteArray("\0zarnu: done\n", 13); // no text holds a zero
+    int index = 0;
+    while (receiveAll(socket, &index, sizeof(index))) {
+        const QByteArray result = packed(work(index));
+        if (!sendAll(socket, result.constData(), result.size()))
+            break;
+    }
+    _exit(0);
 }
 
-void TCliJobs::start(int index, QEventLoop &loop)
+bool TCliJobs::start(const TWorker &work)
 {
-    auto *process = new QProcess(&loop);
-    process->setStandardInputFile(QProcess::nullDevice());
-    QObject::connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), &loop,
-                     [this, index, process, &loop] {
-                         finish(index, resultOf(*process), loop);
-                         process->deleteLater();
-                     });
-    QObject::connect(process, &QProcess::errorOccurred, &loop,
-                     [this, index, process, &loop](QProcess::ProcessError error) {
-                         if (error != QProcess::FailedToStart) // every other error ends in finished
-                             return;
-                         TCliJobResult result;
-                         result.fErrors = process->errorString().toLocal8Bit();
-                         finish(index, result, loop);
-                         process->deleteLater();
-                     });
-    process->start(fProgram, fCalls.at(index), QIODevice::ReadOnly);
+    int sockets[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets) != 0)
+        return false;
+    std::fflush(nullptr); // else a copy holds, and writes, it as well
+    const pid_t id = fork();
+    if (id == 0) {
+        close(sockets[0]);
+        for (const TProcess &other : fProcesses) // else these would not see the end of this program
+            close(other.fSocket);
+        serve(sockets[1], work);
+    }
+    close(sockets[1]);
+    if (id < 0) {
+        close(sockets[0]);
+        return false;
+    }
+    TProcess process;
+    process.fSocket = sockets[0];
+    process.fId = id;
+    fProcesses.push_back(process);
+    giveNext(fProcesses.back());
+    return true;
 }
 
-void TCliJobs::finish(int index, const TCliJobResult &result, QEventLoop &loop)
+void TCliJobs::giveNext(TProcess &process)
+{
+    process.fInput = fNextToBegin < fCount ? fNextToBegin++ : -1;
+    if (process.fInput < 0)
+        shutdown(process.fSocket, SHUT_WR); // it ends
+    else
+        sendAll(process.fSocket, &process.fInput, sizeof(process.fInput)); // a failure shows when it is read from
+}
+
+void TCliJobs::finish(int index, const TCliJobResult &result, const TTaker &take)
 {
     fWaiting.insert(index, result);
     while (fWaiting.contains(fNextToHandOver)) {
-        fTaker(fNextToHandOver, fWaiting.take(fNextToHandOver));
+        take(fNextToHandOver, fWaiting.take(fNextToHandOver));
         ++fNextToHandOver;
     }
     if (fIsStopWanted && fIsStopWanted())
-        fCalls = fCalls.mid(0, fNextToStart);
-    if (fNextToStart < fCalls.size())
-        start(fNextToStart++, loop);
-    else if (fNextToHandOver == fCalls.size())
-        loop.quit();
+        fCount = fNextToBegin;
 }
 
-void TCliJobs::run(const QList<QStringList> &calls, const TTaker &taker)
+void TCliJobs::end(TProcess &process)
 {
-    fCalls = calls;
-    fTaker = taker;
-    fNextToStart = 0;
-    fNextToHandOver = 0;
-    if (calls.isEmpty())
+    close(process.fSocket);
+    while (waitpid(process.fId, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    process.fSocket = -1;
+}
+
+void TCliJobs::receive(TProcess &process, const TTaker &take)
+{
+    char part[cPart];
+    const ssize_t got = recv(process.fSocket, part, sizeof(part), 0);
+    if (got < 0 && errno == EINTR)
         return;
-    QEventLoop loop;
-    const int atFirst = qMin(fAtOnce, calls.size());
-    while (fNextToStart < atFirst)
-        start(fNextToStart++, loop);
-    if (fNextToHandOver < fCalls.size())
-        loop.exec();
+    if (got <= 0) {
+        end(process);
+        if (process.fInput >= 0)
+            finish(process.fInput, TCliJobResult(), take);
+        return;
+    }
+    process.fReceived.append(part, int(got));
+    qint64 size = 0;
+    if (process.fReceived.size() < cHead)
+        return;
+    std::memcpy(&size, process.fReceived.constData(), cHead);
+    if (process.fReceived.size() < cHead + size)
+        return;
+    const TCliJobResult result = unpacked(process.fReceived.mid(cHead));
+    process.fReceived.clear();
+    finish(process.fInput, result, take);
+    giveNext(process);
+}
+
+void TCliJobs::run(int count, const TWorker &work, const TTaker &take)
+{
+    fCount = count;
+    fNextToBegin = 0;
+    fNextToHandOver = 0;
+    bool canStart = true;
+    for (;;) {
+        while (canStart && int(fProcesses.size()) < fAtOnce && fNextToBegin < fCount)
+            canStart = start(work);
+        if (fProcesses.empty() && fNextToBegin < fCount) { // there is no room for a copy: here, one after another
+            const int index = fNextToBegin++;
+            finish(index, work(index), take);
+            continue;
+        }
+        if (fProcesses.empty())
+            return;
+        std::vector<pollfd> sockets;
+        for (const TProcess &process : fProcesses)
+            sockets.push_back({process.fSocket, POLLIN, 0});
+        if (poll(sockets.data(), nfds_t(sockets.size()), -1) < 0)
+            continue;
+        for (size_t i = 0; i < sockets.size(); ++i) {
+            if (sockets[i].revents != 0)
+                receive(fProcesses[i], take);
+        }
+        const auto hasEnded = [](const TProcess &process) { return process.fSocket < 0; };
+        fProcesses.erase(std::remove_if(fProcesses.begin(), fProcesses.end(), hasEnded), fProcesses.end());
+    }
 }

@@ -7,6 +7,7 @@
 #include "TCliOutputHelp.h"
 #include "TCliPicture.h"
 #include "TCliResultJson.h"
+#include "TCliSpool.h"
 #include "TCliWriter.h"
 #include "TCmdYrexProcessing.h"
 #include "TYrexChainFile.h"
@@ -61,8 +62,6 @@ bool TCliProcess::loadChain(const QString &file, const TCliEnvironment &environm
         error = file + ": " + error;
         return false;
     }
-    if (isWorker())
-        return true;
     for (const QString &warning : qAsConst(warnings))
         environment.warn(file + ": " + warning);
     for (int i = 0; i < fChain->actionCount(); ++i) {
@@ -109,11 +108,17 @@ bool TCliProcess::prepare(const TCliArguments &arguments, const TCliEnvironment 
         error = "-o - and --json both write to standard output";
         return false;
     }
+    for (const QString &file : inputs()) {
+        if (arguments.has("--save-script") && TCliSpool::isStream(file)) {
+            error = "--save-script: a script cannot read standard input or a pipe again";
+            return false;
+        }
+    }
     if (!fScript.plan(arguments.value("--save-script"), arguments.has("--force"), sources, error))
         return false;
     if (arguments.has("--chain") && !loadChain(arguments.value("--chain"), environment, error))
         return false;
-    if (!fData.isPlanned() && !fPictures.isPlanned() && !arguments.has("--json") && !fScript.isPlanned() && !isWorker())
+    if (!fData.isPlanned() && !fPictures.isPlanned() && !arguments.has("--json") && !fScript.isPlanned())
         environment.warn("nothing is written: give -o, --plot, --save-script or --json");
     return true;
 }
@@ -126,16 +131,6 @@ int TCliProcess::jsonParts() const
 bool TCliProcess::makeFolders(QString &error)
 {
     return fData.makeFolder(error) && fPictures.makeFolder(error);
-}
-
-QStringList TCliProcess::outputOptions(int index) const
-{
-    QStringList options;
-    if (fData.isPlanned())
-        options += {"-o", fData.path(index)};
-    if (fPictures.isPlanned())
-        options += {"--plot", fPictures.path(index)};
-    return options;
 }
 
 void TCliProcess::draw(TCliInput &input, int index) const

@@ -21,7 +21,6 @@ protected:
     void work(TCliInput &input, int index, const TCliEnvironment &environment, QByteArray &out) override;
     int jsonParts() const override;
     QVariantList chain() const override { return fChain ? fChain->actions() : QVariantList(); }
-    QStringList outputOptions(int index) const override;
     bool finish(QString &error) override;
     bool gathers() const override { return fStacks; }
 

@@ -1,6 +1,7 @@
 #include "TCliTarget.h"
 
 #include "TCliArguments.h"
+#include "TCliSpool.h"
 #include "utils/FSUtils.h"
 
 #include <QDir>
@@ -38,10 +39,10 @@ QStringList namesInFolder(const QStringList &inputs, const QString &form)
 {
     QHash<QString, int> uses;
     for (const QString &input : inputs)
-        ++uses[QFileInfo(input).completeBaseName()];
+        ++uses[QFileInfo(TCliSpool::shownName(input)).completeBaseName()];
     QStringList names;
     for (const QString &input : inputs) {
-        const QFileInfo info(input);
+        const QFileInfo info(TCliSpool::shownName(input));
         const bool isUnique = uses.value(info.completeBaseName()) == 1 && !info.completeBaseName().isEmpty();
         names.append((isUnique ? info.completeBaseName() : info.fileName()) + '.' + form);
     }

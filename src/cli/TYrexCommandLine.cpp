@@ -9,6 +9,7 @@
 #include "TCliInspect.h"
 #include "TCliProcess.h"
 #include "TCliScript.h"
+#include "TCliSpool.h"
 #include "TCliSyntax.h"
 #include "log/TLogger.h"
 #include "plugin/IConsole.h"
@@ -96,7 +97,7 @@ int TYrexCommandLine::run(const QString &name, const QStringList &arguments, ICo
         console.err("zarnu: commands do not run in a program with windows");
         return cCliUsageError;
     }
-    const TCliEnvironment environment{*fHost, *batch, console};
+    TCliEnvironment environment{*fHost, *batch, console, TCliSpool::cUsualLimit};
     const TEntry *entry = entryOf(name);
     if (!entry)
         return environment.refuse(QString("there is no command %1; see zarnu --help").arg(name));
@@ -111,6 +112,9 @@ int TYrexCommandLine::run(const QString &name, const QStringList &arguments, ICo
         console.out(syntax.help().toUtf8());
         return cCliAllDone;
     }
+    const QString limit = parsed.value("--spool-limit");
+    if (!limit.isEmpty() && !TCliSpool::parseLimit(limit, environment.fSpoolLimit))
+        return environment.refuse(QString("--spool-limit: %1 is no size such as 100M or 8G").arg(limit));
     applyCommonOptions(parsed, console);
     int status = cCliInputFailed;
     try {

@@ -17,9 +17,12 @@ protected:
         qputenv("ASAN_OPTIONS", "detect_leaks=0");
     }
 
-    int run(const QStringList &arguments, const QProcessEnvironment &environment = QProcessEnvironment())
+    int run(const QStringList &arguments, const QProcessEnvironment &environment = QProcessEnvironment(),
+            const QString &input = QString())
     {
         QProcess process;
+        if (!input.isEmpty())
+            process.setStandardInputFile(input);
         if (!environment.isEmpty())
             process.setProcessEnvironment(environment);
         process.start(fProgram, arguments);
@@ -91,6 +94,102 @@ TEST_F(ZarnuProgram, jobsShowInNoResult)
     const QByteArray text = fOut;
     EXPECT_EQ(run(QStringList{"info", "--jobs", "2"} + files), 1);
     EXPECT_EQ(fOut, text);
+}
+
+TEST_F(ZarnuProgram, streamsAreReadOnceAndAreNamedAsStandardInput)
+{
+    writeBand("a.csv", 450.0);
+    const auto inShell = [this](const QByteArray &command) {
+        QProcess shell;
+        shell.start("bash", {"-c", QString::fromUtf8(command).replace("zarnu", fProgram)});
+        EXPECT_TRUE(shell.waitForFinished(60000)) << command.constData();
+        fOut = shell.readAllStandardOutput();
+        fErr = shell.readAllStandardError();
+        return shell.exitCode();
+    };
+    ASSERT_EQ(run({"process", "a.csv", "--json"}), 0);
+    const QJsonObject file = parsed(fOut).at(0).toObject();
+    for (const char *call : {"zarnu process - --json < a.csv", "cat a.csv | zarnu process - --json",
+                             "zarnu process <(cat a.csv) --json", "cat a.csv | zarnu process /dev/stdin --json",
+                             "mkfifo pipe; cat a.csv > pipe & zarnu process pipe --json --jobs 2; rm pipe"}) {
+        EXPECT_EQ(inShell(call), 0) << call << fErr.constData();
+        const QJsonObject read = parsed(fOut).at(0).toObject();
+        EXPECT_EQ(read["file"].toString(), "standard input") << call;
+        const QJsonObject spectrum = read["items"].toArray().at(0).toObject()["spectra"].toArray().at(0).toObject();
+        EXPECT_EQ(spectrum["data"].toArray(),
+                  file["items"].toArray().at(0).toObject()["spectra"].toArray().at(0).toObject()["data"].toArray());
+        EXPECT_EQ(read["provenance"].toObject()["md5sum"].toObject()["standard input"],
+                  file["provenance"].toObject()["md5sum"].toObject()["a.csv"]);
+        EXPECT_FALSE(fOut.contains(QDir::tempPath().toUtf8() + "/zarnu")) << "nothing tells where the copy was";
+    }
+    const QByteArray first = fOut;
+    EXPECT_EQ(inShell("mkfifo pipe; cat a.csv > pipe & zarnu process pipe --json"), 0);
+    EXPECT_EQ(fOut, first) << "two runs";
+    EXPECT_EQ(inShell("cat a.csv | zarnu convert - a.csv -o out/ --jobs 2 && ls out"), 0) << fErr.constData();
+    EXPECT_EQ(fOut, "a.csv\nstandard input.csv\n");
+    EXPECT_EQ(inShell("cat a.csv | zarnu convert - --format csv -o -"), 0);
+    EXPECT_EQ(fOut, read("out/a.csv"));
+    EXPECT_EQ(inShell("cat a.csv | zarnu inspect -"), 0);
+    EXPECT_TRUE(fOut.startsWith("standard input: opens as CSV")) << fOut.constData();
+    EXPECT_EQ(inShell("zarnu convert a.csv -o a.klm && zarnu info - < a.klm"), 0);
+    EXPECT_TRUE(fOut.contains("Kelmora")) << fOut.constData();
+
+    EXPECT_EQ(inShell("zarnu info - --spool-limit 1K < a.csv"), 1);
+    EXPECT_TRUE(fErr.contains("longer than 1024 bytes")) << fErr.constData();
+    EXPECT_EQ(inShell("zarnu info - < /dev/null"), 1);
+    for (const char *wrong : {"zarnu info - -", "zarnu info - /dev/stdin", "zarnu info - --files-from -",
+                              "zarnu info a.csv --spool-limit 0", "zarnu info a.csv --spool-limit 1T",
+                              "zarnu process - --save-script s.js", "zarnu info a.csv -0"})
+        EXPECT_EQ(inShell(QByteArray("cat a.csv | ") + wrong), 2) << wrong;
+}
+
+TEST_F(ZarnuProgram, takesNamesOfFilesFromLists)
+{
+    writeBand("a.csv", 450.0);
+    writeBand("b\nc.csv", 460.0);
+    ASSERT_EQ(run({"info", "--json", "a.csv", "b\nc.csv"}), 0);
+    const QByteArray both = fOut;
+    write("list", "\r\na.csv\r\n\n");
+    EXPECT_EQ(run({"info", "--json", "--files-from", "list", "b\nc.csv"}), 0);
+    EXPECT_EQ(parsed(fOut).at(1).toObject()["file"].toString(), "a.csv") << "behind the operands";
+    write("zeros", QByteArray("a.csv\0b\nc.csv\0", 14));
+    EXPECT_EQ(run({"info", "--json", "-0", "--files-from", "zeros"}), 0) << fErr.constData();
+    EXPECT_EQ(fOut, both);
+    EXPECT_EQ(run({"info", "--json", "-0", "--files-from", "-"}, QProcessEnvironment(), "zeros"), 0);
+    EXPECT_EQ(fOut, both);
+    EXPECT_EQ(run({"inspect", "--files-from", "list"}), 0);
+    write("empty", "\n\n");
+    for (const char *list : {"none", "empty", "zeros", "."})
+        EXPECT_EQ(run({"info", "--files-from", list}), 2) << list;
+    EXPECT_EQ(run({"info"}), 2);
+}
+
+TEST_F(ZarnuProgram, linesOfScriptsAreReadAsTheyAreWritten)
+{
+    write("wait.js", "print('begin'); while (!fileExists('go')) {} print('end');");
+    QProcess process;
+    process.start(fProgram, {"script", "wait.js"});
+    EXPECT_TRUE(process.waitForReadyRead(60000)) << "the line is held back until the end";
+    EXPECT_EQ(process.readAllStandardOutput(), "begin\n");
+    write("go", "");
+    ASSERT_TRUE(process.waitForFinished(60000));
+    EXPECT_EQ(process.readAllStandardOutput(), "end\n");
+}
+
+TEST_F(ZarnuProgram, scriptsReachNoFurtherThanTheyMay)
+{
+    QDir().mkdir("in");
+    write("in/a.txt", "a");
+    write("w.js", "writeText('in/b.txt', readText('in/a.txt')); print(args[0]);");
+    write("up.js", "writeText('b.txt', '');");
+    EXPECT_EQ(run({"script", "--read-only", "w.js", "x"}), 1);
+    EXPECT_TRUE(fErr.contains("may only read")) << fErr.constData();
+    EXPECT_FALSE(QFile::exists("in/b.txt"));
+    EXPECT_EQ(run({"script", "up.js", "--folder", "in"}), 1);
+    EXPECT_FALSE(QFile::exists("b.txt"));
+    EXPECT_EQ(run({"script", "w.js", "--folder", "in", "x"}), 0) << fErr.constData();
+    EXPECT_EQ(fOut, "x\n");
+    EXPECT_EQ(run({"script", "w.js", "--folder", "none"}), 2);
 }
 
 TEST_F(ZarnuProgram, tellsItsFollowerOfEachFileAndStopsWhenToldTo)

@@ -13,6 +13,7 @@ constexpr int cBarWidth = 30;
 TTerminalConsole::TTerminalConsole()
     : fIsTerminal(isatty(fileno(stderr)) == 1)
 {
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ); // whoever reads a pipe sees each line when it is written
 }
 
 TTerminalConsole::~TTerminalConsole()

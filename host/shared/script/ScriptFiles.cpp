@@ -75,8 +75,8 @@ QScriptValue writeText(QScriptContext *context, QScriptEngine *engine)
     QScriptValue error;
     if (!takePath(context, 2, path, error) || !mayWrite(context, path))
         return error;
-    QString reason = refusal(context, path);
-    if (!reason.isEmpty() || !ExportFile::write(path, context->argument(1).toString().toUtf8(), &reason))
+    QString reason;
+    if (!ExportFile::write(path, context->argument(1).toString().toUtf8(), &reason))
         return fileError(context, path, reason);
     return engine->undefinedValue();
 }
@@ -87,9 +87,6 @@ QScriptValue appendText(QScriptContext *context, QScriptEngine *engine)
     QScriptValue error;
     if (!takePath(context, 2, path, error) || !mayWrite(context, path))
         return error;
-    const QString refused = refusal(context, path);
-    if (!refused.isEmpty())
-        return fileError(context, path, refused);
     QFile file(path);
     const QByteArray bytes = context->argument(1).toString().toUtf8();
     if (!file.open(QIODevice::Append))

@@ -10,8 +10,11 @@ void TConverterHost::commitImport(const TCanvasItemList &items, const QVariantMa
 {
     if (items.isEmpty() || !fHost.document())
         return;
+    QVariantMap shown = info;
+    if (!TImportDriver::shownName().isEmpty())
+        shown.insert("Filename", TImportDriver::shownName());
     auto *command =
-        new TCmdCreateItem(TCmdCreateItem::cImport, items, fHost.document(), nullptr, info, TCmdCreateItem::cLaidOut);
+        new TCmdCreateItem(TCmdCreateItem::cImport, items, fHost.document(), nullptr, shown, TCmdCreateItem::cLaidOut);
     QByteArray title;
     titleWriter(title);
     command->setDescription(QString::fromUtf8(title));

@@ -16,6 +16,7 @@ constexpr int cSniffSize = 0x20000; // 128 KiB
 constexpr char cTextFormat[] = "csv";
 
 thread_local QString sFormatAskedFor;
+thread_local QString sShownName;
 
 } // namespace
 
@@ -50,7 +51,8 @@ IConverter *TImportDriver::converterFor(const QString &fileName) const
     return looksLikeText(fileName) ? converterByName(cTextFormat) : nullptr;
 }
 
-TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, const QString &format) const
+TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, const QString &format,
+                                    const QString &shownName) const
 {
     TImportResult result;
     const QFileInfo info(fileName);
@@ -72,8 +74,10 @@ TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, cons
         return result;
     }
     sFormatAskedFor = format;
+    sShownName = shownName;
     result.fCode = result.fConverter->importFile(fileName, page);
     sFormatAskedFor.clear();
+    sShownName.clear();
     result.fItems = result.fConverter->importedItems();
     if (!Utils::Common::has_no_error(result.fCode)) {
         result.fReason = result.fConverter->problem();
@@ -81,6 +85,11 @@ TImportResult TImportDriver::import(const QString &fileName, ICanvas *page, cons
             result.fReason = reason(result.fCode);
     }
     return result;
+}
+
+QString TImportDriver::shownName()
+{
+    return sShownName;
 }
 
 QString TImportDriver::formatAskedFor()

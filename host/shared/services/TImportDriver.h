@@ -33,11 +33,15 @@ public:
     IConverter *converterByName(const QString &name) const;
     /// The converter that takes the file, or null.
     IConverter *converterFor(const QString &fileName) const;
-    /// Imports a file; `format` names the converter outright and skips its look at the content.
-    TImportResult import(const QString &fileName, ICanvas *page, const QString &format = QString()) const;
+    /// Imports a file; `format` names the converter outright and skips its look at the content. The history tells
+    /// `shownName` in place of the path, where that says nothing.
+    TImportResult import(const QString &fileName, ICanvas *page, const QString &format = QString(),
+                         const QString &shownName = QString()) const;
 
     /// The format that the import under way names outright; empty for one that does not.
     static QString formatAskedFor();
+    /// What the import under way calls its file; empty for its path.
+    static QString shownName();
 
     /// Why a file opens or does not: a row for each converter with what it says of the file, and the view of its inside
     /// by the one that takes it, else by every one that knows something in it. `format` names the converter outright.
