@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr int cMostLetters = 60; // of the name of a class in a label
+
 QString translated(const char *text)
 {
     return QCoreApplication::translate("TYrexDragAndDropHandler", text);
@@ -35,6 +37,21 @@ bool hasRows(const TCanvasYrexSpectrum &item)
     default:
         return false;
     }
+}
+
+bool isGrouped(const TCanvasYrexSpectrum &item)
+{
+    return hasRows(item) && item.activeYrexPlot()->isGrouped();
+}
+
+/// The spectrum of a row as it is drawn; of a class any of its members that is seen.
+int indexOfDrawnRow(TCanvasYrexSpectrum &item, int row)
+{
+    if (!isGrouped(item))
+        return TYrexStackedItemCtx(&item).indexOfRow(row);
+    const QVector<QVector<int>> classes =
+        item.dataObj() ? item.dataObj()->displayGroups(true) : QVector<QVector<int>>();
+    return classes.value(row).value(0, item.stack().current());
 }
 
 } // namespace
@@ -66,13 +83,30 @@ void TYrexDragAndDropHandler::reset()
     TDragAndDropHandler::reset();
 }
 
+/// A class takes what is dropped on its row.
+QString TYrexDragAndDropHandler::classLabel() const
+{
+    const TCanvasYrexSpectrum *item = fDropAction == cReplacement ? yrexItem(pointedItem()) : nullptr;
+    const TYrexSpectrum *spectrum = item && isGrouped(*item) ? item->stack().at(fDropIndex) : nullptr;
+    if (!spectrum)
+        return QString();
+    const QString name = spectrum->spectrumClass().simplified().left(cMostLetters);
+    return name.isEmpty() ? translated("Insert without a class") : translated("Insert into class %1").arg(name);
+}
+
 QString TYrexDragAndDropHandler::highlightText() const
 {
+    const QString intoClass = classLabel();
+    if (!intoClass.isEmpty())
+        return intoClass;
     return fDropAction == cReplacement ? translated("Replace") : translated("Insert");
 }
 
 QString TYrexDragAndDropHandler::label() const
 {
+    const QString intoClass = classLabel();
+    if (!intoClass.isEmpty())
+        return highlights().isEmpty() ? QString() : intoClass;
     const QString text = fDropAction == cReplacement ? translated("Replace spectrum %1")
                          : fIsAbove                  ? translated("Insert above spectrum %1")
                                                      : translated("Insert below spectrum %1");
@@ -104,15 +138,14 @@ int TYrexDragAndDropHandler::rowAt(const TCanvasYrexSpectrum &item, const QPoint
 }
 
 /// Chooses what a drop does and where its band stands.
-void TYrexDragAndDropHandler::aim(const TCanvasYrexSpectrum &item, const QPointF &viewPos)
+void TYrexDragAndDropHandler::aim(TCanvasYrexSpectrum &item, const QPointF &viewPos)
 {
     const bool isRows = hasRows(item);
     const int row = isRows ? rowAt(item, viewPos) : 0;
     const int rows = isRows ? static_cast<const T1DYrexPlotter *>(item.activePlotter())->rowCount() : 1;
     int index = 0;
     if (item.isStacked())
-        index = isRows ? TYrexStackedItemCtx(const_cast<TCanvasYrexSpectrum *>(&item)).indexOfRow(row)
-                       : item.stack().current();
+        index = isRows ? indexOfDrawnRow(item, row) : item.stack().current();
     QRectF rect = rowRect(item, row);
     double third = rect.height() / 3;
     double upper = rect.top() + third;

@@ -27,7 +27,8 @@ public:
 private:
     enum TDropAction { cNoAction = 0, cInsertion = 1, cReplacement = 2 };
 
-    void aim(const TCanvasYrexSpectrum &item, const QPointF &viewPos);
+    QString classLabel() const;
+    void aim(TCanvasYrexSpectrum &item, const QPointF &viewPos);
     QRectF rowRect(const TCanvasYrexSpectrum &item, int row) const;
     int rowAt(const TCanvasYrexSpectrum &item, const QPointF &viewPos) const;
     TYrexInsertionCommand *command(TCanvasYrexSpectrum *item, const TYrexSpectrumList &clones) const;

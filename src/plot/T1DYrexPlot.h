@@ -74,7 +74,7 @@ public:
     /// Tints the highlighted peaks and integrals and shows the handles of these; on the screen only, over everything
     /// else.
     void drawHighlights(QPainter &painter) override;
-    bool hasHighlights() const override { return !fHighlightedIntegrals.isEmpty() || !fHighlightedPeaks.isEmpty(); }
+    bool hasHighlights() const override;
     /// Marks beside the rows of selected spectra.
     void drawSelectedStackedMark(QPainter &painter);
 
@@ -154,6 +154,8 @@ private:
     void reserveLabelStrips();
     QStringList peakTexts(const TYrexPeakPainter::TPeaks &peaks) const;
     void drawHighlightedPeaks(QPainter &painter) const;
+    /// Whether nothing in the curves themselves tells which spectrum is the active one.
+    bool needsSelectedMark() const;
     void addIntegralHotAreas(const TYrexIntegralHits &hits);
     QVector<int> displayOrder(const IYrexPlotData &data) const;
     bool hasRowTitles() const;

@@ -236,9 +236,22 @@ void T1DYrexPlot::drawHighlightedPeaks(QPainter &painter) const
     highlighter.draw(painter, peaks, peakTexts(peaks), nullptr, fXUnits == cUnitWavenumber);
 }
 
+bool T1DYrexPlot::needsSelectedMark() const
+{
+    const int mode = stackedProperties().displayMode();
+    return isArrayed() && (mode == stackedMode || mode == hiddenLinesMode || mode == queuedMode);
+}
+
+bool T1DYrexPlot::hasHighlights() const
+{
+    return !fHighlightedIntegrals.isEmpty() || !fHighlightedPeaks.isEmpty() || needsSelectedMark();
+}
+
 void T1DYrexPlot::drawHighlights(QPainter &painter)
 {
     constexpr int cHandles = 0xCF0;
+    if (needsSelectedMark())
+        drawSelectedStackedMark(painter);
     drawHighlightedPeaks(painter);
     painter.save();
     QColor color = Utils::Color::cSelectionColors.first();

@@ -94,9 +94,14 @@ struct TDrag
         other->insertItem(source);
         stack.document.setCurrentPage(stack.page);
         mime.setData("application/x-kelmora-page-drag", PageDrag::store(stack.document, {other}, {}));
+        paint();
+    }
+    /// Rows have their places once they were drawn.
+    void paint()
+    {
         QImage image(300, 200, QImage::Format_ARGB32);
         QPainter painter(&image);
-        stack.page->paintItems(painter); // rows have their places once they were drawn
+        stack.page->paintItems(painter);
     }
     QRectF row(int index) const
     {
@@ -413,4 +418,64 @@ TEST(DragOverSpectra, isRefusedWhereItDoesNotFit)
     drag.mime.clear();
     EXPECT_FALSE(drag.moveTo(place));
     EXPECT_EQ(drag.stack.item->stack().count(), 2);
+}
+
+TEST(DragOverSpectra, rowsOfClassesCountAsTheyAreDrawn)
+{
+    TDrag drag(4, groupedMode);
+    TYrexStack &data = drag.stack.item->stack();
+    const char *const names[] = {"low", "high", "hidden", "low"};
+    for (int i = 0; i < 4; ++i)
+        data.at(i)->setSpectrumClass(names[i]);
+    data.setHidden(2, true);
+    data.setOrder({data.ids().at(2), data.ids().at(1), data.ids().at(0), data.ids().at(3)});
+    drag.paint();
+    const struct
+    {
+        int fRow;
+        const char *fName;
+    } cRows[] = {{0, "high"}, {1, "low"}};
+    for (const auto &one : cRows) {
+        ASSERT_TRUE(drag.moveTo(drag.row(one.fRow).center()));
+        EXPECT_EQ(drag.handler.dropAction(), 2);
+        EXPECT_EQ(drag.handler.label(), QString("Insert into class %1").arg(one.fName));
+        EXPECT_EQ(drag.handler.highlightText(), drag.handler.label());
+        const int count = data.count();
+        EXPECT_TRUE(drag.drop(drag.row(one.fRow).center()));
+        ASSERT_EQ(data.count(), count + 1);
+        EXPECT_EQ(data.at(count)->spectrumClass(), one.fName);
+        drag.stack.document.history().stack()->undo();
+        drag.paint();
+    }
+    data.at(1)->setSpectrumClass("");
+    drag.paint();
+    EXPECT_TRUE(drag.moveTo(drag.row(0).center()));
+    EXPECT_EQ(drag.handler.label(), "Insert without a class");
+}
+
+TEST(StackOnScreen, theActiveSpectrumIsMarkedWhereCurvesDoNotTell)
+{
+    for (const int mode : {stackedMode, hiddenLinesMode, queuedMode}) {
+        TStackItem stack(3);
+        stack.stack().setDisplayMode(mode);
+        stack.plot().resetView();
+        QImage pictures[2];
+        QImage screens[2];
+        for (int active = 0; active < 2; ++active) {
+            stack.item->stack().setCurrent(active);
+            for (QImage *image : {&pictures[active], &screens[active]}) {
+                *image = QImage(600, 400, QImage::Format_ARGB32_Premultiplied);
+                image->fill(Qt::white);
+                QPainter painter(image);
+                painter.scale(600.0 / stack.item->rect().width(), 400.0 / stack.item->rect().height());
+                stack.item->paint(painter);
+                if (image == &screens[active] && stack.item->hasHighlight())
+                    stack.item->paintHighlight(painter);
+            }
+        }
+        EXPECT_EQ(pictures[0], pictures[1]) << mode << ": pictures stay as they are";
+        EXPECT_NE(screens[0], screens[1]) << mode;
+    }
+    TStackItem single(1);
+    EXPECT_FALSE(single.item->hasHighlight());
 }
