@@ -16,9 +16,8 @@ expect() {
   shift
   "$@" >"$work/out" 2>"$work/err" || { fail "$what"; head -n 5 "$work/out" "$work/err"; }
 }
-clean() {
-  env -i PATH="$PATH" HOME="$work/home" LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$work/run" "$@"
-}
+environment=(env -i PATH="$PATH" HOME="$work/home" LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$work/run")
+clean() { "${environment[@]}" "$@"; }
 has() { command -v "$1" >/dev/null 2>&1; }
 
 rm -rf "$work"
@@ -75,8 +74,9 @@ expect "zarnu script" clean "$zarnu" script count.js "$samples/dye.csv"
 
 # the desktop program ends when it is told to, so its log says when it has opened the file
 log=$work/home/.local/state/kelmora/log/kelmora.log
-clean "$prefix/bin/kelmora" "$samples/dye.csv" >"$work/kelmora.out" 2>&1 &
-kelmora=$!
+"${environment[@]}" "$prefix/bin/kelmora" "$samples/dye.csv" >"$work/kelmora.out" 2>&1 & # no function: it has to be
+kelmora=$!                                                                              # the program that is ended
+trap 'kill $kelmora 2>/dev/null' EXIT
 for _ in $(seq 100); do
   grep -q 'dye.csv opened' "$log" 2>/dev/null && break
   kill -0 $kelmora 2>/dev/null || break
@@ -85,6 +85,9 @@ done
 grep -q 'dye.csv opened' "$log" 2>/dev/null || { fail "kelmora did not open a sample"; cat "$log" "$work/kelmora.out"; }
 kill $kelmora 2>/dev/null
 wait $kelmora 2>/dev/null
+for left in /proc/[0-9]*; do
+  [ "$(readlink "$left/exe")" != "$prefix/bin/kelmora" ] || fail "process ${left#/proc/} is left behind"
+done
 
 # what it is said to be
 [ -s "$share/kelmora/docs/guide/README.md" ] || fail "no guide"
