@@ -7,10 +7,13 @@
 #include "TCliInput.h"
 #include "TCliSpool.h"
 #include "TCliSyntax.h"
+#include "canvas/TCanvasItem.h"
 #include "canvas/TDocument.h"
+#include "canvas/TPage.h"
 #include "plugin/IConsole.h"
 #include "plugin/IConverter.h"
 #include "services/IBatchHost.h"
+#include "services/IPluginHost.h"
 #include "services/TImportDriver.h"
 
 #include <QFileInfo>
@@ -25,6 +28,34 @@ QString outcome(const TCliInput &input)
     for (ICanvasItem *item : input.fItems)
         spectra += yrexItem(item)->spectra().size();
     return QString("opens as %1, items: %2, spectra: %3").arg(input.fFormatName).arg(input.fItems.size()).arg(spectra);
+}
+
+constexpr double cUnitsPerMm = 10.0;
+
+QString millimeters(const QSizeF &size)
+{
+    return QString("%1 x %2 mm").arg(size.width() / cUnitsPerMm).arg(size.height() / cUnitsPerMm);
+}
+
+/// Pages and items of a document, with their sizes.
+TFileNode insideOf(const TDocument &document)
+{
+    TFileNode root;
+    int number = 0;
+    for (const TPage *page : document.pages()) {
+        TFileNode &row = root.add(QString("page %1").arg(++number), page->title(), millimeters(page->size()));
+        for (TCanvasItem *item : page->items()) {
+            const TCanvasYrexSpectrum *spectra = yrexItem(item);
+            qint64 points = 0;
+            for (const TYrexSpectrum *spectrum : spectra ? spectra->spectra() : TYrexSpectrumList())
+                points += spectrum->pointCount();
+            QString note = millimeters(item->rect().size());
+            if (spectra)
+                note = QString("spectra: %1, points: %2, %3").arg(spectra->spectra().size()).arg(points).arg(note);
+            row.add(item->type(), item->historyName(), note);
+        }
+    }
+    return root;
 }
 
 } // namespace
@@ -56,7 +87,10 @@ bool TCliInspect::inspect(const QString &file, const QString &format, const TCli
     QString text = QString("%1: %2\n").arg(input.fFile, outcome(input));
     for (const QString &note : qAsConst(input.fNotes))
         text += QString("  %1\n").arg(note);
-    if (!TDocument::isDocument(input.path()) || !format.isEmpty())
+    if (input.fIsDocument)
+        text += QString("document, %1 bytes\n").arg(QFileInfo(input.path()).size()) +
+                insideOf(*environment.fHost.document()).text();
+    else
         text += environment.fBatch.importDriver().inspect(input.path(), format).text();
     environment.fConsole.out((text + '\n').toUtf8());
     return true;

@@ -16,6 +16,8 @@
 #include "services/IPluginHost.h"
 #include "settings/TDefaultsIni.h"
 
+#include <QFileInfo>
+#include <QSettings>
 #include <memory>
 #include <new>
 
@@ -62,6 +64,21 @@ TCliSyntax withCommonOptions(TCliSyntax syntax)
                         {"--verbose", "", "write the log to standard error"},
                         {"--help", "", "show this text"}};
     return syntax;
+}
+
+/// Why a file cannot hold the settings of a call; empty when it can. One that is broken would be written over.
+QString settingsProblem(const QString &path)
+{
+    const QFileInfo info(path);
+    if (path.isEmpty() || (info.exists() && !info.isFile()))
+        return path.isEmpty() ? QString() : QString("%1 is no file").arg(path);
+    const QSettings settings(path, QSettings::IniFormat);
+    settings.allKeys(); // until then nothing is looked at
+    if (settings.status() == QSettings::FormatError)
+        return QString("%1 is no file of settings (INI), or a broken one").arg(path);
+    const bool isRead = !info.exists() || info.isReadable();
+    return isRead && settings.isWritable() ? QString()
+                                           : QString("%1 cannot be %2").arg(path, isRead ? "written" : "read");
 }
 
 } // namespace
@@ -115,6 +132,9 @@ int TYrexCommandLine::run(const QString &name, const QStringList &arguments, ICo
     const QString limit = parsed.value("--spool-limit");
     if (!limit.isEmpty() && !TCliSpool::parseLimit(limit, environment.fSpoolLimit))
         return environment.refuse(QString("--spool-limit: %1 is no size such as 100M or 8G").arg(limit));
+    const QString problem = settingsProblem(parsed.value("--settings"));
+    if (!problem.isEmpty())
+        return environment.refuse("--settings: " + problem);
     applyCommonOptions(parsed, console);
     int status = cCliInputFailed;
     try {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexDPLib.h"
+#include "script/ScriptUtils.h"
 #include "script/TWrapperTemplate.h"
 
 #include <QScriptable>
@@ -11,13 +12,13 @@ class QScriptEngine;
 class TYrexDPPeakWrapper : public TWrapperTemplate<TYrexDPLib::TYrexDPPeak>, protected QScriptable
 {
     Q_OBJECT
-    Q_PROPERTY(double center READ center)
-    Q_PROPERTY(double intensity READ intensity)
-    Q_PROPERTY(double width READ width)
-    Q_PROPERTY(bool isPositive READ isPositive)
-    Q_PROPERTY(bool isAuto READ isAuto)
-    Q_PROPERTY(QString annotation READ annotation)
-    Q_PROPERTY(QString id READ id)
+    Q_PROPERTY(double center READ center WRITE refuseWrite)
+    Q_PROPERTY(double intensity READ intensity WRITE refuseWrite)
+    Q_PROPERTY(double width READ width WRITE refuseWrite)
+    Q_PROPERTY(bool isPositive READ isPositive WRITE refuseWrite)
+    Q_PROPERTY(bool isAuto READ isAuto WRITE refuseWrite)
+    Q_PROPERTY(QString annotation READ annotation WRITE refuseWrite)
+    Q_PROPERTY(QString id READ id WRITE refuseWrite)
     Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
@@ -35,6 +36,13 @@ public:
     bool isAuto() const;
     QString annotation() const;
     QString id() const;
+
+    /// Of what scripts may only read.
+    template <class T>
+    void refuseWrite(const T &)
+    {
+        Utils::Script::refuseWriting(context());
+    }
 
 public slots:
     QString toString() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexIntegrationRegion.h"
+#include "script/ScriptUtils.h"
 #include "script/TWrapperTemplate.h"
 
 #include <QScriptable>
@@ -12,9 +13,9 @@ class QScriptEngine;
 class TYrexIntegralWrapper : public TWrapperTemplate<TYrexIntegrationRegion>, protected QScriptable
 {
     Q_OBJECT
-    Q_PROPERTY(QString id READ id)
-    Q_PROPERTY(double area READ area)
-    Q_PROPERTY(bool isReference READ isReference)
+    Q_PROPERTY(QString id READ id WRITE refuseWrite)
+    Q_PROPERTY(double area READ area WRITE refuseWrite)
+    Q_PROPERTY(bool isReference READ isReference WRITE refuseWrite)
     Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
@@ -32,6 +33,13 @@ public:
     /// The sum of the values, signed.
     double area() const;
     bool isReference() const;
+
+    /// Of what scripts may only read.
+    template <class T>
+    void refuseWrite(const T &)
+    {
+        Utils::Script::refuseWriting(context());
+    }
 
 public slots:
     bool isValid() const;

@@ -95,6 +95,8 @@ QScriptValue TYrexIntegralsWrapper::wrap(const QUuid &id) const
 
 QScriptValue TYrexIntegralsWrapper::at(int aIndex) const
 {
+    if (!hasArguments(context(), {"index"}))
+        return engine()->undefinedValue();
     const TYrexIntegrationRegions *regions = ownRegions();
     const bool isThere = regions && aIndex >= 0 && aIndex < regions->count();
     return isThere ? wrap(regions->at(aIndex)->id) : engine()->undefinedValue();
@@ -162,6 +164,9 @@ QScriptValue TYrexIntegralsWrapper::append()
     region.boundB = spectrum.xIndexOf(fUnit, region.boundB);
     if (!std::isfinite(region.boundA) || !std::isfinite(region.boundB))
         return throwError(context(), cOutOfRange);
+    if (std::max(region.boundA, region.boundB) < 0.0 ||
+        std::min(region.boundA, region.boundB) > spectrum.pointCount() - 1)
+        scriptWarning(context(), tr("The integral lies outside of the data: there is nothing to sum up."));
     if (ownRegions()->region(region.id))
         region.id = QUuid::createUuid(); // the same one twice is two regions
     const QVariantMap map = region.toVariantMap();
@@ -174,6 +179,8 @@ QScriptValue TYrexIntegralsWrapper::append()
 
 QScriptValue TYrexIntegralsWrapper::removeAt(int aIndex)
 {
+    if (!hasArguments(context(), {"index"}))
+        return engine()->undefinedValue();
     if (!isValid())
         return throwError(context(), cInvalidObject);
     if (argument(0).toNumber() != aIndex || aIndex < 0 || aIndex >= count()) // texts and nothing come as 0
@@ -203,7 +210,7 @@ void TYrexIntegralsWrapper::setNormValue(double value)
         return;
     if (!isValid())
         throwError(context(), cInvalidObject);
-    else if (!std::isfinite(value) || value == 0.0)
+    else if (!std::isfinite(value) || value <= 0.0)
         throwError(context(), cOutOfRange);
     else
         edit(tr("Set Integrals Normalization Value"),

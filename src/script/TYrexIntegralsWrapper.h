@@ -3,6 +3,7 @@
 #include "TYrexIntegrationRegions.h"
 #include "TYrexSpectrumRef.h"
 #include "history/THistoryParameter.h"
+#include "script/ScriptUtils.h"
 #include "script/TWrapperTemplate.h"
 
 #include <QScriptValue>
@@ -16,7 +17,7 @@ class QScriptEngine;
 class TYrexIntegralsWrapper : public TWrapperTemplate<TYrexIntegrationRegions>, protected QScriptable
 {
     Q_OBJECT
-    Q_PROPERTY(int count READ count)
+    Q_PROPERTY(int count READ count WRITE refuseWrite)
     Q_PROPERTY(double normValue READ normValue WRITE setNormValue)
     Q_PROPERTY(THistoryItem *historyItem READ historyItem SCRIPTABLE false)
     Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
@@ -35,12 +36,19 @@ public:
     double normValue() const;
     void setNormValue(double value);
 
+    /// Of what scripts may only read.
+    template <class T>
+    void refuseWrite(const T &)
+    {
+        Utils::Script::refuseWriting(context());
+    }
+
 public slots:
     bool isValid() const;
     QString toString() const;
     /// The region at a place from 0; undefined beyond the list.
-    QScriptValue at(int aIndex) const;
-    QScriptValue removeAt(int aIndex);
+    QScriptValue at(int aIndex = -1) const;
+    QScriptValue removeAt(int aIndex = -1);
     QScriptValue clear();
     /// Takes one ZarnuIntegral; its area is computed from the spectrum's data.
     QScriptValue append();

@@ -14,6 +14,7 @@
 
 #include <QScriptContext>
 #include <QSet>
+#include <limits>
 
 using namespace Utils::Script;
 
@@ -101,7 +102,10 @@ QScriptValue TYrexPluginWrapper::extractSpectrumFromArrayedItem()
     if (argumentCount() == 2) {
         if (!argument(1).isNumber() || !(argument(1).toNumber() >= 0))
             return throwError(context(), cWrongType, tr("Second argument must be a positive integer"));
-        index = argument(1).toInt32();
+        const double place = argument(1).toNumber();
+        if (place > std::numeric_limits<int>::max())
+            return throwError(context(), cOutOfRange);
+        index = int(place);
     }
     const TYrexSpectrum *spectrum = item->stack().at(index);
     if (!spectrum)

@@ -2,6 +2,7 @@
 
 #include "TYrexChainFile.h"
 #include "TYrexChainJson.h"
+#include "TYrexProcDefaults.h"
 #include "script/ScriptUtils.h"
 #include "script/TScriptRun.h"
 
@@ -149,8 +150,11 @@ QScriptValue TYrexProcessingWrapper::apply()
     if (argumentCount() < 1 || argumentCount() > 2)
         return throwError(context(), cWrongCount);
     const QScriptValue which = argument(0);
-    if ((!which.isNumber() && !which.isString()) || (argumentCount() == 2 && !argument(1).isObject()))
+    const bool isPlain = argument(1).isObject() && !argument(1).isQObject() && !argument(1).isArray();
+    if (!which.isNumber() && !which.isString())
         return throwError(context(), cWrongType);
+    if (argumentCount() == 2 && !isPlain)
+        return throwError(context(), cWrongType, tr("The keys of the action are expected as an object: {key: value}"));
     bool isFit = false;
     const QVariantMap values = plainVariant(argument(1), &isFit).toMap();
     if (!isFit)
@@ -169,9 +173,22 @@ QScriptValue TYrexProcessingWrapper::apply()
         QStringList warnings;
         if (!TYrexChainJson::parse(jsonOf(chain), *wrapped(), error, warnings))
             return throwError(context(), cWrongType, error);
+        QStringList known{"apply", "yrexProcOpId"};
+        for (const TYrexProcKey &key : TYrexProcDefaults::keysOf(id, true))
+            known.append(key.fKey);
+        for (const QString &key : values.keys()) {
+            if (!known.contains(key))
+                scriptWarning(
+                    context(),
+                    tr("%1 has no key \"%2\"; it has %3").arg(TYrexProcParams::label(id), key, known.join(", ")));
+        }
         return true;
     }
-    return false;
+    QStringList labels;
+    for (int i = 0; i < chain.size(); ++i)
+        labels.append(TYrexProcParams::label(wrapped()->actionId(i)));
+    return throwError(context(), cWrongType,
+                      tr("The chain has no action %1; it has %2").arg(which.toString(), labels.join(", ")));
 }
 
 QString TYrexProcessingWrapper::toJSON() const

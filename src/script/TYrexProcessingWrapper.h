@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TYrexProcParams.h"
+#include "script/ScriptUtils.h"
 #include "script/TWrapperTemplate.h"
 
 #include <QScriptValue>
@@ -12,7 +13,7 @@ class QScriptEngine;
 class TYrexProcessingWrapper : public TWrapperTemplate<TYrexProcParams>, protected QScriptable
 {
     Q_OBJECT
-    Q_PROPERTY(bool isValid READ isValid)
+    Q_PROPERTY(bool isValid READ isValid WRITE refuseWrite)
     Q_PROPERTY(QScriptValue stopProc READ stopProc WRITE setStopProc)
     Q_PROPERTY(QScriptValue actions READ actions WRITE setActions)
     Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
@@ -32,6 +33,13 @@ public:
     /// The chain as an array of objects with the keys of the actions.
     QScriptValue actions() const;
     void setActions(const QScriptValue &actions);
+
+    /// Of what scripts may only read.
+    template <class T>
+    void refuseWrite(const T &)
+    {
+        Utils::Script::refuseWriting(context());
+    }
 
 public slots:
     QString toString() const;

@@ -112,7 +112,7 @@ int TYrexSpectrumWrapper::curSpecIndex() const
     return ref().index();
 }
 
-void TYrexSpectrumWrapper::setCurSpecIndex(int index)
+void TYrexSpectrumWrapper::setCurSpecIndex(const QScriptValue &place)
 {
     if (!context())
         return;
@@ -120,7 +120,12 @@ void TYrexSpectrumWrapper::setCurSpecIndex(int index)
         fail(cInvalidObject);
         return;
     }
-    if (index < 0 || index >= specCount()) {
+    if (!place.isNumber()) {
+        fail(cWrongType);
+        return;
+    }
+    const int index = place.toInt32();
+    if (index != place.toNumber() || index < 0 || index >= specCount()) {
         fail(cOutOfRange);
         return;
     }
@@ -280,12 +285,14 @@ QScriptValue TYrexSpectrumWrapper::zoom()
 
 bool TYrexSpectrumWrapper::isSpectrumSelected(int aIndex) const
 {
-    return aIndex >= 0 && aIndex < specCount() && !yrex()->stack().isDeselected(aIndex);
+    return hasArguments(context(), {"index"}) && aIndex >= 0 && aIndex < specCount() &&
+           !yrex()->stack().isDeselected(aIndex);
 }
 
 bool TYrexSpectrumWrapper::isSpectrumVisible(int aIndex) const
 {
-    return isValid() && aIndex >= 0 && aIndex < specCount() && !yrex()->stack().isHidden(aIndex);
+    return hasArguments(context(), {"index"}) && isValid() && aIndex >= 0 && aIndex < specCount() &&
+           !yrex()->stack().isHidden(aIndex);
 }
 
 QScriptValue TYrexSpectrumWrapper::dataPoint() const

@@ -16,16 +16,16 @@ struct THistoryParameter;
 class TYrexSpectrumWrapper : public TCanvasBaseSpectrumWrapper
 {
     Q_OBJECT
-    Q_PROPERTY(QString title READ title)
+    Q_PROPERTY(QString title READ title WRITE refuseWrite)
     Q_PROPERTY(QString comment READ comment WRITE setComment)
-    Q_PROPERTY(QString originalFormat READ originalFormat)
-    Q_PROPERTY(int specCount READ specCount)
-    Q_PROPERTY(int curSpecIndex READ curSpecIndex WRITE setCurSpecIndex)
-    Q_PROPERTY(QScriptValue spectra READ spectra)
-    Q_PROPERTY(QScriptValue realMax READ realMax)
-    Q_PROPERTY(QScriptValue realMin READ realMin)
-    Q_PROPERTY(QScriptValue realFirstX READ realFirstX)
-    Q_PROPERTY(QScriptValue realLastX READ realLastX)
+    Q_PROPERTY(QString originalFormat READ originalFormat WRITE refuseWrite)
+    Q_PROPERTY(int specCount READ specCount WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue curSpecIndex READ curSpecIndexValue WRITE setCurSpecIndex)
+    Q_PROPERTY(QScriptValue spectra READ spectra WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue realMax READ realMax WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue realMin READ realMin WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue realFirstX READ realFirstX WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue realLastX READ realLastX WRITE refuseWrite)
 
 public:
     explicit TYrexSpectrumWrapper(TCanvasYrexSpectrum *item, int index = TYrexSpectrumRef::cActive);
@@ -46,7 +46,8 @@ public:
     QString originalFormat() const;
     int specCount() const;
     int curSpecIndex() const;
-    void setCurSpecIndex(int index);
+    QScriptValue curSpecIndexValue() const { return curSpecIndex(); }
+    void setCurSpecIndex(const QScriptValue &place);
     QScriptValue spectra() const;
     QScriptValue realMax() const;
     QScriptValue realMin() const;
@@ -69,21 +70,21 @@ public slots:
     QScriptValue setIntegrals();
     QScriptValue integralValueInInterval() const;
     QScriptValue processing() const;
-    QScriptValue setProcessing(const QScriptValue &aProc);
+    QScriptValue setProcessing(const QScriptValue &aProc = QScriptValue());
     QScriptValue process(const QString &aProcFile);
     QScriptValue process();
     void update() override;
     QScriptValue zoom();
-    bool isSpectrumSelected(int aIndex) const;
-    bool isSpectrumVisible(int aIndex) const;
+    bool isSpectrumSelected(int aIndex = -1) const;
+    bool isSpectrumVisible(int aIndex = -1) const;
     QScriptValue appendSpectrum();
-    bool removeSpectrum(int aIndex);
+    bool removeSpectrum(int aIndex = -1);
     QScriptValue dataPoint() const;
     QScriptValue setDataPoint();
     QScriptValue getStackedClasses() const;
     QScriptValue setStackedClasses();
-    QScriptValue getSetOrigXUnits(const QString &aUnits, bool aGet);
-    QScriptValue getSetOrigYUnits(const QString &aUnits, bool aGet);
+    QScriptValue getSetOrigXUnits(const QString &aUnits = QString(), bool aGet = true);
+    QScriptValue getSetOrigYUnits(const QString &aUnits = QString(), bool aGet = true);
     QStringList paramNames(bool aIncludeHidden) const;
     QStringList paramNames() const;
     QScriptValue isReadOnlyParam() const;
@@ -123,6 +124,8 @@ private:
     bool commit(TCommand *command, const QString &description, const QList<THistoryParameter> &params);
     QScriptValue fail(int code, const QString &text = QString()) const;
     QScriptValue getSetOrigUnits(bool isX, const QString &units, bool isGet);
+    /// Reads a chain of either form; throws where that fails. False then.
+    bool loadChain(const QString &path, TYrexProcParams &params) const;
     void runChain(const TYrexProcParams &params, int last, const QList<THistoryParameter> &history);
     QScriptValue peaksIn(int unit) const;
     /// Commands on peaks speak of the active spectrum: throws for another one. False then.

@@ -6,6 +6,7 @@
 #include "TCmdYrexSetClasses.h"
 #include "TCmdYrexSetOrigUnits.h"
 #include "TCmdYrexStandardPeaks.h"
+#include "TYrexChainFile.h"
 #include "TYrexChainRules.h"
 #include "TYrexChainSections.h"
 #include "TYrexParamsParsers.h"
@@ -191,6 +192,8 @@ void TYrexSpectrumWrapper::runChain(const TYrexProcParams &params, int last, con
 
 QScriptValue TYrexSpectrumWrapper::setProcessing(const QScriptValue &aProc)
 {
+    if (!hasArguments(context(), {"chain"}))
+        return engine()->undefinedValue();
     if (!isValid())
         return context()->throwError(QLatin1String(Consts::Script::cIncorrectArguments));
     const auto *wrapper = qobject_cast<TYrexProcessingWrapper *>(aProc.toQObject());
@@ -198,6 +201,19 @@ QScriptValue TYrexSpectrumWrapper::setProcessing(const QScriptValue &aProc)
         return context()->throwError(tr("Error Setting Zarnu Processing Actions"));
     runChain(*wrapper->wrapped(), wrapper->lastAction(), chainHistory(*wrapper->wrapped()));
     return engine()->undefinedValue();
+}
+
+bool TYrexSpectrumWrapper::loadChain(const QString &path, TYrexProcParams &params) const
+{
+    QString error;
+    QStringList warnings;
+    if (!TYrexChainFile::load(path, params, error, warnings)) {
+        fail(cWrongType, tr("%1: %2. Wrong file format.").arg(path, error));
+        return false;
+    }
+    for (const QString &warning : qAsConst(warnings))
+        scriptWarning(context(), warning);
+    return true;
 }
 
 QScriptValue TYrexSpectrumWrapper::process()
@@ -219,8 +235,10 @@ QScriptValue TYrexSpectrumWrapper::process(const QString &aProcFile)
             return context()->throwError(tr("Unable to open the file."));
         case TYrexProcParams::cDimensionMismatch:
             return context()->throwError(tr("Dimension mismatch."));
-        case TYrexProcParams::cWrongFormat:
-            return context()->throwError(tr("Wrong file format."));
+        case TYrexProcParams::cWrongFormat: // the other form of chains
+            if (!loadChain(path, params))
+                return engine()->undefinedValue();
+            break;
         default:
             break;
         }
@@ -264,6 +282,8 @@ QScriptValue TYrexSpectrumWrapper::appendSpectrum()
 
 bool TYrexSpectrumWrapper::removeSpectrum(int aIndex)
 {
+    if (!hasArguments(context(), {"index"}))
+        return false;
     const bool isIndex = argument(0).toNumber() == aIndex; // the engine makes 0 of texts and of nothing
     if (!isValid() || !isIndex || !yrex()->isStacked() || aIndex < 0 || aIndex >= specCount())
         return false;
@@ -314,6 +334,8 @@ QScriptValue TYrexSpectrumWrapper::setStackedClasses()
 
 QScriptValue TYrexSpectrumWrapper::getSetOrigUnits(bool isX, const QString &units, bool isGet)
 {
+    if (!hasArguments(context(), {"name", "get"}))
+        return engine()->undefinedValue();
     if (!isValid() || !yrex()->currentSpectrum())
         return fail(cInvalidObject);
     const TYrexSpectrum &spectrum = *yrex()->currentSpectrum();

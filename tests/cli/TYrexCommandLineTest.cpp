@@ -252,6 +252,28 @@ TEST_F(TYrexCommandLineTest, processRunsTheChainAndKeepsEveryDigit)
     EXPECT_EQ(file["history"].toArray().at(1).toObject()["description"].toString(), "Processing");
 }
 
+TEST_F(TYrexCommandLineTest, settingsThatCannotBeKeptAreRefusedAndNothingIsWrittenOverThem)
+{
+    writeBand("a.csv", 450.0);
+    const QByteArray broken = "this is, no list\nof settings\n";
+    write("broken.ini", broken);
+    QDir().mkdir("folder.ini");
+    for (const char *file : {"broken.ini", "folder.ini", "a.csv/my.ini"}) {
+        EXPECT_EQ(run({"info", "a.csv", "--settings", file}), 2) << file;
+        EXPECT_TRUE(fErr.join('\n').contains("--settings")) << file;
+    }
+    EXPECT_EQ(read("broken.ini"), broken);
+}
+
+TEST_F(TYrexCommandLineTest, inspectShowsPagesItemsAndSizesOfADocument)
+{
+    writeBand("a.csv", 450.0);
+    ASSERT_EQ(run({"convert", "a.csv", "-o", "a.klm"}), 0);
+    ASSERT_EQ(run({"inspect", "a.klm"}), 0);
+    for (const char *part : {"document, ", " bytes", "page 1", "297 x 210 mm", "Zarnu", "spectra: 1, points: 60"})
+        EXPECT_TRUE(fOut.contains(part)) << part << '\n' << fOut.constData();
+}
+
 TEST_F(TYrexCommandLineTest, noInputSeesAnother)
 {
     // a chain run leaves its values as the next defaults, with which spectra are made; the second file must not find

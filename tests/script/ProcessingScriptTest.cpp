@@ -15,10 +15,10 @@ TEST_F(ProcessingScript, aChainIsSetOnEverySpectrumAndUndone)
     const QByteArray before = bytes();
     const int steps = undo()->index();
     EXPECT_TRUE(run("var p = s.processing(); p.setApplyNothing();"
-                    "print(p.apply('Smoothing', {sgsmoothingkerlen: 9}), p.apply('no such action'));"
+                    "print(p.apply('Smoothing', {sgsmoothingkerlen: 9}), p.apply('Derivative'));"
                     "s.setProcessing(p);"))
         << fError.text().toStdString();
-    EXPECT_EQ(fPrinted, QStringList("true false"));
+    EXPECT_EQ(fPrinted, QStringList("true true"));
     EXPECT_EQ(undo()->index(), steps + 2) << "a step for each spectrum";
     EXPECT_EQ(undo()->undoText(), "Process Zarnu Spectrum, index 1");
     for (const TYrexSpectrum *spectrum : item()->spectra())
@@ -26,6 +26,12 @@ TEST_F(ProcessingScript, aChainIsSetOnEverySpectrumAndUndone)
     undo()->undo();
     undo()->undo();
     EXPECT_EQ(bytes(), before);
+    EXPECT_TRUE(value("p.apply('no such action')").contains("it has ")) << "the names that there are";
+    EXPECT_EQ(code("p.apply('no such action')") + code("p.apply('Smoothing', s)") + code("p.apply('Smoothing', [1])"),
+              6);
+    fWarned.clear();
+    EXPECT_TRUE(run("p.apply('Smoothing', {typo: 1});"));
+    EXPECT_TRUE(fWarned.value(0).contains("sgsmoothingkerlen")) << fWarned.join('\n').toStdString();
     EXPECT_TRUE(value("s.setProcessing(5)").endsWith("Error Setting Zarnu Processing Actions"));
 }
 
@@ -42,6 +48,7 @@ TEST_F(ProcessingScript, templatesGoToAndFro)
     EXPECT_EQ(value("s.process('d.kzp')"), "true");
     EXPECT_EQ(value("s.processing().toString()"), "Processing (Derivative)");
     EXPECT_TRUE(value("s.process('none.kzp')").endsWith("Unable to open the file."));
+    EXPECT_EQ(value("s.process('d.json') + s.peaks().length"), value("s.process('d.kzp') + s.peaks().length"));
     EXPECT_TRUE(value("s.process('a.csv')").endsWith("Wrong file format."));
     EXPECT_EQ(value("s.process()"), "true");
     const TStoredHistoryEntry entry = fHost.document()->historyEntries().last();

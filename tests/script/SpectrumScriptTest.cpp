@@ -187,3 +187,58 @@ TEST_F(SpectrumScript, stepsTellTheirPlaceInTheScript)
         isTold |= param.fName == "script" && param.fValue.toString() == "script.js:2";
     EXPECT_TRUE(isTold);
 }
+
+TEST_F(SpectrumScript, wrongUsesAreErrorsThatSayWhatIsWrong)
+{
+    writeCsv("b.csv", 3);
+    open("b.csv");
+    ASSERT_TRUE(run("s.forceStdPeaks(); var i = s.integrals(); i.append(new ZarnuIntegral(120, 180));"));
+    const int steps = undo()->index();
+    const struct
+    {
+        const char *fCall;
+        const char *fName;
+    } cShort[] = {{"s.removeSpectrum()", "index"},
+                  {"s.isSpectrumSelected()", "index"},
+                  {"s.isSpectrumVisible()", "index"},
+                  {"s.getSetOrigXUnits()", "name"},
+                  {"s.getSetOrigYUnits('nm')", "get"},
+                  {"s.setProcessing()", "chain"},
+                  {"document.item()", "which"},
+                  {"document.removeItem()", "item"},
+                  {"document.pages[0].resize(84)", "height"},
+                  {"i.at()", "index"},
+                  {"i.removeAt()", "index"}};
+    for (const auto &one : cShort) {
+        EXPECT_EQ(code(one.fCall), 1) << one.fCall;
+        EXPECT_TRUE(value(one.fCall).contains('"' + QString(one.fName) + '"')) << one.fCall;
+    }
+    for (const char *property : {"s.title", "s.id", "s.specCount", "s.spectra", "s.realMax", "document.path",
+                                 "document.isModified", "document.items", "document.pages[0].width", "i.count",
+                                 "i.at(0).area", "s.peaks()[0].center", "s.processing().isValid"})
+        EXPECT_EQ(code(QByteArray(property) + " = 1"), 2) << property;
+    EXPECT_EQ(code("s.curSpecIndex = 'a'"), 2);
+    EXPECT_EQ(code("s.curSpecIndex = 1.5"), 4);
+    EXPECT_EQ(code("i.normValue = -1"), 4);
+    EXPECT_EQ(code("zarnu.extractSpectrumFromArrayedItem(s, 4294967296)"), 4);
+    EXPECT_EQ(undo()->index(), steps);
+    fWarned.clear();
+    EXPECT_TRUE(run("i.append(new ZarnuIntegral(5000, 6000)); i.append(new ZarnuIntegral(6000, 120));"));
+    EXPECT_EQ(fWarned.size(), 1) << "one of them holds no data";
+    for (const char *newer : {"let b = 1;", "var c = x => x;", "var d = `t`;", "class E {}"}) {
+        EXPECT_FALSE(run(newer));
+        EXPECT_TRUE(fError.fMessage.contains("ECMAScript 5")) << newer << ' ' << fError.fMessage.toStdString();
+    }
+    EXPECT_FALSE(run("var f = = 'let it => be`';"));
+}
+
+TEST_F(SpectrumScript, valuesOfTheHistoryCanBeRead)
+{
+    writeCsv("b.csv", 3);
+    open("b.csv");
+    ASSERT_TRUE(run("s.integrals().append(new ZarnuIntegral(120, 180)); s.rect = {x: 10, y: 20, width: 50, height: 40};"
+                    "zarnu.createArrayedItem([s, zarnu.extractSpectrumFromArrayedItem(s, 1)], true);"));
+    const QString told = value("JSON.stringify(document.history)");
+    EXPECT_FALSE(told.contains(":{}") || told.contains("[{}")) << told.toStdString();
+    EXPECT_TRUE(told.contains("\"height\":400")) << told.toStdString();
+}

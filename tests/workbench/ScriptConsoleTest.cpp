@@ -86,7 +86,12 @@ TEST_F(ScriptConsoleTest, valuesAreShownAsOneReadsThem)
     EXPECT_EQ(result("new Array(1000)").right(13), "... 900 more]");
     EXPECT_EQ(result("print('a', 1); warnings = 3"), "a 1\n3");
     open(writeCsv("raman.csv"));
-    EXPECT_EQ(result("zarnu.activeSpectrum()"), "ZarnuSpectrum (raman)");
+    const QString item = result("zarnu.activeSpectrum()");
+    EXPECT_EQ(item.section('\n', 0, 0), "ZarnuSpectrum (raman)");
+    EXPECT_TRUE(item.contains("\n  count    101")) << item.toStdString();
+    EXPECT_EQ(result("[zarnu.activeSpectrum()]"), "[ZarnuSpectrum (raman)]");
+    EXPECT_EQ(result("({a: 1, long: 'x', 'b c': [1, {d: 2}]})"), "  a      1\n  long   \"x\"\n  \"b c\"  [1, {d: 2}]");
+    EXPECT_EQ(result("var many = {}; for (var i = 0; i < 50; ++i) many['k' + i] = i; many").right(13), "  ... 30 more");
     EXPECT_EQ(result("document"),
               "Document {path: \"\", isModified: true, pages: Array (1), items: Array (1), history: Array (1)}");
     EXPECT_EQ(result("[document.pages[0], /a/]"), "[Page, /a/]");

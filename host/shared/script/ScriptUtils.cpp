@@ -138,6 +138,20 @@ bool Utils::Script::maySave(QScriptContext *context, const QString &path)
     return !run || isAllowed(context, path, run->saveRefusal(path));
 }
 
+void Utils::Script::refuseWriting(QScriptContext *context)
+{
+    if (context)
+        throwError(context, cWrongType, TScriptRun::tr("This property can only be read."));
+}
+
+bool Utils::Script::hasArguments(QScriptContext *context, const QStringList &names)
+{
+    const int count = context ? context->argumentCount() : names.size(); // outside of scripts
+    if (count < names.size())
+        throwError(context, cWrongCount, TScriptRun::tr("The argument \"%1\" is missing.").arg(names.at(count)));
+    return count >= names.size();
+}
+
 QString Utils::Script::placeOf(QScriptContext *context)
 {
     // the context of a native function knows no line, that of its caller does

@@ -3,6 +3,7 @@
 #include <QScriptEngine>
 #include <QScriptValue>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 
 class ICanvasItem;
@@ -35,6 +36,10 @@ extern const char cTypeNameString[];
 /// Throws an Error with the properties `code` and `message`; an empty text gets that of the code. Returns what the
 /// caller has to return.
 QScriptValue throwError(QScriptContext *context, int code, const QString &text = QString());
+/// Throws for a property that may only be read; does nothing outside of scripts.
+void refuseWriting(QScriptContext *context);
+/// Whether a call has an argument for each of the names; throws otherwise, with the first one that is missing.
+bool hasArguments(QScriptContext *context, const QStringList &names);
 /// Tells the console and the log, with file and line, and does not stop the script. Returns undefined.
 QScriptValue scriptWarning(QScriptContext *context, const QString &text);
 /// Pushes a command on the history of the document; its entries get the parameter "script", file and line. Flag 1: a

@@ -2,6 +2,7 @@
 
 #include "canvas/TCanvasItem.h"
 #include "canvas/TSecurePtr.h"
+#include "script/ScriptUtils.h"
 #include "script/TScriptObjects.h"
 
 #include <QObject>
@@ -14,8 +15,8 @@
 class TCanvasItemWrapper : public QObject, public IScriptHandle, protected QScriptable
 {
     Q_OBJECT
-    Q_PROPERTY(QString id READ id)
-    Q_PROPERTY(QString type READ type)
+    Q_PROPERTY(QString id READ id WRITE refuseWrite)
+    Q_PROPERTY(QString type READ type WRITE refuseWrite)
     Q_PROPERTY(QScriptValue rect READ rect WRITE setRect)
     Q_PROPERTY(THistoryItem *historyItem READ historyItem SCRIPTABLE false)
     Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
@@ -33,6 +34,13 @@ public:
     /// Place on the page: an object with x, y, width and height in millimetres; undefined without an item.
     QScriptValue rect() const;
     void setRect(const QScriptValue &rect);
+
+    /// Of what scripts may only read.
+    template <class T>
+    void refuseWrite(const T &)
+    {
+        Utils::Script::refuseWriting(context());
+    }
 
 public slots:
     /// Whether the item is there and stands in a document.

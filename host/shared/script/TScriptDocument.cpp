@@ -13,11 +13,44 @@
 #include "script/TScriptRun.h"
 #include "services/IPluginHost.h"
 
+#include <QRectF>
 #include <QScriptContext>
 #include <QUndoStack>
 #include <cmath>
 
 using namespace Utils::Script;
+
+namespace {
+
+/// A value of a history entry as one that scripts can read: the engine makes empty objects of what it does not know.
+QVariant readable(const QVariant &value)
+{
+    if (value.userType() == QMetaType::QVariantMap) {
+        QVariantMap map = value.toMap();
+        for (QVariant &entry : map)
+            entry = readable(entry);
+        return map;
+    }
+    if (value.userType() == QMetaType::QVariantList) {
+        QVariantList list = value.toList();
+        for (QVariant &entry : list)
+            entry = readable(entry);
+        return list;
+    }
+    if (value.userType() == QMetaType::QRectF || value.userType() == QMetaType::QRect) {
+        const QRectF rect = value.toRectF();
+        return QVariantMap{{"x", rect.x()}, {"y", rect.y()}, {"width", rect.width()}, {"height", rect.height()}};
+    }
+    if (value.userType() == QMetaType::QSizeF || value.userType() == QMetaType::QSize)
+        return QVariantMap{{"width", value.toSizeF().width()}, {"height", value.toSizeF().height()}};
+    if (value.userType() == QMetaType::QPointF || value.userType() == QMetaType::QPoint)
+        return QVariantMap{{"x", value.toPointF().x()}, {"y", value.toPointF().y()}};
+    const bool isText = value.userType() == QMetaType::QUuid || value.userType() == QMetaType::QColor ||
+                        value.userType() == QMetaType::QByteArray;
+    return isText ? QVariant(value.toString()) : value;
+}
+
+} // namespace
 
 TScriptDocument::TScriptDocument(TScriptRun &run)
     : fRun(run)
@@ -75,7 +108,7 @@ QScriptValue TScriptDocument::history() const
         for (int i = 0; i < entry.fParams.size(); ++i) {
             QScriptValue param = engine.newObject();
             param.setProperty("name", entry.fParams.at(i).fName);
-            param.setProperty("value", engine.toScriptValue(entry.fParams.at(i).fValue));
+            param.setProperty("value", engine.toScriptValue(readable(entry.fParams.at(i).fValue)));
             param.setProperty("text", entry.fParams.at(i).fText);
             params.setProperty(quint32(i), param);
         }
@@ -87,6 +120,8 @@ QScriptValue TScriptDocument::history() const
 
 QScriptValue TScriptDocument::item(const QScriptValue &which) const
 {
+    if (!hasArguments(context(), {"which"}))
+        return QScriptValue();
     const TCanvasItemList all = document().items();
     if (!which.isNumber())
         return fRun.wrap(canvasItem(canvasItemFromScriptValue(which)));
@@ -107,6 +142,8 @@ QScriptValue TScriptDocument::newPage(const QString &title)
 
 void TScriptDocument::removeItem(const QScriptValue &item)
 {
+    if (!hasArguments(context(), {"item"}))
+        return;
     ICanvasItem *found = canvasItemFromScriptValue(item);
     if (!found)
         throwError(context(), cWrongType);

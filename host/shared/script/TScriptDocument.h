@@ -1,5 +1,7 @@
 #pragma once
 
+#include "script/ScriptUtils.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QScriptValue>
@@ -14,11 +16,11 @@ class TScriptRun;
 class TScriptDocument : public QObject, protected QScriptable
 {
     Q_OBJECT
-    Q_PROPERTY(QString path READ path)
-    Q_PROPERTY(bool isModified READ isModified)
-    Q_PROPERTY(QScriptValue pages READ pages)
-    Q_PROPERTY(QScriptValue items READ items)
-    Q_PROPERTY(QScriptValue history READ history)
+    Q_PROPERTY(QString path READ path WRITE refuseWrite)
+    Q_PROPERTY(bool isModified READ isModified WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue pages READ pages WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue items READ items WRITE refuseWrite)
+    Q_PROPERTY(QScriptValue history READ history WRITE refuseWrite)
     Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
@@ -38,13 +40,20 @@ public:
     /// undone.
     QScriptValue history() const;
 
+    /// Of what scripts may only read.
+    template <class T>
+    void refuseWrite(const T &)
+    {
+        Utils::Script::refuseWriting(context());
+    }
+
 public slots:
     /// The item with an id, or the one at a place among all items from 0; undefined for none.
-    QScriptValue item(const QScriptValue &which) const;
+    QScriptValue item(const QScriptValue &which = QScriptValue()) const;
     /// A new page behind the others.
     QScriptValue newPage(const QString &title = QString());
     /// Takes an item off its page.
-    void removeItem(const QScriptValue &item);
+    void removeItem(const QScriptValue &item = QScriptValue());
     /// Saves under the document's path, or another one.
     void save(const QString &path = QString());
     /// Takes back, or does again, so many steps; how many there were.

@@ -63,6 +63,8 @@ double TScriptPage::height() const
 void TScriptPage::resize(double width, double height)
 {
     const auto isSide = [](double side) { return side >= cLeastSide && side <= cMostSide; };
+    if (!hasArguments(context(), {"width", "height"}))
+        return;
     if (!isValid())
         throwError(context(), cInvalidObject);
     else if (!isSide(width) || !isSide(height))

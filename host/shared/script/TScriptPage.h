@@ -1,5 +1,6 @@
 #pragma once
 
+#include "script/ScriptUtils.h"
 #include "script/TScriptObjects.h"
 
 #include <QObject>
@@ -15,9 +16,9 @@ class TScriptPage : public QObject, public IScriptHandle, protected QScriptable
 {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle)
-    Q_PROPERTY(QScriptValue items READ items)
-    Q_PROPERTY(double width READ width)
-    Q_PROPERTY(double height READ height)
+    Q_PROPERTY(QScriptValue items READ items WRITE refuseWrite)
+    Q_PROPERTY(double width READ width WRITE refuseWrite)
+    Q_PROPERTY(double height READ height WRITE refuseWrite)
     Q_PROPERTY(QString objectName READ objectName SCRIPTABLE false)
 
 public:
@@ -33,11 +34,18 @@ public:
     double width() const;
     double height() const;
 
+    /// Of what scripts may only read.
+    template <class T>
+    void refuseWrite(const T &)
+    {
+        Utils::Script::refuseWriting(context());
+    }
+
 public slots:
     /// Whether it stands in the open document.
     bool isValid() const;
     /// Gives the page another size in millimetres.
-    void resize(double width, double height);
+    void resize(double width = 0.0, double height = 0.0);
     /// Takes the page out of the document, with its items.
     void remove();
     /// What JSON.stringify writes: an object with title, width, height and items.

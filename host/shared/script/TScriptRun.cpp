@@ -18,6 +18,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QScriptContext>
 
 namespace {
@@ -46,10 +47,17 @@ QScriptValue printArguments(QScriptContext *context, QScriptEngine *engine)
     return engine->undefinedValue();
 }
 
-/// The engine has no words for some of its refusals.
-QString syntaxProblem(const QScriptSyntaxCheckResult &syntax)
+/// The engine has no words for some of its refusals, and none for a newer language.
+QString syntaxProblem(const QScriptSyntaxCheckResult &syntax, const QString &text)
 {
-    return syntax.errorMessage().isEmpty() ? QStringLiteral("Parse error") : syntax.errorMessage();
+    static const QRegularExpression cNewer(QStringLiteral("(\\blet\\s+[\\w$\\[{]|\\bclass\\s+\\w|=>|`)"));
+    const QString problem = syntax.errorMessage().isEmpty() ? QStringLiteral("Parse error") : syntax.errorMessage();
+    const QRegularExpressionMatch newer =
+        cNewer.match(text.section('\n', syntax.errorLineNumber() - 1, syntax.errorLineNumber() - 1));
+    return newer.hasMatch()
+               ? TScriptRun::tr("%1. Scripts are ECMAScript 5: there is no let, no class, no => and no `text`")
+                     .arg(problem)
+               : problem;
 }
 
 } // namespace
@@ -176,7 +184,7 @@ bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue
         error.fLine = syntax.errorLineNumber();
         error.fMessage = syntax.state() == QScriptSyntaxCheckResult::Intermediate
                              ? tr("The script ends within a statement.")
-                             : QStringLiteral("SyntaxError: ") + syntaxProblem(syntax);
+                             : QStringLiteral("SyntaxError: ") + syntaxProblem(syntax, text);
         return false;
     }
     fIsStopped = false;

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QMetaObject>
 #include <QMetaProperty>
+#include <QPair>
 #include <QRegularExpression>
 #include <QScriptEngine>
 #include <QScriptValueIterator>
@@ -17,6 +18,10 @@ namespace {
 constexpr int cMostElements = 100;
 constexpr int cMostLetters = 10000;
 constexpr int cDeepest = 3;
+constexpr int cLeastRows = 3; // of a table; less is read as well in a line
+constexpr int cMostRows = 20;
+constexpr int cWidestName = 30;
+constexpr int cWidestCell = 200;
 
 QString quoted(const QString &text)
 {
@@ -50,8 +55,12 @@ class TWriter
 {
 public:
     QString write(const QScriptValue &value, int depth = 0);
+    /// The same for the result of an input: what has several properties as a table of them.
+    QString writeTop(const QScriptValue &value);
 
 private:
+    static QString writeTable(const QList<QPair<QString, QString>> &rows);
+    QList<QPair<QString, QString>> rowsOf(const QScriptValue &object);
     QString writeArray(const QScriptValue &array, int depth);
     QString writeObject(const QScriptValue &object, int depth);
     QString writeHostObject(const QScriptValue &value, int depth);
@@ -93,6 +102,55 @@ QString TWriter::writeObject(const QScriptValue &object, int depth)
         parts.append(name + ": " + shown);
     }
     return '{' + parts.join(", ") + '}';
+}
+
+/// The properties of an object as rows of name and value, the names equally wide.
+QString TWriter::writeTable(const QList<QPair<QString, QString>> &rows)
+{
+    int widest = 0;
+    for (const auto &row : rows)
+        widest = qMax(widest, qMin(row.first.size(), cWidestName));
+    QStringList lines;
+    for (int i = 0; i < rows.size() && i < cMostRows; ++i)
+        lines.append("  " + rows.at(i).first.leftJustified(widest) + "  " + rows.at(i).second.left(cWidestCell));
+    if (rows.size() > cMostRows)
+        lines.append(QStringLiteral("  ... %1 more").arg(rows.size() - cMostRows));
+    return lines.join('\n');
+}
+
+/// The rows of a script's object or of what an object of the program tells as JSON; empty for others.
+QList<QPair<QString, QString>> TWriter::rowsOf(const QScriptValue &object)
+{
+    QList<QPair<QString, QString>> rows;
+    QScriptValueIterator it(object);
+    while (it.hasNext()) {
+        it.next();
+        if (it.flags() & QScriptValue::SkipInEnumeration)
+            continue;
+        const bool isComputed = it.flags() & QScriptValue::PropertyGetter;
+        const QString shown = isComputed                 ? QStringLiteral("(computed)")
+                              : it.value().isUndefined() ? QStringLiteral("undefined")
+                                                         : write(it.value(), 1);
+        rows.append({isName(it.name()) ? it.name() : quoted(it.name()), shown});
+    }
+    return rows;
+}
+
+QString TWriter::writeTop(const QScriptValue &value)
+{
+    const QObject *object = value.toQObject();
+    const bool isItem = qobject_cast<const TCanvasItemWrapper *>(object);
+    const bool isPlain = value.isObject() && !value.isQObject() && !value.isArray() && !value.isFunction() &&
+                         !value.isDate() && !value.isRegExp() && !value.isError() && !value.isVariant();
+    if (!isItem && !isPlain)
+        return write(value);
+    fOpen.insert(value.objectId());
+    const QScriptValue told = isItem ? value.property("toJSON").call(value) : value;
+    const QList<QPair<QString, QString>> rows = rowsOf(told);
+    fOpen.remove(value.objectId());
+    if (rows.size() < cLeastRows)
+        return write(value);
+    return isItem ? write(value) + '\n' + writeTable(rows) : writeTable(rows);
 }
 
 /// An item is told by its class and title, another object of the program by what it says of itself or its properties.
@@ -153,7 +211,7 @@ QString ScriptResult::text(const QScriptValue &value)
 {
     if (!value.isValid() || value.isUndefined())
         return QString();
-    QString text = TWriter().write(value);
+    QString text = TWriter().writeTop(value);
     if (text.size() > cMostLetters)
         text = text.left(cMostLetters) + QStringLiteral("...");
     if (value.engine())
