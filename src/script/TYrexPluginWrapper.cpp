@@ -3,6 +3,7 @@
 #include "TCanvasYrexSpectrum.h"
 #include "TCmdYrexArrayedFromSelection.h"
 #include "TYrexPlugin.h"
+#include "TYrexSpectrumWrapper.h"
 #include "TYrexUnits.h"
 #include "canvas/TDocument.h"
 #include "commands/TCmdCreateItem.h"
