@@ -16,6 +16,7 @@
 #include "services/IBatchHost.h"
 #include "services/TImportDriver.h"
 #include "utils/CommonUtils.h"
+#include "utils/StringUtils.h"
 
 namespace {
 
@@ -115,7 +116,7 @@ QString headerText(const QString &file, IConverter &converter)
             table.addRow({id, entry.translated_paramName(), values.value(id).toString()});
         }
     }
-    return file + '\n' + table.text() + '\n';
+    return Utils::String::printable(file) + '\n' + table.text() + '\n';
 }
 
 } // namespace
@@ -170,7 +171,7 @@ void TCliInfo::work(TCliInput &input, int, const TCliEnvironment &, QByteArray &
         out += fHeaderText;
         return;
     }
-    QString text = input.fFile + '\n';
+    QString text = Utils::String::printable(input.fFile) + '\n';
     TTextTable head(cIndent);
     head.addRow({"Format", input.fFormatName});
     head.addRow({"Items", QString::number(input.fItems.size())});

@@ -24,6 +24,15 @@ TDocument &freshDocument(const TCliEnvironment &environment)
     return reference;
 }
 
+/// Whether a file is read for its checksum: not a large one that will be refused. A look at others takes longer than
+/// the sum.
+bool isWorthReading(const QString &file, const QString &format, const TCliEnvironment &environment)
+{
+    constexpr qint64 cLarge = 8 * 1024 * 1024;
+    return QFileInfo(file).size() < cLarge || !format.isEmpty() || TDocument::isDocument(file) ||
+           environment.fBatch.importDriver().converterFor(file);
+}
+
 void loadDocument(TCliInput &input, TDocument &document)
 {
     input.fIsDocument = true;
@@ -109,7 +118,8 @@ TCliInput TCliInputs::open(const QString &file, const QString &format, const TCl
         if (!input.fSpool->take(file, environment.fSpoolLimit, error))
             input.fail(cConverterFileNotOpened, error);
     }
-    input.fMd5 = Utils::FS::md5Sum(input.path());
+    if (isWorthReading(input.path(), format, environment))
+        input.fMd5 = Utils::FS::md5Sum(input.path());
     Utils::Common::setDeterministic(input.fMd5.isEmpty() ? file.toUtf8() : input.fMd5);
     TDocument &document = freshDocument(environment);
     if (!input.isOk())

@@ -15,6 +15,7 @@
 #include "services/IBatchHost.h"
 #include "services/IPluginHost.h"
 #include "services/TImportDriver.h"
+#include "utils/StringUtils.h"
 
 #include <QFileInfo>
 
@@ -92,7 +93,7 @@ bool TCliInspect::inspect(const QString &file, const QString &format, const TCli
                 insideOf(*environment.fHost.document()).text();
     else
         text += environment.fBatch.importDriver().inspect(input.path(), format).text();
-    environment.fConsole.out((text + '\n').toUtf8());
+    environment.fConsole.out((Utils::String::printable(text) + '\n').toUtf8());
     return true;
 }
 

@@ -10,7 +10,8 @@ QVector<TCliOption> TCliOutputHelp::dataOptions()
                      "standard output (-)")
                  .arg(forms)},
             {"--to", "FORM", QString("the form of files in a folder and on standard output: %1").arg(forms)},
-            {"--force", "", "replace files that exist; a file that is read is never written over"}};
+            {"--force", "", "replace files that exist; a file that is read is never written over"},
+            {"--source-paths", "", "tell the sources in jdx and in pictures with their folders, as they were given"}};
 }
 
 QStringList TCliOutputHelp::dataNotes()

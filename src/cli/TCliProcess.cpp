@@ -141,8 +141,9 @@ void TCliProcess::draw(TCliInput &input, int index) const
         error = fPictures.obstacle(paths.at(i));
     for (int i = 0; i < paths.size() && error.isEmpty(); ++i) {
         TCanvasYrexSpectrum &item = *yrexItem(input.fItems.at(i));
-        cliPicture(item, fSize, input.provenance())
-            .save(paths.at(i), TPictureExporter::formOf("." + fPictures.form()), &error);
+        TPictureExporter picture = cliPicture(item, fSize, input.provenance());
+        picture.origin().fTellsFolders = fPictures.tellsFolders();
+        picture.save(paths.at(i), TPictureExporter::formOf("." + fPictures.form()), &error);
     }
     if (!error.isEmpty())
         input.fail(cConverterFileNotOpened, error);

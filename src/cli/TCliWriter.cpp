@@ -15,6 +15,7 @@
 #include "services/TImportDriver.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace {
@@ -39,10 +40,11 @@ QByteArray exportedBytes(IConverter &converter, TCliInput &input)
 }
 
 /// Source, checksums, the chain that made the data, if one did, and the program.
-QStringList provenanceLines(const TCliInput &input, ICanvasItem *item)
+QStringList provenanceLines(const TCliInput &input, ICanvasItem *item, bool tellsFolders)
 {
     const QVariantMap facts = input.provenance();
-    QStringList lines{"source: " + facts.value("Filename").toString()};
+    const QString path = facts.value("Filename").toString();
+    QStringList lines{"source: " + (tellsFolders ? path : QFileInfo(path).fileName())};
     const QVariantMap sums = facts.value("md5sum").toMap();
     for (auto it = sums.constBegin(); it != sums.constEnd(); ++it)
         lines.append(QString("md5: %1 %2").arg(it.value().toString(), it.key()));
@@ -105,8 +107,9 @@ void TCliWriter::writeJcamp(TCliInput &input, int index, QByteArray &out) const
     IJCAMPPlugin *jcamp = Utils::Framework::jcampPluginI();
     if (!jcamp)
         return input.fail(cConverterNotSupported, TImportDriver::reason(cConverterNotSupported));
-    writeThrough("jcamp", input, index, out,
-                 [&](int item) { jcamp->setExportComments(provenanceLines(input, input.fItems.at(item))); });
+    writeThrough("jcamp", input, index, out, [&](int item) {
+        jcamp->setExportComments(provenanceLines(input, input.fItems.at(item), fTarget.tellsFolders()));
+    });
     jcamp->setExportComments({});
 }
 

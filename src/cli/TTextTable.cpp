@@ -1,5 +1,9 @@
 #include "TTextTable.h"
 
+#include "utils/StringUtils.h"
+
+using Utils::String::printable;
+
 QString TTextTable::text() const
 {
     constexpr int cGap = 2;
@@ -8,14 +12,14 @@ QString TTextTable::text() const
         for (int i = 0; i < row.size(); ++i) {
             if (i == widths.size())
                 widths.append(0);
-            widths[i] = qMax(widths.at(i), row.at(i).simplified().size());
+            widths[i] = qMax(widths.at(i), printable(row.at(i).simplified()).size());
         }
     }
     QString text;
     for (const QStringList &row : fRows) {
         QString line(fIndent, ' ');
         for (int i = 0; i < row.size(); ++i)
-            line += row.at(i).simplified().leftJustified(widths.at(i) + cGap);
+            line += printable(row.at(i).simplified()).leftJustified(widths.at(i) + cGap);
         while (line.endsWith(' '))
             line.chop(1);
         text += line + '\n';

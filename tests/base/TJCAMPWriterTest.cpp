@@ -1,11 +1,13 @@
 #include "jcamp/TJCAMPWriter.h"
 #include "jcamp/JCAMPConsts.h"
+#include "jcamp/JCAMPUtils.h"
 #include "jcamp/TBaseJCAMPParamsParser.h"
 #include "jcamp/TJCAMPBlock.h"
 #include "jcamp/TJCAMPDatasetInterpreter.h"
 #include "jcamp/TJCAMPFileMarking.h"
 
 #include <QBuffer>
+#include <QRegularExpression>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -137,6 +139,29 @@ TEST(TJCAMPWriter, textsAreAsciiAndBroken)
     TBaseJCAMPParamsParser parser;
     EXPECT_EQ(parser.value(marking.blocks()[0], "TITLE"), "cafe 5 um ? " + QString("word ").repeated(40).trimmed());
     EXPECT_EQ(parser.value(marking.blocks()[0], "OWNER").remove(' '), data.fOwner);
+}
+
+TEST(TJCAMPWriter, otherScriptsStayInUtf8WithARemark)
+{
+    const QString title = QString::fromUtf8("\xD0\xA1\xD0\xBF\xD0\xB8\xD1\x80\xD1\x82 5 %");
+    const QString longWord = QString::fromUtf8("\xE8\xA9\xA6").repeated(70); // cut between letters only
+    TJCAMPExportData data = dataOf({1});
+    EXPECT_FALSE(written({data}).contains("UTF-8"));
+    data.fTitle = title;
+    data.fOwner = longWord;
+    const QByteArray file = written({data, dataOf({2})});
+    EXPECT_EQ(file.count("UTF-8"), 2) << "in the heads that need it: " << file.constData();
+    for (const QByteArray &line : file.split('\n')) {
+        EXPECT_LE(line.size(), 81);
+        EXPECT_FALSE(QString::fromUtf8(line).contains(QChar::ReplacementCharacter)) << line.constData();
+    }
+    const TJCAMPFileMarking marking(file, "x");
+    TBaseJCAMPParamsParser parser;
+    EXPECT_EQ(parser.value(marking.blocks()[1], "TITLE"), title);
+    EXPECT_EQ(parser.value(marking.blocks()[1], "OWNER").remove(QRegularExpression("\\s")), longWord);
+    bool found = false;
+    EXPECT_EQ(Utils::JCAMP::cutComment(QString::fromUtf8(marking.blocks()[1]->getString("JCAMP-DX", found))).trimmed(),
+              "5.01");
 }
 
 TEST(TJCAMPWriter, severalSpectraAndPeaksStandInALink)

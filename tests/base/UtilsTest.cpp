@@ -138,6 +138,13 @@ TEST(StringUtils, lineEnds)
     EXPECT_EQ(Utils::String::normalizedEOL("a\r\nb\rc\n\r\nd\r"), "a\nb\nc\n\nd\n");
 }
 
+TEST(StringUtils, whatATerminalWouldObeyIsWrittenOut)
+{
+    EXPECT_EQ(Utils::String::printable("a\x1b[31mb\tc\nd"), "a\\x1b[31mb\\x09c\nd");
+    EXPECT_EQ(Utils::String::printable(QString("a") + QChar(0) + QChar(0x9b) + QChar(0x202e) + QChar(0xe9)),
+              QString("a\\x00\\x9b\\u202e") + QChar(0xe9));
+}
+
 TEST(T1DPlotData, walksItsStride)
 {
     const double values[] = {1, 2, 3, 4, 5, 6};

@@ -17,6 +17,7 @@
 
 #include <QCryptographicHash>
 #include <QImage>
+#include <QXmlStreamReader>
 #include <unistd.h>
 
 namespace {
@@ -622,4 +623,41 @@ TEST_F(TYrexCommandLineTest, noInputIsAnOutputUnderWhateverName)
     write("x-2.csv", read("chain.json"));
     EXPECT_EQ(run({"process", "two.klm", "--chain", "x-2.csv", "-o", "x.csv", "--force"}), 1);
     EXPECT_EQ(read("x-2.csv"), read("chain.json"));
+}
+
+TEST_F(TYrexCommandLineTest, sourcesAreToldByTheirNamesAlone)
+{
+    writeBand("a.csv", 440);
+    const QString path = QDir::current().absoluteFilePath("a.csv");
+    const QByteArray folder = QDir::currentPath().toUtf8();
+    const QStringList call{"process", path, "-o", "a.jdx", "--plot", "a.svg", "--force"};
+    ASSERT_EQ(run(call), 0);
+    EXPECT_TRUE(read("a.jdx").contains("source: a.csv"));
+    EXPECT_TRUE(read("a.svg").contains("a.csv"));
+    EXPECT_FALSE(read("a.jdx").contains(folder) || read("a.svg").contains(folder));
+    ASSERT_EQ(run({"process", path, "--plot", "a.pdf"}), 0);
+    EXPECT_FALSE(read("a.pdf").contains(folder));
+    ASSERT_EQ(run(call + QStringList("--source-paths")), 0);
+    EXPECT_TRUE(read("a.jdx").replace("\r\n", "").contains(folder)) << read("a.jdx").constData();
+    EXPECT_TRUE(read("a.svg").contains(folder));
+}
+
+TEST_F(TYrexCommandLineTest, aLargeFileThatNobodyTakesIsNotReadForItsChecksum)
+{
+    QFile large("large.bin");
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(qint64(1) << 40)); // which takes hours to read
+    EXPECT_EQ(run({"info", "large.bin"}), 1);
+}
+
+TEST_F(TYrexCommandLineTest, aPictureIsSoundXmlWhateverTheTitle)
+{
+    write("a.dx", "##TITLE= a \x01\x1b <b> \xEF\xBF\xBE c\n##JCAMP-DX= 4.24\n##DATA TYPE= INFRARED SPECTRUM\n"
+                  "##XUNITS= 1/CM\n##YUNITS= ABSORBANCE\n##XFACTOR= 1\n##YFACTOR= 1\n##FIRSTX= 1\n##LASTX= 3\n"
+                  "##NPOINTS= 3\n##XYDATA= (X++(Y..Y))\n1 1 2 3\n##END=\n");
+    ASSERT_EQ(run({"process", "a.dx", "--plot", "a.svg"}), 0) << fErr.join('\n').toStdString();
+    QXmlStreamReader xml(read("a.svg"));
+    while (!xml.atEnd())
+        xml.readNext();
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    EXPECT_TRUE(read("a.svg").contains("&lt;b&gt;"));
 }

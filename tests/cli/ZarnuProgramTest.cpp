@@ -254,3 +254,20 @@ TEST_F(ZarnuProgram, tellsWhenTheOutputIsLost)
     ASSERT_TRUE(process.waitForFinished(60000));
     EXPECT_EQ(process.exitCode(), 1);
 }
+
+TEST_F(ZarnuProgram, nothingOfAFileReachesTheTerminalAsACommand)
+{
+    write("t.dx", "##TITLE= \x1b]0;mine\x07 title\n##JCAMP-DX= 4.24\n##DATA TYPE= INFRARED SPECTRUM\n##XUNITS= 1/CM\n"
+                  "##YUNITS= ABSORBANCE\n##XFACTOR= 1\n##YFACTOR= 1\n##FIRSTX= 1\n##LASTX= 3\n##NPOINTS= 3\n"
+                  "##XYDATA= (X++(Y..Y))\n1 1 2 3\n##END=\n");
+    for (const QStringList &call : {QStringList{"info", "--params", "t.dx"}, QStringList{"inspect", "t.dx"}}) {
+        EXPECT_EQ(run(call), 0) << fErr.constData();
+        EXPECT_TRUE(call.first() == "inspect" || fOut.contains("\\x1b]0;mine\\x07 title")) << fOut.constData();
+        EXPECT_FALSE(fOut.contains('\x1b'));
+    }
+    EXPECT_EQ(run({"info", "no\x1b[2J.csv"}), 1);
+    EXPECT_TRUE(fErr.contains("no\\x1b[2J.csv")) << fErr.constData();
+    write("null.js", "throw 'before\\0behind';");
+    EXPECT_EQ(run({"script", "null.js"}), 1);
+    EXPECT_TRUE(fErr.contains("before\\x00behind")) << fErr.constData();
+}

@@ -22,6 +22,24 @@ TEST_F(TScriptFixture, errorsTellFileAndLineAndLeaveTheDocumentWhole)
     EXPECT_EQ(fPrinted, QStringList("1 two 3"));
 }
 
+TEST_F(TScriptFixture, bracketsNestedTooDeeplyAreAnErrorAtMost)
+{
+    const QList<QPair<QByteArray, QByteArray>> kinds{{"[", "]"},  {"(", ")"},      {"{a:", "}"}, {"(function(){", "})"},
+                                                     {"f(", ")"}, {"[{a:(", ")}]"}};
+    for (const auto &kind : kinds) {
+        for (const int depth : {20, 60, 100, 1000, 50000}) {
+            const bool runs =
+                run("var f = Number; var a = " + kind.first.repeated(depth) + "1" + kind.second.repeated(depth) + ";");
+            EXPECT_TRUE(runs || fError.fMessage.contains("Error")) << fError.text().toStdString();
+            EXPECT_TRUE(runs || depth > 100) << kind.first.constData() << depth << fError.text().toStdString();
+            TScriptRun::isComplete("var a = " + QString(kind.first).repeated(depth));
+        }
+    }
+    EXPECT_FALSE(run("var a = " + QByteArray("[").repeated(100) + ";\n")) << "which the engine tells";
+    EXPECT_EQ(fError.fLine, 1);
+    EXPECT_TRUE(run("print('on')"));
+}
+
 TEST_F(TScriptFixture, anEndlessLoopCanBeStopped)
 {
     QTimer::singleShot(50, fRun.get(), [this] { fRun->stop(); });

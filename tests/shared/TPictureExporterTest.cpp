@@ -49,7 +49,7 @@ TEST(TPictureExporterTest, pngHasItsSizeItsResolutionAndTellsItsOrigin)
     const QImage image = QImage::fromData(exporter.bytes(TPictureExporter::cPng));
     EXPECT_EQ(image.size(), QSize(600, 400));
     EXPECT_EQ(image.dotsPerMeterX(), 10000);
-    EXPECT_EQ(image.text("Source"), "/data/a&b.spc");
+    EXPECT_EQ(image.text("Source"), "a&b.spc") << "folders stay at home";
     EXPECT_EQ(image.text("MD5"), "0123");
     EXPECT_EQ(image.text("Chain"), "[{\"step\":0.10000000000000001}]");
     EXPECT_EQ(image.text("Software"), "test 1.0");
@@ -75,7 +75,7 @@ TEST(TPictureExporterTest, svgHasItsSizeInMillimetresAndTextAsTextOrAsOutlines)
     EXPECT_TRUE(svg.contains("width=\"60mm\" height=\"40mm\""));
     EXPECT_TRUE(svg.contains(">cm</text>"));
     EXPECT_TRUE(svg.contains("A &lt; B"));
-    EXPECT_TRUE(svg.contains("/data/a&amp;b.spc"));
+    EXPECT_TRUE(svg.contains("a&amp;b.spc") && !svg.contains("/data/"));
     EXPECT_TRUE(svg.contains("0.10000000000000001"));
     QSvgRenderer renderer(svg);
     ASSERT_TRUE(renderer.isValid());
@@ -97,7 +97,7 @@ TEST(TPictureExporterTest, pdfHasItsSizeAndItsOriginAsMetadata)
                                             .match(QString::fromLatin1(pdf.constData(), pdf.size()));
     EXPECT_NEAR(box.captured(1).toDouble(), 60 / 25.4 * 72, 1.0);
     EXPECT_NEAR(box.captured(2).toDouble(), 40 / 25.4 * 72, 1.0);
-    EXPECT_TRUE(pdf.contains("<dc:source>/data/a&amp;b.spc</dc:source>"));
+    EXPECT_TRUE(pdf.contains("<dc:source>a&amp;b.spc</dc:source>"));
     EXPECT_TRUE(pdf.contains("<xmp:CreatorTool>test 1.0</xmp:CreatorTool>"));
     EXPECT_TRUE(pdf.contains("/FontFile2")); // the font is in the file
 }

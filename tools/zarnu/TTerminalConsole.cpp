@@ -1,5 +1,7 @@
 #include "TTerminalConsole.h"
 
+#include "utils/StringUtils.h"
+
 #include <cstdio>
 #include <poll.h>
 #include <unistd.h>
@@ -39,7 +41,7 @@ void TTerminalConsole::err(const QString &line)
 {
     clearBar();
     std::fflush(stdout); // so that lines of both streams stand in order where they meet
-    std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData());
+    std::fprintf(stderr, "%s\n", Utils::String::printable(line).toLocal8Bit().constData());
 }
 
 void TTerminalConsole::progress(const QString &what, int done, int total)
@@ -51,7 +53,8 @@ void TTerminalConsole::progress(const QString &what, int done, int total)
         return;
     const int filled = cBarWidth * done / total;
     const QString bar = QString(filled, '#') + QString(cBarWidth - filled, '-');
-    std::fprintf(stderr, "[%s] %d/%d %s", bar.toLatin1().constData(), done, total, what.toLocal8Bit().constData());
+    std::fprintf(stderr, "[%s] %d/%d %s", bar.toLatin1().constData(), done, total,
+                 Utils::String::printable(what).toLocal8Bit().constData());
     std::fflush(stderr);
     fHasBar = true;
 }

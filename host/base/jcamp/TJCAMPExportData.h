@@ -12,7 +12,7 @@ struct TJCAMPPeak
     double fWidth = 0; // 0 for unknown; when every peak has one, the table is (XYW..XYW)
 };
 
-/// One spectrum to be written. Texts may hold anything; what JCAMP-DX cannot carry is replaced.
+/// One spectrum to be written. Texts may hold anything; accents and control characters are dropped.
 struct TJCAMPExportData
 {
     QString fTitle;

@@ -17,6 +17,7 @@ constexpr int cLineWidth = TJCAMPOrdinates::cLineWidth;
 constexpr int cMaxLabel = 40; // characters
 const char cLineEnd[] = "\r\n";
 const char cVersion[] = "5.01";
+const char cUtf8Remark[] = " $$ texts are in UTF-8"; // the standard knows ASCII only
 
 /// The shortest text that reads back to the same bits.
 QByteArray numberText(double value)
@@ -25,6 +26,26 @@ QByteArray numberText(double value)
     const double signless = std::isfinite(value) && value != 0.0 ? value : 0.0; // no "-0"
     const std::to_chars_result result = std::to_chars(text, text + sizeof text, signless);
     return QByteArray(text, int(result.ptr - text)).toUpper();
+}
+
+/// Whether a text has letters that asciiText would lose: those of other scripts than Latin.
+bool needsUtf8(const QString &text)
+{
+    for (const QChar c : text.normalized(QString::NormalizationForm_KD)) {
+        if (c.unicode() >= 0x7F && c.unicode() != 0x3BC && !c.isMark() && (c.isLetter() || c.isSurrogate()))
+            return true;
+    }
+    return false;
+}
+
+/// The text in UTF-8, on the same terms.
+QByteArray utf8Text(QString text)
+{
+    for (QChar &c : text) {
+        if (c.category() == QChar::Other_Control && c != '\n')
+            c = ' ';
+    }
+    return text.toUtf8();
 }
 
 /// The text in ASCII: accents are dropped, what is left is replaced; line feeds stay.
@@ -42,9 +63,25 @@ QByteArray asciiText(const QString &text)
         else
             ascii.append(code < ' ' ? ' ' : '?');
     }
-    while (ascii.contains("$$")) // would begin a comment
-        ascii.replace("$$", "$ $");
     return ascii;
+}
+
+/// Other scripts stay, in UTF-8, which the head of their block says.
+QByteArray writtenBytes(const QString &text)
+{
+    QByteArray bytes = needsUtf8(text) ? utf8Text(text) : asciiText(text);
+    while (bytes.contains("$$")) // would begin a comment
+        bytes.replace("$$", "$ $");
+    return bytes;
+}
+
+bool needsUtf8(const TJCAMPExportData &data)
+{
+    const auto anyNeeds = [](const QList<QPair<QString, QString>> &records) {
+        return std::any_of(records.begin(), records.end(), [](const auto &record) { return needsUtf8(record.second); });
+    };
+    return needsUtf8(data.fTitle) || needsUtf8(data.fOrigin) || needsUtf8(data.fOwner) || needsUtf8(data.fDataSystem) ||
+           needsUtf8(data.fResolution) || anyNeeds(data.fComments) || anyNeeds(data.fPrivates);
 }
 
 /// A label of others' words: what would end it, or make the record one that the block is built of, is altered.
@@ -70,7 +107,10 @@ int breakPlace(const QByteArray &line, int width)
     if (line.size() <= width)
         return line.size();
     const int blank = line.lastIndexOf(' ', width);
-    return blank > 0 ? blank : width;
+    int end = blank > 0 ? blank : width;
+    while (end > 1 && (uchar(line.at(end)) & 0xC0) == 0x80) // within a letter of several bytes
+        --end;
+    return end;
 }
 
 QString writtenText(const QString &value)
@@ -111,7 +151,7 @@ bool TJCAMPWriter::writeFile(const QList<TJCAMPExportData> &spectra, const QStri
 void TJCAMPWriter::beginLink(const QString &title, const QString &origin, const QString &owner, int blocks)
 {
     putRecord(Params::TITLE, title);
-    putRecord(Params::JCAMPDX, cVersion);
+    putVersion(needsUtf8(title) || needsUtf8(origin) || needsUtf8(owner));
     putRecord(Params::DATATYPE, Values::LINK);
     putRecord(Params::BLOCKS, QString::number(blocks));
     putRecord(Params::ORIGIN, origin);
@@ -140,7 +180,7 @@ void TJCAMPWriter::putRecord(const QByteArray &label, const QString &text)
 {
     QByteArray line = "##" + label + '=';
     bool isFirst = true;
-    for (QByteArray rest : asciiText(text).split('\n')) {
+    for (QByteArray rest : writtenBytes(text).split('\n')) {
         rest = rest.trimmed();
         while (!rest.isEmpty()) {
             if (isFirst)
@@ -158,6 +198,11 @@ void TJCAMPWriter::putRecord(const QByteArray &label, const QString &text)
         put(line + cLineEnd);
 }
 
+void TJCAMPWriter::putVersion(bool isUtf8)
+{
+    put(QByteArray("##") + Params::JCAMPDX + "= " + cVersion + (isUtf8 ? cUtf8Remark : "") + cLineEnd);
+}
+
 void TJCAMPWriter::putNumber(const char *label, double value)
 {
     putRecord(label, QString::fromLatin1(numberText(value)));
@@ -166,7 +211,7 @@ void TJCAMPWriter::putNumber(const char *label, double value)
 void TJCAMPWriter::putHead(const TJCAMPExportData &data, const char *dataClass)
 {
     putRecord(Params::TITLE, data.fTitle);
-    putRecord(Params::JCAMPDX, cVersion);
+    putVersion(needsUtf8(data));
     putRecord(Params::DATATYPE, writtenText(data.fDataType));
     putRecord(Params::DATACLASS, writtenText(dataClass));
     putRecord(Params::ORIGIN, data.fOrigin);

@@ -4,7 +4,8 @@
 
 class QIODevice;
 
-/// Writes JCAMP-DX 5.01: ASCII, lines of at most 80 columns that end with CR LF.
+/// Writes JCAMP-DX 5.01: ASCII, lines of at most 80 bytes that end with CR LF. Accents are dropped; texts in other
+/// scripts stay as they are, in UTF-8, with a remark at the version of their block.
 class TJCAMPWriter
 {
 public:
@@ -29,6 +30,7 @@ public:
 private:
     void put(const QByteArray &text);
     void putRecord(const QByteArray &label, const QString &text);
+    void putVersion(bool isUtf8);
     void putNumber(const char *label, double value);
     void putHead(const TJCAMPExportData &data, const char *dataClass);
     void putSpectrum(const TJCAMPExportData &data);

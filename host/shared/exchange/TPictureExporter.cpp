@@ -113,21 +113,33 @@ void setCreationDate(QByteArray &pdf, const QDateTime &time)
         pdf.replace(found + cKey.size(), date.size(), date);
 }
 
+/// UTF-8 with blanks where XML allows no character.
+QByteArray soundXml(QByteArray text)
+{
+    for (char &c : text) {
+        if (uchar(c) < ' ' && c != '\t' && c != '\n' && c != '\r')
+            c = ' ';
+    }
+    text.replace("\xEF\xBF\xBE", "   ").replace("\xEF\xBF\xBF", "   ");
+    return text;
+}
+
 QByteArray xmp(const TPictureOrigin &origin)
 {
-    return QString("<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
-                   "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">"
-                   "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
-                   "<rdf:Description rdf:about=\"\" xmlns:dc=\"http://purl.org/dc/elements/1.1/\" "
-                   "xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\">\n"
-                   "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">%1</rdf:li></rdf:Alt></dc:title>\n"
-                   "<dc:source>%2</dc:source>\n"
-                   "<dc:description><rdf:Alt><rdf:li xml:lang=\"x-default\">%3</rdf:li></rdf:Alt></dc:description>\n"
-                   "<xmp:CreatorTool>%4</xmp:CreatorTool>\n"
-                   "</rdf:Description></rdf:RDF></x:xmpmeta>\n<?xpacket end=\"r\"?>\n")
-        .arg(origin.fTitle.toHtmlEscaped(), origin.source().toHtmlEscaped(),
-             QString::fromUtf8(origin.description()).toHtmlEscaped(), origin.fProgram.toHtmlEscaped())
-        .toUtf8();
+    const QString text =
+        QString("<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
+                "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">"
+                "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
+                "<rdf:Description rdf:about=\"\" xmlns:dc=\"http://purl.org/dc/elements/1.1/\" "
+                "xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\">\n"
+                "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">%1</rdf:li></rdf:Alt></dc:title>\n"
+                "<dc:source>%2</dc:source>\n"
+                "<dc:description><rdf:Alt><rdf:li xml:lang=\"x-default\">%3</rdf:li></rdf:Alt></dc:description>\n"
+                "<xmp:CreatorTool>%4</xmp:CreatorTool>\n"
+                "</rdf:Description></rdf:RDF></x:xmpmeta>\n<?xpacket end=\"r\"?>\n")
+            .arg(origin.fTitle.toHtmlEscaped(), origin.source().toHtmlEscaped(),
+                 QString::fromUtf8(origin.description()).toHtmlEscaped(), origin.fProgram.toHtmlEscaped());
+    return soundXml(text.toUtf8());
 }
 
 } // namespace
@@ -270,7 +282,7 @@ QByteArray TPictureExporter::svg() const
         painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
     draw(painter, size);
     painter.end();
-    return bytes;
+    return soundXml(bytes);
 }
 
 QByteArray TPictureExporter::pdf() const

@@ -4,12 +4,36 @@
 #include "canvas/TCanvasItemList.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace {
 
 constexpr char cItems[] = "items";
+
+constexpr char cFile[] = "Filename";
+
+/// Names of files without their folders, which tell of others' computers and names.
+QString namesOf(const QString &paths)
+{
+    QStringList names;
+    for (const QString &path : paths.split("; "))
+        names.append(QFileInfo(path).fileName());
+    return names.join("; ");
+}
+
+QVariantMap withoutFolders(QVariantMap facts)
+{
+    if (facts.contains(cFile))
+        facts.insert(cFile, namesOf(facts.value(cFile).toString()));
+    QVariantList items = facts.value(cItems).toList();
+    for (QVariant &item : items)
+        item = withoutFolders(item.toMap());
+    if (!items.isEmpty())
+        facts.insert(cItems, items);
+    return facts;
+}
 
 template <typename TText>
 QString ofEach(const QVariantMap &facts, const TText &text)
@@ -66,7 +90,8 @@ QString TPictureOrigin::program()
 
 QString TPictureOrigin::source() const
 {
-    return ofEach(fFacts, [](const QVariantMap &facts) { return facts.value("Filename").toString(); });
+    return ofEach(fTellsFolders ? fFacts : withoutFolders(fFacts),
+                  [](const QVariantMap &facts) { return facts.value(cFile).toString(); });
 }
 
 QString TPictureOrigin::checksum() const
@@ -79,7 +104,7 @@ QString TPictureOrigin::checksum() const
 
 QByteArray TPictureOrigin::description() const
 {
-    QJsonObject facts = QJsonObject::fromVariantMap(fFacts);
+    QJsonObject facts = QJsonObject::fromVariantMap(fTellsFolders ? fFacts : withoutFolders(fFacts));
     facts.insert("program", fProgram);
     QByteArray text = QJsonDocument(facts).toJson(QJsonDocument::Compact);
     if (!fChain.isEmpty()) { // as it is: a tree of values would lose digits of its numbers

@@ -1,10 +1,21 @@
 #include "exchange/TRowTable.h"
 
 #include <QFileInfo>
+#include <QLocale>
 #include <QMimeData>
 #include <QRegularExpression>
 
 namespace {
+
+/// A text that a spreadsheet would run as a formula gets the mark by which it knows a text. Numbers stay numbers.
+QString harmlessCell(const QString &cell)
+{
+    static const QString cFormulas = QStringLiteral("=+-@");
+    bool isNumber = false;
+    QLocale::c().toDouble(cell, &isNumber);
+    const bool isFormula = cell.size() > 1 && cFormulas.contains(cell.at(0)) && !isNumber;
+    return isFormula ? '\'' + cell : cell;
+}
 
 QString csvCell(QString cell)
 {
@@ -23,8 +34,10 @@ QString plainCell(QString cell)
 QString TRowTable::line(const QStringList &cells, TForm form) const
 {
     QStringList texts;
-    for (const QString &cell : cells)
+    for (const QString &anyCell : cells) {
+        const QString cell = harmlessCell(anyCell);
         texts.append(form == cCsv ? csvCell(cell) : form == cTabs ? plainCell(cell) : cell.toHtmlEscaped());
+    }
     return texts.join(form == cCsv ? "," : form == cTabs ? "\t" : "</td><td>");
 }
 

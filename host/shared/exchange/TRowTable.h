@@ -17,7 +17,8 @@ public:
     void addRow(const QStringList &cells) { fRows.append(cells); }
     bool isEmpty() const { return fRows.isEmpty(); }
 
-    /// UTF-8. Tabs and line ends inside of cells become spaces where they would tear the table apart; csv quotes them.
+    /// UTF-8. A text that a spreadsheet would run as a formula begins with an apostrophe. Tabs and line ends inside of
+    /// cells become spaces where they would tear the table apart; csv quotes them.
     QByteArray bytes(TForm form) const;
     /// Text with tabs and HTML at once; the caller owns it.
     QMimeData *mimeData() const;

@@ -47,6 +47,28 @@ QScriptValue printArguments(QScriptContext *context, QScriptEngine *engine)
     return engine->undefinedValue();
 }
 
+/// How deep brackets are open at most; those in strings and comments count as well.
+int bracketDepth(const QString &text)
+{
+    int depth = 0;
+    int deepest = 0;
+    for (const QChar c : text) {
+        if (c == '(' || c == '[' || c == '{')
+            deepest = std::max(deepest, ++depth);
+        else if (c == ')' || c == ']' || c == '}')
+            depth = std::max(0, depth - 1);
+    }
+    return deepest;
+}
+
+/// What Qt's check says of a text that it can bear: it writes beyond its stack, which grows by 128 places, where
+/// brackets are nested some fifty deep. The engine itself has words for such a text as well, though fewer.
+QScriptSyntaxCheckResult checkedSyntax(const QString &text)
+{
+    constexpr int cDeepest = 16; // of which each takes some seven places
+    return QScriptEngine::checkSyntax(bracketDepth(text) <= cDeepest ? text : QString());
+}
+
 /// The engine has no words for some of its refusals, and none for a newer language.
 QString syntaxProblem(const QScriptSyntaxCheckResult &syntax, const QString &text)
 {
@@ -179,7 +201,7 @@ bool TScriptRun::evaluate(const QString &text, const QString &name, QScriptValue
 {
     error = TScriptError();
     error.fFile = name;
-    const QScriptSyntaxCheckResult syntax = QScriptEngine::checkSyntax(text);
+    const QScriptSyntaxCheckResult syntax = checkedSyntax(text);
     if (syntax.state() != QScriptSyntaxCheckResult::Valid) {
         error.fLine = syntax.errorLineNumber();
         error.fMessage = syntax.state() == QScriptSyntaxCheckResult::Intermediate
@@ -226,7 +248,7 @@ TScriptError TScriptRun::uncaught() const
 
 bool TScriptRun::isComplete(const QString &text)
 {
-    return QScriptEngine::checkSyntax(text).state() != QScriptSyntaxCheckResult::Intermediate;
+    return checkedSyntax(text).state() != QScriptSyntaxCheckResult::Intermediate;
 }
 
 void TScriptRun::stop()
