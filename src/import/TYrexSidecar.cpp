@@ -1,5 +1,6 @@
 #include "TYrexSidecar.h"
 
+#include "log/TLogger.h"
 #include "params/TParamsBundle.h"
 #include "utils/StringUtils.h"
 
@@ -14,7 +15,8 @@ constexpr char cClosingLine[] = "TmpFile_end";
 } // namespace
 
 TYrexSidecar::TYrexSidecar(const QString &dataFile)
-    : fFile(QDir::temp().filePath(QFileInfo(dataFile).baseName() + "-metadata.txt"))
+    : fDataFile(dataFile)
+    , fFile(QDir::temp().filePath(QFileInfo(dataFile).baseName() + "-metadata.txt"))
 {
     fFile.open();
 }
@@ -40,7 +42,13 @@ void TYrexSidecar::finish()
 
 void TYrexSidecar::addTo(TParamsBundle &bundle, const QString &marker)
 {
-    fFile.flush();
+    const bool isWhole = fFile.isOpen() && fFile.flush() && fFile.error() == QFileDevice::NoError;
+    if (!isWhole) // the values are whole, and what is missing is told
+        TLogger::printToLogger("Import",
+                               QStringLiteral("%1: texts of the file are missing, since the folder of temporary files "
+                                              "cannot be written: %2")
+                                   .arg(fDataFile, fFile.errorString()),
+                               TLogger::cError);
     bundle.addParamsBlob(marker, fFile.fileName(), &fFile, 0, -1);
 }
 

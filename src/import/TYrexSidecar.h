@@ -28,7 +28,7 @@ public:
     void writeLine(const QByteArray &line);
     /// Writes the closing line.
     void finish();
-    /// Gives the whole file to a spectrum as the blob of that name.
+    /// Gives the whole file to a spectrum as the blob of that name. What could not be written is an error of the log.
     void addTo(TParamsBundle &bundle, const QString &marker);
 
     /// The sections of a sidecar's text by name, the last of equal ones; what stands behind 128 KiB or the closing line
@@ -36,5 +36,6 @@ public:
     static QMap<QString, QString> sections(const QByteArray &text);
 
 private:
+    QString fDataFile;
     QTemporaryFile fFile;
 };
