@@ -13,8 +13,18 @@
 #include <QStatusBar>
 #include <QTableWidget>
 #include <QTreeWidget>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool cHasSanitizer = true;
+#elif defined(__has_feature)
+constexpr bool cHasSanitizer = __has_feature(address_sanitizer);
+#else
+constexpr bool cHasSanitizer = false;
+#endif
 
 class FilesTest : public TWindowFixture
 {
@@ -197,4 +207,37 @@ TEST_F(FilesTest, controlHeldStacksWhatIsDropped)
     EXPECT_EQ(item()->stackedContext()->count(), 2);
     dropWith(Qt::NoModifier);
     EXPECT_EQ(document()->items().size(), 3);
+}
+
+TEST_F(FilesTest, aFileForWhichThereIsNotEnoughMemoryIsReportedAndTheNextOneOpens)
+{
+    if (cHasSanitizer)
+        GTEST_SKIP() << "whose allocator ends the program where there is no memory";
+    constexpr int cLines = 1000000;
+    constexpr rlim_t cSpare = 6 << 20; // less than the values of the file
+    QByteArray text;
+    for (int i = 0; i < cLines; ++i)
+        text += QByteArray::number(i) + ",1\n";
+    QFile large(fFolder.filePath("large.csv"));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.write(text) == text.size());
+    large.close();
+    text = QByteArray();
+    open(writeCsv("before.csv")); // what every import needs is there
+    QFile status("/proc/self/statm");
+    ASSERT_TRUE(status.open(QIODevice::ReadOnly));
+    const rlim_t used = status.readAll().split(' ').first().toULongLong() * rlim_t(sysconf(_SC_PAGESIZE));
+    rlimit before{};
+    getrlimit(RLIMIT_AS, &before);
+    const rlimit tight{used + cSpare, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &tight), 0);
+    fWindow->files().open({large.fileName(), writeCsv("small.csv")});
+    setrlimit(RLIMIT_AS, &before);
+    settle();
+    ASSERT_TRUE(report());
+    const auto *table = report()->findChild<QTableWidget *>();
+    EXPECT_EQ(table->item(0, 1)->text(), "failed");
+    EXPECT_EQ(table->item(0, 3)->text(), "0x80000002");
+    EXPECT_EQ(table->item(1, 1)->text(), "opened");
+    EXPECT_EQ(document()->items().size(), 2);
+    EXPECT_TRUE(fWindow->documents().saveTo(fFolder.filePath("a.klm")));
 }
