@@ -115,13 +115,9 @@ QScriptValue TYrexSpectrumWrapper::showXUnits()
     if (argumentCount() != 1)
         return fail(cWrongCount);
     const QVector<int> units = takeUnitNames();
-    const TYrexSpectrum *spectrum = spectrumOf();
-    if (units.isEmpty() || !spectrum)
+    if (units.isEmpty() || !spectrumOf())
         return engine()->undefinedValue();
-    const auto inWavenumbers = [spectrum](double x) {
-        return yrexConvertX(x, spectrum->origXUnits(), cUnitWavenumber);
-    };
-    if (inWavenumbers(spectrum->firstX()) * inWavenumbers(spectrum->lastX()) < 0.0)
+    if (TCmdSetYrexSpectrumHorizontalUnits::spansZero(*yrex(), units.first()))
         return fail(cOutOfRange, tr("X units cannot be converted, since zero is within the spectrum."));
     doScriptHistoryCommand(new TCmdSetYrexSpectrumHorizontalUnits(units.first(), {item()}), context(), 1);
     return engine()->undefinedValue();
