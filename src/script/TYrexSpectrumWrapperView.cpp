@@ -319,12 +319,18 @@ QScriptValue TYrexSpectrumWrapper::setProperties()
     for (std::unique_ptr<TPropertiesBag> &bag : bags) {
         const QVariantMap fields = bag->values();
         const std::unique_ptr<TPropertiesBag> kind = bag->create();
+        const QVariantMap before = looksOf(*item(), *kind);
         if (!bag->isEmpty())
             doScriptHistoryCommand(new TCmdPlotProperties({item()}, std::move(bag)), context(), 1);
         const QVariantMap now = looksOf(*item(), *kind);
         for (auto it = fields.constBegin(); it != fields.constEnd(); ++it) {
-            if (it.value().userType() != QMetaType::QVariantMap && now.value(it.key()) != it.value())
-                scriptWarning(context(), tr("This value is out of range and was not taken: %1").arg(it.key()));
+            const QVariant value = now.value(it.key());
+            if (it.value().userType() == QMetaType::QVariantMap || value == it.value())
+                continue;
+            scriptWarning(context(),
+                          value == before.value(it.key())
+                              ? tr("This value is out of range and was not taken: %1").arg(it.key())
+                              : tr("This value is out of range: %1 is %2 now").arg(it.key(), value.toString()));
         }
     }
     return engine()->undefinedValue();
