@@ -6,8 +6,8 @@
 #include <QVariant>
 
 /// Adds a multiple of a reference spectrum to the selected spectra of items, from now on the data that their chains
-/// start from. It goes point by point, whatever their x: callers ask first where axes differ, and the history tells of
-/// it. Spectra with another number of points than the reference are left alone.
+/// start from. It goes point by point, whatever their x: callers ask first where axes differ, and the history
+/// records it. Spectra with another number of points than the reference are left alone.
 class TCmdYrexArithmeticOp : public TYrexListCommand
 {
     Q_OBJECT

@@ -77,7 +77,7 @@ public:
 
     /// Notes an error about an argument; of several the first stays.
     void fail(const QString &argument, const QString &what, int code = cWrongType);
-    /// Tells of something that stops nothing.
+    /// Notes a warning, which stops nothing.
     void warn(const QString &text) { fWarnings.append(text); }
     const QStringList &warnings() const { return fWarnings; }
     static QString tr(const char *text);
