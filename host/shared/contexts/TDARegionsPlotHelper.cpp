@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr int cMostLetters = 200; // of a name; documents may hold any
 const QColor cUsualColor(245, 160, 0);
 constexpr double cBandAlpha = 0.16;
 constexpr double cEdgeWidth = 3.0;  // canvas units
@@ -48,7 +49,7 @@ void drawPiece(QPainter &painter, const QRectF &band, const QColor &color, const
     painter.drawLine(band.topLeft(), band.bottomLeft());
     painter.drawLine(band.topRight(), band.bottomRight());
     painter.drawText(band.adjusted(cNameMargin, cNameMargin, -cNameMargin, -cNameMargin),
-                     Qt::AlignTop | Qt::AlignHCenter, name);
+                     Qt::AlignTop | Qt::AlignHCenter, name.left(cMostLetters));
 }
 
 /// The band itself answers to nothing, so that the marks below it can be reached.

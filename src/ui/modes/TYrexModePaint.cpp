@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr int cMostLetters = 500;    // of a note; names of files and spectra are in it
 constexpr double cTick = 7.0;        // pixels
 constexpr double cTickGap = 3.0;     // from the peak to its tick
 constexpr double cTickFont = 0.75;   // of the view's
@@ -221,8 +222,9 @@ void TYrexModePaint::ring(const QPointF &centre, double radius, const QColor &co
 void TYrexModePaint::note(const QPointF &pointer, const QString &text, const QColor &color, bool isBelow) const
 {
     const TPainterState state(fPainter);
+    const QString shown = text.left(cMostLetters);
     const QFontMetricsF metrics(fPainter.font());
-    const QRectF bounds = metrics.boundingRect(QRectF(0.0, 0.0, 10000.0, 10000.0), Qt::AlignLeft, text);
+    const QRectF bounds = metrics.boundingRect(QRectF(0.0, 0.0, 10000.0, 10000.0), Qt::AlignLeft, shown);
     QRectF plate(0.0, 0.0, std::ceil(bounds.width()) + 2 * cPlateRoom, std::ceil(bounds.height()) + cPlateRoom);
     const QRectF view(fPainter.viewport());
     plate.moveBottomLeft(pointer + QPointF(cPlateAway, -cPlateAway));
@@ -237,5 +239,5 @@ void TYrexModePaint::note(const QPointF &pointer, const QString &text, const QCo
     fPainter.setBrush(withAlpha(paper(), 0.92));
     fPainter.drawRoundedRect(plate, cPlateCorner, cPlateCorner);
     fPainter.setPen(ink(color.isValid() ? color : cTextColor));
-    fPainter.drawText(plate, Qt::AlignCenter, text);
+    fPainter.drawText(plate, Qt::AlignCenter, shown);
 }
