@@ -98,6 +98,13 @@ TEST(T1DStackedBasePlotter, selectedRowsHaveMarksFilledOrHollow)
     EXPECT_NE(colorBeside(3, 20), mark) << "smaller than that of the active row";
     EXPECT_EQ(colorBeside(0, 9), QColor(Qt::white)) << "hollow";
     EXPECT_EQ(colorBeside(0, 14), mark) << "its rim";
+
+    image.fill(Qt::white);
+    painter.begin(&image);
+    plot.plotter()->drawSelectedStackedMark(painter, 1, {}, {});
+    painter.end();
+    EXPECT_EQ(colorBeside(1, 20), mark);
+    EXPECT_EQ(colorBeside(3, 10), QColor(Qt::white)) << "that all are selected needs no telling";
     EXPECT_EQ(colorBeside(2, 10), QColor(Qt::white)) << "no mark";
 }
 

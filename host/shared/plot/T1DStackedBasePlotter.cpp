@@ -447,7 +447,8 @@ void T1DStackedBasePlotter::drawQueueAxes(QPainter &painter, int columns) const
     drawAxisTitle(painter, horzDir);
 }
 
-/// A mark beside each selected row, filled for the active one; a row of which only some are selected has a hollow one.
+/// A mark beside each selected row, larger for the active one; a row of which only some are selected has a hollow one.
+/// Where all are selected the active one alone has a mark.
 void T1DStackedBasePlotter::drawSelectedStackedMark(QPainter &painter, int active, const QVector<int> &deselected,
                                                     const QVector<int> &groupSizes) const
 {
@@ -464,26 +465,25 @@ void T1DStackedBasePlotter::drawSelectedStackedMark(QPainter &painter, int activ
     painter.save();
     painter.setPen(QPen(color, TBasePlotProperties::cDefPenWidth));
     for (int row = 0; row < fRowCount; ++row) {
-        if (missing.at(row) >= members.at(row))
-            continue;
         const bool isActive = row == active;
+        if (missing.at(row) >= members.at(row) || (deselected.isEmpty() && !isActive))
+            continue;
         painter.setBrush(missing.at(row) > 0 ? QBrush(textPaper()) : QBrush(color));
         painter.drawPolygon(selectionMark(row, isActive ? cMarkSize : cSmallMarkSize));
     }
     painter.restore();
 }
 
-/// A triangle that points at the foot of a row or the head of a column.
+/// A triangle that points at the foot of a row, or down from the head of a column, below its title.
 QPolygonF T1DStackedBasePlotter::selectionMark(int row, double size) const
 {
     const QRectF band = getArrayedCurveRect(row);
-    const double margin = properties().plotAreaMargin;
     QPolygonF mark;
     if (fStackedPlot->isQueued()) {
-        const QPointF tip(band.center().x(), band.top() - margin);
+        const QPointF tip(band.center().x(), band.top() + size);
         mark << tip << tip + QPointF(-size / 2, -size) << tip + QPointF(size / 2, -size);
     } else {
-        const QPointF tip(getPlotCurvesRect().left() - margin, band.bottom());
+        const QPointF tip(getPlotCurvesRect().left() - properties().plotAreaMargin, band.bottom());
         mark << tip << tip + QPointF(-size, -size / 2) << tip + QPointF(-size, size / 2);
     }
     return mark;
