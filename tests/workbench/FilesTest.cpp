@@ -13,8 +13,11 @@
 #include <QStatusBar>
 #include <QTableWidget>
 #include <QTreeWidget>
+#include <algorithm>
+#include <cstdlib>
 #include <sys/resource.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -214,7 +217,9 @@ TEST_F(FilesTest, aFileForWhichThereIsNotEnoughMemoryIsReportedAndTheNextOneOpen
     if (cHasSanitizer)
         GTEST_SKIP() << "whose allocator ends the program where there is no memory";
     constexpr int cLines = 1000000;
-    constexpr rlim_t cSpare = 6 << 20; // less than the values of the file
+    const QString small = writeCsv("small.csv");
+    constexpr size_t cBlock = 256 * 1024;
+    constexpr size_t cSpareBlocks = 16; // less than the values of the file
     QByteArray text;
     for (int i = 0; i < cLines; ++i)
         text += QByteArray::number(i) + ",1\n";
@@ -228,10 +233,17 @@ TEST_F(FilesTest, aFileForWhichThereIsNotEnoughMemoryIsReportedAndTheNextOneOpen
     const rlim_t used = status.readAll().split(' ').first().toULongLong() * rlim_t(sysconf(_SC_PAGESIZE));
     rlimit before{};
     getrlimit(RLIMIT_AS, &before);
-    const rlimit tight{used + cSpare, before.rlim_max};
+    const rlimit tight{used + cSpareBlocks * cBlock, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_AS, &tight), 0);
-    fWindow->files().open({large.fileName(), writeCsv("small.csv")});
+    std::vector<void *> blocks; // what earlier tests gave back would serve as well
+    while (void *block = std::malloc(cBlock))
+        blocks.push_back(block);
+    for (size_t i = 0; i < std::min(cSpareBlocks, blocks.size()); ++i)
+        std::free(blocks[i]);
+    fWindow->files().open({large.fileName(), small});
     setrlimit(RLIMIT_AS, &before);
+    for (size_t i = cSpareBlocks; i < blocks.size(); ++i)
+        std::free(blocks[i]);
     settle();
     ASSERT_TRUE(report());
     const auto *table = report()->findChild<QTableWidget *>();
