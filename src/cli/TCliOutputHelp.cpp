@@ -11,7 +11,7 @@ QVector<TCliOption> TCliOutputHelp::dataOptions()
                  .arg(forms)},
             {"--to", "FORM", QString("the form of files in a folder and on standard output: %1").arg(forms)},
             {"--force", "", "replace files that exist; a file that is read is never written over"},
-            {"--source-paths", "", "tell the sources in jdx and in pictures with their folders, as they were given"}};
+            {"--source-paths", "", "write the sources into jdx and pictures with their folders, as they were given"}};
 }
 
 QStringList TCliOutputHelp::dataNotes()

@@ -142,7 +142,7 @@ void TCliProcess::draw(TCliInput &input, int index) const
     for (int i = 0; i < paths.size() && error.isEmpty(); ++i) {
         TCanvasYrexSpectrum &item = *yrexItem(input.fItems.at(i));
         TPictureExporter picture = cliPicture(item, fSize, input.provenance());
-        picture.origin().fTellsFolders = fPictures.tellsFolders();
+        picture.origin().fHasFolders = fPictures.hasSourceFolders();
         picture.save(paths.at(i), TPictureExporter::formOf("." + fPictures.form()), &error);
     }
     if (!error.isEmpty())

@@ -147,7 +147,7 @@ bool TCliTarget::plan(TKind kind, const TCliArguments &arguments, const QStringL
     const QString formOption = kind == cData ? "--to" : "--plot-to";
     fKind = kind;
     fForce = arguments.has("--force");
-    fTellsFolders = arguments.has("--source-paths");
+    fHasSourceFolders = arguments.has("--source-paths");
     const QString out = arguments.value(option);
     const QString form = arguments.value(formOption);
     fStandardOutput = out == "-";

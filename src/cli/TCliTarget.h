@@ -30,8 +30,8 @@ public:
     QString path(int input) const { return fPaths.value(input); }
     /// The files of an input with several items, of which each gets one: NAME-1, NAME-2 and so on.
     QStringList itemPaths(int input, int itemCount) const;
-    /// Whether the folders of the sources are told where the form tells of them, and not the files' names alone.
-    bool tellsFolders() const { return fTellsFolders; }
+    /// Whether files that name their sources name them with their folders.
+    bool hasSourceFolders() const { return fHasSourceFolders; }
     /// Makes the folder of the files; false, with an error, when it cannot be made.
     bool makeFolder(QString &error) const;
     /// Why an existing file cannot be written; empty when it can.
@@ -55,5 +55,5 @@ private:
     QSet<QByteArray> fSources; // their keys
     bool fStandardOutput = false;
     bool fForce = false;
-    bool fTellsFolders = false;
+    bool fHasSourceFolders = false;
 };

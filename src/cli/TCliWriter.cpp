@@ -40,11 +40,11 @@ QByteArray exportedBytes(IConverter &converter, TCliInput &input)
 }
 
 /// Source, checksums, the chain that made the data, if one did, and the program.
-QStringList provenanceLines(const TCliInput &input, ICanvasItem *item, bool tellsFolders)
+QStringList provenanceLines(const TCliInput &input, ICanvasItem *item, bool hasFolders)
 {
     const QVariantMap facts = input.provenance();
     const QString path = facts.value("Filename").toString();
-    QStringList lines{"source: " + (tellsFolders ? path : QFileInfo(path).fileName())};
+    QStringList lines{"source: " + (hasFolders ? path : QFileInfo(path).fileName())};
     const QVariantMap sums = facts.value("md5sum").toMap();
     for (auto it = sums.constBegin(); it != sums.constEnd(); ++it)
         lines.append(QString("md5: %1 %2").arg(it.value().toString(), it.key()));
@@ -108,7 +108,7 @@ void TCliWriter::writeJcamp(TCliInput &input, int index, QByteArray &out) const
     if (!jcamp)
         return input.fail(cConverterNotSupported, TImportDriver::reason(cConverterNotSupported));
     writeThrough("jcamp", input, index, out, [&](int item) {
-        jcamp->setExportComments(provenanceLines(input, input.fItems.at(item), fTarget.tellsFolders()));
+        jcamp->setExportComments(provenanceLines(input, input.fItems.at(item), fTarget.hasSourceFolders()));
     });
     jcamp->setExportComments({});
 }

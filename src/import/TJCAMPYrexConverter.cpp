@@ -475,7 +475,7 @@ int TJCAMPYrexConverter::exportItems(const TCanvasItemList &items, const QString
     fPeakTables.clear();
     fExportDataType = nullptr;         // what an earlier file had says nothing of this one
     if (!TFileWriter(fileName).open()) // nothing is written here: the host writes what the steps of the export give
-        return cConverterOk;           // and finds that too, and tells
+        return cConverterOk;           // and reports that as well
     const IYrexExportView *view = viewOf(items.firstRtti(cSpectrumItem));
     const TYrexSpectrum *first = view ? view->exportRecord(0) : nullptr;
     const QString type = first ? first->paramText(TSpectrumParam::cDataType, 1) : QString();

@@ -43,7 +43,7 @@ void TYrexSidecar::finish()
 void TYrexSidecar::addTo(TParamsBundle &bundle, const QString &marker)
 {
     const bool isWhole = fFile.isOpen() && fFile.flush() && fFile.error() == QFileDevice::NoError;
-    if (!isWhole) // the values are whole, and what is missing is told
+    if (!isWhole) // the values are whole all the same
         TLogger::printToLogger("Import",
                                QStringLiteral("%1: texts of the file are missing, since the folder of temporary files "
                                               "cannot be written: %2")

@@ -625,7 +625,7 @@ TEST_F(TYrexCommandLineTest, noInputIsAnOutputUnderWhateverName)
     EXPECT_EQ(read("x-2.csv"), read("chain.json"));
 }
 
-TEST_F(TYrexCommandLineTest, sourcesAreToldByTheirNamesAlone)
+TEST_F(TYrexCommandLineTest, sourcesAreWrittenByTheirNamesAlone)
 {
     writeBand("a.csv", 440);
     const QString path = QDir::current().absoluteFilePath("a.csv");

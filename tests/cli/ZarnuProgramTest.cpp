@@ -267,7 +267,7 @@ TEST_F(ZarnuProgram, nothingOfAFileReachesTheTerminalAsACommand)
     }
     EXPECT_EQ(run({"info", "no\x1b[2J.csv"}), 1);
     EXPECT_TRUE(fErr.contains("no\\x1b[2J.csv")) << fErr.constData();
-    write("null.js", "throw 'before\\0behind';");
+    write("null.js", "throw 'before\\0after';");
     EXPECT_EQ(run({"script", "null.js"}), 1);
-    EXPECT_TRUE(fErr.contains("before\\x00behind")) << fErr.constData();
+    EXPECT_TRUE(fErr.contains("before\\x00after")) << fErr.constData();
 }

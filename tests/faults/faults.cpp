@@ -1,7 +1,7 @@
 // A library for LD_PRELOAD that makes calls of a program fail, or kills it at one, as the environment asks:
 //   FAULTS_FOLDER   only files below this folder count, and files without a name that were made there
 //   FAULTS_AT       KIND:N: the N-th call of a kind, from 1
-//     write, sync, rename    fails, all behind it as well: no space left (sync: an input/output error)
+//     write, sync, rename    fails, all later ones as well: no space left (sync: an input/output error)
 //     kill-write, kill-sync, kill-rename    ends the program before the call
 //     alloc                  of 64 KiB or more, once; counted from the first file below the folder that is opened
 //   FAULTS_LOG      a file that is made when the fault was met

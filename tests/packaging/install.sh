@@ -36,7 +36,7 @@ for program in bin/kelmora bin/zarnu lib/kelmora/plugins/libYrexPlugin.so; do
   [ -z "$others" ] || fail "$program takes$others"
 done
 
-# and none of the current folder, which an empty entry stands for, or of any other that others may write to
+# and none of the current folder, which an empty entry means, or of any other folder
 check_paths() {
   local file entry paths
   while IFS= read -r file; do

@@ -35,7 +35,7 @@ TEST_F(TScriptFixture, bracketsNestedTooDeeplyAreAnErrorAtMost)
             TScriptRun::isComplete("var a = " + QString(kind.first).repeated(depth));
         }
     }
-    EXPECT_FALSE(run("var a = " + QByteArray("[").repeated(100) + ";\n")) << "which the engine tells";
+    EXPECT_FALSE(run("var a = " + QByteArray("[").repeated(100) + ";\n")) << "found by the engine itself";
     EXPECT_EQ(fError.fLine, 1);
     EXPECT_TRUE(run("print('on')"));
 }

@@ -125,7 +125,7 @@ TEST_F(ExportTest, dataGoThroughTheConverter)
     EXPECT_EQ(fMessages.size(), 1);
 }
 
-TEST_F(ExportTest, aFullDiskIsToldAndCostsNoOlderFile)
+TEST_F(ExportTest, aFullDiskIsReportedAndCostsNoOlderFile)
 {
     open(writeCsv("one.csv", 1, 3));
     const QString path = fFolder.filePath("old");

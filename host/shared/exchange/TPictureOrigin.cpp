@@ -14,7 +14,7 @@ constexpr char cItems[] = "items";
 
 constexpr char cFile[] = "Filename";
 
-/// Names of files without their folders, which tell of others' computers and names.
+/// Names of files without their folders, which say more of a computer and its user than readers need to know.
 QString namesOf(const QString &paths)
 {
     QStringList names;
@@ -90,7 +90,7 @@ QString TPictureOrigin::program()
 
 QString TPictureOrigin::source() const
 {
-    return ofEach(fTellsFolders ? fFacts : withoutFolders(fFacts),
+    return ofEach(fHasFolders ? fFacts : withoutFolders(fFacts),
                   [](const QVariantMap &facts) { return facts.value(cFile).toString(); });
 }
 
@@ -104,7 +104,7 @@ QString TPictureOrigin::checksum() const
 
 QByteArray TPictureOrigin::description() const
 {
-    QJsonObject facts = QJsonObject::fromVariantMap(fTellsFolders ? fFacts : withoutFolders(fFacts));
+    QJsonObject facts = QJsonObject::fromVariantMap(fHasFolders ? fFacts : withoutFolders(fFacts));
     facts.insert("program", fProgram);
     QByteArray text = QJsonDocument(facts).toJson(QJsonDocument::Compact);
     if (!fChain.isEmpty()) { // as it is: a tree of values would lose digits of its numbers

@@ -11,10 +11,10 @@ class TCanvasItemList;
 struct TPictureOrigin
 {
     QString fTitle;
-    QString fProgram;           // name and version, of the program that draws
-    bool fTellsFolders = false; // of the files, beside their names
-    QVariantMap fFacts;         // "Filename", "md5sum" (name to sum), and whatever else is known
-    QByteArray fChain;          // JSON in one line; empty when the data have no chain
+    QString fProgram;         // name and version, of the program that draws
+    bool fHasFolders = false; // whether files are named with their folders
+    QVariantMap fFacts;       // "Filename", "md5sum" (name to sum), and whatever else is known
+    QByteArray fChain;        // JSON in one line; empty when the data have no chain
 
     /// The origin of one item's data; the program is this one.
     static TPictureOrigin of(const TCanvasItem &item);
