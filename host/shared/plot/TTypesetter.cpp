@@ -150,7 +150,7 @@ double TTypesetter::width(const QString &text) const
 
 QString TTypesetter::elided(const QString &text, double width) const
 {
-    const QString whole = bounded(text);
+    QString whole = bounded(text);
     if (this->width(whole) <= width)
         return whole;
     const auto shorter = [&whole](int length) { return whole.left(length).trimmed() + cEllipsis; };

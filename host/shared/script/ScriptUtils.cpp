@@ -146,10 +146,11 @@ void Utils::Script::refuseWriting(QScriptContext *context)
 
 bool Utils::Script::hasArguments(QScriptContext *context, const QStringList &names)
 {
-    const int count = context ? context->argumentCount() : names.size(); // outside of scripts
-    if (count < names.size())
-        throwError(context, cWrongCount, TScriptRun::tr("The argument \"%1\" is missing.").arg(names.at(count)));
-    return count >= names.size();
+    if (!context || context->argumentCount() >= names.size()) // without a context: called outside of scripts
+        return true;
+    const QString &missing = names.at(context->argumentCount());
+    throwError(context, cWrongCount, TScriptRun::tr("The argument \"%1\" is missing.").arg(missing));
+    return false;
 }
 
 QString Utils::Script::placeOf(QScriptContext *context)

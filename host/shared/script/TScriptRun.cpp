@@ -139,7 +139,7 @@ void TScriptRun::addInput(const QString &path)
 
 QString TScriptRun::writeRefusal(const QString &path) const
 {
-    const QString whyNot = fReach.whyNotWrite(path);
+    QString whyNot = fReach.whyNotWrite(path);
     if (!whyNot.isEmpty())
         return whyNot;
     const QByteArray key = Utils::FS::fileKey(path);
@@ -154,7 +154,7 @@ QString TScriptRun::saveRefusal(const QString &path) const
     const TDocument &document = *fHost.document();
     if (Utils::FS::fileKey(path) != Utils::FS::fileKey(document.path()))
         return writeRefusal(path);
-    const QString whyNot = fReach.whyNotWrite(path);
+    QString whyNot = fReach.whyNotWrite(path);
     if (!whyNot.isEmpty() || fReplacesChanged || !document.isChangedOnDisk())
         return whyNot;
     return tr("Another program changed this file since it was opened. Save the document under another name.");

@@ -202,12 +202,14 @@ QStringList TStepCall::files(const QString &name)
 {
     QStringList paths;
     TScriptRun *run = TScriptRun::of(fArguments.engine()); // null where there are no arguments
-    for (const QVariant &entry : run ? list(name) : QVariantList()) {
-        paths.append(run->absolutePath(entry.toString()));
-        run->addInput(paths.last());
-        const QString whyNot = run->reach().whyNotRead(paths.last());
-        if (!whyNot.isEmpty())
-            fail(name, QStringLiteral("%1: %2").arg(paths.last(), whyNot));
+    if (run) {
+        for (const QVariant &entry : list(name)) {
+            paths.append(run->absolutePath(entry.toString()));
+            run->addInput(paths.last());
+            const QString whyNot = run->reach().whyNotRead(paths.last());
+            if (!whyNot.isEmpty())
+                fail(name, QStringLiteral("%1: %2").arg(paths.last(), whyNot));
+        }
     }
     if (paths.isEmpty())
         fail(name, tr("expected paths of files"));
