@@ -96,7 +96,7 @@ QString TYrexDragAndDropHandler::classLabel() const
 
 QString TYrexDragAndDropHandler::highlightText() const
 {
-    const QString intoClass = classLabel();
+    QString intoClass = classLabel();
     if (!intoClass.isEmpty())
         return intoClass;
     return fDropAction == cReplacement ? translated("Replace") : translated("Insert");
@@ -104,7 +104,7 @@ QString TYrexDragAndDropHandler::highlightText() const
 
 QString TYrexDragAndDropHandler::label() const
 {
-    const QString intoClass = classLabel();
+    QString intoClass = classLabel();
     if (!intoClass.isEmpty())
         return highlights().isEmpty() ? QString() : intoClass;
     const QString text = fDropAction == cReplacement ? translated("Replace spectrum %1")

@@ -31,17 +31,21 @@ QString translated(const char *text)
     return QCoreApplication::translate("TYrexProcParams", text);
 }
 
+quint64 bitsOf(double value)
+{
+    quint64 bits = 0;
+    std::memcpy(&bits, &value, sizeof(bits));
+    return bits;
+}
+
 /// Whether two values are written as the same bytes. QVariant's own comparison rounds doubles and converts types.
 bool isIdentical(const QVariant &a, const QVariant &b)
 {
     if (a.userType() != b.userType() || a.isNull() != b.isNull())
         return false;
     switch (int(a.type())) {
-    case QMetaType::Double: {
-        const double x = a.toDouble();
-        const double y = b.toDouble();
-        return std::memcmp(&x, &y, sizeof(double)) == 0;
-    }
+    case QMetaType::Double:
+        return bitsOf(a.toDouble()) == bitsOf(b.toDouble());
     case QMetaType::QVariantList: {
         const QVariantList x = a.toList();
         const QVariantList y = b.toList();
