@@ -73,7 +73,7 @@ QColor TYrexModePaint::ink(const QColor &color) const
 /// What is under the plot; one without a background lets the page show.
 QColor TYrexModePaint::paper() const
 {
-    const QColor own = fPlot.plotter().paper();
+    QColor own = fPlot.plotter().paper();
     if (own.isValid())
         return own;
     return fPlot.plot()->stateWord() & TBasePlot::cDarkPaper ? Utils::Color::cDarkPaper : QColor(Qt::white);

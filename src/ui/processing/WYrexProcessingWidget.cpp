@@ -439,7 +439,7 @@ void WYrexProcessingWidget::moveDownProcessingAction()
     moveTo(fRow, fRow + 1);
 }
 
-void WYrexProcessingWidget::open(QString aFileName)
+void WYrexProcessingWidget::open(const QString &aFileName)
 {
     if (aFileName.isEmpty() || !spectrum())
         return;
@@ -460,7 +460,7 @@ void WYrexProcessingWidget::open(QString aFileName)
     fOpenSave->addRecentFile(aFileName);
 }
 
-void WYrexProcessingWidget::save(QString aFileName)
+void WYrexProcessingWidget::save(const QString &aFileName)
 {
     QString error;
     if (!fParams.writeFile(aFileName, &error)) {

@@ -34,8 +34,8 @@ public slots:
     /// The controls become the chain.
     void updateSpecParams() { apply(nullptr); }
     void updateItemChanged(QListWidgetItem *item);
-    void open(QString aFileName);
-    void save(QString aFileName);
+    void open(const QString &aFileName);
+    void save(const QString &aFileName);
     void onReport();
     void onReportCopy();
     void onReportSetup();
