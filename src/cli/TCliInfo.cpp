@@ -98,8 +98,9 @@ QString spectraText(const TYrexSpectrumList &spectra, bool withParams)
 }
 
 /// The parameters that the template of the file's format knows, out of its header.
-QString headerText(const QString &file, IConverter &converter)
+QString headerText(const TCliInput &input, IConverter &converter)
 {
+    const QString file = input.path();
     const QString format = converter.metaData(file, {}).value(Consts::Converter::cFileFormat).toString();
     TTextTable table(cIndent);
     table.addRow({"Format", format});
@@ -116,7 +117,7 @@ QString headerText(const QString &file, IConverter &converter)
             table.addRow({id, entry.translated_paramName(), values.value(id).toString()});
         }
     }
-    return Utils::String::printable(file) + '\n' + table.text() + '\n';
+    return Utils::String::printable(input.fFile) + '\n' + table.text() + '\n';
 }
 
 } // namespace
@@ -153,13 +154,16 @@ bool TCliInfo::prepare(const TCliArguments &arguments, const TCliEnvironment &, 
 
 TCliInput TCliInfo::open(const QString &file, const QString &format, const TCliEnvironment &environment)
 {
+    fHeaderText.clear();
+    TCliInput input = TCliInputs::take(file, environment);
     const TImportDriver &driver = environment.fBatch.importDriver();
-    IConverter *converter = format.isEmpty() ? driver.converterFor(file) : driver.converterByName(format);
-    if (!fHeaderOnly || !converter)
-        return TCliFileCommand::open(file, format, environment);
-    TCliInput input;
-    input.fFile = file;
-    fHeaderText = headerText(file, *converter).toUtf8();
+    IConverter *converter = nullptr;
+    if (fHeaderOnly && input.isOk())
+        converter = format.isEmpty() ? driver.converterFor(input.path()) : driver.converterByName(format);
+    if (converter)
+        fHeaderText = headerText(input, *converter).toUtf8();
+    else // documents as well, which have no header
+        TCliInputs::load(input, format, environment);
     return input;
 }
 
@@ -167,7 +171,7 @@ void TCliInfo::work(TCliInput &input, int, const TCliEnvironment &, QByteArray &
 {
     if (fIsJson)
         return;
-    if (fHeaderOnly) {
+    if (!fHeaderText.isEmpty()) {
         out += fHeaderText;
         return;
     }

@@ -108,7 +108,7 @@ QVariantMap TCliInput::provenance() const
     return map;
 }
 
-TCliInput TCliInputs::open(const QString &file, const QString &format, const TCliEnvironment &environment)
+TCliInput TCliInputs::take(const QString &file, const TCliEnvironment &environment)
 {
     TCliInput input;
     input.fFile = TCliSpool::shownName(file);
@@ -118,18 +118,29 @@ TCliInput TCliInputs::open(const QString &file, const QString &format, const TCl
         if (!input.fSpool->take(file, environment.fSpoolLimit, error))
             input.fail(cConverterFileNotOpened, error);
     }
+    return input;
+}
+
+void TCliInputs::load(TCliInput &input, const QString &format, const TCliEnvironment &environment)
+{
     if (isWorthReading(input.path(), format, environment))
         input.fMd5 = Utils::FS::md5Sum(input.path());
-    Utils::Common::setDeterministic(input.fMd5.isEmpty() ? file.toUtf8() : input.fMd5);
+    Utils::Common::setDeterministic(input.fMd5.isEmpty() ? input.fFile.toUtf8() : input.fMd5);
     TDocument &document = freshDocument(environment);
     if (!input.isOk())
-        return input;
+        return;
     if (format.isEmpty() && TDocument::isDocument(input.path()))
         loadDocument(input, document);
     else
         importFile(input, document, format, environment);
     if (input.isOk())
         collectItems(input, document);
+}
+
+TCliInput TCliInputs::open(const QString &file, const QString &format, const TCliEnvironment &environment)
+{
+    TCliInput input = take(file, environment);
+    load(input, format, environment);
     return input;
 }
 

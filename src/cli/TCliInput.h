@@ -38,9 +38,15 @@ struct TCliInput
 /// How inputs are opened.
 namespace TCliInputs {
 
-/// Opens a file into a fresh document of the host: imports it, or loads it when it is a document. `format` names the
-/// converter outright; empty leaves it to the converters. Afterwards ids come from a series that the file's content
-/// determines.
+/// Names an input and copies one that can be read only once, which fails where that cannot be done.
+TCliInput take(const QString &file, const TCliEnvironment &environment);
+
+/// Opens one that was taken into a fresh document of the host: imports it, or loads it when it is a document. `format`
+/// names the converter outright; empty leaves it to the converters. Afterwards ids come from a series that the file's
+/// content determines. One that failed stays as it is.
+void load(TCliInput &input, const QString &format, const TCliEnvironment &environment);
+
+/// Both.
 TCliInput open(const QString &file, const QString &format, const TCliEnvironment &environment);
 
 /// The newest modification time of files; that of 1970 when none has one, as streams.

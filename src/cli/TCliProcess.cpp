@@ -138,7 +138,7 @@ void TCliProcess::draw(TCliInput &input, int index) const
     const QStringList paths = fPictures.itemPaths(index, input.fItems.size());
     QString error;
     for (int i = 0; i < paths.size() && error.isEmpty(); ++i)
-        error = fPictures.obstacle(paths.at(i));
+        error = fPictures.obstacle(paths.at(i), index);
     for (int i = 0; i < paths.size() && error.isEmpty(); ++i) {
         TCanvasYrexSpectrum &item = *yrexItem(input.fItems.at(i));
         TPictureExporter picture = cliPicture(item, fSize, input.provenance());

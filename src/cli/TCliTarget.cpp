@@ -75,8 +75,8 @@ QString TCliTarget::obstacle(const QString &path, bool force)
 QSet<QByteArray> TCliTarget::keysOf(const QStringList &files)
 {
     QSet<QByteArray> keys;
-    for (const QString &file : files)
-        keys.insert(Utils::FS::fileKey(file));
+    for (const QString &file : files) // standard input is a file where the shell opened one
+        keys.insert(Utils::FS::fileKey(file == "-" ? QString("/dev/stdin") : file));
     keys.remove(QByteArray()); // of what does not exist
     return keys;
 }
@@ -91,10 +91,14 @@ void TCliTarget::setSources(const QStringList &files)
     fSources = keysOf(files);
 }
 
-QString TCliTarget::obstacle(const QString &path) const
+QString TCliTarget::obstacle(const QString &path, int input) const
 {
     const QString source = sourceObstacle(path, fSources);
-    return source.isEmpty() ? obstacle(path, fForce) : source;
+    if (!source.isEmpty())
+        return source;
+    if (path != fPaths.value(input) && fPaths.contains(path))
+        return QString("%1 is the output of another input").arg(path);
+    return obstacle(path, fForce);
 }
 
 bool TCliTarget::chooseForm(const QString &name, const QString &where, QString &error)
@@ -173,12 +177,9 @@ bool TCliTarget::plan(TKind kind, const TCliArguments &arguments, const QStringL
         return true;
     if (isFolder ? !planFolder(out, inputs, error) : !planFile(out, inputs, error))
         return false;
-    for (const QString &path : qAsConst(fPaths)) {
-        error = obstacle(path);
-        if (!error.isEmpty())
-            return false;
-    }
-    return true;
+    for (int i = 0; i < fPaths.size() && error.isEmpty(); ++i)
+        error = obstacle(fPaths.at(i), i);
+    return error.isEmpty();
 }
 
 QStringList TCliTarget::itemPaths(int input, int itemCount) const

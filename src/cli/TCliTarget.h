@@ -36,8 +36,9 @@ public:
     bool makeFolder(QString &error) const;
     /// Why an existing file cannot be written; empty when it can.
     static QString obstacle(const QString &path, bool force);
-    /// The same, with the sources of this target.
-    QString obstacle(const QString &path) const;
+    /// The same, with the sources of this target and the files that were planned for inputs other than this one:
+    /// numbered names of items may be those.
+    QString obstacle(const QString &path, int input) const;
     /// The keys of files by which obstacle() knows them under every name.
     static QSet<QByteArray> keysOf(const QStringList &files);
     /// Why a file cannot be written over; empty where it is none of the sources.

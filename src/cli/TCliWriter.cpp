@@ -75,7 +75,7 @@ void TCliWriter::writeThrough(const QString &format, TCliInput &input, int index
     }
     const QStringList paths = fTarget.itemPaths(index, input.fItems.size());
     for (const QString &path : paths) { // all names before the first byte
-        const QString obstacle = fTarget.obstacle(path);
+        const QString obstacle = fTarget.obstacle(path, index);
         if (!obstacle.isEmpty())
             return input.fail(cConverterFileNotOpened, obstacle);
     }
@@ -121,7 +121,7 @@ void TCliWriter::writeDocument(TCliInput &input, int index) const
     bool done = false;
     if (input.fIsDocument && !document.isModified()) {
         // what nothing changed is written as it came, also what a newer version put into it
-        QFile source(input.fFile);
+        QFile source(input.path());
         if (source.open(QIODevice::ReadOnly))
             done = ExportFile::write(path, source.readAll(), &error);
         else

@@ -623,6 +623,11 @@ TEST_F(TYrexCommandLineTest, noInputIsAnOutputUnderWhateverName)
     write("x-2.csv", read("chain.json"));
     EXPECT_EQ(run({"process", "two.klm", "--chain", "x-2.csv", "-o", "x.csv", "--force"}), 1);
     EXPECT_EQ(read("x-2.csv"), read("chain.json"));
+    ASSERT_TRUE(QFile::copy("a.csv", "two-2.csv"));
+    EXPECT_EQ(run({"convert", "two.klm", "two-2.csv", "-o", "out/", "--force"}), 1);
+    EXPECT_TRUE(fErr.join('\n').contains("out/two-2.csv is the output of another input"))
+        << fErr.join('\n').toStdString();
+    EXPECT_EQ(QDir("out").entryList(QDir::Files), QStringList("two-2.csv"));
 }
 
 TEST_F(TYrexCommandLineTest, sourcesAreWrittenByTheirNamesAlone)

@@ -133,6 +133,15 @@ TEST_F(ZarnuProgram, streamsAreReadOnceAndAreNamedAsStandardInput)
     EXPECT_TRUE(fOut.startsWith("standard input: opens as CSV")) << fOut.constData();
     EXPECT_EQ(inShell("zarnu convert a.csv -o a.klm && zarnu info - < a.klm"), 0);
     EXPECT_TRUE(fOut.contains("Kelmora")) << fOut.constData();
+    EXPECT_EQ(inShell("cat a.klm | zarnu convert - -o b.klm && cmp a.klm b.klm"), 0) << fErr.constData();
+    EXPECT_EQ(inShell("mkfifo pipe2; cat a.csv > pipe2 & timeout 20 zarnu info pipe2"), 0) << fErr.constData();
+    EXPECT_TRUE(fOut.contains("Points   ")) << fOut.constData();
+    EXPECT_EQ(inShell("timeout 20 zarnu info --params --no-data <(cat a.csv) a.klm"), 0) << fErr.constData();
+    EXPECT_EQ(fOut.count("standard input\n"), 1) << fOut.constData();
+    EXPECT_TRUE(fOut.contains("Kelmora")) << "documents have no header: " << fOut.constData();
+    const QByteArray source = read("a.csv");
+    EXPECT_EQ(inShell("zarnu convert - -o a.csv --force < a.csv"), 2);
+    EXPECT_EQ(read("a.csv"), source);
 
     EXPECT_EQ(inShell("zarnu info - --spool-limit 1K < a.csv"), 1);
     EXPECT_TRUE(fErr.contains("longer than 1024 bytes")) << fErr.constData();
@@ -151,7 +160,7 @@ TEST_F(ZarnuProgram, takesNamesOfFilesFromLists)
     const QByteArray both = fOut;
     write("list", "\r\na.csv\r\n\n");
     EXPECT_EQ(run({"info", "--json", "--files-from", "list", "b\nc.csv"}), 0);
-    EXPECT_EQ(parsed(fOut).at(1).toObject()["file"].toString(), "a.csv") << "behind the operands";
+    EXPECT_EQ(parsed(fOut).at(1).toObject()["file"].toString(), "a.csv") << "after the operands";
     write("zeros", QByteArray("a.csv\0b\nc.csv\0", 14));
     EXPECT_EQ(run({"info", "--json", "-0", "--files-from", "zeros"}), 0) << fErr.constData();
     EXPECT_EQ(fOut, both);
