@@ -21,14 +21,35 @@ TCmdYrexManualIntegration::TCmdYrexManualIntegration(const TCanvasItemList &item
 {
 }
 
+bool TCmdYrexManualIntegration::misses(const TYrexSpectrum &spectrum) const
+{
+    const double from = spectrum.xIndexOf(fXUnit, fFromX);
+    const double to = spectrum.xIndexOf(fXUnit, fToX);
+    return !std::isfinite(from) || !std::isfinite(to) || std::max(from, to) < 0.0 ||
+           std::min(from, to) > spectrum.pointCount() - 1;
+}
+
+bool TCmdYrexManualIntegration::missesAny() const
+{
+    const QVector<QVector<int>> reached = targets();
+    for (int i = 0; i < reached.size(); ++i) {
+        for (const int index : reached.at(i)) {
+            const TYrexSpectrum *spectrum = yrexItemAt(i)->stack().at(index);
+            if (spectrum && misses(*spectrum))
+                return true;
+        }
+    }
+    return false;
+}
+
 void TCmdYrexManualIntegration::applyToSpectrum(TCanvasYrexSpectrum *, int index, TYrexSpectrum *spectrum,
                                                 int specIndex)
 {
+    if (misses(*spectrum))
+        return;
     const double last = spectrum->pointCount() - 1;
     const double from = spectrum->xIndexOf(fXUnit, fFromX);
     const double to = spectrum->xIndexOf(fXUnit, fToX);
-    if (!std::isfinite(from) || !std::isfinite(to) || std::max(from, to) < 0.0 || std::min(from, to) > last)
-        return;
     TYrexIntegrationRegion region(qBound(0.0, from, last), qBound(0.0, to, last), TYrexIntegrationRegion::cManual);
     if (fRegions.at(index).contains(specIndex)) // done again: the region is the same one
         region.id = fRegions.at(index).value(specIndex).id;

@@ -17,11 +17,16 @@ public:
     /// cUnitArbitrary takes the unit of each spectrum.
     TCmdYrexManualIntegration(const TCanvasItemList &items, int kind, double fromX, double toX, int xUnit, int yUnit);
 
+    /// Whether the range misses one of the spectra that it would reach now.
+    bool missesAny() const;
+
     TScriptStep scriptStep() const override;
     void applyToSpectrum(TCanvasYrexSpectrum *item, int index, TYrexSpectrum *spectrum, int specIndex) override;
     THistoryCommand *makeItemHistory(TCanvasYrexSpectrum *item) override;
 
 private:
+    bool misses(const TYrexSpectrum &spectrum) const;
+
     qint32 fKind;
     double fFromX;
     double fToX;

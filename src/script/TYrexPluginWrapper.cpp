@@ -16,6 +16,7 @@
 #include <QScriptContext>
 #include <QSet>
 #include <limits>
+#include <numeric>
 
 using namespace Utils::Script;
 
@@ -31,12 +32,10 @@ void addTo(const QScriptValue &value, TCanvasItemList &items, TYrexStackSelectio
     if (!item)
         return;
     const auto *wrapper = qobject_cast<const TYrexSpectrumWrapper *>(value.toQObject());
-    QVector<int> indices;
-    if (wrapper && wrapper->isOneOfStack())
-        indices.append(wrapper->ref().index());
-    for (int i = 0; i < item->stack().count() && indices.isEmpty(); ++i)
-        indices.append(i);
-    if (!items.isEmpty() && items.last() == item && wrapper && wrapper->isOneOfStack()) {
+    const bool isAlone = wrapper && wrapper->isOneOfStack();
+    QVector<int> indices(isAlone ? 1 : item->stack().count());
+    std::iota(indices.begin(), indices.end(), isAlone ? wrapper->ref().index() : 0);
+    if (isAlone && !items.isEmpty() && items.last() == item) {
         selection.fSpectra.last() += indices; // a step names an item once
         return;
     }

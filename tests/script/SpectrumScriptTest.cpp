@@ -82,8 +82,9 @@ TEST_F(SpectrumScript, classesUnitsAndParametersAreSteps)
     EXPECT_EQ(code("s.setStackedClasses()"), 1);
     EXPECT_EQ(code("s.setStackedClasses({Classes: ['a']})"), 2);
     EXPECT_TRUE(run("s.getSetOrigXUnits('nanometers', false); s.getSetOrigYUnits('absorbance', false);"));
-    for (const char *call : {"s.getSetOrigXUnits('nm', false)", "s.getSetOrigXUnits('absorbance', false)",
-                             "s.getSetOrigYUnits('cm-1', false)", "s.peaks('furlong')", "s.peaks(12)", "s.integrals(99)"})
+    for (const char *call :
+         {"s.getSetOrigXUnits('nm', false)", "s.getSetOrigXUnits('absorbance', false)",
+          "s.getSetOrigYUnits('cm-1', false)", "s.peaks('furlong')", "s.peaks(12)", "s.integrals(99)"})
         EXPECT_EQ(code(call), 2) << call;
     EXPECT_TRUE(run("s.setParam('Comment', 'new text');")) << fError.text().toStdString();
     EXPECT_EQ(value("s.getParam('Comment')"), "new text");
@@ -225,6 +226,11 @@ TEST_F(SpectrumScript, wrongUsesAreErrorsThatSayWhatIsWrong)
     fWarned.clear();
     EXPECT_TRUE(run("i.append(new ZarnuIntegral(5000, 6000)); i.append(new ZarnuIntegral(6000, 120));"));
     EXPECT_EQ(fWarned.size(), 1) << "one of them holds no data";
+    fWarned.clear();
+    EXPECT_TRUE(run("steps.integrate(s, {from: 5000, to: 6000}); steps.integrate(s, {from: 6000, to: 120});"));
+    EXPECT_EQ(fWarned.size(), 1) << "as those of steps";
+    EXPECT_EQ(value("zarnu.createArrayedItem([s]).specCount"), value("s.specCount"));
+    EXPECT_EQ(value("zarnu.createArrayedItem([s.spectra[1], s]).specCount"), value("s.specCount + 1"));
     for (const char *newer : {"let b = 1;", "var c = x => x;", "var d = `t`;", "class E {}"}) {
         EXPECT_FALSE(run(newer));
         EXPECT_TRUE(fError.fMessage.contains("ECMAScript 5")) << newer << ' ' << fError.fMessage.toStdString();

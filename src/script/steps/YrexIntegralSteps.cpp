@@ -31,7 +31,10 @@ TCommand *integrate(TStepCall &call)
     const int xUnit = YrexStepReading::unit(call, "xUnits", shownUnit(items));
     const int areaUnit = YrexStepReading::unit(call, "areaUnits", cUnitArbitrary);
     auto *command = new TCmdYrexManualIntegration(items, 0, call.number("from"), call.number("to"), xUnit, areaUnit);
-    return YrexStepReading::withSpectra(call, items, command);
+    YrexStepReading::withSpectra(call, items, command);
+    if (command->missesAny())
+        call.warn(TStepCall::tr("the range holds no data of some of the spectra, which get no integral"));
+    return command;
 }
 
 /// An error where none of the items has an integral at that place of its list.
