@@ -1,7 +1,8 @@
 #include "exchange/TRowTable.h"
 
+#include "settings/TNumberFormat.h"
+
 #include <QFileInfo>
-#include <QLocale>
 #include <QMimeData>
 #include <QRegularExpression>
 
@@ -11,10 +12,11 @@ namespace {
 QString harmlessCell(const QString &cell)
 {
     static const QString cFormulas = QStringLiteral("=+-@");
+    if (cell.size() < 2 || !cFormulas.contains(cell.at(0)))
+        return cell;
     bool isNumber = false;
-    QLocale::c().toDouble(cell, &isNumber);
-    const bool isFormula = cell.size() > 1 && cFormulas.contains(cell.at(0)) && !isNumber;
-    return isFormula ? '\'' + cell : cell;
+    TNumberFormat::plain(cell).toDouble(&isNumber); // either decimal sign, groups as well
+    return isNumber ? cell : '\'' + cell;
 }
 
 QString csvCell(QString cell)
