@@ -7,8 +7,10 @@
 #include "stream/TDataStreamAdaptor.h"
 #include "utils/TFileWriter.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <new>
 
 namespace {
 
@@ -96,20 +98,26 @@ bool TAutosaveFile::write(const TDocument &document, const TAutosaveInfo &info, 
 {
     TFileWriter file(fPath);
     bool good = file.open() && file.makePrivate();
+    QString reason;
     if (good) {
-        TDataStream stream(file.device());
-        stream.writeRawData(cMagic, cMagicSize);
-        {
-            TDataStreamAdaptor block(stream);
-            block.startStore();
-            stream << info.fDocumentPath << msOf(info.fSaved) << msOf(info.fAutosaved) << info.fOwner;
-            stream << qint32(info.fSteps) << info.fThumbnail;
+        try {
+            TDataStream stream(file.device());
+            stream.writeRawData(cMagic, cMagicSize);
+            {
+                TDataStreamAdaptor block(stream);
+                block.startStore();
+                stream << info.fDocumentPath << msOf(info.fSaved) << msOf(info.fAutosaved) << info.fOwner;
+                stream << qint32(info.fSteps) << info.fThumbnail;
+            }
+            document.store(stream);
+            good = stream.isGood() && file.commit();
+        } catch (const std::bad_alloc &) { // a copy less is no reason to end the program
+            good = false;
+            reason = QCoreApplication::translate("TAutosaveFile", "there is not enough memory");
         }
-        document.store(stream);
-        good = stream.isGood() && file.commit();
     }
     if (!good && error)
-        *error = file.error();
+        *error = reason.isEmpty() ? file.error() : reason;
     return good;
 }
 
@@ -132,8 +140,13 @@ std::unique_ptr<TDocument> TAutosaveFile::read(TLoadReport &report) const
     TDataStream stream(&file);
     TAutosaveInfo info;
     auto document = std::make_unique<TDocument>();
-    if (!readHead(stream, info) || !document->restore(stream, info.fDocumentPath, report))
+    try {
+        if (!readHead(stream, info) || !document->restore(stream, info.fDocumentPath, report))
+            return nullptr;
+    } catch (const std::bad_alloc &) {
+        report.fError = QCoreApplication::translate("TAutosaveFile", "there is not enough memory to read it");
         return nullptr;
+    }
     document->setFileTime(info.fSaved);
     return document;
 }
