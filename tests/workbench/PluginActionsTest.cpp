@@ -312,7 +312,11 @@ TEST_F(PluginActionsTest, arithmeticOnOtherPlacesNeedsATick)
         EXPECT_TRUE(tick->isVisible());
         EXPECT_FALSE(ok(dialog)->isEnabled());
         EXPECT_EQ(picture(), before) << "no preview of what is not agreed to";
+        dialog.activateWindow();
+        tick->setFocus();
+        ASSERT_TRUE(QTest::qWaitFor([tick] { return tick->hasFocus(); }));
         tick->click();
+        EXPECT_TRUE(tick->hasFocus()) << "the next key does not go to a button";
         EXPECT_TRUE(ok(dialog)->isEnabled());
         EXPECT_NE(picture(), before);
         tick->click();

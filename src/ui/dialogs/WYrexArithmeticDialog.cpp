@@ -324,11 +324,13 @@ void WYrexArithmeticDialog::setVerdict(const QString &message, bool factorUsable
 
 void WYrexArithmeticDialog::validate()
 {
-    fPointByPointCheckBox->hide();
     const QString ofA = problemOfA();
+    const bool isPair = ofA.isEmpty() && fSpectrumA && fSpectrumB && !isReset();
+    if (!isPair)
+        fPointByPointCheckBox->hide(); // of a pair it stays: a moment without it would give the focus to OK
     if (!ofA.isEmpty()) {
         setVerdict(ofA, false, false);
-    } else if (fSpectrumA && fSpectrumB && !isReset()) {
+    } else if (isPair) {
         judgePair();
     } else if (fSpectrumA && !fFirstToOriginalCheckBox->isHidden() && isReset()) {
         prepareReset();
