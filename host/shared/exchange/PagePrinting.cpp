@@ -16,7 +16,6 @@
 #include <new>
 #include <thread>
 #include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -55,17 +54,17 @@ public:
 private:
     void readAll()
     {
-        std::vector<char> part(cPart);
+        char part[cPart]; // on the stack: what this thread throws would end the program
         bool isWhole = true;
         for (;;) {
-            const ssize_t size = read(fEnds[0], part.data(), part.size());
+            const ssize_t size = read(fEnds[0], part, sizeof part);
             if (size < 0 && errno == EINTR)
                 continue;
             if (size <= 0)
                 return;
             try {
                 if (isWhole)
-                    fBytes.append(part.data(), int(size));
+                    fBytes.append(part, int(size));
             } catch (const std::bad_alloc &) {
                 isWhole = false; // and goes on, since the writer would wait for ever
                 fBytes = QByteArray();
