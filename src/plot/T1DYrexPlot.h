@@ -154,7 +154,7 @@ private:
     void reserveLabelStrips();
     QStringList peakTexts(const TYrexPeakPainter::TPeaks &peaks) const;
     void drawHighlightedPeaks(QPainter &painter) const;
-    /// Whether nothing in the curves themselves tells which spectrum is the active one.
+    /// Whether the curves themselves do not show which spectrum is the active one.
     bool needsSelectedMark() const;
     void addIntegralHotAreas(const TYrexIntegralHits &hits);
     QVector<int> displayOrder(const IYrexPlotData &data) const;

@@ -22,7 +22,7 @@ bool TYrexPlotTitleParser::isTypedTitle() const
     return param && param->isEdited();
 }
 
-/// The number beside the name of the file; 0 for none. Copies of a spectrum that came alone are told apart by their
+/// The number beside the name of the file; 0 for none. Copies of a spectrum that came alone are numbered in their
 /// order where they follow each other in a stack.
 int TYrexPlotTitleParser::numberInFile() const
 {

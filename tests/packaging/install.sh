@@ -86,7 +86,7 @@ grep -q 'dye.csv opened' "$log" 2>/dev/null || { fail "kelmora did not open a sa
 kill $kelmora 2>/dev/null
 wait $kelmora 2>/dev/null
 for left in /proc/[0-9]*; do
-  [ "$(readlink "$left/exe")" != "$prefix/bin/kelmora" ] || fail "process ${left#/proc/} is left behind"
+  [ "$(readlink "$left/exe")" != "$prefix/bin/kelmora" ] || fail "process ${left#/proc/} still runs"
 done
 
 # what it is said to be

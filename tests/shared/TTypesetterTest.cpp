@@ -90,6 +90,6 @@ TEST(TTypesetter, textsOfAnyLengthAreSetAtOnce)
         for (const QString &line : lines)
             EXPECT_LE(typesetter.width(line), 400.0);
         EXPECT_TRUE(lines.last().endsWith(QChar(0x2026)));
-        EXPECT_EQ(TTypesetter::plainText(text).size(), text.size()) << "what is told of it is whole";
+        EXPECT_EQ(TTypesetter::plainText(text).size(), text.size()) << "the text itself is not cut";
     }
 }

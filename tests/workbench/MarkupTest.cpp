@@ -1,4 +1,4 @@
-// Titles, names and paths of files are shown as they are: markup in them is none, whereever they come up.
+// Titles, names and paths of files are shown as they are: markup in them has no effect, wherever they come up.
 #include "TWindowFixture.h"
 
 #include "canvas/TCanvasItem.h"

@@ -33,7 +33,7 @@ public:
     IConverter *converterByName(const QString &name) const;
     /// The converter that takes the file, or null.
     IConverter *converterFor(const QString &fileName) const;
-    /// Imports a file; `format` names the converter outright and skips its look at the content. The history tells
+    /// Imports a file; `format` names the converter outright and skips its look at the content. The history shows
     /// `shownName` in place of the path, where that says nothing.
     TImportResult import(const QString &fileName, ICanvas *page, const QString &format = QString(),
                          const QString &shownName = QString()) const;

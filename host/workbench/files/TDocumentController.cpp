@@ -255,8 +255,8 @@ bool TDocumentController::mayReplaceChanged(const QString &path)
     Utils::Gui::TMessage message;
     message.fIcon = QMessageBox::Warning;
     message.fTitle = tr("Save Document");
-    message.fText = tr("%1 was changed on the disk by another program since it was opened here. To save writes over "
-                       "these changes; File > Save As with another name keeps both.")
+    message.fText = tr("%1 was changed on the disk by another program since it was opened or saved here. Saving "
+                       "replaces these changes; File > Save As with another name keeps both.")
                         .arg(QDir::toNativeSeparators(path));
     message.fButtons = QMessageBox::Save | QMessageBox::Cancel;
     message.fDefault = QMessageBox::Cancel;

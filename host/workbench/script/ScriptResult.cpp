@@ -118,7 +118,7 @@ QString TWriter::writeTable(const QList<QPair<QString, QString>> &rows)
     return lines.join('\n');
 }
 
-/// The rows of a script's object or of what an object of the program tells as JSON; empty for others.
+/// The rows of a script's object or of what an object of the program gives as JSON; empty for others.
 QList<QPair<QString, QString>> TWriter::rowsOf(const QScriptValue &object)
 {
     QList<QPair<QString, QString>> rows;
@@ -145,8 +145,8 @@ QString TWriter::writeTop(const QScriptValue &value)
     if (!isItem && !isPlain)
         return write(value);
     fOpen.insert(value.objectId());
-    const QScriptValue told = isItem ? value.property("toJSON").call(value) : value;
-    const QList<QPair<QString, QString>> rows = rowsOf(told);
+    const QScriptValue shown = isItem ? value.property("toJSON").call(value) : value;
+    const QList<QPair<QString, QString>> rows = rowsOf(shown);
     fOpen.remove(value.objectId());
     if (rows.size() < cLeastRows)
         return write(value);

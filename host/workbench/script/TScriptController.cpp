@@ -291,9 +291,10 @@ bool TScriptController::isWanted(const QString &path, const QString &facts, bool
     Utils::Gui::TMessage question;
     question.fIcon = QMessageBox::Question;
     question.fTitle = tr("Run Script");
-    const QStringList parts{tr("Run %1?").arg(QDir::toNativeSeparators(path)), facts,
-                            tr("A script can change the open document, and read and write files.")};
-    question.fText = parts.join(' ').simplified();
+    QStringList parts{tr("Run %1?").arg(QDir::toNativeSeparators(path)), facts,
+                      tr("A script can change the open document, and read and write files.")};
+    parts.removeAll(QString());
+    question.fText = parts.join(' ');
     question.fButtons = QMessageBox::Yes | QMessageBox::Cancel;
     question.fDefault = isUsual ? QMessageBox::Yes : QMessageBox::Cancel;
     question.fLabels.insert(QMessageBox::Yes, tr("Run"));
