@@ -5,6 +5,7 @@
 #include "utils/TFileWriter.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPrinter>
@@ -12,9 +13,7 @@
 #include <QTextDocument>
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
-#include <new>
-#include <thread>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace {
@@ -22,59 +21,39 @@ namespace {
 constexpr double cUnitsPerMm = 10.0;
 constexpr double cUnitsPerInch = 254.0;
 constexpr double cSameSize = 0.005; // a paper is hardly cut better
+const char cEnd[] = "%%EOF\n";      // of every PDF file
 constexpr int cPart = 64 * 1024;
 
-/// A place in the file system that keeps in memory what is written to it. QPrinter writes to names only, and notices no
-/// write that fails.
+/// A file without a place on any disk. QPrinter writes to names only, and notices no write that fails.
 class TMemoryFile
 {
 public:
     TMemoryFile()
     {
-        if (pipe2(fEnds, O_CLOEXEC) != 0)
-            return;
-        fReader = std::thread([this] { readAll(); });
+        fFile.open(memfd_create("pages", MFD_CLOEXEC), QIODevice::ReadWrite, QFileDevice::AutoCloseHandle);
     }
-    ~TMemoryFile() { bytes(); }
-    TMemoryFile(const TMemoryFile &) = delete;
-    TMemoryFile &operator=(const TMemoryFile &) = delete;
 
-    QString name() const { return QStringLiteral("/proc/self/fd/%1").arg(fEnds[1]); }
-    /// What was written; to be called once the writer has closed the file. Null when that did not fit into memory.
-    QByteArray bytes()
+    QString name() const { return QStringLiteral("/proc/self/fd/%1").arg(fFile.handle()); }
+    /// Whether the writer has closed a whole PDF file; else the reason why not, where it is known.
+    bool isWhole(QString &error)
     {
-        if (fReader.joinable()) {
-            close(fEnds[1]); // the last end to write to, so that the reader meets the end
-            fReader.join();
-            close(fEnds[0]);
-        }
-        return fBytes;
+        const qint64 size = fFile.size();
+        fFile.seek(std::max(qint64(0), size - qint64(sizeof cEnd) + 1));
+        if (fFile.readAll() == cEnd)
+            return true;
+        if (pwrite(fFile.handle(), cEnd, 1, size) < 0) // the next byte meets the same
+            error = qt_error_string(errno);
+        return false;
+    }
+    void copyTo(QIODevice &target)
+    {
+        fFile.seek(0);
+        while (!fFile.atEnd())
+            target.write(fFile.read(cPart));
     }
 
 private:
-    void readAll()
-    {
-        char part[cPart]; // on the stack: what this thread throws would end the program
-        bool isWhole = true;
-        for (;;) {
-            const ssize_t size = read(fEnds[0], part, sizeof part);
-            if (size < 0 && errno == EINTR)
-                continue;
-            if (size <= 0)
-                return;
-            try {
-                if (isWhole)
-                    fBytes.append(part, int(size));
-            } catch (const std::bad_alloc &) {
-                isWhole = false; // and goes on, since the writer would wait for ever
-                fBytes = QByteArray();
-            }
-        }
-    }
-
-    int fEnds[2] = {-1, -1};
-    std::thread fReader;
-    QByteArray fBytes = QByteArray("");
+    QFile fFile;
 };
 
 QString noPrinter()
@@ -115,12 +94,10 @@ bool PagePrinting::run(QPrinter &printer, const std::function<bool()> &draw, QSt
         printer.setOutputFileName(memory.name());
         isPrinted = draw();
         printer.setOutputFileName(path);
-        const QByteArray bytes = memory.bytes();
-        if (bytes.isNull())
-            error = QCoreApplication::translate("PagePrinting", "The pages do not fit into memory.");
-        if (!isPrinted || bytes.isEmpty())
+        if (!isPrinted || !memory.isWhole(error))
             return false;
-        isPrinted = file.device()->write(bytes) == bytes.size() && file.commit();
+        memory.copyTo(*file.device());
+        isPrinted = file.commit(); // which knows of every byte that was not written
     }
     error = isPrinted ? QString() : QStringLiteral("%1: %2").arg(path, file.error());
     return isPrinted;
