@@ -67,7 +67,7 @@ void TYrexSpectrum::store(TDataStream &stream) const
     fParams.store(stream);
     stream << fReservedFlagA << fReservedA << fReservedB;
     {
-        TDataStreamAdaptor origin(stream); // empty in documents of before, and for what came alone
+        TDataStreamAdaptor origin(stream); // empty in older documents, and for what came alone
         origin.startStore();
         if (fFileNumber > 0)
             stream << fFileNumber;
@@ -75,11 +75,15 @@ void TYrexSpectrum::store(TDataStream &stream) const
     }
     stream << fReservedFlagB << fReservedC;
     {
-        TDataStreamAdaptor touch(stream); // empty in documents of before, and for data that are those of the chain
-        touch.startStore();
-        if (fTouched)
+        // what a later run needs beside the chain; empty in older documents, and where there is nothing of it
+        const bool hasFigures = fMscCoefficients[0] != 0.0 || fMscCoefficients[1] != 0.0 || fPqnFactor != 1.0;
+        TDataStreamAdaptor forRuns(stream);
+        forRuns.startStore();
+        if (fTouched || hasFigures)
             stream << fTouched;
-        touch.endStore();
+        if (hasFigures)
+            stream << fMscCoefficients[0] << fMscCoefficients[1] << fPqnFactor;
+        forRuns.endStore();
     }
     stream << fSeriesValue;
     fProcParams.store(stream);
@@ -115,10 +119,14 @@ void TYrexSpectrum::load(TDataStream &stream)
         fReservedC = 1.0;
     fTouched = false;
     {
-        TDataStreamAdaptor touch(stream);
-        if (touch.hasData())
+        TDataStreamAdaptor forRuns(stream);
+        if (forRuns.hasData())
             stream >> fTouched;
-        touch.skipData();
+        setMscCoefficients(0.0, 0.0);
+        fPqnFactor = 1.0;
+        if (forRuns.hasData())
+            stream >> fMscCoefficients[0] >> fMscCoefficients[1] >> fPqnFactor;
+        forRuns.skipData();
     }
     stream >> fSeriesValue;
     fProcParams.load(stream);

@@ -454,32 +454,6 @@ void TCanvasYrexSpectrum::load(TDataStream &stream)
     stack().setCurrent(0);
 }
 
-namespace {
-
-/// What stack actions found for the spectra: documents do not hold it, but what is undone comes back with it.
-void storeFigures(TDataStream &stream, const TYrexStack &stack)
-{
-    stream << qint32(stack.count());
-    for (const TYrexSpectrum *spectrum : stack.items())
-        stream << spectrum->mscIntercept() << spectrum->mscSlope() << spectrum->pqnFactor();
-}
-
-void loadFigures(TDataStream &stream, TYrexStack &stack)
-{
-    constexpr int cFiguresSize = 3 * sizeof(double);
-    const int count = stream.readCount(cFiguresSize);
-    for (int i = 0; i < qMin(count, stack.count()); ++i) {
-        double intercept = 0.0;
-        double slope = 0.0;
-        double factor = 1.0;
-        stream >> intercept >> slope >> factor;
-        stack.at(i)->setMscCoefficients(intercept, slope);
-        stack.at(i)->setPqnFactor(factor);
-    }
-}
-
-} // namespace
-
 void TCanvasYrexSpectrum::storeFullState(QByteArray &bytes) const
 {
     bytes.clear();
@@ -492,7 +466,6 @@ void TCanvasYrexSpectrum::storeFullState(QByteArray &bytes) const
     stream << bool(plot && plot->stackedProperties().hasOwnColors()) << qint32(colors.size());
     for (const QColor &color : colors)
         stream << color;
-    storeFigures(stream, stack());
     block.endStore();
 }
 
@@ -512,7 +485,6 @@ void TCanvasYrexSpectrum::restoreFullState(const QByteArray &bytes)
             Utils::Stream::read(stream, color);
             colors.append(color);
         }
-        loadFigures(stream, stack());
     }
     block.skipData();
     T1DYrexPlot *plot = activeYrexPlot();
@@ -528,18 +500,10 @@ void TCanvasYrexSpectrum::storeDataState(QByteArray &bytes) const
     bytes.clear();
     TDataStream stream(&bytes, QIODevice::WriteOnly);
     fDataObj->store(stream);
-    TDataStreamAdaptor block(stream);
-    block.startStore();
-    storeFigures(stream, stack());
-    block.endStore();
 }
 
 void TCanvasYrexSpectrum::restoreDataState(const QByteArray &bytes)
 {
     TDataStream stream(bytes);
     fDataObj->load(stream);
-    TDataStreamAdaptor block(stream);
-    if (block.hasData())
-        loadFigures(stream, stack());
-    block.skipData();
 }

@@ -155,6 +155,18 @@ TEST(TYrexSpectrum, whatIsTouchedStartsAnewWithTheNextRun)
     }
 }
 
+TEST(TYrexSpectrum, whatStackActionsFoundGoesWithTheSpectrum)
+{
+    const auto spectrum = makeSpectrum({1, 2, 3}, 0, 2);
+    spectrum->setMscCoefficients(0.25, 1.5);
+    spectrum->setPqnFactor(3.0);
+    const auto saved = spectrum->clone();
+    EXPECT_EQ(saved->mscIntercept(), 0.25);
+    EXPECT_EQ(saved->mscSlope(), 1.5);
+    EXPECT_EQ(saved->pqnFactor(), 3.0);
+    EXPECT_FALSE(saved->isTouched());
+}
+
 TEST(TYrexSpectrum, aPointCountBeyondTheDataIsCut)
 {
     const auto spectrum = makeSpectrum({1, 2, 3}, 0, 2);
