@@ -126,11 +126,14 @@ QScriptValue TYrexSpectrumWrapper::showXUnits()
 bool TYrexSpectrumWrapper::takeXUnit(const QScriptValue &argument, int &unit) const
 {
     unit = ref().shownXUnits();
-    if (argument.isNumber())
+    bool isKnown = true;
+    if (argument.isNumber()) {
         unit = argument.toInt32();
-    else if (!argument.isUndefined())
-        return yrexUnitFromScriptName(argument.toString(), unit) && yrexIsHorizontalUnit(unit);
-    return yrexIsHorizontalUnit(unit);
+        isKnown = unit == argument.toNumber(); // NaN is none, and neither is 0.5
+    } else if (!argument.isUndefined()) {
+        isKnown = yrexUnitFromScriptName(argument.toString(), unit);
+    }
+    return isKnown && yrexIsHorizontalUnit(unit);
 }
 
 QScriptValue TYrexSpectrumWrapper::xValues() const

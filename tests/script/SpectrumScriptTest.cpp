@@ -82,9 +82,9 @@ TEST_F(SpectrumScript, classesUnitsAndParametersAreSteps)
     EXPECT_EQ(code("s.setStackedClasses()"), 1);
     EXPECT_EQ(code("s.setStackedClasses({Classes: ['a']})"), 2);
     EXPECT_TRUE(run("s.getSetOrigXUnits('nanometers', false); s.getSetOrigYUnits('absorbance', false);"));
-    for (const char *call :
-         {"s.getSetOrigXUnits('nm', false)", "s.getSetOrigXUnits('absorbance', false)",
-          "s.getSetOrigYUnits('cm-1', false)", "s.peaks('furlong')", "s.peaks(12)", "s.integrals(99)"})
+    for (const char *call : {"s.getSetOrigXUnits('nm', false)", "s.getSetOrigXUnits('absorbance', false)",
+                             "s.getSetOrigYUnits('cm-1', false)", "s.peaks('furlong')", "s.peaks(12)",
+                             "s.integrals(99)", "s.integrals(0.5)", "s.peaks(NaN)"})
         EXPECT_EQ(code(call), 2) << call;
     EXPECT_TRUE(run("s.setParam('Comment', 'new text');")) << fError.text().toStdString();
     EXPECT_EQ(value("s.getParam('Comment')"), "new text");
