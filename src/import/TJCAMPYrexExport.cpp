@@ -118,8 +118,10 @@ TJCAMPExportData jcampExportData(const TYrexSpectrum &spectrum, const char *data
     const char *type = dataTypeFor(dataType, xUnit);
     TJCAMPExportData data;
     data.fTitle = spectrum.title();
-    if (data.fTitle.isEmpty()) // a block without a title is none
+    if (data.fTitle.isEmpty()) { // a block without a title is none
         data.fTitle = QFileInfo(spectrum.paramsBundle().fileName()).completeBaseName();
+        data.fNumber = spectrum.fileNumber();
+    }
     data.fOrigin = spectrum.paramText(cOriginId, cDimension);
     data.fOwner = spectrum.paramText(cOwnerId, cDimension);
     data.fDataSystem = spectrum.paramText(cInstrumentId, cDimension);

@@ -630,6 +630,21 @@ TEST_F(TYrexCommandLineTest, noInputIsAnOutputUnderWhateverName)
     EXPECT_EQ(QDir("out").entryList(QDir::Files), QStringList("two-2.csv"));
 }
 
+TEST_F(TYrexCommandLineTest, untitledSpectraOfOneFileHaveTitlesOfTheirOwn)
+{
+    QByteArray text;
+    for (int x = 0; x < 20; ++x)
+        text += QByteArray::number(x + 0.5) + "\t1.5\t2.5\n";
+    write("two.csv", text);
+    ASSERT_EQ(run({"convert", "two.csv", "-o", "two.jdx"}), 0) << fErr.join('\n').toStdString();
+    QStringList titles;
+    for (const QByteArray &line : read("two.jdx").split('\n')) {
+        if (line.startsWith("##TITLE"))
+            titles.append(QString(line).section('=', 1).trimmed());
+    }
+    EXPECT_EQ(titles, QStringList({"two", "two 1", "two 2"})) << titles.join(';').toStdString();
+}
+
 TEST_F(TYrexCommandLineTest, sourcesAreWrittenByTheirNamesAlone)
 {
     writeBand("a.csv", 440);

@@ -16,6 +16,7 @@ struct TJCAMPPeak
 struct TJCAMPExportData
 {
     QString fTitle;
+    int fNumber = 0; // written after the title of its block, where several have the same one; 0 for none
     QString fOrigin;
     QString fOwner;
     QString fDataType;   // one of Consts::JCAMP::Values or the text to write

@@ -210,7 +210,7 @@ void TJCAMPWriter::putNumber(const char *label, double value)
 
 void TJCAMPWriter::putHead(const TJCAMPExportData &data, const char *dataClass)
 {
-    putRecord(Params::TITLE, data.fTitle);
+    putRecord(Params::TITLE, data.fNumber > 0 ? QString("%1 %2").arg(data.fTitle).arg(data.fNumber) : data.fTitle);
     putVersion(needsUtf8(data));
     putRecord(Params::DATATYPE, writtenText(data.fDataType));
     putRecord(Params::DATACLASS, writtenText(dataClass));
