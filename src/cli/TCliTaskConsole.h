@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// Keeps what is told of one input, for the process that prints it in its turn.
+/// Keeps what is printed for one input, for the process that prints it in its turn.
 class TCliTaskConsole : public IConsole
 {
 public:
