@@ -97,6 +97,17 @@ TEST_F(FileWriter, permissionsAndLinksStay)
     EXPECT_TRUE(QFileInfo(path("dangling")).isSymLink());
 }
 
+TEST_F(FileWriter, aLinkLeadsOnFromTheFolderThatItIsIn)
+{
+    for (const char *name : {"disk", "disk/data", "disk/store", "home", "home/store"})
+        ASSERT_TRUE(QDir(fFolder.path()).mkdir(name));
+    ASSERT_TRUE(QFile::link("../disk/data", path("home/data")));
+    ASSERT_TRUE(QFile::link("../store/file", path("disk/data/latest")));
+    EXPECT_TRUE(write("home/data/latest", "1"));
+    EXPECT_EQ(get("disk/store/file"), "1");
+    EXPECT_TRUE(QFileInfo(path("disk/data/latest")).isSymLink());
+}
+
 TEST_F(FileWriter, whatIsNoFileStays)
 {
     ASSERT_TRUE(QDir(fFolder.path()).mkdir("folder"));

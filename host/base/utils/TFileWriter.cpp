@@ -1,6 +1,7 @@
 #include "utils/TFileWriter.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <cerrno>
 #include <sys/stat.h>
@@ -10,12 +11,20 @@ namespace {
 
 constexpr int cMaxLinks = 40; // as many as the system follows
 
+/// The path with the links in its folder resolved. A relative link starts from there, and Qt resolves ".." by the
+/// letters of a path alone.
+QString inRealFolder(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.dir().canonicalPath() + '/' + info.fileName();
+}
+
 /// The place to which a path leads over symbolic links; it need not exist.
 QString withoutLinks(const QString &path)
 {
     QString place = path;
     for (int i = 0; i < cMaxLinks && QFileInfo(place).isSymLink(); ++i)
-        place = QFileInfo(place).symLinkTarget();
+        place = QFileInfo(inRealFolder(place)).symLinkTarget();
     return place;
 }
 
