@@ -22,6 +22,10 @@ struct TCopy
     TYrexSpectrum *fSpectrum;
     QUuid fSource;
     QColor fColor;
+    int fXUnits; // in which its item shows it; a change of the unit is kept in one spectrum of an item only
+
+    int yUnits() const { return fSpectrum->yUnits(); }
+    int xUnits() const { return fXUnits; }
 };
 
 QColor colorOf(const TCanvasYrexSpectrum &item, int index)
@@ -46,9 +50,11 @@ QVector<TCopy> copiesOf(const TCanvasItemList &items, const TYrexStackSelection 
         const TCanvasYrexSpectrum *item = yrexItem(items.at(place));
         if (!item)
             continue;
+        const T1DYrexPlot *plot = item->activeYrexPlot();
         for (const int i : selection.fSpectra.isEmpty() ? everyIndex(*item) : selection.fSpectra.value(place)) {
             if (const TYrexSpectrum *spectrum = item->stack().at(i))
-                copies.append({YrexGathering::copyOf(*spectrum), item->uniqueId(), colorOf(*item, i)});
+                copies.append({YrexGathering::copyOf(*spectrum), item->uniqueId(), colorOf(*item, i),
+                               plot ? plot->xUnits() : spectrum->xUnits()});
         }
         if (!links)
             continue;
@@ -64,12 +70,12 @@ QVector<TCopy> copiesOf(const TCanvasItemList &items, const TYrexStackSelection 
 }
 
 /// The copies apart by unit, in the order in which the units appear.
-QVector<QVector<TCopy>> byUnit(const QVector<TCopy> &copies, int (TYrexSpectrum::*unitOf)() const)
+QVector<QVector<TCopy>> byUnit(const QVector<TCopy> &copies, int (TCopy::*unitOf)() const)
 {
     QVector<int> units;
     QVector<QVector<TCopy>> groups;
     for (const TCopy &copy : copies) {
-        const int unit = (copy.fSpectrum->*unitOf)();
+        const int unit = (copy.*unitOf)();
         if (!units.contains(unit)) {
             units.append(unit);
             groups.append(QVector<TCopy>());
@@ -84,8 +90,8 @@ QVector<QVector<TCopy>> groupsOf(const QVector<TCopy> &copies, bool oneStackPerY
 {
     QVector<QVector<TCopy>> groups;
     for (const QVector<TCopy> &alike :
-         onePerXUnits ? byUnit(copies, &TYrexSpectrum::xUnits) : QVector<QVector<TCopy>>{copies}) {
-        const QVector<QVector<TCopy>> apart = byUnit(alike, &TYrexSpectrum::yUnits);
+         onePerXUnits ? byUnit(copies, &TCopy::xUnits) : QVector<QVector<TCopy>>{copies}) {
+        const QVector<QVector<TCopy>> apart = byUnit(alike, &TCopy::yUnits);
         if (apart.size() < 2 || oneStackPerYUnit) {
             groups += apart;
             continue;

@@ -231,6 +231,8 @@ TEST_F(SpectrumScript, wrongUsesAreErrorsThatSayWhatIsWrong)
     EXPECT_EQ(fWarned.size(), 1) << "as those of steps";
     EXPECT_EQ(value("zarnu.createArrayedItem([s]).specCount"), value("s.specCount"));
     EXPECT_EQ(value("zarnu.createArrayedItem([s.spectra[1], s]).specCount"), value("s.specCount + 1"));
+    EXPECT_TRUE(run("steps.setXUnits(s, {xUnits: 'nanometers'});")) << fError.text().toStdString();
+    EXPECT_EQ(value("zarnu.createArrayedItem([s]).specCount"), value("s.specCount")) << "one unit, as shown";
     for (const char *newer : {"let b = 1;", "var c = x => x;", "var d = `t`;", "class E {}"}) {
         EXPECT_FALSE(run(newer));
         EXPECT_TRUE(fError.fMessage.contains("ECMAScript 5")) << newer << ' ' << fError.fMessage.toStdString();
