@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Shows plots along x in another unit. The values of the spectra stay; the current spectrum is told the unit. Items
+/// Shows plots along x in another unit. The values of the spectra stay; the current spectrum gets the unit. Items
 /// with a spectrum whose range spans zero are passed over where the units are converted: zero is at no place then.
 class TCmdSetYrexSpectrumHorizontalUnits : public TYrexUnitsCommand
 {

@@ -111,6 +111,6 @@ void TCmdSetYrexSpectrumVerticalUnits::saveSpectra(TCanvasYrexSpectrum &item, in
 
 void TCmdSetYrexSpectrumVerticalUnits::restoreSpectra(TCanvasYrexSpectrum &item, int index)
 {
-    // running the chain anew would not do: the data need not be those of a run
+    // running the chain again would not do: the data need not be those of a run
     item.restoreDataState(fSnapshots.at(size_t(index)).state());
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 /// Gives plots and all their spectra another y unit. A mere relabelling, from or to arbitrary, leaves the values; any
-/// other change runs each spectrum's whole chain anew, and the plot takes the unit with which that ends.
+/// other change runs each spectrum's whole chain again, and the plot takes the unit with which that ends.
 ///
 /// No unit is given that the chain would not give: items with a spectrum whose chain ends in another one, arbitrary
 /// aside, are passed over.

@@ -139,7 +139,7 @@ void TYrexChainEditor::push(const TYrexProcParams &params, const TCanvasItemList
     QStringList remarks;
     if (history.push(command))
         remarks = command->remarks();
-    const TYrexSpectrum *after = first->currentSpectrum(); // a run of edits has made the records anew
+    const TYrexSpectrum *after = first->currentSpectrum(); // a run of edits has made new records
     const int end = after ? TYrexChainRules::endYUnit(params.actions(), after->origYUnits()) : target;
     const bool isLeftOut = after && end == cUnitArbitrary && after->yUnits() != end; // it could not be computed
     if (!isLeftOut) {
